@@ -1,0 +1,52 @@
+# Shared by ./run, ./test and .ci/run: says what is done, installs packages, builds a preset.
+# To be sourced from the top folder of the checkout.
+
+say() { printf '== %s\n' "$*" >&2; }
+fail() { printf '== %s\n' "$*" >&2; exit 1; }
+
+build_packages=(g++ cmake ninja-build qt6-base-dev nlohmann-json3-dev libgtest-dev libgmock-dev python3)
+test_packages=(git util-linux xvfb xdotool openbox imagemagick fceux)
+check_packages=(clang clang-tidy clang-format libclang-rt-14-dev)
+
+# install_packages GROUP...: installs the Debian packages of these groups that are not there yet.
+install_packages() {
+  local group name missing=() wanted=()
+  for group in "$@"; do
+    local -n list=${group}_packages
+    wanted+=("${list[@]}")
+  done
+  if ! command -v dpkg-query >/dev/null; then
+    say "This is no Debian system, so nothing is installed. Needed are: ${wanted[*]}"
+    return 0
+  fi
+  for name in "${wanted[@]}"; do
+    dpkg-query -W -f '${db:Status-Status}\n' "$name" 2>/dev/null | grep -qx installed || missing+=("$name")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  say "Installing ${missing[*]}"
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null ||
+      fail "Packages are missing. Run this as root: apt-get install ${missing[*]}"
+    as_root=(sudo)
+  fi
+  local log
+  log=$(mktemp)
+  if ! { "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get update &&
+         "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "${missing[@]}"; } >"$log" 2>&1; then
+    tail -n 20 "$log" >&2
+    fail "The packages could not be installed; the reason stands above (whole text in $log)."
+  fi
+  rm -f "$log"
+}
+
+# build_preset NAME: configures and builds out/NAME.
+build_preset() {
+  local log=out/$1-build.log
+  mkdir -p out
+  say "Building the preset $1 in out/$1"
+  if ! { cmake --preset "$1" && cmake --build --preset "$1"; } >"$log" 2>&1; then
+    tail -n 60 "$log" >&2
+    fail "The build failed; the reason stands above (whole text in $log)."
+  fi
+}

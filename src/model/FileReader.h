@@ -1,0 +1,25 @@
+#pragma once
+
+#include "model/Json.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace kestrel {
+
+/// The largest configuration file that is read.
+inline constexpr std::uintmax_t MaximumConfigurationSize = 64ULL * 1024 * 1024;
+
+/// The whole content of a regular file (links are followed). Nothing for anything else (folder,
+/// fifo, device), for an unreadable file and for one larger than `limit` bytes. Never blocks, never
+/// throws.
+std::optional<std::string> readFile(const std::filesystem::path& path,
+                                    std::uintmax_t limit = UINTMAX_MAX);
+
+/// The JSON document in a file of at most MaximumConfigurationSize; nothing when it cannot be read
+/// or parsed (see parseJson).
+std::optional<Dictionary> readJsonFile(const std::filesystem::path& path);
+
+} // namespace kestrel
