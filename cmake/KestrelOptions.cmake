@@ -46,3 +46,11 @@ function(kestrel_library name)
   add_library(${name} STATIC ${ARG_SOURCES})
   target_link_libraries(${name} PUBLIC kestrel_options ${ARG_LINKS})
 endfunction()
+
+# kestrel_widgets_library(NAME SOURCES ... LINKS ...): the same for a library with widgets or other
+# Qt objects: meta-object code and resources (.qrc among the SOURCES) are generated.
+function(kestrel_widgets_library name)
+  kestrel_library(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+  target_link_libraries(${name} PUBLIC Qt6::Widgets)
+endfunction()
