@@ -22,12 +22,13 @@ MAY_INCLUDE = {
     "assembler": set(),
     "build": {"model"},
     "tools": {"model", "build"},
+    "icons": set(),
     "chrcanvas": set(),
-    "navigation": {"model", "build", "newitem", "editors"},
-    "newitem": {"model", "navigation", "chrcanvas"},
-    "editors": {"model", "build", "navigation", "newitem", "chrcanvas"},
-    "graphics": {"model", "chrcanvas", "editors"},
-    "app": {"model", "build", "chrcanvas", "navigation", "newitem", "editors", "graphics"},
+    "navigation": {"model", "build", "icons", "newitem", "editors"},
+    "newitem": {"model", "icons", "navigation", "chrcanvas"},
+    "editors": {"model", "build", "icons", "navigation", "newitem", "chrcanvas"},
+    "graphics": {"model", "icons", "chrcanvas", "editors"},
+    "app": {"model", "build", "icons", "chrcanvas", "navigation", "newitem", "editors", "graphics"},
 }
 
 
