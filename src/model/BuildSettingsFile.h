@@ -29,6 +29,10 @@ public:
     /// The settings in `dictionary`; nothing when "output_folder" or "emulator" is no string.
     static std::optional<BuildSettingsContents> read(const Dictionary& dictionary);
 
+    /// Whether replacing the file at `path` by what was read from it would lose nothing: it is not
+    /// there, or all it holds is known, of the right type and said once.
+    static bool understoodWhole(const std::filesystem::path& path);
+
     /// Writes the settings of `project` whole and logs whether it did. The output folder written is
     /// always the project's own. A file there that was not understood whole is kept as a backup
     /// first.

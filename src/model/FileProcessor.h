@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/ProjectFiles.h"
 #include "model/ProjectItem.h"
 
 #include <filesystem>
@@ -9,11 +10,6 @@
 #include <string_view>
 
 namespace kestrel {
-
-inline constexpr std::string_view ProjectFileExtension = ".kst";
-inline constexpr std::string_view ProjectStructureConfigurationExtension = "-ProjectStructure.cfg";
-inline constexpr std::string_view BuildSettingsConfigurationExtension = "-BuildSettings.cfg";
-inline constexpr std::string_view SettingsFolderName = ".project";
 
 /// Owns the files that describe projects: the registry, each project's project file and structure
 /// file. Stateless and synchronous; failures show only in the results.

@@ -19,7 +19,8 @@ std::optional<std::string> readFile(const std::filesystem::path& path,
                                     std::uintmax_t limit = UINTMAX_MAX);
 
 /// The JSON document in a file of at most MaximumConfigurationSize; nothing when it cannot be read
-/// or parsed (see parseJson).
-std::optional<Dictionary> readJsonFile(const std::filesystem::path& path);
+/// or parsed (see parseJson, also for `repeatedMembers`).
+std::optional<Dictionary> readJsonFile(const std::filesystem::path& path,
+                                       bool* repeatedMembers = nullptr);
 
 } // namespace kestrel

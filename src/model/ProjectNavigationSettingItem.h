@@ -10,6 +10,9 @@ class ProjectNavigationSettingItem final : public ProjectItem {
 public:
     ProjectNavigationSettingItem(std::string name, std::filesystem::path path, FileType type,
                                  ProjectType projectType);
+    ~ProjectNavigationSettingItem() override;
+    ProjectNavigationSettingItem(const ProjectNavigationSettingItem&) = delete;
+    ProjectNavigationSettingItem& operator=(const ProjectNavigationSettingItem&) = delete;
 
     std::shared_ptr<ProjectItem> parent() const override;
     void setParent(const std::shared_ptr<ProjectItem>& parent) override;

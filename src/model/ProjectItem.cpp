@@ -1,0 +1,58 @@
+#include "model/ProjectItem.h"
+
+#include "model/Paths.h"
+
+#include <cstddef>
+#include <functional>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+/// The stored form of one node but for its children.
+Dictionary ownValues(const ProjectItem& item) {
+    Dictionary values = Dictionary::object();
+    appendMember(values, "name", item.itemName());
+    appendMember(values, "path", pathText(item.itemPath()));
+    appendMember(values, "path_type", rawValue(item.itemPathType()));
+    appendMember(values, "type", rawValue(item.itemFileType()));
+    appendMember(values, "project_type", rawValue(item.projectType()));
+    return values;
+}
+
+/// A node whose children are being written.
+struct OpenNode {
+    const ProjectItem* item;
+    Dictionary children = Dictionary::array();
+};
+
+} // namespace
+
+std::int64_t ProjectItem::uniqueID() const {
+    const std::uint64_t name = std::hash<std::string>()(itemName());
+    return static_cast<std::int64_t>(name + static_cast<std::uint64_t>(itemFileType()));
+}
+
+Dictionary ProjectItem::processValues(const ProjectItem& input) {
+    // Depth first with a stack of its own: a tree in memory may be deeper than the program's stack.
+    std::vector<OpenNode> open;
+    open.push_back({&input});
+    while (true) {
+        OpenNode& node = open.back();
+        const ProjectItems& children = node.item->subItems();
+        if (node.children.size() < children.size()) {
+            open.push_back({children[node.children.size()].get()});
+            continue;
+        }
+        Dictionary values = ownValues(*node.item);
+        appendMember(values, "sub_items", std::move(node.children));
+        open.pop_back();
+        if (open.empty()) {
+            return values;
+        }
+        open.back().children.push_back(std::move(values));
+    }
+}
+
+} // namespace kestrel

@@ -1,0 +1,115 @@
+#include "model/StructureFile.h"
+
+#include "model/FileReader.h"
+#include "model/FileWriter.h"
+#include "model/Paths.h"
+#include "model/ProjectFiles.h"
+#include "model/ProjectItemFactory.h"
+
+#include <cstdint>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace kestrel {
+
+namespace {
+
+/// Whether two nodes of one identity stand for the same thing: groups do, files only when they
+/// name the same file.
+bool meanTheSame(const ProjectItem& one, const ProjectItem& other) {
+    if (one.itemName() != other.itemName() || one.itemFileType() != other.itemFileType()) {
+        return false;
+    }
+    return one.itemFileType() == FileType::group ||
+           (one.itemPathType() == other.itemPathType() &&
+            pathText(one.itemPath()) == pathText(other.itemPath()));
+}
+
+/// A node and the stored node whose children it is to take over.
+using Merge = std::pair<std::shared_ptr<ProjectItem>, std::shared_ptr<ProjectItem>>;
+
+/// Puts the children of `stored` before those of `own`, each that both have once. Pairs of groups
+/// whose children are still to be merged go to `open`.
+void mergeChildren(const std::shared_ptr<ProjectItem>& own, ProjectItem& stored,
+                   std::vector<Merge>& open) {
+    ProjectItems ownChildren = std::exchange(own->subItems(), {});
+    std::unordered_multimap<std::int64_t, std::shared_ptr<ProjectItem>*> unmatched;
+    for (auto& child : ownChildren) {
+        unmatched.emplace(child->uniqueID(), &child);
+    }
+    ProjectItems& merged = own->subItems();
+    for (const auto& storedChild : stored.subItems()) {
+        auto [first, last] = unmatched.equal_range(storedChild->uniqueID());
+        while (first != last && !meanTheSame(**first->second, *storedChild)) {
+            ++first;
+        }
+        if (first == last) {
+            storedChild->setParent(own);
+            merged.push_back(storedChild);
+            continue;
+        }
+        merged.push_back(std::move(*first->second));
+        unmatched.erase(first);
+        open.emplace_back(merged.back(), storedChild);
+    }
+    for (auto& child : ownChildren) {
+        if (child) {
+            merged.push_back(std::move(child));
+        }
+    }
+}
+
+} // namespace
+
+std::filesystem::path StructureFile::location(const ProjectItem& project) {
+    return joined(project.itemPath(),
+                  settingsFilePath(project.itemName(), ProjectStructureConfigurationExtension));
+}
+
+std::optional<Dictionary> StructureFile::fetch(const ProjectItem& project) {
+    auto structure = readJsonFile(location(project));
+    if (!structure || !structure->is_object()) {
+        return std::nullopt;
+    }
+    return structure;
+}
+
+bool StructureFile::understoodWhole(const std::filesystem::path& path) {
+    if (!existsAt(path)) {
+        return true;
+    }
+    bool repeatedMembers = false;
+    const auto structure = readJsonFile(path, &repeatedMembers);
+    return structure && !repeatedMembers && ProjectItemFactory::understandsWhole(*structure);
+}
+
+bool StructureFile::save(const ProjectItem& project) {
+    const auto text = serialiseJson(project.toDictionary());
+    const std::filesystem::path path = location(project);
+    return text && (understoodWhole(path) || keepBackup(path)) && saveBytes(path, *text);
+}
+
+bool StructureFile::adoptExisting(const std::shared_ptr<ProjectItem>& project) {
+    if (!project) {
+        return false;
+    }
+    const std::filesystem::path path = location(*project);
+    if (!existsAt(path)) {
+        return true;
+    }
+    const auto structure = fetch(*project);
+    const auto stored = structure ? ProjectItemFactory::process(*structure, nullptr) : nullptr;
+    if (!stored) {
+        return false;
+    }
+    std::vector<Merge> open = {{project, stored}};
+    while (!open.empty()) {
+        const auto [own, other] = std::move(open.back());
+        open.pop_back();
+        mergeChildren(own, *other, open);
+    }
+    return understoodWhole(path);
+}
+
+} // namespace kestrel
