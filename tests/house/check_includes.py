@@ -26,9 +26,10 @@ MAY_INCLUDE = {
     "chrcanvas": set(),
     "navigation": {"model", "build", "icons", "newitem", "editors"},
     "newitem": {"model", "icons", "navigation", "chrcanvas"},
-    "editors": {"model", "build", "icons", "navigation", "newitem", "chrcanvas"},
-    "graphics": {"model", "icons", "chrcanvas", "editors"},
-    "app": {"model", "build", "icons", "chrcanvas", "navigation", "newitem", "editors", "graphics"},
+    "panes": {"model"},
+    "graphics": {"model", "icons", "chrcanvas", "panes"},
+    "editors": {"model", "build", "icons", "navigation", "newitem", "chrcanvas", "panes", "graphics"},
+    "app": {"model", "build", "icons", "chrcanvas", "navigation", "newitem", "panes", "editors", "graphics"},
 }
 
 

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "model/ProjectItem.h"
+
+#include <QList>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QWidget;
+
+namespace kestrel {
+
+class EmptyController;
+class GraphicsEditorController;
+class PaletteEditorController;
+class ProjectSettingsController;
+class TextEditorController;
+
+inline constexpr char PleaseSelectProject[] = "Please select a file or project";
+
+/// Switches a tabbed container to the pane for a node. Every operation does nothing when the pane
+/// it needs is missing or is none of the container's tabs.
+class DisplayController {
+public:
+    DisplayController() = default;
+    DisplayController(const DisplayController&) = delete;
+    DisplayController& operator=(const DisplayController&) = delete;
+    virtual ~DisplayController() = default;
+
+    /// Takes the container's children, in tab order, as its panes. A child of another class is
+    /// logged.
+    void initiateViewControllers(const QList<QWidget*>& viewControllers);
+
+    /// Shows `message` in the message pane.
+    void displayError(const QString& message);
+
+    /// Whether the file or project that `file` stands for is on disk; shows an error when it is
+    /// not. A relative node is looked for by name in the project's own folder, without its
+    /// sub-path.
+    bool checkFileExistsAndDisplayErrorWhenFalse(const std::shared_ptr<ProjectItem>& file,
+                                                 const std::shared_ptr<ProjectItem>& parentProject);
+
+    void displayProjectSettings(const std::shared_ptr<ProjectItem>& project);
+    void displayEditorController(const std::shared_ptr<ProjectItem>& file,
+                                 const std::shared_ptr<ProjectItem>& project);
+    void displayPaletteEditor(const std::shared_ptr<ProjectItem>& file,
+                              const std::shared_ptr<ProjectItem>& project);
+    void displayGraphicsEditor(const std::shared_ptr<ProjectItem>& file,
+                               const std::shared_ptr<ProjectItem>& project);
+
+protected:
+    /// The panes as the container knows them; null when missing.
+    virtual TextEditorController* textEditorPane() const = 0;
+    virtual PaletteEditorController* paletteEditorPane() const = 0;
+    virtual GraphicsEditorController* graphicsEditorPane() const = 0;
+    virtual ProjectSettingsController* projectSettingsPane() const = 0;
+    virtual EmptyController* emptyPane() const = 0;
+
+    /// Records a child's tab and, by its class, the pane it is; false for a child of another class.
+    virtual bool adoptPane(QWidget* pane, int tabIndex) = 0;
+    virtual std::optional<int> tabIndexOf(const QWidget* pane) const = 0;
+    virtual void selectTab(int tabIndex) = 0;
+};
+
+} // namespace kestrel
