@@ -1,0 +1,165 @@
+#include "navigation/ProjectNavigationRowPainter.h"
+
+#include "navigation/NodeRoot.h"
+#include "navigation/ProjectNavigationModel.h"
+
+#include <QApplication>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+/// Relative luminance and contrast ratio as in WCAG 2.1, "relative luminance", "contrast ratio".
+double luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const double first = luminance(one) + 0.05;
+    const double second = luminance(other) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+QColor readableRed(const QColor& background) {
+    static constexpr std::array<QRgb, 6> reds = {0xffff0000, 0xffff6b6b, 0xffffb3b3,
+                                                 0xffb00000, 0xff8b0000, 0xff500000};
+    // Plain red reaches this on white, the usual background of a light theme.
+    constexpr double enough = 3.9;
+    const auto readable = std::find_if(reds.begin(), reds.end(), [&](QRgb red) {
+        return contrast(QColor(red), background) >= enough;
+    });
+    return {readable == reds.end() ? reds.back() : *readable};
+}
+
+QIcon icon(const QString& name) {
+    return QIcon(QStringLiteral(":/icons/%1.svg").arg(name));
+}
+
+} // namespace
+
+ProjectNavigationRowPainter::ProjectNavigationRowPainter(ProjectNavigationModel& model,
+                                                         QObject* parent)
+    : QStyledItemDelegate(parent)
+    , m_model(model)
+    , m_imageView(std::make_shared<ProjectNavigationItem::ImageView>())
+    , m_textField(std::make_shared<ProjectNavigationItem::TextField>())
+    , m_groupIcon(icon(QStringLiteral("navigationGroup")))
+    , m_projectIcon(icon(QStringLiteral("navigationProject")))
+    , m_fileIcon(icon(QStringLiteral("navigationFile"))) {
+    setFileExistence({});
+}
+
+void ProjectNavigationRowPainter::setFileExistence(
+    ProjectNavigationItem::FileExistence fileExists) {
+    m_view = std::make_unique<ProjectNavigationItem>(std::move(fileExists));
+    m_view->outletIconImageView = m_imageView;
+    m_view->outletTextField = m_textField;
+}
+
+const QIcon& ProjectNavigationRowPainter::iconFor(FileType type) const {
+    switch (type) {
+    case FileType::group:
+        return m_groupIcon;
+    case FileType::project:
+        return m_projectIcon;
+    default:
+        return m_fileIcon;
+    }
+}
+
+/// Makes the row view fresh and fills in what needs no look at the disk.
+void ProjectNavigationRowPainter::dequeue(const QModelIndex& index) const {
+    const std::shared_ptr<ProjectItem> node = m_model.item(index);
+    *m_imageView = {};
+    *m_textField = {};
+    const QVariant name = m_model.data(index, Qt::DisplayRole);
+    m_view->setNameForItem(name.isValid() ? std::optional(name.toString()) : std::nullopt);
+    m_view->projectItem = node;
+    m_view->currentProjectItem = findParentFromItem(node);
+    if (node) {
+        m_view->setImageForItem(iconFor(node->itemFileType()));
+    }
+}
+
+ProjectNavigationItem* ProjectNavigationRowPainter::viewForItem(const QModelIndex& index) const {
+    if (!index.isValid() || !m_model.item(index)) {
+        return nullptr;
+    }
+    dequeue(index);
+    if (m_view->projectItem->itemFileType() == FileType::group) {
+        return m_view.get();
+    }
+    if (const std::optional<bool> known = m_model.presence(index)) {
+        m_view->fileNotFound(*known);
+    } else if (const std::optional<bool> found = m_view->checkFile()) {
+        m_model.setPresence(index, *found);
+    }
+    return m_view.get();
+}
+
+QColor ProjectNavigationRowPainter::shade(ProjectNavigationItem::TextColour colour,
+                                          const QColor& background, const QColor& normal) {
+    const bool light = luminance(background) > 0.5;
+    switch (colour) {
+    case ProjectNavigationItem::TextColour::red:
+        return readableRed(background);
+    case ProjectNavigationItem::TextColour::darkGrey:
+        return light ? QColor(Qt::darkGray) : QColor(Qt::lightGray);
+    case ProjectNavigationItem::TextColour::black:
+        break;
+    }
+    return light ? QColor(Qt::black) : normal;
+}
+
+void ProjectNavigationRowPainter::initStyleOption(QStyleOptionViewItem* option,
+                                                  const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (const std::shared_ptr<ProjectItem> node = m_model.item(index)) {
+        option->icon = iconFor(node->itemFileType());
+        option->features |= QStyleOptionViewItem::HasDecoration;
+    }
+}
+
+void ProjectNavigationRowPainter::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                        const QModelIndex& index) const {
+    const ProjectNavigationItem* view = viewForItem(index);
+    if (view == nullptr) {
+        return;
+    }
+    QStyleOptionViewItem row = option;
+    initStyleOption(&row, index);
+    row.text = view->nameForItem().value_or(QString());
+    row.icon = QIcon();
+    const ProjectNavigationItem::TextColour colour = m_textField->textColour;
+    const QPalette::ColorGroup group =
+        row.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+    const auto paintedAs = [&](QPalette::ColorRole text, QPalette::ColorRole background) {
+        row.palette.setColor(
+            group, text,
+            shade(colour, row.palette.color(group, background), row.palette.color(group, text)));
+    };
+    paintedAs(QPalette::Text, QPalette::Base);
+    paintedAs(QPalette::HighlightedText, QPalette::Highlight);
+    const QStyle* style = row.widget != nullptr ? row.widget->style() : QApplication::style();
+    style->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+
+    const QRect place = style->subElementRect(QStyle::SE_ItemViewItemDecoration, &row, row.widget);
+    painter->save();
+    painter->setOpacity(m_imageView->opacity);
+    if (const std::optional<QIcon> image = view->imageForItem()) {
+        image->paint(painter, place, row.decorationAlignment);
+    }
+    painter->restore();
+}
+
+} // namespace kestrel
