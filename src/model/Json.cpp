@@ -173,6 +173,10 @@ bool isNestedTooDeep(const Dictionary& value) {
 } // namespace
 
 std::optional<Dictionary> parseJson(std::string_view text, bool* repeatedMembers) {
+    // To the parser a NUL byte is the end of the document; to us whatever follows it is none.
+    if (text.find('\0') != std::string_view::npos) {
+        return std::nullopt;
+    }
     DocumentBuilder builder;
     if (!Dictionary::sax_parse(text, &builder)) {
         return std::nullopt;

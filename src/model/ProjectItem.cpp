@@ -24,6 +24,7 @@ Dictionary ownValues(const ProjectItem& item) {
 /// A node whose children are being written.
 struct OpenNode {
     const ProjectItem* item;
+    std::size_t next = 0;
     Dictionary children = Dictionary::array();
 };
 
@@ -41,8 +42,10 @@ Dictionary ProjectItem::processValues(const ProjectItem& input) {
     while (true) {
         OpenNode& node = open.back();
         const ProjectItems& children = node.item->subItems();
-        if (node.children.size() < children.size()) {
-            open.push_back({children[node.children.size()].get()});
+        if (node.next < children.size()) {
+            if (const auto& child = children[node.next++]) {
+                open.push_back({child.get()});
+            }
             continue;
         }
         Dictionary values = ownValues(*node.item);

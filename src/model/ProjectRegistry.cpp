@@ -141,14 +141,12 @@ bool makeFreshRegistry() {
     return text && saveBytes(ProjectRegistry::location(), *text);
 }
 
-/// Before a member is added. Adding loses nothing but repeated members, so for anything else that
-/// is not understood the first copy ever made is enough: more would come with each project.
-bool keepBeforeAdding(const Stored& stored) {
-    const std::filesystem::path path = ProjectRegistry::location();
-    if (understandsWhole(stored) || (!stored.repeatedMembers && existsAt(backupLocation(path)))) {
-        return true;
-    }
-    return keepBackup(path);
+/// Whether the registry is to be copied before a member is added. Adding loses nothing but repeated
+/// members, so for anything else that is not understood the first copy ever made is enough: there
+/// would be another one with each project.
+bool mustKeepBeforeAdding(const Stored& stored) {
+    return stored.repeatedMembers ||
+           (!understandsWhole(stored) && !existsAt(backupLocation(ProjectRegistry::location())));
 }
 
 } // namespace
@@ -171,10 +169,10 @@ bool ProjectRegistry::add(const ProjectItem& project) {
     if (!key) {
         return false;
     }
-    const bool isKept = keepBeforeAdding(*stored);
+    const bool mustKeep = mustKeepBeforeAdding(*stored);
     appendMember(stored->registry, *key, storedForm(project));
     const auto text = serialiseJson(stored->registry);
-    return isKept && text && saveBytes(location(), *text);
+    return text && (!mustKeep || keepBackup(location())) && saveBytes(location(), *text);
 }
 
 bool ProjectRegistry::rewrite(const ProjectItems& projects) {

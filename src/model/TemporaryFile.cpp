@@ -80,8 +80,13 @@ bool TemporaryFile::copyFrom(const FileDescriptor& source) const {
 }
 
 bool TemporaryFile::imitate(const struct stat& original) const {
+    struct stat present {};
+    if (::fstat(m_file.get(), &present) != 0) {
+        return false;
+    }
     mode_t mode = original.st_mode & 07777U;
-    if (::fchown(m_file.get(), original.st_uid, original.st_gid) != 0) {
+    const bool hasOwner = present.st_uid == original.st_uid && present.st_gid == original.st_gid;
+    if (!hasOwner && ::fchown(m_file.get(), original.st_uid, original.st_gid) != 0) {
         // Only an administrator may give a file away; then at least the group, and no set-user bit
         // that would now speak for another user.
         if (::fchown(m_file.get(), static_cast<uid_t>(-1), original.st_gid) != 0) {
@@ -89,7 +94,8 @@ bool TemporaryFile::imitate(const struct stat& original) const {
         }
         mode &= ~static_cast<mode_t>(S_ISUID);
     }
-    return ::fchmod(m_file.get(), mode) == 0;
+    // Some file systems refuse the change even where nothing is to be changed.
+    return (present.st_mode & 07777U) == mode || ::fchmod(m_file.get(), mode) == 0;
 }
 
 bool TemporaryFile::finish() {
