@@ -1,0 +1,105 @@
+#include "app/ConsoleOutput.h"
+
+#include <QElapsedTimer>
+#include <QFontDatabase>
+#include <QScrollBar>
+#include <QTextCursor>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+/// Keeps the caret and the selection where the user put them while text is added behind them.
+void holdCaret(QPlainTextEdit& view) {
+    QTextCursor caret = view.textCursor();
+    caret.setKeepPositionOnInsert(true);
+    view.setTextCursor(caret);
+}
+
+/// Small enough that one slice is inserted well within a frame, long lines included.
+constexpr qsizetype SliceLength = 16 * 1024;
+/// How long text is inserted before the window gets its turn again.
+constexpr qint64 MillisecondsPerTurn = 8;
+
+} // namespace
+
+ConsoleOutput::ConsoleOutput(QWidget* parent)
+    : QWidget(parent)
+    , m_console(new QPlainTextEdit(this)) {
+    setObjectName(QStringLiteral("consoleOutput"));
+    setAccessibleName(tr("Console"));
+    m_console->setObjectName(QStringLiteral("console"));
+    m_console->setAccessibleName(tr("Console text"));
+    m_console->setReadOnly(true);
+    m_console->setUndoRedoEnabled(false);
+    m_console->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    m_console->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_console->setTabStopDistance(8.0 *
+                                  m_console->fontMetrics().horizontalAdvance(QLatin1Char(' ')));
+    m_console->setFrameShape(QFrame::NoFrame);
+    holdCaret(*m_console);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_console);
+    setFocusProxy(m_console);
+    m_timer.setInterval(0);
+    connect(&m_timer, &QTimer::timeout, this, &ConsoleOutput::showSlices);
+}
+
+QPlainTextEdit* ConsoleOutput::console() const {
+    return m_console;
+}
+
+void ConsoleOutput::append(QString text) {
+    if (!m_console) {
+        return;
+    }
+    const bool alone = m_waiting.isEmpty();
+    m_waiting.add(std::move(text));
+    if (alone) {
+        showSlices();
+    }
+}
+
+void ConsoleOutput::clear() {
+    m_timer.stop();
+    m_waiting.clear();
+    if (m_console) {
+        m_console->clear();
+        holdCaret(*m_console);
+    }
+}
+
+bool ConsoleOutput::isBusy() const {
+    return !m_waiting.isEmpty();
+}
+
+void ConsoleOutput::showSlices() {
+    if (!m_console) {
+        m_waiting.clear();
+        m_timer.stop();
+        return;
+    }
+    QScrollBar* bar = m_console->verticalScrollBar();
+    const bool followsEnd = bar->value() >= bar->maximum();
+    QElapsedTimer clock;
+    clock.start();
+    QTextCursor cursor(m_console->document());
+    cursor.movePosition(QTextCursor::End);
+    while (!m_waiting.isEmpty() && clock.elapsed() < MillisecondsPerTurn) {
+        cursor.insertText(m_waiting.takeSlice(SliceLength));
+    }
+    if (followsEnd) {
+        bar->setValue(bar->maximum());
+    }
+    if (m_waiting.isEmpty()) {
+        m_timer.stop();
+    } else if (!m_timer.isActive()) {
+        m_timer.start();
+    }
+}
+
+} // namespace kestrel
