@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace nesasm {
+
+/// Keeps texts until it is destroyed; what it returned never moves.
+class Arena {
+public:
+    /// A copy of `text` with a line feed behind it (which the view does not cover), so that the
+    /// scanners may run over it like over a file.
+    std::string_view keepLine(std::string_view text);
+
+private:
+    static constexpr std::size_t kBlockSize = std::size_t{1} << 16U;
+
+    std::vector<std::unique_ptr<char[]>> m_blocks;
+    char* m_free = nullptr;
+    std::size_t m_left = 0;
+};
+
+} // namespace nesasm

@@ -1,0 +1,60 @@
+#include "assembler/Assembler.h"
+
+#include "assembler/Assembly.h"
+#include "assembler/Resolver.h"
+#include "assembler/StatementAssembler.h"
+#include "assembler/Text.h"
+
+#include <utility>
+
+namespace nesasm {
+
+Assembler::Assembler(Options options, TextSink sink)
+    : m_options(std::move(options))
+    , m_sink(std::move(sink))
+    , m_assembly(std::make_unique<Assembly>(m_options, m_sink)) {}
+
+Assembler::~Assembler() = default;
+
+Assembler::Result Assembler::run() {
+    StatementAssembler statements(*m_assembly);
+    for (const auto& [name, value] : m_options.definitions)
+        statements.predefine(name, value);
+    if (const std::string problem = statements.openInput(m_options.input); !problem.empty()) {
+        m_sink(printable("error: the input '" + m_options.input + "' cannot be read: " + problem) +
+               "\n");
+        return Result::Unreadable;
+    }
+    statements.run();
+    m_assembly->image.finish();
+    if (!m_assembly->diagnostics.limitReached()) {
+        Resolver(*m_assembly).run();
+        m_assembly->reportOverflows();
+        checkHeader();
+    }
+    m_assembly->diagnostics.finish();
+    return m_assembly->diagnostics.errorCount() == 0 ? Result::Built : Result::Errors;
+}
+
+void Assembler::checkHeader() {
+    const Header& header = m_assembly->image.header;
+    const std::uint32_t announced = header.prg * 2 + header.chr;
+    const std::uint32_t present = m_assembly->image.bankCount();
+    if (announced == present || m_assembly->diagnostics.errorCount() != 0)
+        return;
+    m_assembly->diagnostics.warning(Warning::UnusedBankGap, m_assembly->headerPosition,
+                                    "the header announces " + counted(announced, "bank") +
+                                        " of 8 KiB (.inesprg " + std::to_string(header.prg) +
+                                        ", .ineschr " + std::to_string(header.chr) +
+                                        "), but the file holds " + std::to_string(present));
+}
+
+const Image& Assembler::image() const {
+    return m_assembly->image;
+}
+
+bool Assembler::hasRead(const FileIdentity& identity) const {
+    return m_assembly->files.hasRead(identity);
+}
+
+} // namespace nesasm

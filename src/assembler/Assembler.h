@@ -1,0 +1,49 @@
+#pragma once
+
+#include "assembler/Diagnostics.h"
+#include "assembler/FileReader.h"
+#include "assembler/Image.h"
+#include "assembler/Options.h"
+
+#include <memory>
+#include <string>
+
+namespace nesasm {
+
+struct Assembly;
+
+/// Assembles one program in memory. It shares nothing with other assemblers in the process and
+/// writes no file.
+class Assembler {
+public:
+    enum class Result {
+        Built,
+        Errors,    ///< the source has errors; they have been shown
+        Unreadable ///< the input cannot be read; that has been shown
+    };
+
+    /// Messages go to `sink`, which must stay usable while run() runs.
+    Assembler(Options options, TextSink sink);
+    ~Assembler();
+    Assembler(const Assembler&) = delete;
+    Assembler& operator=(const Assembler&) = delete;
+    Assembler(Assembler&&) = delete;
+    Assembler& operator=(Assembler&&) = delete;
+
+    /// To be called once.
+    Result run();
+
+    /// The banks and the header, complete after Result::Built.
+    const Image& image() const;
+    /// True when `identity` is one of the files that were read.
+    bool hasRead(const FileIdentity& identity) const;
+
+private:
+    void checkHeader();
+
+    Options m_options;
+    TextSink m_sink;
+    std::unique_ptr<Assembly> m_assembly;
+};
+
+} // namespace nesasm

@@ -1,0 +1,84 @@
+#include "assembler/Assembly.h"
+
+#include "assembler/Characters.h"
+#include "assembler/Text.h"
+
+#include <utility>
+
+namespace nesasm {
+
+namespace {
+
+constexpr std::size_t kLongestFinding = 24;
+
+} // namespace
+
+Assembly::Assembly(const Options& options, TextSink sink)
+    : diagnostics(origins, std::move(sink), options.largestErrorCount, options.colours)
+    , finder(options.includeFolders, options.includeList) {}
+
+Position Assembly::at(const char* p) const {
+    return {line.begin, line.number, static_cast<std::uint32_t>(p - line.begin), line.origin,
+            line.order};
+}
+
+Position Assembly::keep(const char* p) {
+    Position position = at(p);
+    origins[line.origin].kept = true;
+    if (line.isShortLived) {
+        const char* const end = lineEnd(line.begin);
+        position.line =
+            arena.keepLine({line.begin, static_cast<std::size_t>(end - line.begin)}).data();
+    }
+    return position;
+}
+
+bool Assembly::expectEnd(const char* p) {
+    p = skipBlanks(p);
+    if (endsStatement(*p))
+        return true;
+    error(p, "the statement should end here, but " + foundText(p) + " follows");
+    return false;
+}
+
+void Assembly::reportExcess(std::size_t excess, const char* p) {
+    if (!image.isRam()) {
+        if (!m_overflows.empty() && m_overflows.back().bank == image.bank())
+            m_overflows.back().excess += excess;
+        else
+            m_overflows.push_back({keep(p), image.bank(), excess});
+        return;
+    }
+    if (std::exchange(sectionErrorReported, true))
+        return;
+    const std::string name = image.section() == Section::Bss ? ".bss" : ".zp";
+    error(
+        p,
+        name +
+            " only reserves RAM: code and data belong behind .code or .data (use .ds to reserve)");
+}
+
+void Assembly::reportOverflows() {
+    for (const Overflow& overflow : m_overflows)
+        diagnostics.error(overflow.position,
+                          "bank " + std::to_string(overflow.bank) + " is full: it overflows by " +
+                              counted(overflow.excess, "byte") +
+                              ", beginning here; move something into another .bank");
+}
+
+std::string foundText(const char* p) {
+    if (isLineEnd(*p) || *p == ';')
+        return "the end of the statement";
+    const char* end = p;
+    if (isWordPart(*p)) {
+        end = wordEnd(p);
+    } else {
+        const auto length = static_cast<std::size_t>(lineEnd(p) - p);
+        end = p + characterLength({p, length});
+    }
+    const bool isLong = static_cast<std::size_t>(end - p) > kLongestFinding;
+    std::string text = "'" + std::string(p, isLong ? p + kLongestFinding : end);
+    return text.append(isLong ? "...'" : "'");
+}
+
+} // namespace nesasm

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "assembler/Arena.h"
+#include "assembler/Conditionals.h"
+#include "assembler/Deferred.h"
+#include "assembler/Diagnostics.h"
+#include "assembler/FileFinder.h"
+#include "assembler/FileStore.h"
+#include "assembler/Image.h"
+#include "assembler/Options.h"
+#include "assembler/Origins.h"
+#include "assembler/SourceStack.h"
+#include "assembler/SymbolTable.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace nesasm {
+
+/// A macro: its body, and where it was defined.
+struct Macro {
+    std::string_view name;
+    Passage body;
+};
+
+/// The state of one run: the parts that the statements work on, and the present statement.
+struct Assembly {
+    Assembly(const Options& options, TextSink sink);
+
+    Arena arena;
+    Origins origins;
+    Diagnostics diagnostics;
+    FileFinder finder;
+    FileStore files;
+    SymbolTable symbols;
+    SourceStack sources;
+    Conditionals conditionals;
+    Image image;
+    Deferred deferred;
+    std::vector<Macro> macros;
+    std::uint32_t expansions = 0;
+    /// A macro is named like a directive or an instruction, so every such word has to be looked up.
+    bool macroHidesKeyword = false;
+    /// A file or the end of a macro is missing: names that are not known are no news.
+    bool isIncomplete = false;
+    std::int32_t reserveCounter = 0;   ///< of .rs
+    bool sectionErrorReported = false; ///< since the present section was entered
+    Position headerPosition;           ///< of a header directive, or else of the first line
+
+    Line line;              ///< the present one
+    SymbolId scope = 0;     ///< the label that local names belong to
+    std::uint32_t here = 0; ///< the address of the present statement
+    /// The label on the present line, whose size is measured; 0 for none.
+    SymbolId sizedLabel = 0;
+    std::uint64_t sizedFrom = 0;
+
+    /// The place `p` in the present line, for a message that is made now.
+    Position at(const char* p) const;
+    /// The place `p` in the present line, for later: the line's text is kept.
+    Position keep(const char* p);
+
+    void error(const char* p, std::string text) { diagnostics.error(at(p), std::move(text)); }
+    void warn(Warning warning, const char* p, std::string text) {
+        diagnostics.warning(warning, at(p), std::move(text));
+    }
+
+    /// The symbol of this name, made when it is new, in the present scope.
+    SymbolId intern(std::string_view name) {
+        return symbols.intern(name, scope, line.isShortLived ? &arena : nullptr);
+    }
+
+    /// Reports what stands at `p` unless the statement ends there. True when it does.
+    bool expectEnd(const char* p);
+
+    /// Puts bytes into the image at the present place; what does not fit is reported.
+    void emit(const std::uint8_t* bytes, std::size_t count, const char* p) {
+        if (const std::size_t excess = image.emit(bytes, count); excess != 0)
+            reportExcess(excess, p);
+    }
+    /// Notes that `excess` bytes did not fit into the bank or section.
+    void reportExcess(std::size_t excess, const char* p);
+
+    /// Says how much each full bank overflowed. To be called when the source has ended.
+    void reportOverflows();
+
+private:
+    struct Overflow {
+        Position position;
+        std::uint32_t bank;
+        std::size_t excess;
+    };
+    std::vector<Overflow> m_overflows;
+};
+
+/// What stands at `p`, for a message: "'x'", or "the end of the line".
+std::string foundText(const char* p);
+
+} // namespace nesasm

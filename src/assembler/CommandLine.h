@@ -1,0 +1,29 @@
+#pragma once
+
+#include "assembler/Options.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace nesasm {
+
+/// What the command line asks for.
+struct CommandLine {
+    enum class Wish { Assemble, Help, Version };
+    enum class Colours { Auto, Always, Never };
+
+    Wish wish = Wish::Assemble;
+    Options options; ///< all but includeList and colours, which depend on the surroundings
+    std::string output;
+    bool isVerbose = false;
+    Colours colours = Colours::Auto;
+};
+
+/// Reads the arguments behind the program's name. Returns "" or what is wrong, as a sentence.
+std::string readCommandLine(std::span<const std::string_view> arguments, CommandLine& line);
+
+/// What --help prints.
+std::string_view helpText();
+
+} // namespace nesasm

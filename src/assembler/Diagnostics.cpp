@@ -1,0 +1,174 @@
+#include "assembler/Diagnostics.h"
+
+#include "assembler/Characters.h"
+#include "assembler/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace nesasm {
+
+namespace {
+
+/// Beyond this many, what was collected is shown at once, so that memory stays in proportion.
+constexpr std::size_t kLargestCollection = 5000;
+/// Of a longer line only the neighbourhood of the column is shown.
+constexpr std::size_t kLongestQuote = 240;
+
+constexpr std::string_view kBold = "\x1b[1m";
+constexpr std::string_view kRed = "\x1b[1;31m";
+constexpr std::string_view kYellow = "\x1b[1;33m";
+constexpr std::string_view kPlain = "\x1b[0m";
+
+bool isMiddleOfCharacter(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+}
+
+} // namespace
+
+Diagnostics::Diagnostics(Origins& origins, TextSink sink, std::size_t largestErrorCount,
+                         bool colours)
+    : m_origins(origins)
+    , m_sink(std::move(sink))
+    , m_largestErrorCount(largestErrorCount)
+    , m_colours(colours) {}
+
+void Diagnostics::error(const Position& position, std::string text) {
+    if (m_stopped)
+        return;
+    if (position.origin != kNoOrigin) {
+        Origin& origin = m_origins[position.origin];
+        if (origin.kind == Origin::Kind::Macro && std::exchange(origin.reported, true))
+            return;
+    }
+    ++m_errors;
+    add(position, true, std::move(text));
+    if (m_largestErrorCount != 0 && m_errors >= m_largestErrorCount)
+        m_stopped = m_tooMany = true;
+}
+
+void Diagnostics::fatal(const Position& position, std::string text) {
+    if (m_stopped)
+        return;
+    ++m_errors;
+    add(position, true, std::move(text));
+    m_stopped = true;
+}
+
+void Diagnostics::warning(Warning warning, const Position& position, std::string text) {
+    const WarningRow& row = rowOf(warning);
+    if (!row.onByDefault || m_stopped)
+        return;
+    ++m_warnings;
+    add(position, false, text.append(" [").append(row.name).append("]"));
+}
+
+void Diagnostics::add(const Position& position, bool isError, std::string text) {
+    if (m_messages.size() >= kLargestCollection)
+        flush();
+    m_messages.push_back({position, isError, std::move(text), render(position)});
+    m_messages.back().rendered.insert(0, headline(m_messages.back()));
+    m_messages.back().position.line = nullptr;
+}
+
+std::string Diagnostics::headline(const Message& message) const {
+    std::string text;
+    const Position& position = message.position;
+    if (position.origin != kNoOrigin) {
+        text = printable(m_origins[position.origin].file) + ":";
+        if (position.number != 0) {
+            const std::size_t column = position.line == nullptr
+                                           ? 1
+                                           : countCharacters({position.line, position.column}) + 1;
+            text += std::to_string(position.number) + ":" + std::to_string(column) + ":";
+        }
+        text += ' ';
+    }
+    if (m_colours)
+        text.insert(0, kBold).append(message.isError ? kRed : kYellow);
+    text += message.isError ? "error: " : "warning: ";
+    if (m_colours)
+        text.append(kPlain).append(kBold);
+    text += printable(message.text);
+    if (m_colours)
+        text += kPlain;
+    return text += '\n';
+}
+
+std::string Diagnostics::render(const Position& position) const {
+    if (position.line == nullptr)
+        return chain(position);
+    const char* begin = position.line;
+    const char* const caret = begin + position.column;
+    const char* end = lineEnd(caret);
+    bool cutAtStart = false;
+    if (static_cast<std::size_t>(end - begin) > kLongestQuote) {
+        if (position.column > kLongestQuote / 2) {
+            begin = caret - kLongestQuote / 2;
+            cutAtStart = true;
+            while (begin < caret && isMiddleOfCharacter(*begin))
+                ++begin;
+        }
+        end = std::min(end, begin + kLongestQuote);
+        while (end > caret + 1 && isMiddleOfCharacter(*end))
+            --end;
+    }
+    const std::string_view dots = cutAtStart ? "..." : "";
+    std::string text(dots);
+    text += printable({begin, static_cast<std::size_t>(end - begin)}, true);
+    text.append("\n").append(dots.size(), ' ');
+    for (std::string_view before(begin, static_cast<std::size_t>(caret - begin)); !before.empty();
+         before.remove_prefix(characterLength(before)))
+        text += before.front() == '\t' ? '\t' : ' ';
+    return text.append("^\n").append(chain(position));
+}
+
+std::string Diagnostics::chain(const Position& position) const {
+    std::string text;
+    if (position.origin == kNoOrigin)
+        return text;
+    for (OriginId id = position.origin; m_origins[id].parent != kNoOrigin;
+         id = m_origins[id].parent) {
+        const Origin& origin = m_origins[id];
+        switch (origin.kind) {
+        case Origin::Kind::File:
+            text += "  included at ";
+            break;
+        case Origin::Kind::Macro:
+            text.append("  in macro ").append(printable(origin.macro)).append(" called at ");
+            break;
+        case Origin::Kind::Repeat:
+            text += "  in the repetition begun at ";
+            break;
+        }
+        text +=
+            printable(m_origins[origin.parent].file) + ":" + std::to_string(origin.callLine) + "\n";
+    }
+    return text;
+}
+
+void Diagnostics::flush() {
+    std::stable_sort(m_messages.begin(), m_messages.end(), [](const Message& a, const Message& b) {
+        return a.position.order < b.position.order;
+    });
+    for (const Message& message : m_messages)
+        m_sink(message.rendered);
+    m_messages.clear();
+}
+
+void Diagnostics::finish() {
+    flush();
+    if (m_tooMany)
+        m_sink("stopped here: " + counted(m_largestErrorCount, "error") +
+               " are the limit (--max-errors changes it)\n");
+    if (m_errors == 0 && m_warnings == 0)
+        return;
+    std::string text;
+    if (m_errors != 0)
+        text = counted(m_errors, "error");
+    if (m_warnings != 0)
+        text.append(text.empty() ? "" : ", ").append(counted(m_warnings, "warning"));
+    m_sink(text += '\n');
+}
+
+} // namespace nesasm

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "assembler/Origins.h"
+#include "assembler/Position.h"
+#include "assembler/Warnings.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace nesasm {
+
+/// Takes text for a person: always valid UTF-8.
+using TextSink = std::function<void(std::string_view)>;
+
+/// Collects errors and warnings and shows them in the order of the source, each with its line, a
+/// caret and the chain of includes and macros that led there.
+class Diagnostics {
+public:
+    /// `origins` must outlive this. After `largestErrorCount` errors (0: never) limitReached()
+    /// holds.
+    Diagnostics(Origins& origins, TextSink sink, std::size_t largestErrorCount, bool colours);
+
+    /// In a macro expansion only the first error is kept: the others come from the same mistake.
+    void error(const Position& position, std::string text);
+    void warning(Warning warning, const Position& position, std::string text);
+
+    /// An error after which nothing sensible can follow: limitReached() holds from now on.
+    void fatal(const Position& position, std::string text);
+
+    bool limitReached() const { return m_stopped; }
+    std::size_t errorCount() const { return m_errors; }
+    std::size_t warningCount() const { return m_warnings; }
+
+    /// Shows what has been collected and, when there was anything, the line with the counts.
+    void finish();
+
+private:
+    struct Message {
+        Position position;
+        bool isError;
+        std::string text;
+        std::string rendered; ///< source line, caret and chain, made while the line still exists
+    };
+
+    void add(const Position& position, bool isError, std::string text);
+    std::string render(const Position& position) const;
+    std::string chain(const Position& position) const;
+    std::string headline(const Message& message) const;
+    void flush();
+
+    Origins& m_origins;
+    TextSink m_sink;
+    std::size_t m_largestErrorCount;
+    bool m_colours;
+    bool m_stopped = false;
+    bool m_tooMany = false;
+    std::size_t m_errors = 0;
+    std::size_t m_warnings = 0;
+    std::vector<Message> m_messages;
+};
+
+} // namespace nesasm

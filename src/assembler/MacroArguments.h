@@ -1,0 +1,41 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace nesasm {
+
+/// The arguments of one macro call, as views into its line.
+class MacroArguments {
+public:
+    static constexpr std::size_t kLargestCount = 9;
+
+    /// Splits the text from `p` to the end of the statement. False when there are more than nine
+    /// arguments; `p` is then at the tenth.
+    bool read(const char*& p);
+
+    std::size_t count() const { return m_count; }
+    /// The text of argument `number` (from 1), "" when it is missing.
+    std::string_view operator[](std::size_t number) const;
+
+private:
+    std::array<std::string_view, kLargestCount> m_texts;
+    std::size_t m_count = 0;
+};
+
+/// What \?n gives: 0 absent, 1 register, 2 immediate, 3 absolute or indexed, 4 indirect, 5 string,
+/// 6 plain label.
+unsigned kindOfArgument(std::string_view text);
+
+/// The place behind the quoted text, character or single byte at `p`, so that marks inside quotes
+/// are passed over: a string up to its closing quote or the line's end, a character as three bytes.
+const char* skipQuoted(const char* p);
+
+/// Appends a macro's line to `out` with the arguments put in. False when that grew too large.
+bool expandLine(std::string_view line, const MacroArguments& arguments, std::uint32_t number,
+                std::string& out);
+
+} // namespace nesasm

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace nesasm {
+
+/// What a run of the assembler is told, apart from where the image goes.
+struct Options {
+    std::string input;                                             ///< as named on the command line
+    std::vector<std::string> includeFolders;                       ///< of -I, in order
+    std::string includeList;                                       ///< the value of NES_INCLUDE
+    std::vector<std::pair<std::string, std::int32_t>> definitions; ///< of -D
+    std::size_t largestErrorCount = 20;                            ///< 0: no limit
+    bool colours = false;
+};
+
+} // namespace nesasm

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace nesasm {
+
+/// Reads an 8-bit PCX picture as NES tiles: 8x8 pixels each, row by row, 16 bytes a tile (eight
+/// rows of the low plane, eight of the high one); a pixel's low two bits count. Sources: ZSoft,
+/// "PCX Technical Reference Manual", for the file; nesdev wiki, "PPU pattern tables", for the
+/// tiles. Returns "" or why the picture cannot be used, as part of a sentence.
+std::string readPcxTiles(std::string_view file, std::vector<std::uint8_t>& tiles);
+
+} // namespace nesasm

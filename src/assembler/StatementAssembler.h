@@ -1,0 +1,53 @@
+#pragma once
+
+#include "assembler/Assembly.h"
+#include "assembler/DataDirectives.h"
+#include "assembler/Definitions.h"
+#include "assembler/ExpressionParser.h"
+#include "assembler/FileDirectives.h"
+#include "assembler/FlowDirectives.h"
+#include "assembler/InstructionAssembler.h"
+#include "assembler/MacroDirectives.h"
+#include "assembler/PlaceDirectives.h"
+
+#include <string>
+#include <string_view>
+
+namespace nesasm {
+
+/// Takes the lines one by one and hands each statement to the part that knows it.
+class StatementAssembler {
+public:
+    explicit StatementAssembler(Assembly& assembly);
+
+    /// Begins with the input file. Returns "" or why it cannot be read.
+    std::string openInput(const std::string& name) { return m_files.openInput(name); }
+    void predefine(std::string_view name, std::int32_t value) {
+        m_definitions.predefine(name, value);
+    }
+
+    /// Assembles everything up to the end of the input, or to the error limit.
+    void run();
+
+private:
+    void line();
+    void skippedLine();
+    void statement(const char* p, bool isFirstColumn);
+    bool isKnownWord(std::string_view word, const char* p);
+    bool isNamed(std::string_view name, const char* at, const char* next);
+    void directive(Directive directive, const char* at, const char* p);
+    void reportUnknown(std::string_view word, const char* p);
+    void endFrame();
+
+    Assembly& m_assembly;
+    ExpressionParser m_parser;
+    Definitions m_definitions;
+    DataDirectives m_data;
+    PlaceDirectives m_places;
+    FileDirectives m_files;
+    MacroDirectives m_macros;
+    FlowDirectives m_flow;
+    InstructionAssembler m_instructions;
+};
+
+} // namespace nesasm

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace nesasm {
+
+enum class Warning : std::uint8_t {
+    OddNumber,
+    FileCase,
+    ValueTruncated,
+    JmpIndirectPageEnd,
+    UnusedBankGap,
+    ShadowedSymbol,
+    UserWarning
+};
+
+/// A row for each Warning, in its order: the name that is printed with it, whether it is on when
+/// nobody said anything, and what it is about.
+struct WarningRow {
+    std::string_view name;
+    bool onByDefault;
+    std::string_view text;
+};
+
+inline constexpr std::array<WarningRow, 7> warningTable{{
+    {"odd-number", true, "a $ without a hexadecimal digit behind it counts as 0"},
+    {"file-case", true, "a file was found only under another spelling of its letters' case"},
+    {"value-truncated", true, "a value in .db or .dw does not fit and was cut"},
+    {"jmp-indirect-page-end", true,
+     "JMP [$xxFF] takes its high byte from the start of the same page"},
+    {"unused-bank-gap", true, "the header and the banks used disagree"},
+    {"shadowed-symbol", true, "a symbol is named like an instruction or a function"},
+    {"user-warning", true, "the source asked for it with .warning"},
+}};
+
+constexpr const WarningRow& rowOf(Warning warning) {
+    return warningTable[static_cast<std::size_t>(warning)];
+}
+
+} // namespace nesasm
