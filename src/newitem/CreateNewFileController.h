@@ -1,0 +1,17 @@
+#pragma once
+
+#include "newitem/NewItemController.h"
+
+namespace kestrel {
+
+/// Asks for a new assembly, palette or graphics file in a folder.
+class CreateNewFileController final : public NewItemController {
+public:
+    /// `path`: the folder in which the file will lie.
+    explicit CreateNewFileController(std::string path);
+
+protected:
+    QString windowTitle() const override;
+};
+
+} // namespace kestrel

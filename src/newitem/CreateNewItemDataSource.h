@@ -1,0 +1,35 @@
+#pragma once
+
+#include "newitem/NewItemType.h"
+
+#include <QAbstractListModel>
+
+#include <vector>
+
+namespace kestrel {
+
+/// The kinds of item that the grid shows: title, icon, and a check mark on the chosen one.
+class CreateNewItemDataSource : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    explicit CreateNewItemDataSource(QObject* parent = nullptr);
+
+    void setNewItems(std::vector<NewItemType> newItems);
+    const std::vector<NewItemType>& newItems() const { return m_newItems; }
+
+    /// The index of the chosen kind, 0 at first. Also set for an index that is no kind's.
+    int selectedItem() const { return m_selectedItem; }
+    void setSelectedItem(int item);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    /// Title (display), icon (decoration) and whether it is the chosen kind (check state).
+    QVariant data(const QModelIndex& index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    std::vector<NewItemType> m_newItems;
+    int m_selectedItem = 0;
+};
+
+} // namespace kestrel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QFontMetrics>
+#include <QIcon>
+#include <QPainter>
+#include <QSize>
+#include <QString>
+#include <QStyleOptionViewItem>
+
+namespace kestrel {
+
+/// One cell of the grid of kinds: the icon, the title below it, and a check mark when it is the
+/// chosen one.
+class NewItemCollectionViewItem {
+public:
+    bool checkMark = false; ///< whether the check mark is visible
+    QString text;
+    QIcon icon;
+
+    /// Draws the cell into the option's rectangle, in the option's palette and font.
+    void paint(QPainter& painter, const QStyleOptionViewItem& option) const;
+
+    /// The size of a cell in this font.
+    static QSize size(const QFontMetrics& metrics);
+
+private:
+    static void paintCheckMark(QPainter& painter, const QRectF& circle, const QPalette& palette);
+};
+
+} // namespace kestrel
