@@ -1,0 +1,27 @@
+#include "build/AssemblerLocation.h"
+
+#include "model/Paths.h"
+
+#include <QCoreApplication>
+
+#include <system_error>
+
+namespace kestrel {
+
+std::optional<std::filesystem::path> AssemblerLocation::find() {
+    return find(std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()));
+}
+
+std::optional<std::filesystem::path>
+AssemblerLocation::find(const std::filesystem::path& programFolder) {
+    for (const char* place : {"NESasm", "../libexec/kestrel/NESasm"}) {
+        auto candidate = joined(programFolder, place);
+        std::error_code error;
+        if (std::filesystem::is_regular_file(candidate, error)) {
+            return candidate;
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace kestrel

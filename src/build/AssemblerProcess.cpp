@@ -1,0 +1,109 @@
+#include "build/AssemblerProcess.h"
+
+#include "build/OutputText.h"
+#include "build/QtText.h"
+#include "model/Paths.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QStringList>
+
+#include <csignal>
+#include <unistd.h>
+
+#ifdef Q_OS_LINUX
+#include <sys/prctl.h>
+#endif
+
+namespace kestrel {
+
+namespace {
+
+/// How long one wait lasts before the stop question is asked again, in milliseconds.
+constexpr int waitSlice = 50;
+/// How long a killed child may take to go, in milliseconds.
+constexpr int killWait = 5000;
+
+std::string startSentence(const std::filesystem::path& assembler, const std::string& reason) {
+    return "Could not start the assembler " + pathText(assembler) + ": " + reason;
+}
+
+/// The system's reason out of Qt's text, which names the failed call first.
+std::string reasonOf(const QProcess& process) {
+    const QString text = process.errorString();
+    const qsizetype colon = text.lastIndexOf(QLatin1String(": "));
+    return (colon < 0 ? text : text.mid(colon + 2)).toStdString();
+}
+
+void prepareChild(QProcess& process) {
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    // Runs between fork and exec: nothing but plain system calls.
+    process.setChildProcessModifier([] {
+        ::setpgid(0, 0);
+#ifdef Q_OS_LINUX
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // a crash of the program leaves no assembler behind
+#endif
+    });
+}
+
+/// The request as Qt's text; nothing when a part of it cannot be said in it.
+std::optional<QStringList> textOf(const AssemblerProcess::Request& request) {
+    std::vector<std::optional<QString>> texts{QtText::fromPath(request.assembler),
+                                              QtText::fromPath(request.includeFolder)};
+    for (const auto& argument : request.arguments) {
+        texts.push_back(QtText::fromUtf8(std::string_view(argument)));
+    }
+    QStringList list;
+    for (const auto& text : texts) {
+        if (!text) {
+            return std::nullopt;
+        }
+        list.append(*text);
+    }
+    return list;
+}
+
+void kill(QProcess& process) {
+    // The group was made before the child ran, so its number is the child's.
+    ::kill(static_cast<pid_t>(-process.processId()), SIGKILL);
+    process.waitForFinished(killWait);
+}
+
+} // namespace
+
+AssemblerProcess::Result AssemblerProcess::run(const Request& request,
+                                               const std::function<bool()>& mustStop) {
+    Result result;
+    auto texts = textOf(request);
+    if (!texts) {
+        result.startFailure = startSentence(request.assembler, "a path is not valid UTF-8");
+        return result;
+    }
+    const QString program = texts->takeFirst();
+    QProcessEnvironment environment;
+    environment.insert(QStringLiteral("NES_INCLUDE"), texts->takeFirst());
+
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    prepareChild(process);
+    process.start(program, *texts, QIODevice::ReadOnly);
+    if (!process.waitForStarted(-1)) {
+        result.startFailure = startSentence(request.assembler, reasonOf(process));
+        return result;
+    }
+    OutputText output;
+    while (!process.waitForFinished(waitSlice) && process.state() != QProcess::NotRunning) {
+        output.append(process.readAllStandardOutput());
+        if (mustStop()) {
+            kill(process);
+            result.stopped = true;
+            return result;
+        }
+    }
+    output.append(process.readAllStandardOutput());
+    result.output = output.take();
+    return result;
+}
+
+} // namespace kestrel

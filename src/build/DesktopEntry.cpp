@@ -1,0 +1,225 @@
+#include "build/DesktopEntry.h"
+
+#include "model/FileReader.h"
+#include "model/Paths.h"
+
+#include <iterator>
+#include <map>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+/// No sensible desktop entry comes near this size.
+constexpr std::uintmax_t maximumSize = 1024 * 1024;
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r";
+    const auto first = text.find_first_not_of(blanks);
+    if (first == text.npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+/// A value of type string with its escapes resolved: \s \n \t \r and a doubled backslash.
+std::string unescaped(std::string_view value) {
+    std::string result;
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        if (value[i] != '\\' || i + 1 == value.size()) {
+            result += value[i];
+            continue;
+        }
+        switch (value[++i]) {
+        case 's':
+            result += ' ';
+            break;
+        case 'n':
+            result += '\n';
+            break;
+        case 't':
+            result += '\t';
+            break;
+        case 'r':
+            result += '\r';
+            break;
+        case '\\':
+            result += '\\';
+            break;
+        default: // no escape of this level
+            result += '\\';
+            result += value[i];
+        }
+    }
+    return result;
+}
+
+/// The keys of the group "Desktop Entry"; of a key given twice the first counts.
+std::map<std::string, std::string, std::less<>> mainGroupOf(std::string_view text) {
+    std::map<std::string, std::string, std::less<>> keys;
+    bool inGroup = false;
+    while (!text.empty()) {
+        const auto feed = text.find('\n');
+        const auto line = trimmed(text.substr(0, feed));
+        text = feed == text.npos ? std::string_view{} : text.substr(feed + 1);
+        if (line.empty() || line.front() == '#') {
+            continue;
+        }
+        if (line.front() == '[') {
+            inGroup = line == "[Desktop Entry]";
+            continue;
+        }
+        const auto equals = line.find('=');
+        if (inGroup && equals != line.npos) {
+            keys.emplace(trimmed(line.substr(0, equals)),
+                         unescaped(trimmed(line.substr(equals + 1))));
+        }
+    }
+    return keys;
+}
+
+/// Whether a backslash before `character` in a quoted word stands for the character alone.
+bool isEscapable(char character) {
+    return character == '"' || character == '`' || character == '$' || character == '\\';
+}
+
+/// Reads a quoted word part from behind its opening quote; false when it is not closed.
+bool readQuoted(std::string_view exec, std::size_t& position, std::string& word) {
+    for (; position < exec.size(); ++position) {
+        if (exec[position] == '"') {
+            return true;
+        }
+        if (exec[position] == '\\' && position + 1 < exec.size() &&
+            isEscapable(exec[position + 1])) {
+            ++position;
+        }
+        word += exec[position];
+    }
+    return false;
+}
+
+} // namespace
+
+std::optional<DesktopEntry> DesktopEntry::read(const std::filesystem::path& file) {
+    const auto text = readFile(file, maximumSize);
+    if (!text) {
+        return std::nullopt;
+    }
+    const auto keys = mainGroupOf(*text);
+    const auto value = [&](std::string_view key) {
+        const auto found = keys.find(key);
+        return found == keys.end() ? std::string() : found->second;
+    };
+    if (value("Exec").empty() || value("Type") != "Application") {
+        return std::nullopt;
+    }
+    DesktopEntry entry;
+    entry.m_location = pathText(file);
+    entry.m_exec = value("Exec");
+    entry.m_name = value("Name");
+    entry.m_icon = value("Icon");
+    entry.m_path = value("Path");
+    entry.m_terminal = value("Terminal") == "true";
+    return entry;
+}
+
+std::optional<DesktopEntry::Command>
+DesktopEntry::command(const std::filesystem::path& document) const {
+    const auto words = wordsOf(m_exec);
+    if (!words || words->empty() || words->front().empty()) {
+        return std::nullopt;
+    }
+    const std::string text = pathText(document);
+    std::vector<std::string> expanded;
+    if (expand(words->front(), text, expanded) || expanded.empty()) {
+        return std::nullopt; // the document itself is no program to start
+    }
+    bool named = false;
+    for (auto word = std::next(words->begin()); word != words->end(); ++word) {
+        named = expand(*word, text, expanded) || named;
+    }
+    if (!named) {
+        expanded.push_back(text);
+    }
+    Command command;
+    command.program = std::move(expanded.front());
+    command.arguments.assign(std::next(expanded.begin()), expanded.end());
+    command.workingFolder = m_path;
+    command.inTerminal = m_terminal;
+    return command;
+}
+
+std::optional<std::vector<std::string>> DesktopEntry::wordsOf(std::string_view exec) {
+    std::vector<std::string> words;
+    std::string word;
+    bool started = false;
+    for (std::size_t i = 0; i < exec.size(); ++i) {
+        if (exec[i] == ' ' || exec[i] == '\t') {
+            if (started) {
+                words.push_back(std::exchange(word, {}));
+            }
+            started = false;
+            continue;
+        }
+        started = true;
+        if (exec[i] == '"') {
+            if (!readQuoted(exec, ++i, word)) {
+                return std::nullopt;
+            }
+        } else {
+            // An escape outside quotes is against the rules, and found in entries all the same.
+            i += exec[i] == '\\' && i + 1 < exec.size() ? 1 : 0;
+            word += exec[i];
+        }
+    }
+    if (started) {
+        words.push_back(std::move(word));
+    }
+    return words;
+}
+
+bool DesktopEntry::expand(const std::string& word, const std::string& document,
+                          std::vector<std::string>& into) const {
+    if (word == "%i") {
+        if (!m_icon.empty()) {
+            into.insert(into.end(), {"--icon", m_icon});
+        }
+        return false;
+    }
+    bool named = false;
+    std::string result;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (word[i] != '%') {
+            result += word[i];
+            continue;
+        }
+        switch (++i < word.size() ? word[i] : '\0') {
+        case '%':
+            result += '%';
+            break;
+        case 'f':
+        case 'F':
+        case 'u': // a local file may be given as a path wherever a URL is expected
+        case 'U':
+            result += document;
+            named = true;
+            break;
+        case 'c':
+            result += m_name;
+            break;
+        case 'k':
+            result += m_location;
+            break;
+        default: // obsolete, unknown or cut short
+            break;
+        }
+    }
+    // A word that consisted of codes that stand for nothing is no word.
+    if (!result.empty() || word.empty()) {
+        into.push_back(std::move(result));
+    }
+    return named;
+}
+
+} // namespace kestrel

@@ -1,0 +1,93 @@
+#include "build/MainAssemblyFile.h"
+
+#include "build/QtText.h"
+#include "build/SourceLocation.h"
+#include "model/FileReader.h"
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+
+namespace kestrel {
+
+namespace {
+
+constexpr QStringView directive = u".org";
+constexpr QStringView address = u"$FFFA";
+
+/// Whether `word` stands at `position`, in any letter case.
+bool standsAt(QStringView text, qsizetype position, QStringView word) {
+    return text.size() - position >= word.size() &&
+           text.sliced(position, word.size()).compare(word, Qt::CaseInsensitive) == 0;
+}
+
+/// The end of the first place that matches, or -1. Written out instead of as a regular expression:
+/// those may run out of stack on a file that is white space for megabytes.
+qsizetype endOfFirstMatch(QStringView text) {
+    for (qsizetype start = text.indexOf(u'.'); start >= 0; start = text.indexOf(u'.', start + 1)) {
+        if (!standsAt(text, start, directive)) {
+            continue;
+        }
+        const qsizetype blank = start + directive.size();
+        qsizetype position = blank;
+        while (position < text.size() && text[position].isSpace()) {
+            ++position;
+        }
+        if (position > blank && standsAt(text, position, address)) {
+            return position + address.size();
+        }
+    }
+    return -1;
+}
+
+/// The number of user-perceived characters in `line`, which may end in LF and holds no other LF.
+qsizetype charactersIn(QStringView line) {
+    // Below U+0300 nothing combines but CR LF.
+    constexpr char16_t firstCombining = 0x300;
+    const bool simple = std::all_of(line.begin(), line.end(),
+                                    [](QChar unit) { return unit.unicode() < firstCombining; });
+    if (simple) {
+        return line.size() - (line.endsWith(u"\r\n") ? 1 : 0);
+    }
+    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, line.data(), line.size());
+    qsizetype count = 0;
+    while (finder.toNextBoundary() >= 0) {
+        ++count;
+    }
+    return count;
+}
+
+/// Whether `text` has at least `wanted` user-perceived characters; counts no further than that.
+/// A character never goes on behind a LF, so lines can be counted on their own.
+bool hasCharacters(QStringView text, qsizetype wanted) {
+    qsizetype count = 0;
+    for (qsizetype start = 0; start < text.size() && count < wanted;) {
+        const qsizetype feed = text.indexOf(u'\n', start);
+        const qsizetype end = feed < 0 ? text.size() : feed + 1;
+        count += charactersIn(text.sliced(start, end - start));
+        start = end;
+    }
+    return count >= wanted;
+}
+
+} // namespace
+
+std::optional<std::string> MainAssemblyFile::find(const ProjectItems& assemblyFiles,
+                                                  const std::filesystem::path& projectFolder) {
+    for (const auto& entry : assemblyFiles) {
+        const auto file = SourceLocation::file(*entry, projectFolder);
+        const auto bytes = file ? readFile(*file) : std::nullopt;
+        const auto text = bytes ? QtText::fromUtf8(std::string_view(*bytes)) : std::nullopt;
+        if (text && placesVectors(*text)) {
+            return entry->itemName();
+        }
+    }
+    return std::nullopt;
+}
+
+bool MainAssemblyFile::placesVectors(QStringView text) {
+    const qsizetype end = endOfFirstMatch(text);
+    return end >= 0 && hasCharacters(text, end);
+}
+
+} // namespace kestrel

@@ -1,0 +1,162 @@
+#include "build/NESBuildSettings.h"
+
+#include "model/BuildSettingsFile.h"
+#include "model/FileReader.h"
+#include "model/Log.h"
+#include "model/Paths.h"
+#include "model/ProjectFiles.h"
+#include "model/ProjectItemFactory.h"
+#include "model/ProjectNavigationSettingItem.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+bool isPlaceholder(const ProjectItem& project) {
+    return project.itemFileType() == FileType::unknown &&
+           project.itemPathType() == FilePathType::noPath;
+}
+
+std::optional<std::filesystem::path> processItemToAbsolutePath(const ProjectItem& item) {
+    if (item.itemPathType() != FilePathType::absolute) {
+        return std::nullopt;
+    }
+    return item.itemPath();
+}
+
+std::vector<std::filesystem::path> extractAbsolutePath(FileType type, const ProjectItem& node) {
+    if (node.itemFileType() != FileType::group && node.itemFileType() != FileType::project) {
+        return {};
+    }
+    std::vector<std::filesystem::path> direct;
+    std::vector<std::filesystem::path> nested;
+    for (const auto& child : node.subItems()) {
+        if (child->itemFileType() == type) {
+            if (auto path = processItemToAbsolutePath(*child)) {
+                direct.push_back(*std::move(path));
+            }
+        } else if (child->itemFileType() == FileType::group) {
+            auto found = extractAbsolutePath(type, *child);
+            nested.insert(nested.end(), found.begin(), found.end());
+        }
+    }
+    // The direct matches are left out on purpose, so the result is always empty.
+    return nested;
+}
+
+} // namespace
+
+NESBuildSettings::NESBuildSettings()
+    : m_projectToBuild(std::make_shared<ProjectNavigationSettingItem>(
+          "Empty", joined(homeFolder(), "Kestrel"), FileType::unknown, ProjectType::nes)) {}
+
+NESBuildSettings::NESBuildSettings(std::shared_ptr<ProjectItem> projectToBuild)
+    : NESBuildSettings() {
+    m_projectToBuild = std::move(projectToBuild);
+    populateProperties(*m_projectToBuild);
+    m_projectPath = m_projectToBuild->itemPath();
+}
+
+void NESBuildSettings::populateProperties(const ProjectItem& currentProject) {
+    const auto dictionary = fetchBuildSettingsConfigurationFile(currentProject);
+    if (!dictionary) {
+        return;
+    }
+    auto contents = BuildSettingsFile::read(*dictionary);
+    if (!contents) {
+        return;
+    }
+    m_outputFilePath = std::move(contents->outputFilePath);
+    m_pathToEmulator = std::move(contents->pathToEmulator);
+    m_assemblyFiles = std::move(contents->assemblyFiles);
+    m_graphicFiles = std::move(contents->graphicFiles);
+    m_paletteFiles = std::move(contents->paletteFiles);
+}
+
+std::optional<Dictionary>
+NESBuildSettings::fetchBuildSettingsConfigurationFile(const ProjectItem& project) {
+    return BuildSettingsFile::fetch(project);
+}
+
+std::optional<Dictionary>
+NESBuildSettings::fetchProjectFileStructureConfigurationFile(const ProjectItem& project) {
+    auto document = readJsonFile(
+        joined(project.itemPath(),
+               settingsFilePath(project.itemName(), ProjectStructureConfigurationExtension)));
+    if (!document || !document->is_object()) {
+        return std::nullopt;
+    }
+    return document;
+}
+
+std::shared_ptr<ProjectItem> NESBuildSettings::fetchProjectFileStructure() {
+    const auto dictionary = fetchProjectFileStructureConfigurationFile(*m_projectToBuild);
+    return dictionary ? ProjectItemFactory::process(*dictionary, nullptr) : nullptr;
+}
+
+void NESBuildSettings::add(const std::shared_ptr<ProjectItem>& newItem,
+                           const std::shared_ptr<ProjectItem>& currentProject) {
+    NESBuildSettings settings(currentProject);
+    ProjectItems* list = settings.listFor(newItem->itemFileType());
+    if (list == nullptr) {
+        writeLog("Cannot add file to build settings");
+        return;
+    }
+    list->push_back(newItem);
+    settings.saveBuildSettings();
+}
+
+void NESBuildSettings::addNewFile(const std::shared_ptr<ProjectItem>& projectItem) {
+    if (ProjectItems* list = listFor(projectItem->itemFileType())) {
+        list->push_back(projectItem);
+    }
+    saveBuildSettings();
+}
+
+void NESBuildSettings::removeFile(const std::shared_ptr<ProjectItem>& projectItem) {
+    if (ProjectItems* list = listFor(projectItem->itemFileType())) {
+        const auto found = std::find_if(list->begin(), list->end(), [&](const auto& entry) {
+            return entry->itemName() == projectItem->itemName();
+        });
+        if (found != list->end()) {
+            list->erase(found);
+        }
+    }
+    saveBuildSettings();
+}
+
+void NESBuildSettings::saveBuildSettings() {
+    if (isPlaceholder(*m_projectToBuild)) {
+        writeLog("Could not save build settings");
+        return;
+    }
+    BuildSettingsContents contents;
+    contents.assemblyFiles = m_assemblyFiles;
+    contents.graphicFiles = m_graphicFiles;
+    contents.paletteFiles = m_paletteFiles;
+    contents.outputFilePath = m_outputFilePath;
+    contents.pathToEmulator = m_pathToEmulator;
+    BuildSettingsFile::save(*m_projectToBuild, contents);
+}
+
+std::vector<std::filesystem::path> NESBuildSettings::assemblyFilesWithAbsolutePaths() {
+    return extractAbsolutePath(FileType::text, *m_projectToBuild);
+}
+
+ProjectItems* NESBuildSettings::listFor(FileType type) {
+    switch (type) {
+    case FileType::text:
+        return &m_assemblyFiles;
+    case FileType::graphics:
+        return &m_graphicFiles;
+    case FileType::palette:
+        return &m_paletteFiles;
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace kestrel

@@ -1,0 +1,211 @@
+#include "build/NESProjectBuilder.h"
+
+#include "build/AssemblerProcess.h"
+#include "build/BackgroundWork.h"
+#include "build/BuildHandOver.h"
+#include "build/EmulatorLauncher.h"
+#include "build/MainAssemblyFile.h"
+#include "build/SourceGatherer.h"
+#include "model/Log.h"
+#include "model/Paths.h"
+
+#include <QCoreApplication>
+
+#include <system_error>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+using HandOver = BuildHandOver<QString>;
+
+BuildError buildError(std::string description) {
+    return {"", 100, std::move(description)};
+}
+
+/// Whether the image of a project of this name lies in the output folder itself. An empty name is
+/// fine: the image is called ".nes" then.
+bool namesImage(const std::string& projectName) {
+    const bool dots =
+        !projectName.empty() && projectName.find_first_not_of('.') == std::string::npos;
+    return !dots && projectName.find('/') == std::string::npos &&
+           projectName.find('\0') == std::string::npos;
+}
+
+/// The path from the root on; nothing for an empty one and others that no file can have.
+std::optional<std::filesystem::path> absolutePath(const std::filesystem::path& path) {
+    if (!isUsablePath(path)) {
+        return std::nullopt;
+    }
+    std::error_code error;
+    auto result = std::filesystem::absolute(path, error);
+    return error ? std::nullopt : std::optional(std::move(result));
+}
+
+/// The worker's part of a build.
+void assemble(const AssemblerProcess::Request& request, const std::filesystem::path& image,
+              HandOver& handOver) {
+    AssemblerProcess::Result result;
+    {
+        const BackgroundWork::LongWait wait;
+        result = AssemblerProcess::run(request, [] { return QCoreApplication::closingDown(); });
+    }
+    if (result.stopped || QCoreApplication::closingDown()) {
+        handOver.abandon();
+    } else if (result.startFailure) {
+        handOver.fail(buildError(*std::move(result.startFailure)));
+    } else {
+        handOver.finish(std::move(result.output), image);
+    }
+}
+
+} // namespace
+
+NESProjectBuilder::NESProjectBuilder(std::shared_ptr<BuildSettingsConfiguration> buildSetting,
+                                     AssemblerLocation::Locator locator)
+    : m_buildSetting(std::move(buildSetting))
+    , m_locator(std::move(locator)) {}
+
+void NESProjectBuilder::setConsoleOutput(std::weak_ptr<ConsoleOutputDelegate> consoleOutput) {
+    m_consoleOutput = std::move(consoleOutput);
+}
+
+void NESProjectBuilder::setBuildSetting(std::shared_ptr<BuildSettingsConfiguration> buildSetting) {
+    m_buildSetting = std::move(buildSetting);
+}
+
+std::optional<std::filesystem::path> NESProjectBuilder::pathToEmulator() const {
+    return m_buildSetting->pathToEmulator();
+}
+
+std::optional<std::filesystem::path> NESProjectBuilder::outputPath() const {
+    return m_buildSetting->outputFilePath();
+}
+
+std::optional<std::filesystem::path> NESProjectBuilder::tempPath() const {
+    const auto& project = m_buildSetting->projectPath();
+    return project ? std::optional(joined(*project, "tmp")) : std::nullopt;
+}
+
+void NESProjectBuilder::build(BuildHandler completionHandler) {
+    const auto fail = [&](const char* description) {
+        if (completionHandler) {
+            completionHandler(std::nullopt, buildError(description));
+        }
+    };
+    const auto plan = setUp();
+    if (!plan) {
+        fail("Could not create temp folder to build project");
+        return;
+    }
+    const auto mainFile = findMainAssemblyFile();
+    if (!mainFile) {
+        fail("Could not find main entry point for assembly file(s)");
+        return;
+    }
+    if (!moveAllFilesToTempFolderToAssemble(plan->tempFolder)) {
+        fail("Could not move files to temp location");
+        return;
+    }
+    startAssembler(*plan, *mainFile, std::move(completionHandler));
+}
+
+bool NESProjectBuilder::clean() {
+    const auto& project = m_buildSetting->projectPath();
+    const auto temp = tempPath();
+    return project && temp && SourceGatherer(*project, *temp).clean(fileLists());
+}
+
+void NESProjectBuilder::run(RunHandler completionHandler) {
+    build([settings = m_buildSetting, handler = std::move(completionHandler)](
+              const std::optional<std::filesystem::path>& image, std::optional<BuildError> error) {
+        if (!error && image && settings->pathToEmulator()) {
+            EmulatorLauncher::open(*image, *settings->pathToEmulator());
+        } else if (!error) {
+            error = BuildError{"2", 0, std::nullopt};
+        }
+        if (handler) {
+            handler(std::move(error));
+        }
+    });
+}
+
+std::optional<NESProjectBuilder::Plan> NESProjectBuilder::setUp() {
+    const auto assembler = m_locator ? m_locator() : std::nullopt;
+    const auto output = outputPath() ? absolutePath(*outputPath()) : std::nullopt;
+    const auto& projectPath = m_buildSetting->projectPath();
+    const auto project = projectPath ? absolutePath(*projectPath) : std::nullopt;
+    const auto& projectNode = m_buildSetting->projectToBuild();
+    if (!assembler || !output || !project || !projectNode || !namesImage(projectNode->itemName())) {
+        return std::nullopt;
+    }
+    Plan plan;
+    plan.assembler = *assembler;
+    plan.outputFolder = *output;
+    plan.projectFolder = *project;
+    plan.tempFolder = joined(*project, "tmp");
+    plan.image = joined(*output, projectNode->itemName() + ".nes");
+    if (!createFolder(plan.outputFolder) || !createFolder(plan.tempFolder)) {
+        return std::nullopt;
+    }
+    return plan;
+}
+
+std::optional<std::string> NESProjectBuilder::findMainAssemblyFile() {
+    const auto& base = m_buildSetting->projectPath();
+    return base ? MainAssemblyFile::find(m_buildSetting->assemblyFiles(), *base) : std::nullopt;
+}
+
+bool NESProjectBuilder::moveAllFilesToTempFolderToAssemble(
+    const std::filesystem::path& tempFolder) {
+    const auto& base = m_buildSetting->projectPath();
+    if (!base) {
+        return false;
+    }
+    SourceGatherer(*base, tempFolder).gather(fileLists());
+    return true;
+}
+
+void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& mainFile,
+                                       BuildHandler handler) {
+    AssemblerProcess::Request request;
+    request.assembler = plan.assembler;
+    request.arguments = {"--input", mainFile, "--output", pathText(plan.image)};
+    request.includeFolder = plan.tempFolder;
+
+    // The pool's workers are waited for before the application object is gone, so they may post to
+    // it as long as they run.
+    const auto post = [application = QCoreApplication::instance()](HandOver::Task task) {
+        BackgroundWork::postToMainThread(application, std::move(task));
+    };
+    const auto deliver = [builder = weak_from_this()](const QString& output) {
+        const auto alive = builder.lock();
+        const auto console = alive ? alive->m_consoleOutput.lock() : nullptr;
+        if (console) {
+            console->console(output);
+        }
+    };
+    const auto handOver = std::make_shared<HandOver>(std::move(handler), post, deliver);
+    BackgroundWork::start(
+        [request, image = plan.image, handOver] { assemble(request, image, *handOver); });
+}
+
+bool NESProjectBuilder::createFolder(const std::filesystem::path& directory) {
+    if (existsAt(directory)) {
+        return true;
+    }
+    std::error_code error;
+    std::filesystem::create_directories(directory, error);
+    if (error) {
+        writeLog(error.message());
+    }
+    return existsAt(directory);
+}
+
+std::vector<const ProjectItems*> NESProjectBuilder::fileLists() const {
+    return {&m_buildSetting->assemblyFiles(), &m_buildSetting->graphicFiles(),
+            &m_buildSetting->paletteFiles()};
+}
+
+} // namespace kestrel

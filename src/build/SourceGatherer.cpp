@@ -1,0 +1,143 @@
+#include "build/SourceGatherer.h"
+
+#include "build/SourceLocation.h"
+#include "model/FileDescriptor.h"
+#include "model/Paths.h"
+
+#include <array>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/stat.h>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+bool isSameFile(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+/// The temporary folder itself; never what a link at its place leads to.
+FileDescriptor openFolder(const std::filesystem::path& path) {
+    return openFile(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
+}
+
+bool isThere(int folder, const std::string& name) {
+    struct stat found {};
+    return ::fstatat(folder, name.c_str(), &found, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+bool copyBytes(const FileDescriptor& source, const FileDescriptor& target) {
+    std::array<char, 65536> buffer{};
+    for (;;) {
+        const auto got = source.read(buffer.data(), buffer.size());
+        if (!got || *got == 0) {
+            return got.has_value();
+        }
+        if (!target.write(std::string_view(buffer.data(), *got))) {
+            return false;
+        }
+    }
+}
+
+/// Copies the regular file `source` to a new file in `folder`. What could be copied in part only is
+/// removed again: half a file would assemble to a wrong image.
+void copyToNewFile(const std::filesystem::path& source, int folder, const std::string& name) {
+    // Non-blocking: a fifo at the source's place must not hold the build up.
+    const FileDescriptor from = openFile(source, O_RDONLY | O_NONBLOCK);
+    struct stat info {};
+    if (!from.isOpen() || ::fstat(from.get(), &info) != 0 || !S_ISREG(info.st_mode)) {
+        return;
+    }
+    const mode_t mode = (info.st_mode & 0777U) | S_IRUSR | S_IWUSR;
+    FileDescriptor to(
+        ::openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+    if (to.isOpen() && !(copyBytes(from, to) && to.close())) {
+        ::unlinkat(folder, name.c_str(), 0);
+    }
+}
+
+void copyFile(const std::filesystem::path& source, int folder, const std::string& name) {
+    struct stat from {};
+    struct stat to {};
+    if (::stat(source.c_str(), &from) == 0 && ::fstatat(folder, name.c_str(), &to, 0) == 0 &&
+        isSameFile(from, to)) {
+        return; // removing the destination would remove the source
+    }
+    ::unlinkat(folder, name.c_str(), 0); // leaves folders alone
+    copyToNewFile(source, folder, name);
+}
+
+} // namespace
+
+SourceGatherer::SourceGatherer(std::filesystem::path projectFolder,
+                               std::filesystem::path tempFolder)
+    : m_projectFolder(std::move(projectFolder))
+    , m_tempFolder(std::move(tempFolder)) {}
+
+std::set<std::string>
+SourceGatherer::ownNames(int folder, const std::vector<const ProjectItems*>& lists) const {
+    std::set<std::string> names;
+    struct stat temp {};
+    if (::fstat(folder, &temp) != 0) {
+        return names;
+    }
+    for (const ProjectItems* list : lists) {
+        for (const auto& entry : *list) {
+            const auto parent = SourceLocation::folder(*entry, m_projectFolder);
+            struct stat info {};
+            if (SourceLocation::file(*entry, m_projectFolder) &&
+                ::stat(parent->c_str(), &info) == 0 && isSameFile(info, temp) &&
+                isThere(folder, entry->itemName())) {
+                names.insert(entry->itemName());
+            }
+        }
+    }
+    return names;
+}
+
+void SourceGatherer::gather(const std::vector<const ProjectItems*>& lists) const {
+    const FileDescriptor folder = openFolder(m_tempFolder);
+    if (!folder.isOpen()) {
+        return;
+    }
+    const auto own = ownNames(folder.get(), lists);
+    for (const ProjectItems* list : lists) {
+        for (const auto& entry : *list) {
+            const auto source = SourceLocation::file(*entry, m_projectFolder);
+            if (source && !own.contains(entry->itemName())) {
+                copyFile(*source, folder.get(), entry->itemName());
+            }
+        }
+    }
+}
+
+bool SourceGatherer::clean(const std::vector<const ProjectItems*>& lists) const {
+    const FileDescriptor folder = openFolder(m_tempFolder);
+    if (!folder.isOpen()) {
+        return !existsAt(m_tempFolder);
+    }
+    const auto own = ownNames(folder.get(), lists);
+    bool allGone = true;
+    for (const ProjectItems* list : lists) {
+        for (const auto& entry : *list) {
+            const std::string& name = entry->itemName();
+            if (!SourceLocation::file(*entry, m_projectFolder)) {
+                continue;
+            }
+            struct stat info {};
+            const bool removable =
+                !own.contains(name) &&
+                ::fstatat(folder.get(), name.c_str(), &info, AT_SYMLINK_NOFOLLOW) == 0 &&
+                (S_ISREG(info.st_mode) || S_ISLNK(info.st_mode));
+            if (removable) {
+                ::unlinkat(folder.get(), name.c_str(), 0);
+            }
+            allGone = allGone && !isThere(folder.get(), name);
+        }
+    }
+    return allGone;
+}
+
+} // namespace kestrel

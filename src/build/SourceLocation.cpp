@@ -1,0 +1,34 @@
+#include "build/SourceLocation.h"
+
+#include "model/Paths.h"
+
+namespace kestrel {
+
+bool SourceLocation::isPlainName(std::string_view name) {
+    return !name.empty() && name != "." && name != ".." && name.find('/') == name.npos &&
+           name.find('\0') == name.npos;
+}
+
+std::optional<std::filesystem::path>
+SourceLocation::folder(const ProjectItem& entry, const std::filesystem::path& projectFolder) {
+    switch (entry.itemPathType()) {
+    case FilePathType::noPath:
+        return std::nullopt;
+    case FilePathType::absolute:
+        return entry.itemPath();
+    case FilePathType::relative:
+        return joined(projectFolder, pathText(entry.itemPath()));
+    }
+    return std::nullopt;
+}
+
+std::optional<std::filesystem::path>
+SourceLocation::file(const ProjectItem& entry, const std::filesystem::path& projectFolder) {
+    const auto parent = folder(entry, projectFolder);
+    if (!parent || !isUsablePath(*parent) || !isPlainName(entry.itemName())) {
+        return std::nullopt;
+    }
+    return joined(*parent, entry.itemName());
+}
+
+} // namespace kestrel

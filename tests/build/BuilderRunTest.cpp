@@ -1,0 +1,123 @@
+#include "build/BuildProject.h"
+#include "build/EmulatorLauncher.h"
+#include "model/Paths.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kestrel {
+namespace {
+
+using namespace test;
+using ::testing::HasSubstr;
+
+class BuilderRun : public ::testing::Test {
+protected:
+    void run() {
+        const auto builder = m_project.makeBuilder();
+        builder->run(m_outcome.runHandler());
+        ASSERT_TRUE(waitUntil([&] { return m_outcome.calls() > 0; }));
+        EXPECT_EQ(m_outcome.calls(), 1);
+        EXPECT_NE(m_outcome.thread(), std::this_thread::get_id());
+    }
+    /// What the fake emulator was opened with.
+    std::string opened() const {
+        const auto file = m_project.folder() / "output/opened";
+        EXPECT_TRUE(waitUntil([&] { return existsAt(file); })) << "the emulator was not started";
+        return contentOf(file);
+    }
+    std::filesystem::path image() const { return m_project.folder() / "output/Game.nes"; }
+    std::filesystem::path desktopEntry(const std::string& exec, const std::string& more = "") {
+        return m_project.home.write("emu.desktop", "[Desktop Entry]\nType=Application\nName=Emu\n"
+                                                   "Exec=" +
+                                                       exec + "\n" + more);
+    }
+    static std::string here() { return std::filesystem::current_path().string(); }
+
+    BuildProject m_project;
+    Outcome m_outcome;
+};
+
+TEST_F(BuilderRun, builds_and_gives_the_image_to_the_emulator_as_its_only_argument) {
+    m_project.settings->pathToEmulator() = FAKE_EMULATOR;
+    run();
+    EXPECT_FALSE(m_outcome.error());
+    EXPECT_EQ(opened(), "argument " + image().string() + "\nfolder " + here() + "\n");
+}
+
+TEST_F(BuilderRun, without_an_emulator_builds_first_and_then_fails) {
+    m_project.script("image made\n");
+    run();
+    EXPECT_EQ(m_outcome.error(), (BuildError{"2", 0, std::nullopt}));
+    EXPECT_EQ(contentOf(image()), "made");
+}
+
+TEST_F(BuilderRun, opens_the_emulator_even_when_the_assembler_failed) {
+    m_project.settings->pathToEmulator() = FAKE_EMULATOR;
+    m_project.script("exit 1\n");
+    run();
+    EXPECT_FALSE(m_outcome.error());
+    EXPECT_THAT(opened(), HasSubstr(image().string()));
+}
+
+TEST_F(BuilderRun, with_an_emulator_that_cannot_be_started_reports_success_and_goes_on) {
+    const auto notExecutable = m_project.home.write("emulator", "#!/bin/sh\n");
+    m_project.settings->pathToEmulator() = notExecutable;
+    run();
+    EXPECT_FALSE(m_outcome.error());
+    EXPECT_FALSE(EmulatorLauncher::open(image(), notExecutable));
+    EXPECT_FALSE(EmulatorLauncher::open(image(), m_project.home.path() / "gone"));
+    EXPECT_FALSE(EmulatorLauncher::open(image(), m_project.home.path()));
+    EXPECT_FALSE(EmulatorLauncher::open(image(), ""));
+}
+
+TEST_F(BuilderRun, starts_a_desktop_entry_as_it_says) {
+    m_project.settings->pathToEmulator() =
+        desktopEntry(std::string(FAKE_EMULATOR) + " --full %F \"two words\"");
+    run();
+    EXPECT_FALSE(m_outcome.error());
+    EXPECT_EQ(opened(), "argument --full\nargument " + image().string() +
+                            "\nargument two words\nfolder " + here() + "\n");
+}
+
+TEST_F(BuilderRun, starts_a_desktop_entry_in_its_working_folder) {
+    const auto folder = m_project.home.path() / "emulators home";
+    std::filesystem::create_directories(folder);
+    std::filesystem::create_directories(m_project.folder() / "output");
+    EXPECT_TRUE(EmulatorLauncher::open(
+        image(), desktopEntry(FAKE_EMULATOR, "Path=" + folder.string() + "\n")));
+    EXPECT_EQ(opened(), "argument " + image().string() + "\nfolder " + folder.string() + "\n");
+}
+
+TEST_F(BuilderRun, opens_a_terminal_for_a_desktop_entry_that_wants_one) {
+    // The fake emulator stands in for the terminal too: it writes down all that it is given.
+    std::filesystem::create_directories(m_project.folder() / "output");
+    std::filesystem::create_directories(m_project.home.path() / "bin");
+    std::filesystem::create_symlink(FAKE_EMULATOR,
+                                    m_project.home.path() / "bin/x-terminal-emulator");
+    const QByteArray formerPath = qgetenv("PATH");
+    qputenv("PATH", (m_project.home.path() / "bin").c_str());
+    EXPECT_TRUE(EmulatorLauncher::open(image(), desktopEntry("emu -x", "Terminal=true\n")));
+    qputenv("PATH", formerPath);
+    EXPECT_EQ(opened(), "argument -e\nargument emu\nargument -x\nargument " + image().string() +
+                            "\nfolder " + here() + "\n");
+}
+
+TEST_F(BuilderRun, starts_without_a_terminal_where_there_is_none) {
+    std::filesystem::create_directories(m_project.folder() / "output");
+    const QByteArray formerPath = qgetenv("PATH");
+    qputenv("PATH", "/nowhere");
+    EXPECT_TRUE(EmulatorLauncher::open(image(), desktopEntry(FAKE_EMULATOR, "Terminal=true\n")));
+    qputenv("PATH", formerPath);
+    EXPECT_THAT(opened(), HasSubstr(image().string()));
+}
+
+TEST_F(BuilderRun, does_not_start_a_desktop_entry_that_makes_no_sense) {
+    EXPECT_FALSE(EmulatorLauncher::open(image(), desktopEntry("\"unclosed %f")));
+    EXPECT_FALSE(EmulatorLauncher::open(image(), m_project.home.path() / "missing.desktop"));
+    EXPECT_FALSE(EmulatorLauncher::open(
+        image(), m_project.home.write("text.desktop", "#!/bin/sh\ntouch /nowhere\n")));
+}
+
+} // namespace
+} // namespace kestrel

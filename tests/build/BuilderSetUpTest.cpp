@@ -1,0 +1,163 @@
+#include "build/BuildProject.h"
+#include "model/Paths.h"
+#include "support/LogCapture.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kestrel {
+namespace {
+
+using namespace test;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+const BuildError setUpFailed{"", 100, "Could not create temp folder to build project"};
+const BuildError noMainFile{"", 100, "Could not find main entry point for assembly file(s)"};
+
+class BuilderSetUp : public ::testing::Test {
+protected:
+    /// The error of a build that must fail at once, on this thread.
+    std::optional<BuildError> failure() {
+        Outcome outcome;
+        m_project.makeBuilder()->build(outcome.buildHandler());
+        EXPECT_EQ(outcome.calls(), 1);
+        EXPECT_EQ(outcome.thread(), std::this_thread::get_id());
+        EXPECT_FALSE(outcome.image());
+        EXPECT_FALSE(existsAt(m_project.folder() / "record")) << "the assembler was started";
+        return outcome.error();
+    }
+
+    BuildProject m_project;
+};
+
+TEST_F(BuilderSetUp, fails_without_an_assembler) {
+    m_project.assembler = std::nullopt;
+    EXPECT_EQ(failure(), setUpFailed);
+}
+
+TEST_F(BuilderSetUp, fails_without_an_output_folder_exactly_as_without_an_assembler) {
+    m_project.settings->outputFilePath() = std::nullopt;
+    EXPECT_EQ(failure(), setUpFailed);
+    m_project.settings->outputFilePath() = "";
+    EXPECT_EQ(failure(), setUpFailed);
+}
+
+TEST_F(BuilderSetUp, fails_without_a_project_folder) {
+    m_project.settings->projectPath() = std::nullopt;
+    EXPECT_EQ(failure(), setUpFailed);
+    m_project.settings->projectPath() = "";
+    EXPECT_EQ(failure(), setUpFailed);
+}
+
+TEST_F(BuilderSetUp, fails_when_the_name_does_not_name_a_file_in_the_output_folder) {
+    for (const std::string& name :
+         {std::string("../evil"), std::string("a/b"), std::string("/"), std::string("."),
+          std::string(".."), std::string("..."), std::string("a\0b", 3)}) {
+        m_project.project->setItemName(name);
+        EXPECT_EQ(failure(), setUpFailed) << name;
+    }
+}
+
+TEST_F(BuilderSetUp, fails_when_a_folder_cannot_be_made_and_logs_only_the_systems_reason) {
+    m_project.home.write("Game/blocked", "a file");
+    m_project.settings->outputFilePath() = m_project.folder() / "blocked/output";
+    const LogCapture log;
+    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_THAT(log.lines(), ElementsAre("Not a directory"));
+}
+
+TEST_F(BuilderSetUp, fails_when_the_temporary_folder_is_a_dangling_link) {
+    std::filesystem::create_symlink("nowhere", m_project.folder() / "tmp");
+    const LogCapture log;
+    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_EQ(log.lines().size(), 1U);
+}
+
+TEST_F(BuilderSetUp, fails_without_a_main_file_before_anything_is_copied) {
+    m_project.settings->assemblyFiles().clear();
+    m_project.addSource("other.asm", "nop\n");
+    EXPECT_EQ(failure(), noMainFile);
+    EXPECT_TRUE(std::filesystem::is_empty(m_project.folder() / "tmp"));
+    EXPECT_TRUE(std::filesystem::is_directory(m_project.folder() / "output"))
+        << "the folders made stay";
+}
+
+TEST_F(BuilderSetUp, fails_for_a_cr_lf_file_with_its_vectors_at_the_very_end) {
+    m_project.settings->assemblyFiles().clear();
+    std::string text;
+    for (int line = 0; line < 30; ++line) {
+        text += "\tnop\r\n";
+    }
+    m_project.addSource("crlf.asm", text + "\t.org $FFFA\r\n");
+    EXPECT_EQ(failure(), noMainFile);
+}
+
+TEST_F(BuilderSetUp, a_failing_run_reports_the_builds_error_at_once) {
+    m_project.settings->outputFilePath() = std::nullopt;
+    Outcome outcome;
+    m_project.makeBuilder()->run(outcome.runHandler());
+    EXPECT_EQ(outcome.calls(), 1);
+    EXPECT_EQ(outcome.error(), setUpFailed);
+}
+
+TEST_F(BuilderSetUp, takes_requests_that_nobody_waits_for) {
+    m_project.settings->outputFilePath() = std::nullopt;
+    m_project.makeBuilder()->build(nullptr);
+    m_project.makeBuilder()->run(nullptr);
+}
+
+TEST_F(BuilderSetUp, a_plain_file_counts_as_the_temporary_folder) {
+    m_project.home.write("Game/tmp", "a file");
+    Outcome outcome;
+    m_project.makeBuilder()->build(outcome.buildHandler());
+    ASSERT_TRUE(waitUntil([&] { return outcome.calls() > 0; }));
+    EXPECT_EQ(outcome.image(), m_project.folder() / "output/Game.nes");
+    EXPECT_FALSE(outcome.error());
+    EXPECT_EQ(contentOf(m_project.folder() / "tmp"), "a file");
+}
+
+TEST_F(BuilderSetUp, an_existing_output_folder_and_a_missing_one_both_do) {
+    m_project.settings->outputFilePath() = m_project.folder() / "deep/down/output";
+    Outcome outcome;
+    m_project.makeBuilder()->build(outcome.buildHandler());
+    ASSERT_TRUE(waitUntil([&] { return outcome.calls() > 0; }));
+    EXPECT_TRUE(std::filesystem::is_directory(m_project.folder() / "deep/down/output"));
+    Outcome second;
+    m_project.makeBuilder()->build(second.buildHandler());
+    ASSERT_TRUE(waitUntil([&] { return second.calls() > 0; }));
+    EXPECT_FALSE(second.error());
+}
+
+TEST_F(BuilderSetUp, the_locations_are_those_of_the_settings) {
+    m_project.settings->pathToEmulator() = "/usr/bin/emu";
+    const auto builder = m_project.makeBuilder();
+    EXPECT_EQ(builder->pathToEmulator(), "/usr/bin/emu");
+    EXPECT_EQ(builder->outputPath(), m_project.folder() / "output");
+    EXPECT_EQ(builder->tempPath(), m_project.folder() / "tmp");
+    m_project.settings->projectPath() = std::nullopt;
+    EXPECT_FALSE(builder->tempPath());
+}
+
+TEST_F(BuilderSetUp, a_new_builder_has_no_console) {
+    const auto builder = std::make_shared<NESProjectBuilder>(m_project.settings);
+    EXPECT_EQ(builder->consoleOutput().lock(), nullptr);
+    EXPECT_EQ(builder->buildSetting(), m_project.settings);
+}
+
+TEST_F(BuilderSetUp, cleaning_removes_what_a_build_gathered) {
+    m_project.home.write("Game/tmp/other", "kept");
+    Outcome outcome;
+    const auto builder = m_project.makeBuilder();
+    builder->build(outcome.buildHandler());
+    ASSERT_TRUE(waitUntil([&] { return outcome.calls() > 0; }));
+    EXPECT_TRUE(existsAt(m_project.folder() / "tmp/main.asm"));
+    EXPECT_TRUE(builder->clean());
+    EXPECT_FALSE(existsAt(m_project.folder() / "tmp/main.asm"));
+    EXPECT_TRUE(existsAt(m_project.folder() / "tmp/other"));
+    EXPECT_TRUE(existsAt(m_project.folder() / "src/main.asm"));
+}
+
+} // namespace
+} // namespace kestrel

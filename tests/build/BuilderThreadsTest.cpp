@@ -1,0 +1,302 @@
+#include "build/BuildProject.h"
+#include "build/QtText.h"
+#include "model/Paths.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <QCoreApplication>
+#include <QProcess>
+#include <QThreadPool>
+
+#include <chrono>
+#include <csignal>
+#include <fcntl.h>
+#include <fstream>
+#include <poll.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace kestrel {
+namespace {
+
+using namespace test;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// The reading end of a fifo; its end of file shows that whoever held the fifo is gone.
+class FifoReader {
+public:
+    explicit FifoReader(const std::filesystem::path& path)
+        : m_descriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {}
+    FifoReader(const FifoReader&) = delete;
+    FifoReader& operator=(const FifoReader&) = delete;
+    ~FifoReader() { ::close(m_descriptor); }
+
+    /// Whether the last writer goes within a minute.
+    bool allWritersGo() const {
+        pollfd entry{m_descriptor, POLLIN, 0};
+        return ::poll(&entry, 1, 60000) == 1 && (entry.revents & POLLHUP) != 0;
+    }
+
+private:
+    int m_descriptor;
+};
+
+/// Counts what the console gets and keeps none of it.
+class CountingConsole : public ConsoleOutputDelegate {
+public:
+    void console(const QString& output) override {
+        ++calls;
+        length += output.size();
+        ordinary = output.count(u'y') == output.size() / 2;
+    }
+    int calls = 0;
+    qsizetype length = 0;
+    bool ordinary = false;
+};
+
+class BuilderThreads : public ::testing::Test {
+protected:
+    /// Processes the events that are queued now, and those that they queue.
+    static void processWhatIsQueued() {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+
+    BuildProject m_project;
+};
+
+TEST_F(BuilderThreads, completes_on_a_background_worker_without_waiting_for_the_main_thread) {
+    Outcome outcome;
+    m_project.script("print text\n");
+    const auto builder = m_project.makeBuilder();
+    builder->build(outcome.buildHandler());
+    // No event is processed here: the handler must not need one. It is awaited at the pool.
+    ASSERT_TRUE(QThreadPool::globalInstance()->waitForDone(60000));
+    EXPECT_EQ(outcome.calls(), 1);
+    EXPECT_NE(outcome.thread(), std::this_thread::get_id());
+    EXPECT_THAT(m_project.console->texts, IsEmpty());
+    processWhatIsQueued();
+    EXPECT_THAT(m_project.console->texts, ElementsAre("text\n"));
+    EXPECT_EQ(outcome.calls(), 1);
+}
+
+TEST_F(BuilderThreads, the_output_is_queued_before_the_completion_is_told) {
+    std::vector<std::string> order; // the main thread's own
+    class OrderConsole : public ConsoleOutputDelegate {
+    public:
+        explicit OrderConsole(std::vector<std::string>& events)
+            : m_events(events) {}
+        void console(const QString& /*output*/) override { m_events.emplace_back("output"); }
+
+    private:
+        std::vector<std::string>& m_events;
+    };
+    const auto console = std::make_shared<OrderConsole>(order);
+    const auto builder = m_project.makeBuilder();
+    builder->setConsoleOutput(console);
+    builder->build([&](const auto&, const auto&) {
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [&] { order.emplace_back("completion"); },
+            Qt::QueuedConnection);
+    });
+    ASSERT_TRUE(QThreadPool::globalInstance()->waitForDone(60000));
+    processWhatIsQueued();
+    EXPECT_THAT(order, ElementsAre("output", "completion"));
+}
+
+TEST_F(BuilderThreads, output_for_a_builder_that_was_replaced_is_dropped) {
+    Outcome outcome;
+    m_project.script("print text\n");
+    auto builder = m_project.makeBuilder();
+    builder->build(outcome.buildHandler());
+    ASSERT_TRUE(QThreadPool::globalInstance()->waitForDone(60000));
+    builder.reset();
+    processWhatIsQueued();
+    EXPECT_THAT(m_project.console->texts, IsEmpty());
+    EXPECT_EQ(outcome.calls(), 1);
+    EXPECT_EQ(outcome.image(), m_project.folder() / "output/Game.nes");
+}
+
+TEST_F(BuilderThreads, a_build_goes_on_without_its_builder) {
+    Outcome outcome;
+    const auto go = m_project.fifo("go");
+    m_project.script("await go\nimage made\n");
+    auto builder = m_project.makeBuilder();
+    const std::weak_ptr<NESProjectBuilder> weak = builder;
+    builder->build(outcome.buildHandler());
+    builder.reset();
+    EXPECT_TRUE(weak.expired()) << "the worker keeps the builder";
+    std::ofstream(go) << "on";
+    ASSERT_TRUE(waitUntil([&] { return outcome.calls() > 0; }));
+    EXPECT_EQ(contentOf(m_project.folder() / "output/Game.nes"), "made");
+}
+
+TEST_F(BuilderThreads, output_for_a_console_that_is_gone_is_dropped) {
+    Outcome outcome;
+    m_project.script("print text\n");
+    const auto builder = m_project.makeBuilder();
+    builder->build(outcome.buildHandler());
+    const std::weak_ptr<RecordingConsole> weak = m_project.console;
+    m_project.console.reset();
+    EXPECT_TRUE(weak.expired()) << "the builder keeps the console";
+    ASSERT_TRUE(waitUntil([&] { return outcome.calls() > 0; }));
+    processWhatIsQueued();
+    EXPECT_FALSE(outcome.error());
+}
+
+TEST_F(BuilderThreads, the_last_reference_to_the_builder_may_drop_on_the_worker) {
+    Outcome outcome;
+    auto builder = m_project.makeBuilder();
+    auto* const raw = builder.get();
+    raw->build([handler = outcome.buildHandler(), builder](const auto& image, const auto& error) {
+        handler(image, error);
+    });
+    builder.reset();
+    ASSERT_TRUE(waitUntil([&] { return outcome.calls() > 0; }));
+    ASSERT_TRUE(QThreadPool::globalInstance()->waitForDone(60000));
+    processWhatIsQueued();
+    EXPECT_EQ(outcome.calls(), 1);
+}
+
+TEST_F(BuilderThreads, a_handler_may_start_the_next_build_on_its_worker) {
+    Outcome first;
+    Outcome second;
+    const auto builder = m_project.makeBuilder();
+    const auto next = m_project.makeBuilder();
+    builder->build([&, handler = first.buildHandler()](const auto& image, const auto& error) {
+        next->build(second.buildHandler());
+        handler(image, error);
+    });
+    ASSERT_TRUE(waitUntil([&] { return first.calls() > 0 && second.calls() > 0; }));
+    EXPECT_FALSE(second.error());
+}
+
+TEST_F(BuilderThreads, three_builds_run_at_once_on_a_machine_with_two_processors) {
+    QThreadPool* const pool = QThreadPool::globalInstance();
+    const int formerCount = pool->maxThreadCount();
+    pool->setMaxThreadCount(2);
+    std::vector<std::unique_ptr<BuildProject>> projects;
+    std::vector<std::shared_ptr<NESProjectBuilder>> builders;
+    std::vector<std::filesystem::path> fifos;
+    Outcome outcomes[3];
+    for (auto& outcome : outcomes) {
+        projects.push_back(std::make_unique<BuildProject>());
+        fifos.push_back(projects.back()->fifo("go"));
+        projects.back()->script("await go\nprint done\n");
+        builders.push_back(projects.back()->makeBuilder());
+        builders.back()->build(outcome.buildHandler());
+    }
+    // All three assemblers are there before any may end.
+    for (const auto& project : projects) {
+        EXPECT_TRUE(waitUntil([&] { return existsAt(project->folder() / "record"); }));
+    }
+    for (const auto& outcome : outcomes) {
+        EXPECT_EQ(outcome.calls(), 0);
+    }
+    for (const auto& fifo : fifos) {
+        std::ofstream(fifo) << "on";
+    }
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(waitUntil([&] {
+            return outcomes[i].calls() == 1 &&
+                   !projects[static_cast<std::size_t>(i)]->console->texts.empty();
+        }));
+    }
+    ASSERT_TRUE(pool->waitForDone(60000));
+    pool->setMaxThreadCount(formerCount);
+    while (!projects.empty()) {
+        projects.pop_back(); // each gives back the home folder that it found
+    }
+}
+
+TEST_F(BuilderThreads, many_builds_in_a_row_each_deliver_once) {
+    m_project.script("print text\n");
+    constexpr std::size_t count = 20;
+    for (std::size_t i = 0; i < count; ++i) {
+        Outcome outcome;
+        const auto builder = m_project.makeBuilder();
+        builder->build(outcome.buildHandler());
+        ASSERT_TRUE(
+            waitUntil([&] { return outcome.calls() > 0 && m_project.console->texts.size() > i; }));
+        ASSERT_EQ(outcome.calls(), 1);
+        ASSERT_EQ(m_project.console->texts.size(), i + 1);
+    }
+}
+
+TEST_F(BuilderThreads, a_grandchild_that_keeps_the_pipe_open_does_not_hold_the_build_up) {
+    Outcome outcome;
+    const auto held = m_project.fifo("held");
+    FifoReader reader(held);
+    m_project.script("print before\nfork held\nfill 60000\nprint after\n");
+    const auto builder = m_project.makeBuilder();
+    builder->build(outcome.buildHandler());
+    ASSERT_TRUE(
+        waitUntil([&] { return outcome.calls() > 0 && !m_project.console->texts.empty(); }));
+    ASSERT_EQ(m_project.console->texts.size(), 1U);
+    EXPECT_EQ(m_project.console->texts[0].size(), 60000U + 7U + 6U);
+    // Still there, and not the builder's to end; the test ends its group, which is the child's.
+    const auto group = std::stoi(contentOf(m_project.folder() / "process"));
+    EXPECT_EQ(::kill(-group, SIGKILL), 0);
+    EXPECT_TRUE(reader.allWritersGo());
+}
+
+TEST_F(BuilderThreads, no_zombie_is_left) {
+    Outcome outcome;
+    const auto builder = m_project.makeBuilder();
+    builder->build(outcome.buildHandler());
+    ASSERT_TRUE(waitUntil([&] { return outcome.calls() > 0; }));
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
+    EXPECT_EQ(errno, ECHILD);
+}
+
+TEST_F(BuilderThreads, quitting_ends_an_assembler_that_never_ends_and_its_process_group) {
+    const auto childHolds = m_project.fifo("child");
+    const auto grandchildHolds = m_project.fifo("grandchild");
+    FifoReader child(childHolds);
+    FifoReader grandchild(grandchildHolds);
+    m_project.settings->saveBuildSettings();
+    m_project.script("fork grandchild\nhold child\nforever\n");
+    QProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    program.start(QStringLiteral(QUITTING_BUILD),
+                  {*QtText::fromPath(m_project.folder()), QStringLiteral(FAKE_ASSEMBLER)});
+    ASSERT_TRUE(program.waitForFinished(60000)) << "the program does not quit";
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(program.readAllStandardOutput(), "") << "the handler was called after all";
+    EXPECT_TRUE(child.allWritersGo());
+    EXPECT_TRUE(grandchild.allWritersGo());
+}
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+#define KESTREL_SLOW_BUILD
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define KESTREL_SLOW_BUILD
+#endif
+#endif
+
+TEST_F(BuilderThreads, a_gigabyte_of_output_arrives_once_and_is_held_once) {
+    constexpr qsizetype gigabyte = 1024 * 1024 * 1024;
+    const auto console = std::make_shared<CountingConsole>();
+    m_project.script("fill " + std::to_string(gigabyte) + "\n");
+    Outcome outcome;
+    const auto builder = m_project.makeBuilder();
+    builder->setConsoleOutput(console);
+    builder->build(outcome.buildHandler());
+    ASSERT_TRUE(waitUntil([&] { return outcome.calls() > 0 && console->calls > 0; }));
+    EXPECT_EQ(console->calls, 1);
+    EXPECT_EQ(console->length, gigabyte);
+    EXPECT_TRUE(console->ordinary);
+#ifndef KESTREL_SLOW_BUILD // sanitizers need memory of their own
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    // The text has two bytes a letter; the rest is what is under way.
+    EXPECT_LT(usage.ru_maxrss, (2 * gigabyte + gigabyte / 2) / 1024) << "in KiB";
+#endif
+}
+
+} // namespace
+} // namespace kestrel

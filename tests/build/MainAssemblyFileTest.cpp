@@ -1,0 +1,163 @@
+#include "build/MainAssemblyFile.h"
+
+#include "model/ProjectNavigationSettingItem.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <QString>
+
+#include <sys/stat.h>
+
+namespace kestrel {
+namespace {
+
+std::shared_ptr<ProjectItem> source(const std::string& name, const std::filesystem::path& path,
+                                    FilePathType pathType = FilePathType::absolute) {
+    auto item = std::make_shared<ProjectNavigationSettingItem>(name, path, FileType::text,
+                                                               ProjectType::nes);
+    item->setItemPathType(pathType);
+    return item;
+}
+
+TEST(PlacesVectors, in_any_letter_case_and_with_any_white_space) {
+    for (const char16_t* text :
+         {u".org $FFFA", u".ORG\t$fffa", u".Org \t \n $FffA", u"; see .org $FFFA", u"x.org $FFFA0",
+          u".org\r\n$FFFA and more", u".org\u00a0$FFFA", u".org $1.org $FFFA"}) {
+        EXPECT_TRUE(MainAssemblyFile::placesVectors(text))
+            << QString::fromUtf16(text).toStdString();
+    }
+}
+
+TEST(PlacesVectors, not_with_anything_else) {
+    for (const char16_t* text :
+         {u"", u".", u".org", u".org$FFFA", u"org $FFFA", u".org $FFF", u".org $FFFB", u".org FFFA",
+          u".org  x $FFFA", u".or g $FFFA", u".org $FF FA", u".\u043erg $FFFA"}) {
+        EXPECT_FALSE(MainAssemblyFile::placesVectors(text))
+            << QString::fromUtf16(text).toStdString();
+    }
+}
+
+TEST(PlacesVectors, not_found_in_the_tail_of_a_text_with_cr_lf_lines) {
+    // 20 line ends are 20 characters of two units each: the last 20 units are not searched.
+    const QString lines = QStringLiteral("lda #1\r\n").repeated(20);
+    const QString vectors = QStringLiteral(".org $FFFA");
+    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(lines + vectors)));
+    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(vectors + lines)));
+    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(lines + vectors).remove(u'\r')));
+}
+
+TEST(PlacesVectors, found_only_when_the_whole_of_it_is_within_the_searched_units) {
+    const QString start = QStringLiteral("\r\n\r\n.org $FFFA"); // ends at unit 14
+    EXPECT_FALSE(MainAssemblyFile::placesVectors(start)) << "12 units are searched";
+    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(start + u'x'))) << "13 units";
+    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(start + QStringLiteral("xy"))));
+}
+
+TEST(PlacesVectors, a_cr_lf_before_the_match_needs_a_character_more_behind_it) {
+    const QString match = QStringLiteral(".org $FFFA");
+    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(QStringLiteral("\r\n") + match)));
+    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(QStringLiteral("\r\n") + match + u'\n')));
+    EXPECT_FALSE(
+        MainAssemblyFile::placesVectors(QString(QStringLiteral("\r\n") + match).append(u'\u0301')));
+}
+
+TEST(PlacesVectors, combined_characters_shorten_what_is_searched) {
+    const QString match = QStringLiteral(".org $FFFA");
+    const QString family = QStringLiteral("\U0001F468\u200D\U0001F469\u200D\U0001F467"); // 8 units
+    const QString accents = QStringLiteral("e\u0301e\u0301");
+    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(family + match)));
+    EXPECT_FALSE(
+        MainAssemblyFile::placesVectors(QString(family + match + QStringLiteral("123456"))));
+    EXPECT_TRUE(
+        MainAssemblyFile::placesVectors(QString(family + match + QStringLiteral("1234567"))));
+    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(accents + match + u'1')));
+    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(accents + match + QStringLiteral("12"))));
+}
+
+TEST(PlacesVectors, characters_are_counted_across_lines_of_all_kinds) {
+    // One unit is lost by the CR LF, one by the accent; CR alone and LF alone lose none.
+    const QString start = QStringLiteral("a\rb\nc\r\ne\u0301\n.org $FFFA");
+    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(start + QStringLiteral("1"))));
+    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(start + QStringLiteral("12"))));
+}
+
+TEST(PlacesVectors, megabytes_of_white_space_are_no_trouble) {
+    const QString blank(8 * 1024 * 1024, u' ');
+    EXPECT_TRUE(MainAssemblyFile::placesVectors(
+        QString(QStringLiteral(".org") + blank + QStringLiteral("$FFFA"))));
+    EXPECT_FALSE(MainAssemblyFile::placesVectors(
+        QString(QStringLiteral(".org") + blank + QStringLiteral("$FFF"))));
+    EXPECT_TRUE(MainAssemblyFile::placesVectors(
+        QString(QString(4 * 1024 * 1024, u'.') + QStringLiteral(".org $FFFA"))));
+}
+
+class MainAssemblyFileTest : public ::testing::Test {
+protected:
+    std::optional<std::string> find(const ProjectItems& files) const {
+        return MainAssemblyFile::find(files, m_folder.path());
+    }
+    const char* m_vectors = ".org $FFFA\n";
+    test::TemporaryFolder m_folder;
+};
+
+TEST_F(MainAssemblyFileTest, is_the_first_of_the_list_that_places_vectors) {
+    m_folder.write("none.asm", "nop\n");
+    m_folder.write("one.asm", m_vectors);
+    m_folder.write("two.asm", m_vectors);
+    EXPECT_EQ(find({source("none.asm", m_folder.path()), source("two.asm", m_folder.path()),
+                    source("one.asm", m_folder.path())}),
+              "two.asm");
+}
+
+TEST_F(MainAssemblyFileTest, is_nothing_when_no_file_places_vectors) {
+    m_folder.write("none.asm", "nop\n");
+    EXPECT_FALSE(find({}));
+    EXPECT_FALSE(find({source("none.asm", m_folder.path())}));
+}
+
+TEST_F(MainAssemblyFileTest, of_a_relative_entry_is_below_the_project_by_path_and_name) {
+    m_folder.write("src/deep/main.asm", m_vectors);
+    m_folder.write("top.asm", m_vectors);
+    const auto relative = FilePathType::relative;
+    EXPECT_EQ(find({source("main.asm", "src/deep", relative)}), "main.asm");
+    EXPECT_EQ(find({source("main.asm", "/src/deep/", relative)}), "main.asm");
+    EXPECT_EQ(find({source("top.asm", "", relative)}), "top.asm");
+    EXPECT_FALSE(find({source("main.asm", "src/deep/main.asm", relative)}));
+}
+
+TEST_F(MainAssemblyFileTest, is_never_an_entry_without_a_file) {
+    m_folder.write("main.asm", m_vectors);
+    EXPECT_FALSE(find({source("main.asm", m_folder.path(), FilePathType::noPath)}));
+}
+
+TEST_F(MainAssemblyFileTest, names_that_are_no_plain_name_are_passed_over) {
+    m_folder.write("main.asm", m_vectors);
+    std::filesystem::create_directories(m_folder.path() / "sub");
+    for (const std::string& name :
+         {std::string("../main.asm"), std::string("sub/../main.asm"), std::string("."),
+          std::string(".."), std::string(), std::string("main.asm\0x", 10)}) {
+        EXPECT_FALSE(find({source(name, m_folder.path() / "sub"), source(name, m_folder.path())}))
+            << name;
+    }
+}
+
+TEST_F(MainAssemblyFileTest, unreadable_files_are_passed_over) {
+    std::filesystem::create_directories(m_folder.path() / "folder.asm");
+    std::filesystem::create_symlink("nowhere", m_folder.path() / "dangling.asm");
+    ASSERT_EQ(::mkfifo((m_folder.path() / "fifo.asm").c_str(), 0600), 0);
+    m_folder.write("main.asm", m_vectors);
+    EXPECT_EQ(find({source("missing.asm", m_folder.path()), source("folder.asm", m_folder.path()),
+                    source("dangling.asm", m_folder.path()), source("fifo.asm", m_folder.path()),
+                    source("main.asm", m_folder.path())}),
+              "main.asm");
+}
+
+TEST_F(MainAssemblyFileTest, files_that_are_not_utf8_are_passed_over) {
+    m_folder.write("latin.asm", std::string("; caf\xe9\n") + m_vectors);
+    m_folder.write("marked.asm", std::string("\xef\xbb\xbf") + m_vectors);
+    EXPECT_EQ(find({source("latin.asm", m_folder.path()), source("marked.asm", m_folder.path())}),
+              "marked.asm");
+}
+
+} // namespace
+} // namespace kestrel

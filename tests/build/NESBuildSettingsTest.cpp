@@ -1,0 +1,316 @@
+#include "build/NESBuildSettings.h"
+
+#include "model/FileReader.h"
+#include "model/Paths.h"
+#include "model/ProjectNavigationSettingItem.h"
+#include "support/LogCapture.h"
+#include "support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kestrel {
+namespace {
+
+using test::contentOf;
+using test::LogCapture;
+using test::TemporaryHome;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::shared_ptr<ProjectItem> node(const std::string& name, FileType type,
+                                  const std::filesystem::path& path = "/src") {
+    auto item = std::make_shared<ProjectNavigationSettingItem>(name, path, type, ProjectType::nes);
+    if (type != FileType::group) {
+        item->setItemPathType(FilePathType::absolute);
+    }
+    return item;
+}
+
+std::vector<std::string> namesOf(const ProjectItems& items) {
+    std::vector<std::string> names;
+    for (const auto& item : items) {
+        names.push_back(item->itemName());
+    }
+    return names;
+}
+
+std::string entry(const std::string& name, const std::string& type) {
+    return R"({"name":")" + name + R"(","type":")" + type +
+           R"(","path":"/src","path_type":"absolute_path","project_type":"nes","sub_items":[]})";
+}
+
+class NESBuildSettingsTest : public ::testing::Test {
+protected:
+    std::filesystem::path file() const {
+        return m_home.path() / "Game/.project/Game-BuildSettings.cfg";
+    }
+    void writeFile(const std::string& text) const {
+        m_home.write("Game/.project/Game-BuildSettings.cfg", text);
+    }
+    Dictionary stored() const { return readJsonFile(file()).value_or(Dictionary()); }
+
+    TemporaryHome m_home;
+    LogCapture m_log;
+    std::shared_ptr<ProjectItem> m_project =
+        node("Game", FileType::project, m_home.path() / "Game");
+};
+
+TEST_F(NESBuildSettingsTest, an_empty_record_has_a_placeholder_project_and_nothing_else) {
+    NESBuildSettings settings;
+    EXPECT_THAT(settings.assemblyFiles(), IsEmpty());
+    EXPECT_THAT(settings.graphicFiles(), IsEmpty());
+    EXPECT_THAT(settings.paletteFiles(), IsEmpty());
+    EXPECT_FALSE(settings.pathToEmulator());
+    EXPECT_FALSE(settings.outputFilePath());
+    EXPECT_FALSE(settings.projectPath());
+    const auto& placeholder = settings.projectToBuild();
+    EXPECT_EQ(placeholder->itemName(), "Empty");
+    EXPECT_EQ(placeholder->itemFileType(), FileType::unknown);
+    EXPECT_EQ(placeholder->itemPathType(), FilePathType::noPath);
+    EXPECT_EQ(placeholder->itemPath(), m_home.path() / "Kestrel");
+    EXPECT_EQ(placeholder->parent(), nullptr);
+    EXPECT_THAT(placeholder->subItems(), IsEmpty());
+}
+
+TEST_F(NESBuildSettingsTest, the_placeholder_is_never_saved) {
+    NESBuildSettings().saveBuildSettings();
+    EXPECT_FALSE(existsAt(m_home.path() / "Kestrel"));
+    EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings"));
+}
+
+TEST_F(NESBuildSettingsTest, without_a_file_only_the_project_is_set) {
+    NESBuildSettings settings(m_project);
+    EXPECT_EQ(settings.projectToBuild(), m_project);
+    EXPECT_EQ(settings.projectPath(), m_home.path() / "Game");
+    EXPECT_FALSE(settings.outputFilePath());
+    EXPECT_FALSE(settings.pathToEmulator());
+    EXPECT_THAT(settings.assemblyFiles(), IsEmpty());
+    EXPECT_FALSE(existsAt(m_home.path() / "Game/.project"));
+}
+
+TEST_F(NESBuildSettingsTest, loads_everything_that_the_file_holds) {
+    writeFile(R"({"Version":"1","output_folder":"/elsewhere","emulator":"/usr/bin/emu",)"
+              R"("code_assembly_files":[)" +
+              entry("a.asm", "text") + "," + entry("b.asm", "text") + R"(],"graphic_files":[)" +
+              entry("t.chr", "graphics") + R"(],"palette_files":[)" + entry("p.pal", "palette") +
+              "]}");
+    NESBuildSettings settings(m_project);
+    EXPECT_EQ(settings.outputFilePath(), "/elsewhere");
+    EXPECT_EQ(settings.pathToEmulator(), "/usr/bin/emu");
+    EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("a.asm", "b.asm"));
+    EXPECT_THAT(namesOf(settings.graphicFiles()), ElementsAre("t.chr"));
+    EXPECT_THAT(namesOf(settings.paletteFiles()), ElementsAre("p.pal"));
+}
+
+TEST_F(NESBuildSettingsTest, an_output_folder_that_is_a_number_loads_nothing_at_all) {
+    writeFile(R"({"output_folder":5,"emulator":"/usr/bin/emu","code_assembly_files":[)" +
+              entry("a.asm", "text") + "]}");
+    NESBuildSettings settings(m_project);
+    EXPECT_FALSE(settings.outputFilePath());
+    EXPECT_FALSE(settings.pathToEmulator());
+    EXPECT_THAT(settings.assemblyFiles(), IsEmpty());
+    EXPECT_EQ(settings.projectPath(), m_home.path() / "Game");
+}
+
+TEST_F(NESBuildSettingsTest, a_missing_emulator_loads_nothing_at_all) {
+    writeFile(R"({"output_folder":"/o","code_assembly_files":[)" + entry("a.asm", "text") + "]}");
+    NESBuildSettings settings(m_project);
+    EXPECT_FALSE(settings.outputFilePath());
+    EXPECT_THAT(settings.assemblyFiles(), IsEmpty());
+}
+
+TEST_F(NESBuildSettingsTest, an_empty_emulator_is_none_and_none_is_written_as_empty) {
+    writeFile(R"({"output_folder":"/o","emulator":""})");
+    NESBuildSettings settings(m_project);
+    EXPECT_FALSE(settings.pathToEmulator());
+    settings.saveBuildSettings();
+    EXPECT_EQ(stored()["emulator"], "");
+}
+
+TEST_F(NESBuildSettingsTest, an_empty_output_folder_is_taken_as_it_is) {
+    writeFile(R"({"output_folder":"","emulator":""})");
+    NESBuildSettings settings(m_project);
+    ASSERT_TRUE(settings.outputFilePath());
+    EXPECT_EQ(settings.outputFilePath()->string(), "");
+}
+
+TEST_F(NESBuildSettingsTest, a_list_that_is_no_list_of_objects_is_empty_and_the_others_load) {
+    writeFile(R"({"output_folder":"/o","emulator":"","code_assembly_files":[)" +
+              entry("a.asm", "text") + R"(,7],"graphic_files":"none","palette_files":[)" +
+              entry("p.pal", "palette") + "]}");
+    NESBuildSettings settings(m_project);
+    EXPECT_THAT(settings.assemblyFiles(), IsEmpty());
+    EXPECT_THAT(settings.graphicFiles(), IsEmpty());
+    EXPECT_THAT(namesOf(settings.paletteFiles()), ElementsAre("p.pal"));
+}
+
+TEST_F(NESBuildSettingsTest, an_entry_that_is_no_node_is_skipped_and_the_order_kept) {
+    writeFile(R"({"output_folder":"/o","emulator":"","code_assembly_files":[)" +
+              entry("a.asm", "text") + R"(,{"name":"x"},)" + entry("b.asm", "text") + "]}");
+    NESBuildSettings settings(m_project);
+    EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("a.asm", "b.asm"));
+}
+
+TEST_F(NESBuildSettingsTest, a_file_that_cannot_be_parsed_leaves_what_the_record_holds) {
+    NESBuildSettings settings(m_project);
+    settings.assemblyFiles().push_back(node("kept.asm", FileType::text));
+    for (const char* text : {"", "[]", "5", "{\"output_folder\":", "\xff\xfe"}) {
+        writeFile(text);
+        settings.populateProperties(*m_project);
+        EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("kept.asm")) << text;
+    }
+}
+
+TEST_F(NESBuildSettingsTest, a_new_project_gets_its_output_folder_and_empty_lists) {
+    NESBuildSettings(m_project).saveBuildSettings();
+    const auto written = stored();
+    EXPECT_EQ(written["Version"], "1");
+    EXPECT_EQ(written["output_folder"], (m_home.path() / "Game/output").string());
+    EXPECT_EQ(written["emulator"], "");
+    for (const char* list : {"code_assembly_files", "graphic_files", "palette_files"}) {
+        EXPECT_EQ(written[list], Dictionary::array()) << list;
+    }
+    EXPECT_EQ(written.size(), 6U);
+    EXPECT_THAT(m_log.lines(), ElementsAre("Did save build settings"));
+    EXPECT_NE(contentOf(file()).find('\n'), std::string::npos) << "written on one line";
+}
+
+TEST_F(NESBuildSettingsTest, saving_always_writes_the_projects_own_output_folder) {
+    writeFile(R"({"output_folder":"/elsewhere","emulator":""})");
+    NESBuildSettings settings(m_project);
+    settings.saveBuildSettings();
+    EXPECT_EQ(stored()["output_folder"], (m_home.path() / "Game/output").string());
+    EXPECT_EQ(settings.outputFilePath(), "/elsewhere");
+}
+
+TEST_F(NESBuildSettingsTest, what_is_saved_is_loaded_again) {
+    NESBuildSettings settings(m_project);
+    settings.pathToEmulator() = "/usr/bin/emu";
+    settings.assemblyFiles() = {node("a.asm", FileType::text), node("b.asm", FileType::text)};
+    settings.graphicFiles() = {node("t.chr", FileType::graphics)};
+    settings.paletteFiles() = {node("p.pal", FileType::palette)};
+    settings.saveBuildSettings();
+    NESBuildSettings again(m_project);
+    EXPECT_EQ(again.pathToEmulator(), "/usr/bin/emu");
+    EXPECT_THAT(namesOf(again.assemblyFiles()), ElementsAre("a.asm", "b.asm"));
+    EXPECT_THAT(namesOf(again.graphicFiles()), ElementsAre("t.chr"));
+    EXPECT_THAT(namesOf(again.paletteFiles()), ElementsAre("p.pal"));
+    EXPECT_EQ(again.assemblyFiles()[0]->itemPathType(), FilePathType::absolute);
+    EXPECT_EQ(again.assemblyFiles()[0]->itemPath(), "/src");
+}
+
+TEST_F(NESBuildSettingsTest, a_name_that_is_not_text_makes_the_save_fail) {
+    NESBuildSettings settings(m_project);
+    settings.assemblyFiles() = {node("\xff.asm", FileType::text)};
+    settings.saveBuildSettings();
+    EXPECT_FALSE(existsAt(file()));
+    EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings"));
+}
+
+TEST_F(NESBuildSettingsTest, a_save_that_fails_is_logged) {
+    m_home.write("Game/.project", "a file where the folder should be");
+    NESBuildSettings(m_project).saveBuildSettings();
+    EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings"));
+}
+
+TEST_F(NESBuildSettingsTest, a_new_file_goes_to_the_list_of_its_kind_and_is_saved) {
+    NESBuildSettings settings(m_project);
+    settings.addNewFile(node("a.asm", FileType::text));
+    settings.addNewFile(node("t.chr", FileType::graphics));
+    settings.addNewFile(node("p.pal", FileType::palette));
+    NESBuildSettings again(m_project);
+    EXPECT_THAT(namesOf(again.assemblyFiles()), ElementsAre("a.asm"));
+    EXPECT_THAT(namesOf(again.graphicFiles()), ElementsAre("t.chr"));
+    EXPECT_THAT(namesOf(again.paletteFiles()), ElementsAre("p.pal"));
+    EXPECT_EQ(m_log.lines().size(), 3U);
+}
+
+TEST_F(NESBuildSettingsTest, adding_a_group_to_a_record_rewrites_the_file_unchanged) {
+    NESBuildSettings settings(m_project);
+    settings.addNewFile(node("a.asm", FileType::text));
+    const auto before = contentOf(file());
+    std::filesystem::remove(file());
+    settings.addNewFile(node("group", FileType::group));
+    EXPECT_EQ(contentOf(file()), before);
+    EXPECT_THAT(m_log.lines(), ElementsAre("Did save build settings", "Did save build settings"));
+}
+
+TEST_F(NESBuildSettingsTest, adding_to_a_project_loads_appends_and_saves) {
+    NESBuildSettings::add(node("a.asm", FileType::text), m_project);
+    NESBuildSettings::add(node("b.asm", FileType::text), m_project);
+    NESBuildSettings settings(m_project);
+    EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("a.asm", "b.asm"));
+}
+
+TEST_F(NESBuildSettingsTest, adding_a_group_to_a_project_is_logged_and_leaves_the_file_untouched) {
+    for (const auto type : {FileType::group, FileType::unknown, FileType::empty}) {
+        NESBuildSettings::add(node("x", type), m_project);
+    }
+    EXPECT_FALSE(existsAt(file()));
+    EXPECT_EQ(m_log.lines(), std::vector<std::string>(3, "Cannot add file to build settings"));
+}
+
+TEST_F(NESBuildSettingsTest, of_two_entries_with_one_name_only_the_first_is_removed) {
+    NESBuildSettings settings(m_project);
+    settings.assemblyFiles() = {node("a.asm", FileType::text, "/one"),
+                                node("b.asm", FileType::text),
+                                node("a.asm", FileType::text, "/two")};
+    settings.removeFile(node("a.asm", FileType::text, "/anywhere"));
+    EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("b.asm", "a.asm"));
+    EXPECT_EQ(settings.assemblyFiles()[1]->itemPath(), "/two");
+    EXPECT_EQ(stored()["code_assembly_files"].size(), 2U);
+}
+
+TEST_F(NESBuildSettingsTest, a_file_is_removed_from_the_list_of_its_kind_only) {
+    NESBuildSettings settings(m_project);
+    settings.assemblyFiles() = {node("same", FileType::text)};
+    settings.graphicFiles() = {node("same", FileType::graphics)};
+    settings.removeFile(node("same", FileType::graphics));
+    EXPECT_THAT(settings.graphicFiles(), IsEmpty());
+    EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("same"));
+}
+
+TEST_F(NESBuildSettingsTest, removing_a_group_changes_nothing_but_still_rewrites_the_file) {
+    NESBuildSettings settings(m_project);
+    settings.assemblyFiles() = {node("a.asm", FileType::text)};
+    settings.removeFile(node("a.asm", FileType::group));
+    EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("a.asm"));
+    EXPECT_EQ(stored()["code_assembly_files"].size(), 1U);
+}
+
+TEST_F(NESBuildSettingsTest, a_project_with_an_empty_name_has_a_file_of_the_bare_ending) {
+    const auto unnamed = node("", FileType::project, m_home.path() / "Game");
+    NESBuildSettings::add(node("a.asm", FileType::text), unnamed);
+    EXPECT_TRUE(existsAt(m_home.path() / "Game/.project/-BuildSettings.cfg"));
+    NESBuildSettings settings(unnamed);
+    EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("a.asm"));
+}
+
+TEST_F(NESBuildSettingsTest, the_projects_structure_is_read_from_beside_the_settings) {
+    m_home.write("Game/.project/Game-ProjectStructure.cfg", entry("Game", "project"));
+    NESBuildSettings settings(m_project);
+    const auto root = settings.fetchProjectFileStructure();
+    ASSERT_NE(root, nullptr);
+    EXPECT_EQ(root->itemName(), "Game");
+    EXPECT_EQ(root->parent(), nullptr);
+}
+
+TEST_F(NESBuildSettingsTest, a_structure_that_cannot_be_read_is_nothing) {
+    NESBuildSettings settings(m_project);
+    EXPECT_EQ(settings.fetchProjectFileStructure(), nullptr);
+    m_home.write("Game/.project/Game-ProjectStructure.cfg", "[]");
+    EXPECT_EQ(settings.fetchProjectFileStructure(), nullptr);
+    EXPECT_FALSE(NESBuildSettings::fetchProjectFileStructureConfigurationFile(*m_project));
+}
+
+TEST_F(NESBuildSettingsTest, the_list_of_absolute_paths_is_always_empty) {
+    auto group = node("group", FileType::group);
+    group->subItems() = {node("in.asm", FileType::text)};
+    m_project->subItems() = {node("direct.asm", FileType::text), group};
+    NESBuildSettings settings(m_project);
+    EXPECT_THAT(settings.assemblyFilesWithAbsolutePaths(), IsEmpty());
+}
+
+} // namespace
+} // namespace kestrel

@@ -1,0 +1,250 @@
+#include "build/SourceGatherer.h"
+
+#include "model/Paths.h"
+#include "model/ProjectNavigationSettingItem.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace kestrel {
+namespace {
+
+using test::contentOf;
+
+class SourceGathererTest : public ::testing::Test {
+protected:
+    SourceGathererTest() { std::filesystem::create_directories(temp()); }
+
+    std::filesystem::path temp() const { return m_folder.path() / "tmp"; }
+    std::filesystem::path src() const { return m_folder.path() / "src"; }
+    static std::shared_ptr<ProjectItem> entry(const std::string& name,
+                                              const std::filesystem::path& path,
+                                              FilePathType pathType = FilePathType::absolute) {
+        auto item = std::make_shared<ProjectNavigationSettingItem>(name, path, FileType::text,
+                                                                   ProjectType::nes);
+        item->setItemPathType(pathType);
+        return item;
+    }
+    void gather(const ProjectItems& files) const {
+        SourceGatherer(m_folder.path(), temp()).gather({&files});
+    }
+    bool clean(const ProjectItems& files) const {
+        return SourceGatherer(m_folder.path(), temp()).clean({&files});
+    }
+
+    test::TemporaryFolder m_folder;
+};
+
+TEST_F(SourceGathererTest, copies_absolute_and_relative_entries_flat) {
+    m_folder.write("src/a.asm", "A");
+    m_folder.write("src/deep/b.asm", "B");
+    gather({entry("a.asm", src()), entry("b.asm", "/src/deep", FilePathType::relative)});
+    EXPECT_EQ(contentOf(temp() / "a.asm"), "A");
+    EXPECT_EQ(contentOf(temp() / "b.asm"), "B");
+}
+
+TEST_F(SourceGathererTest, copies_the_lists_in_their_order_so_that_the_later_of_one_name_wins) {
+    m_folder.write("one/x", "first");
+    m_folder.write("two/x", "second");
+    const ProjectItems assembly{entry("x", m_folder.path() / "one")};
+    const ProjectItems graphics{entry("x", m_folder.path() / "two")};
+    const ProjectItems palettes;
+    SourceGatherer(m_folder.path(), temp()).gather({&assembly, &graphics, &palettes});
+    EXPECT_EQ(contentOf(temp() / "x"), "second");
+}
+
+TEST_F(SourceGathererTest, leaves_files_of_earlier_builds_alone) {
+    m_folder.write("tmp/old.asm", "old");
+    m_folder.write("src/a.asm", "A");
+    gather({entry("a.asm", src())});
+    EXPECT_EQ(contentOf(temp() / "old.asm"), "old");
+}
+
+TEST_F(SourceGathererTest, replaces_an_earlier_copy_even_a_read_only_one) {
+    m_folder.write("src/a.asm", "new");
+    const auto copy = m_folder.write("tmp/a.asm", "old and longer");
+    std::filesystem::permissions(copy, std::filesystem::perms::owner_read);
+    gather({entry("a.asm", src())});
+    EXPECT_EQ(contentOf(copy), "new");
+}
+
+TEST_F(SourceGathererTest, removes_the_earlier_copy_of_a_source_that_is_gone) {
+    m_folder.write("tmp/a.asm", "stale");
+    gather({entry("a.asm", src())});
+    EXPECT_FALSE(existsAt(temp() / "a.asm"));
+}
+
+TEST_F(SourceGathererTest, skips_entries_without_a_file) {
+    m_folder.write("src/a.asm", "A");
+    m_folder.write("tmp/a.asm", "kept");
+    gather({entry("a.asm", src(), FilePathType::noPath)});
+    EXPECT_EQ(contentOf(temp() / "a.asm"), "kept");
+}
+
+TEST_F(SourceGathererTest, leaves_a_file_alone_that_lies_in_the_temporary_folder_itself) {
+    m_folder.write("tmp/a.asm", "only copy");
+    gather({entry("a.asm", temp())});
+    EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
+}
+
+TEST_F(SourceGathererTest, leaves_a_hard_link_to_the_source_alone) {
+    const auto source = m_folder.write("src/a.asm", "only content");
+    std::filesystem::create_hard_link(source, temp() / "a.asm");
+    gather({entry("a.asm", src())});
+    EXPECT_EQ(contentOf(source), "only content");
+    EXPECT_EQ(std::filesystem::hard_link_count(source), 2U);
+}
+
+TEST_F(SourceGathererTest, leaves_a_file_alone_that_the_source_is_a_link_to) {
+    m_folder.write("tmp/a.asm", "only copy");
+    std::filesystem::create_directories(src());
+    std::filesystem::create_symlink(temp() / "a.asm", src() / "a.asm");
+    gather({entry("a.asm", src())});
+    EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
+    EXPECT_EQ(contentOf(src() / "a.asm"), "only copy");
+}
+
+TEST_F(SourceGathererTest, leaves_a_link_to_the_source_alone) {
+    const auto source = m_folder.write("src/a.asm", "A");
+    std::filesystem::create_symlink(source, temp() / "a.asm");
+    gather({entry("a.asm", src())});
+    EXPECT_TRUE(std::filesystem::is_symlink(temp() / "a.asm"));
+    EXPECT_EQ(contentOf(source), "A");
+}
+
+TEST_F(SourceGathererTest, replaces_a_link_to_another_file_without_writing_through_it) {
+    m_folder.write("src/a.asm", "A");
+    const auto other = m_folder.write("precious.txt", "precious");
+    std::filesystem::create_symlink(other, temp() / "a.asm");
+    gather({entry("a.asm", src())});
+    EXPECT_EQ(contentOf(other), "precious");
+    EXPECT_FALSE(std::filesystem::is_symlink(temp() / "a.asm"));
+    EXPECT_EQ(contentOf(temp() / "a.asm"), "A");
+}
+
+TEST_F(SourceGathererTest, another_file_of_that_name_does_not_push_out_a_users_own) {
+    m_folder.write("tmp/a.asm", "only copy");
+    m_folder.write("src/a.asm", "other");
+    gather({entry("a.asm", src()), entry("a.asm", temp())});
+    EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
+    gather({entry("a.asm", temp()), entry("a.asm", src())});
+    EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
+}
+
+TEST_F(SourceGathererTest, never_removes_a_folder) {
+    m_folder.write("src/a.asm", "A");
+    m_folder.write("tmp/a.asm/inner", "kept");
+    std::filesystem::create_directories(temp() / "b.asm");
+    gather({entry("a.asm", src()), entry("b.asm", src())});
+    EXPECT_EQ(contentOf(temp() / "a.asm/inner"), "kept");
+    EXPECT_TRUE(std::filesystem::is_directory(temp() / "b.asm"));
+}
+
+TEST_F(SourceGathererTest, skips_names_that_are_no_plain_name) {
+    m_folder.write("src/sub/a.asm", "A");
+    m_folder.write("victim.asm", "kept");
+    gather({entry("../victim.asm", src()), entry("..", src()), entry(".", src()), entry("", src()),
+            entry("sub/a.asm", src()), entry(std::string("a\0b", 3), src())});
+    EXPECT_EQ(contentOf(m_folder.path() / "victim.asm"), "kept");
+    EXPECT_TRUE(std::filesystem::is_empty(temp()));
+    EXPECT_TRUE(existsAt(src() / "sub/a.asm"));
+}
+
+TEST_F(SourceGathererTest, copies_nothing_into_a_temporary_folder_that_is_a_link) {
+    m_folder.write("src/a.asm", "A");
+    const auto elsewhere = m_folder.write("elsewhere/a.asm", "kept").parent_path();
+    std::filesystem::remove(temp());
+    std::filesystem::create_directory_symlink(elsewhere, temp());
+    gather({entry("a.asm", src()), entry("b.asm", src())});
+    EXPECT_EQ(contentOf(elsewhere / "a.asm"), "kept");
+}
+
+TEST_F(SourceGathererTest, copies_nothing_when_the_temporary_folder_is_a_file) {
+    m_folder.write("src/a.asm", "A");
+    std::filesystem::remove(temp());
+    m_folder.write("tmp", "a file");
+    gather({entry("a.asm", src())});
+    EXPECT_EQ(contentOf(temp()), "a file");
+}
+
+TEST_F(SourceGathererTest, copies_regular_files_only_and_never_waits_for_a_fifo) {
+    std::filesystem::create_directories(src() / "folder.asm");
+    ASSERT_EQ(::mkfifo((src() / "fifo.asm").c_str(), 0600), 0);
+    gather({entry("folder.asm", src()), entry("fifo.asm", src())});
+    EXPECT_TRUE(std::filesystem::is_empty(temp()));
+}
+
+TEST_F(SourceGathererTest, copies_follow_a_link_at_the_source) {
+    const auto real = m_folder.write("real.asm", "real");
+    std::filesystem::create_directories(src());
+    std::filesystem::create_symlink(real, src() / "a.asm");
+    gather({entry("a.asm", src())});
+    EXPECT_FALSE(std::filesystem::is_symlink(temp() / "a.asm"));
+    EXPECT_EQ(contentOf(temp() / "a.asm"), "real");
+}
+
+TEST_F(SourceGathererTest, a_large_file_and_an_empty_one_are_copied_whole) {
+    const std::string large(3 * 1024 * 1024 + 1, 'x');
+    m_folder.write("src/large.chr", large);
+    m_folder.write("src/empty.chr", "");
+    gather({entry("large.chr", src()), entry("empty.chr", src())});
+    EXPECT_TRUE(contentOf(temp() / "large.chr") == large);
+    EXPECT_EQ(contentOf(temp() / "empty.chr"), "");
+}
+
+TEST_F(SourceGathererTest, a_copy_that_does_not_fit_on_the_disk_leaves_no_part_of_a_file) {
+    m_folder.write("src/a.asm", std::string(100000, 'x'));
+    // A file size limit fails like a full disk does; in a child, so that it does not outlast this.
+    const auto status = [&] {
+        rlimit limit{70000, 70000};
+        ::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        gather({entry("a.asm", src())});
+        std::_Exit(existsAt(temp() / "a.asm") ? 1 : 0);
+    };
+    EXPECT_EXIT(status(), ::testing::ExitedWithCode(0), "");
+}
+
+TEST_F(SourceGathererTest, cleaning_removes_the_listed_files_and_nothing_else) {
+    m_folder.write("src/a.asm", "A");
+    m_folder.write("tmp/other.asm", "kept");
+    const ProjectItems files{entry("a.asm", src()), entry("gone.asm", src())};
+    gather(files);
+    EXPECT_TRUE(clean(files));
+    EXPECT_FALSE(existsAt(temp() / "a.asm"));
+    EXPECT_EQ(contentOf(temp() / "other.asm"), "kept");
+    EXPECT_EQ(contentOf(src() / "a.asm"), "A");
+}
+
+TEST_F(SourceGathererTest, cleaning_removes_a_link_and_not_what_it_leads_to) {
+    const auto source = m_folder.write("src/a.asm", "A");
+    std::filesystem::create_symlink(source, temp() / "a.asm");
+    EXPECT_TRUE(clean({entry("a.asm", src())}));
+    EXPECT_EQ(contentOf(source), "A");
+}
+
+TEST_F(SourceGathererTest, cleaning_leaves_folders_and_a_users_own_files_and_says_so) {
+    m_folder.write("tmp/folder.asm/inner", "kept");
+    m_folder.write("tmp/own.asm", "only copy");
+    EXPECT_FALSE(clean({entry("folder.asm", src())}));
+    EXPECT_FALSE(clean({entry("own.asm", temp())}));
+    EXPECT_EQ(contentOf(temp() / "folder.asm/inner"), "kept");
+    EXPECT_EQ(contentOf(temp() / "own.asm"), "only copy");
+}
+
+TEST_F(SourceGathererTest, cleaning_does_not_go_through_a_link_at_the_temporary_folders_place) {
+    const auto elsewhere = m_folder.write("elsewhere/a.asm", "kept").parent_path();
+    std::filesystem::remove(temp());
+    EXPECT_TRUE(clean({entry("a.asm", src())})) << "no folder: nothing is left in it";
+    std::filesystem::create_directory_symlink(elsewhere, temp());
+    EXPECT_FALSE(clean({entry("a.asm", src())}));
+    EXPECT_EQ(contentOf(elsewhere / "a.asm"), "kept");
+}
+
+} // namespace
+} // namespace kestrel
