@@ -1,17 +1,11 @@
 #pragma once
 
-#include <optional>
-#include <string>
+#include "model/ErrorValue.h"
 
 namespace kestrel {
 
-/// What a builder reports when a request failed.
-struct BuildError {
-    std::string domain;                     ///< "" for the builder's own errors
-    int code = 0;                           ///< 100 for the builder's own errors
-    std::optional<std::string> description; ///< a sentence for a person, when there is one
-
-    bool operator==(const BuildError&) const = default;
-};
+/// What a builder reports when a request failed. Its own errors have the domain "", the code 100
+/// and a description.
+using BuildError = ErrorValue;
 
 } // namespace kestrel
