@@ -77,8 +77,9 @@ std::string foundText(const char* p) {
         end = p + characterLength({p, length});
     }
     const bool isLong = static_cast<std::size_t>(end - p) > kLongestFinding;
-    std::string text = "'" + std::string(p, isLong ? p + kLongestFinding : end);
-    return text.append(isLong ? "...'" : "'");
+    if (!isLong)
+        return quoted({p, static_cast<std::size_t>(end - p)});
+    return quoted(std::string(p, kLongestFinding).append("..."));
 }
 
 } // namespace nesasm

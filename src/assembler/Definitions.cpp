@@ -2,6 +2,7 @@
 
 #include "assembler/Characters.h"
 #include "assembler/Keywords.h"
+#include "assembler/Text.h"
 
 namespace nesasm {
 
@@ -114,16 +115,16 @@ void Definitions::warnIfShadowing(std::string_view name, const char* at) {
     Function function{};
     if (findKeyword(name).kind == Keyword::Kind::Instruction)
         m_assembly.warn(Warning::ShadowedSymbol, at,
-                        "'" + std::string(name) + "' is also the name of an instruction");
+                        quoted(name) + " is also the name of an instruction");
     else if (findFunction(name, function))
         m_assembly.warn(Warning::ShadowedSymbol, at,
-                        "'" + std::string(name) + "' is also the name of a function");
+                        quoted(name) + " is also the name of a function");
 }
 
 void reportSecondValue(Assembly& assembly, const Position& position, const Symbol& symbol,
                        std::int32_t value) {
     std::string text =
-        "'" + std::string(symbol.name) + "' already has the value " + std::to_string(symbol.value);
+        quoted(symbol.name) + " already has the value " + std::to_string(symbol.value);
     if (symbol.origin != kNoOrigin)
         text += " from " + std::string(assembly.origins[symbol.origin].file) + ":" +
                 std::to_string(symbol.line);

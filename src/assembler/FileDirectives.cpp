@@ -181,7 +181,7 @@ void FileDirectives::binary(const char* p) {
         missing(*name, problem, at);
         return;
     }
-    const std::string size = "'" + std::string(*name) + "' holds " + counted(contents.size, "byte");
+    const std::string size = quoted(*name) + " holds " + counted(contents.size, "byte");
     if (static_cast<std::size_t>(offset) > contents.size) {
         m_assembly.error(numbers[0], "the offset lies beyond the file's end: " + size);
         return;

@@ -29,7 +29,7 @@ std::uint32_t nextWritten(const WrittenMap& map, std::uint32_t offset) {
 Image::Image()
     : m_banks(kBankCount)
     , m_used(kBankCount)
-    , m_places{std::vector<Place>(kBankCount), std::vector<Place>(kBankCount)} {}
+    , m_places(kBankCount) {}
 
 std::uint32_t Image::sectionEnd() const {
     switch (m_section) {
@@ -79,10 +79,9 @@ bool Image::setAddress(std::uint32_t address) {
 }
 
 void Image::enter(std::uint32_t bank) {
-    const auto index = static_cast<std::size_t>(m_section);
-    m_sectionBanks[index] = m_bank = bank;
-    m_offset = m_places[index][bank].offset;
-    m_page = m_places[index][bank].page;
+    m_sectionBanks[static_cast<std::size_t>(m_section)] = m_bank = bank;
+    m_offset = m_places[bank].offset;
+    m_page = m_places[bank].page;
     arrive();
 }
 
@@ -106,7 +105,7 @@ void Image::leave() {
             m_banks[m_bank]->written[offset / 64] |= std::uint64_t{1} << (offset % 64);
     }
     m_runStart = m_offset;
-    m_places[static_cast<std::size_t>(m_section)][m_bank] = {m_offset, m_page};
+    m_places[m_bank] = {m_offset, m_page};
 }
 
 Image::Bank& Image::makeBank() {

@@ -95,8 +95,8 @@ private:
 
     std::vector<std::unique_ptr<Bank>> m_banks;
     std::vector<bool> m_used;
-    std::array<std::vector<Place>, 2> m_places;          ///< of .code and .data, in each bank
-    std::array<std::uint32_t, 2> m_sectionBanks{};       ///< of .code and .data
+    std::vector<Place> m_places;                   ///< of each bank, whichever section is in it
+    std::array<std::uint32_t, 2> m_sectionBanks{}; ///< of .code and .data
     std::array<std::uint32_t, 2> m_ramOffsets{0, 0x200}; ///< of .zp and .bss
     Section m_section = Section::Code;
     std::uint32_t m_bank = 0;

@@ -1,6 +1,7 @@
 #include "assembler/MacroDirectives.h"
 
 #include "assembler/Characters.h"
+#include "assembler/Text.h"
 
 #include <utility>
 
@@ -57,19 +58,19 @@ void MacroDirectives::define(std::string_view name, const char* at, const char* 
 }
 
 bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
-    const std::string quoted = "'" + std::string(name) + "'";
+    const std::string shown = quoted(name);
     if (name.starts_with('.')) {
         m_assembly.error(at,
                          quoted + " cannot name a macro: a name that begins with a dot is local");
         return false;
     }
     if (findKeyword(name).kind == Keyword::Kind::Directive) {
-        m_assembly.error(at, quoted + " cannot name a macro: it is a directive");
+        m_assembly.error(at, shown + " cannot name a macro: it is a directive");
         return false;
     }
     if (const std::uint32_t former = find(name); former != kNone) {
         const Passage& body = m_assembly.macros[former].body;
-        m_assembly.error(at, "the macro " + quoted + " has already been defined at " +
+        m_assembly.error(at, "the macro " + shown + " has already been defined at " +
                                  std::string(body.fileName) + ":" +
                                  std::to_string(body.firstLine - 1));
         return false;

@@ -2,6 +2,7 @@
 
 #include "assembler/Definitions.h"
 #include "assembler/FieldWriter.h"
+#include "assembler/Text.h"
 
 namespace nesasm {
 
@@ -82,7 +83,7 @@ bool Resolver::compute(const DeferredExpression& expression, Evaluation& result)
         break;
     }
     const Symbol& symbol = m_assembly.symbols[result.symbol];
-    const std::string name = "'" + std::string(symbol.name) + "'";
+    const std::string name = quoted(symbol.name);
     if (symbol.isKnown)
         m_assembly.diagnostics.error(position, name + " is no label: it has no size");
     else if (symbol.isDefined)

@@ -92,6 +92,11 @@ std::string joinPath(std::string_view folder, std::string_view name) {
     return path.append(name);
 }
 
+std::string quoted(std::string_view text) {
+    std::string result(1, '\'');
+    return result.append(text).append(1, '\'');
+}
+
 std::string counted(std::size_t count, std::string_view noun) {
     std::string text = std::to_string(count);
     text.append(" ").append(noun);

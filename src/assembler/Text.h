@@ -27,6 +27,9 @@ std::string folderOf(std::string_view path);
 /// `name` below `folder`, with one separator; `name` alone for an empty folder.
 std::string joinPath(std::string_view folder, std::string_view name);
 
+/// The text between single quotes.
+std::string quoted(std::string_view text);
+
 /// "1 error", "3 errors": `count` and the noun with its plural ending.
 std::string counted(std::size_t count, std::string_view noun);
 
