@@ -61,7 +61,7 @@ bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
     const std::string shown = quoted(name);
     if (name.starts_with('.')) {
         m_assembly.error(at,
-                         quoted + " cannot name a macro: a name that begins with a dot is local");
+                         shown + " cannot name a macro: a name that begins with a dot is local");
         return false;
     }
     if (findKeyword(name).kind == Keyword::Kind::Directive) {
