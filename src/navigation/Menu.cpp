@@ -20,7 +20,8 @@ Menu::Menu(NotificationCentre& centre, QWidget* parent)
         // A command is carried out once however long its keys are held.
         action->setAutoRepeat(false);
         const ProjectNavigationMenuClickedOptions option = command.option;
-        connect(action, &QAction::triggered, this, [this, option] {
+        // Not with the menu as receiver: a menu cuts all connections of an action taken out of it.
+        connect(action, &QAction::triggered, action, [this, option] {
             switch (option) {
             case ProjectNavigationMenuClickedOptions::newFile:
                 return newFile();
@@ -61,7 +62,6 @@ void Menu::popupFor(bool onRow, const QPoint& globalPosition) {
     if (isVisible()) {
         return;
     }
-    // Removing does not destroy them: the menu is their parent, not their owner by addAction.
     const QList<QAction*> present = actions();
     for (QAction* entry : present) {
         removeAction(entry);

@@ -97,7 +97,9 @@ int ProjectNavigationModel::columnCount(const QModelIndex& /*parent*/) const {
 }
 
 bool ProjectNavigationModel::hasChildren(const QModelIndex& parent) const {
-    return parent.isValid() ? rowAt(parent)->expandable : !m_root->children.empty();
+    // While rows still go, a node may have lost its sub-items already.
+    const Row* row = rowAt(parent);
+    return row->expandable || !row->children.empty();
 }
 
 Qt::ItemFlags ProjectNavigationModel::flags(const QModelIndex& index) const {

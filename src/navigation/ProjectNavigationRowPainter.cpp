@@ -1,5 +1,6 @@
 #include "navigation/ProjectNavigationRowPainter.h"
 
+#include "icons/Icons.h"
 #include "navigation/NodeRoot.h"
 #include "navigation/ProjectNavigationModel.h"
 
@@ -30,19 +31,22 @@ double contrast(const QColor& one, const QColor& other) {
     return std::max(first, second) / std::min(first, second);
 }
 
-QColor readableRed(const QColor& background) {
-    static constexpr std::array<QRgb, 6> reds = {0xffff0000, 0xffff6b6b, 0xffffb3b3,
-                                                 0xffb00000, 0xff8b0000, 0xff500000};
-    // Plain red reaches this on white, the usual background of a light theme.
-    constexpr double enough = 3.9;
-    const auto readable = std::find_if(reds.begin(), reds.end(), [&](QRgb red) {
-        return contrast(QColor(red), background) >= enough;
-    });
-    return {readable == reds.end() ? reds.back() : *readable};
-}
-
-QIcon icon(const QString& name) {
-    return QIcon(QStringLiteral(":/icons/%1.svg").arg(name));
+/// Plain red on a light background; else the first red that stands out enough, or the one that
+/// does so most.
+QColor readableRed(const QColor& background, bool light) {
+    static constexpr std::array<QRgb, 4> reds = {0xffff6b6b, 0xffffb3b3, 0xff500000, 0xffff0000};
+    constexpr double enough = 4.5; // WCAG 2.1, success criterion 1.4.3
+    if (light) {
+        return Qt::red;
+    }
+    const auto against = [&](QRgb red) { return contrast(QColor(red), background); };
+    const auto readable =
+        std::find_if(reds.begin(), reds.end(), [&](QRgb red) { return against(red) >= enough; });
+    if (readable != reds.end()) {
+        return {*readable};
+    }
+    return {*std::max_element(reds.begin(), reds.end(),
+                              [&](QRgb one, QRgb two) { return against(one) < against(two); })};
 }
 
 } // namespace
@@ -53,9 +57,9 @@ ProjectNavigationRowPainter::ProjectNavigationRowPainter(ProjectNavigationModel&
     , m_model(model)
     , m_imageView(std::make_shared<ProjectNavigationItem::ImageView>())
     , m_textField(std::make_shared<ProjectNavigationItem::TextField>())
-    , m_groupIcon(icon(QStringLiteral("navigationGroup")))
-    , m_projectIcon(icon(QStringLiteral("navigationProject")))
-    , m_fileIcon(icon(QStringLiteral("navigationFile"))) {
+    , m_groupIcon(iconNamed(u"navigationGroup"))
+    , m_projectIcon(iconNamed(u"navigationProject"))
+    , m_fileIcon(iconNamed(u"navigationFile")) {
     setFileExistence({});
 }
 
@@ -112,7 +116,7 @@ QColor ProjectNavigationRowPainter::shade(ProjectNavigationItem::TextColour colo
     const bool light = luminance(background) > 0.5;
     switch (colour) {
     case ProjectNavigationItem::TextColour::red:
-        return readableRed(background);
+        return readableRed(background, light);
     case ProjectNavigationItem::TextColour::darkGrey:
         return light ? QColor(Qt::darkGray) : QColor(Qt::lightGray);
     case ProjectNavigationItem::TextColour::black:

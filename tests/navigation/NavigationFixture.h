@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 #include <QAbstractItemModelTester>
 #include <QApplication>
+#include <QLayout>
 #include <QScrollBar>
 #include <QTest>
 
@@ -32,7 +33,9 @@ inline Node makeNode(std::string name, FileType type, const ProjectItems& childr
     node->setItemPathType(type == FileType::group ? FilePathType::noPath : FilePathType::absolute);
     node->subItems() = children;
     for (const Node& child : children) {
-        child->setParent(node);
+        if (child) {
+            child->setParent(node);
+        }
     }
     return node;
 }
