@@ -2,6 +2,7 @@
 
 #include "assembler/Characters.h"
 #include "assembler/FieldWriter.h"
+#include "assembler/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -108,8 +109,8 @@ void DataDirectives::pad(const char* p) {
     if (static_cast<std::uint32_t>(*address) < m_assembly.here) {
         m_assembly.error(
             start, "the address of .pad lies " +
-                       std::to_string(m_assembly.here - static_cast<std::uint32_t>(*address)) +
-                       " bytes behind the present one");
+                       counted(m_assembly.here - static_cast<std::uint32_t>(*address), "byte") +
+                       " behind the present one");
         return;
     }
     alignOrPadTo(std::int64_t{*address} - m_assembly.here, start, p);
@@ -131,10 +132,11 @@ void DataDirectives::alignOrPadTo(std::int64_t count, const char* start, const c
 void DataDirectives::fill(std::size_t count, std::uint8_t byte, const char* start) {
     if (m_assembly.image.isRam()) {
         if (const std::size_t excess = m_assembly.image.reserve(count); excess != 0)
-            m_assembly.error(start, "there is no room for this: it goes " + std::to_string(excess) +
+            m_assembly.error(start, "there is no room for this: it goes " +
+                                        counted(excess, "byte") +
                                         (m_assembly.image.section() == Section::Bss
-                                             ? " bytes beyond the end of .bss ($800)"
-                                             : " bytes beyond the end of .zp ($100)"));
+                                             ? " beyond the end of .bss ($800)"
+                                             : " beyond the end of .zp ($100)"));
         return;
     }
     std::array<std::uint8_t, 256> bytes{};

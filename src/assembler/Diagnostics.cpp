@@ -15,6 +15,11 @@ constexpr std::size_t kLargestCollection = 5000;
 /// Of a longer line only the neighbourhood of the column is shown.
 constexpr std::size_t kLongestQuote = 240;
 
+/// Of a longer chain of includes and macros only both ends are shown.
+constexpr std::size_t kLongestChain = 8;
+constexpr std::size_t kInnermostSteps = 4;
+constexpr std::size_t kOutermostSteps = 2;
+
 constexpr std::string_view kBold = "\x1b[1m";
 constexpr std::string_view kRed = "\x1b[1;31m";
 constexpr std::string_view kYellow = "\x1b[1;33m";
@@ -36,15 +41,34 @@ Diagnostics::Diagnostics(Origins& origins, TextSink sink, std::size_t largestErr
 void Diagnostics::error(const Position& position, std::string text) {
     if (m_stopped)
         return;
-    if (position.origin != kNoOrigin) {
-        Origin& origin = m_origins[position.origin];
-        if (origin.kind == Origin::Kind::Macro && std::exchange(origin.reported, true))
-            return;
-    }
+    if (isRepeated(position, true))
+        return;
     ++m_errors;
+    m_errorLines.push_back(position.order);
     add(position, true, std::move(text));
     if (m_largestErrorCount != 0 && m_errors >= m_largestErrorCount)
         m_stopped = m_tooMany = true;
+}
+
+/// True when what would be reported there has been: by another error of the same macro expansion,
+/// or of the same line in an earlier repetition.
+bool Diagnostics::isRepeated(const Position& position, bool isError) {
+    if (position.origin == kNoOrigin)
+        return false;
+    Origin& origin = m_origins[position.origin];
+    if (origin.kind == Origin::Kind::Macro)
+        return isError && std::exchange(origin.reported, true);
+    if (origin.kind != Origin::Kind::Repeat)
+        return false;
+    // What is noted must not come to stand for another place.
+    origin.kept = true;
+    return !m_repeatedLines.emplace(position.origin, position.number).second;
+}
+
+std::vector<std::uint32_t> Diagnostics::linesWithErrors() const {
+    std::vector<std::uint32_t> lines = m_errorLines;
+    std::sort(lines.begin(), lines.end());
+    return lines;
 }
 
 void Diagnostics::fatal(const Position& position, std::string text) {
@@ -57,7 +81,7 @@ void Diagnostics::fatal(const Position& position, std::string text) {
 
 void Diagnostics::warning(Warning warning, const Position& position, std::string text) {
     const WarningRow& row = rowOf(warning);
-    if (!row.onByDefault || m_stopped)
+    if (!row.onByDefault || m_stopped || isRepeated(position, false))
         return;
     ++m_warnings;
     add(position, false, text.append(" [").append(row.name).append("]"));
@@ -124,27 +148,39 @@ std::string Diagnostics::render(const Position& position) const {
 }
 
 std::string Diagnostics::chain(const Position& position) const {
+    std::vector<OriginId> steps;
+    if (position.origin != kNoOrigin)
+        for (OriginId id = position.origin; m_origins[id].parent != kNoOrigin;
+             id = m_origins[id].parent)
+            steps.push_back(id);
+    const bool isLong = steps.size() > kLongestChain;
     std::string text;
-    if (position.origin == kNoOrigin)
-        return text;
-    for (OriginId id = position.origin; m_origins[id].parent != kNoOrigin;
-         id = m_origins[id].parent) {
-        const Origin& origin = m_origins[id];
-        switch (origin.kind) {
-        case Origin::Kind::File:
-            text += "  included at ";
-            break;
-        case Origin::Kind::Macro:
-            text.append("  in macro ").append(printable(origin.macro)).append(" called at ");
-            break;
-        case Origin::Kind::Repeat:
-            text += "  in the repetition begun at ";
-            break;
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+        if (isLong && i == kInnermostSteps) {
+            const std::size_t outermost = steps.size() - kOutermostSteps;
+            text += "  ... " + std::to_string(outermost - i) + " more ...\n";
+            i = outermost;
         }
-        text +=
-            printable(m_origins[origin.parent].file) + ":" + std::to_string(origin.callLine) + "\n";
+        text += step(m_origins[steps[i]]);
     }
     return text;
+}
+
+std::string Diagnostics::step(const Origin& origin) const {
+    std::string text;
+    switch (origin.kind) {
+    case Origin::Kind::File:
+        text = "  included at ";
+        break;
+    case Origin::Kind::Macro:
+        text = "  in macro " + printable(origin.macro) + " called at ";
+        break;
+    case Origin::Kind::Repeat:
+        text = "  in the repetition begun at ";
+        break;
+    }
+    return text + printable(m_origins[origin.parent].file) + ":" + std::to_string(origin.callLine) +
+           "\n";
 }
 
 void Diagnostics::flush() {

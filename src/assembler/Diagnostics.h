@@ -6,8 +6,10 @@
 
 #include <cstddef>
 #include <functional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace nesasm {
@@ -23,7 +25,8 @@ public:
     /// holds.
     Diagnostics(Origins& origins, TextSink sink, std::size_t largestErrorCount, bool colours);
 
-    /// In a macro expansion only the first error is kept: the others come from the same mistake.
+    /// In a macro expansion only the first error is kept: the others come from the same mistake. In
+    /// a repetition each line is reported once.
     void error(const Position& position, std::string text);
     void warning(Warning warning, const Position& position, std::string text);
 
@@ -34,10 +37,15 @@ public:
     std::size_t errorCount() const { return m_errors; }
     std::size_t warningCount() const { return m_warnings; }
 
+    /// The lines with errors so far, as Position::order, ascending.
+    std::vector<std::uint32_t> linesWithErrors() const;
+
     /// Shows what has been collected and, when there was anything, the line with the counts.
     void finish();
 
 private:
+    bool isRepeated(const Position& position, bool isError);
+
     struct Message {
         Position position;
         bool isError;
@@ -48,6 +56,7 @@ private:
     void add(const Position& position, bool isError, std::string text);
     std::string render(const Position& position) const;
     std::string chain(const Position& position) const;
+    std::string step(const Origin& origin) const;
     std::string headline(const Message& message) const;
     void flush();
 
@@ -59,6 +68,8 @@ private:
     bool m_tooMany = false;
     std::size_t m_errors = 0;
     std::size_t m_warnings = 0;
+    std::vector<std::uint32_t> m_errorLines;
+    std::set<std::pair<OriginId, std::uint32_t>> m_repeatedLines; ///< reported ones inside a .rept
     std::vector<Message> m_messages;
 };
 

@@ -185,6 +185,9 @@ Evaluation evaluate(std::span<const Operation> operations, const SymbolTable& sy
                              ? applyBinary(operation.code, stack[depth - 1], stack[depth])
                              : applyUnary(operation.code, stack[depth - 1]);
         if (result.problem != nullptr) {
+            result.showsValue =
+                operation.code == OpCode::ShiftLeft || operation.code == OpCode::ShiftRight;
+            result.value = wrapped(stack[depth].number);
             result.status = Evaluation::Status::Failed;
             result.column = operation.column;
             return result;
@@ -193,6 +196,13 @@ Evaluation evaluate(std::span<const Operation> operations, const SymbolTable& sy
     result.value = wrapped(stack[0].number);
     result.bank = stack[0].bank;
     return result;
+}
+
+std::string problemText(const Evaluation& evaluation) {
+    std::string text = evaluation.problem;
+    if (evaluation.showsValue)
+        text += ", but it is " + std::to_string(evaluation.value);
+    return text;
 }
 
 } // namespace nesasm

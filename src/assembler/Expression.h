@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 
 namespace nesasm {
 
@@ -65,10 +66,14 @@ struct Evaluation {
     std::uint32_t column = 0;
     SymbolId symbol = 0;
     const char* problem = nullptr;
+    bool showsValue = false; ///< `value` is what was found instead of what the problem asks for
 };
 
 /// Computes an expression as far as its symbols are known: in 64 bits, the result wrapped to 32
 /// signed. The operations must be well formed and need at most kLargestStack values at once.
 Evaluation evaluate(std::span<const Operation> operations, const SymbolTable& symbols);
+
+/// The problem of a failed evaluation, for a message.
+std::string problemText(const Evaluation& evaluation);
 
 } // namespace nesasm

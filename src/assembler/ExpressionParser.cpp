@@ -214,18 +214,21 @@ bool ExpressionParser::word() {
     const std::string_view name(begin, static_cast<std::size_t>(m_p - begin));
     if (name == ".")
         return fail(begin, "a value was expected, but '.' was found");
-    if (name.size() >= 3 && name.size() <= 6 && *skipBlanks(m_p) == '(') {
+    if (name.size() >= 3 && name.size() <= 6) {
+        const char* const next = skipBlanks(m_p);
         Function which{};
-        if (findFunction(name, which))
-            return function(which);
+        if (*next == '(' && findFunction(name, which))
+            return function(which, begin);
+        // Two values side by side: the parentheses have been forgotten.
+        if ((startsName(next) || isDigit(*next) || *next == '$') && findFunction(name, which))
+            return fail(begin, std::string(name) + " needs its operand in parentheses");
     }
     const SymbolId id = m_assembly.intern(name);
     ++m_assembly.symbols[id].uses;
     return push(OpCode::Value, id, begin);
 }
 
-bool ExpressionParser::function(Function function) {
-    const char* const at = m_p;
+bool ExpressionParser::function(Function function, const char* at) {
     m_p = skipBlanks(m_p);
     if (function != Function::SizeOf) {
         static constexpr OpCode kCodes[]{OpCode::Low, OpCode::High, OpCode::Bank, OpCode::Page};
@@ -318,7 +321,7 @@ bool ExpressionParser::fail(const char* at, std::string text) {
 Evaluation ExpressionParser::evaluateNow() const {
     Evaluation result = evaluate(m_operations, m_assembly.symbols);
     if (result.status == Evaluation::Status::Failed) {
-        m_assembly.error(m_assembly.line.begin + result.column, result.problem);
+        m_assembly.error(m_assembly.line.begin + result.column, problemText(result));
         result.status = Evaluation::Status::Broken;
     }
     return result;

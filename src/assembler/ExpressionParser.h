@@ -58,7 +58,7 @@ private:
     bool primary();
     bool parenthesized();
     bool word();
-    bool function(Function function);
+    bool function(Function function, const char* at);
     bool number();
     bool hexadecimal();
     bool digits(unsigned base, const char* begin);

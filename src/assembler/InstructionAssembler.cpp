@@ -48,6 +48,10 @@ void InstructionAssembler::assemble(const Instruction& instruction, const char* 
                                     const char* p) {
     p = skipBlanks(p);
     const char* const operand = p;
+    if (instruction.has(Mode::Implied) && !endsStatement(*p)) {
+        reportMode(instruction, Shape::Plain, operand);
+        return;
+    }
     const auto shape = readOperand(instruction, p);
     if (!shape)
         return;
@@ -68,6 +72,10 @@ InstructionAssembler::readOperand(const Instruction& instruction, const char*& p
         ++p;
         if (!m_parser.parse(p, ExpressionParser::Prefix::LowHigh))
             return std::nullopt;
+        if (*p == ',') {
+            reportMode(instruction, Shape::Plain, p);
+            return std::nullopt;
+        }
         return Shape::Immediate;
     case '<': {
         ++p;

@@ -1,15 +1,38 @@
 #include "assembler/Resolver.h"
 
+#include "assembler/Characters.h"
 #include "assembler/Definitions.h"
 #include "assembler/FieldWriter.h"
+#include "assembler/InstructionTable.h"
+#include "assembler/Keywords.h"
 #include "assembler/Text.h"
 
+#include <algorithm>
+
 namespace nesasm {
+
+namespace {
+
+/// For so many undefined local names a namesake in another scope is looked for.
+constexpr std::size_t kMostSearches = 100;
+
+/// The word before the operand at `position`.
+const char* mnemonicOf(const Position& position) {
+    const char* p = position.line + position.column;
+    while (p > position.line && isBlank(p[-1]))
+        --p;
+    while (p > position.line && isWordPart(p[-1]))
+        --p;
+    return p;
+}
+
+} // namespace
 
 Resolver::Resolver(Assembly& assembly)
     : m_assembly(assembly) {}
 
 void Resolver::run() {
+    m_wrongLines = m_assembly.diagnostics.linesWithErrors();
     const auto count = static_cast<std::uint32_t>(m_assembly.deferred.symbols.size());
     m_visits.assign(count, Visit::New);
     for (std::uint32_t i = 0; i < count; ++i)
@@ -75,22 +98,67 @@ bool Resolver::compute(const DeferredExpression& expression, Evaluation& result)
     case Evaluation::Status::Known:
         return true;
     case Evaluation::Status::Failed:
-        m_assembly.diagnostics.error(position, result.problem);
+        m_assembly.diagnostics.error(position, problemText(result));
         return false;
     case Evaluation::Status::Broken:
         return false;
     case Evaluation::Status::Unknown:
         break;
     }
-    const Symbol& symbol = m_assembly.symbols[result.symbol];
-    const std::string name = quoted(symbol.name);
-    if (symbol.isKnown)
-        m_assembly.diagnostics.error(position, name + " is no label: it has no size");
-    else if (symbol.isDefined)
-        m_assembly.diagnostics.error(position, name + " is defined by itself");
-    else if (!m_assembly.isIncomplete)
-        m_assembly.diagnostics.error(position, "the symbol " + name + " is not defined anywhere");
+    reportUnknown(position, m_assembly.symbols[result.symbol]);
     return false;
+}
+
+void Resolver::reportUnknown(const Position& position, const Symbol& symbol) {
+    Diagnostics& diagnostics = m_assembly.diagnostics;
+    if (symbol.isKnown)
+        diagnostics.error(position, quoted(symbol.name) + " is no label: it has no size");
+    else if (symbol.isDefined)
+        diagnostics.error(position, quoted(symbol.name) + " is defined by itself");
+    else if (!m_assembly.isIncomplete &&
+             !std::binary_search(m_wrongLines.begin(), m_wrongLines.end(), position.order))
+        diagnostics.error(position, undefinedText(symbol));
+}
+
+std::string Resolver::undefinedText(const Symbol& symbol) const {
+    if (!symbol.name.starts_with('.'))
+        return "the symbol " + quoted(symbol.name) + " is not defined anywhere";
+    const SymbolTable& symbols = m_assembly.symbols;
+    const auto place = [&](SymbolId scope) {
+        return scope == 0 ? std::string(" before the first label")
+                          : " under " + quoted(symbols[scope].name);
+    };
+    std::string text =
+        "the local label " + quoted(symbol.name) + " is not defined" + place(symbol.scope);
+    if (m_assembly.diagnostics.errorCount() > kMostSearches)
+        return text;
+    for (SymbolId id = 1; id < symbols.size(); ++id)
+        if (symbols[id].isDefined && symbols[id].name == symbol.name)
+            return text + "; it is defined" + place(symbols[id].scope);
+    return text;
+}
+
+/// An undefined A behind an instruction that does not work on the accumulator: reported as such.
+bool Resolver::isAccumulator(const DeferredField& field) {
+    const auto operations = m_assembly.deferred.operations(field.expression);
+    if (field.field != Field::Absolute || operations.size() != 1 ||
+        operations[0].code != OpCode::Value)
+        return false;
+    const Symbol& symbol = m_assembly.symbols[operations[0].argument];
+    if (symbol.isDefined || !equalsIgnoringCase(symbol.name, "a"))
+        return false;
+    const Position& position = field.expression.position;
+    const char* const mnemonic = mnemonicOf(position);
+    const Keyword keyword =
+        findKeyword({mnemonic, static_cast<std::size_t>(wordEnd(mnemonic) - mnemonic)});
+    if (keyword.kind != Keyword::Kind::Instruction)
+        return false;
+    const Instruction& instruction = instructionTable[keyword.id];
+    m_assembly.diagnostics.error(
+        position,
+        std::string(instruction.name) +
+            " does not work on the accumulator; it can be written: " + modesText(instruction));
+    return true;
 }
 
 void Resolver::settleFields() {
@@ -98,7 +166,7 @@ void Resolver::settleFields() {
         if (m_assembly.diagnostics.limitReached())
             return;
         Evaluation result;
-        if (!compute(field.expression, result))
+        if (isAccumulator(field) || !compute(field.expression, result))
             continue;
         checkField(m_assembly.diagnostics, field.expression.position, field.field, result.value,
                    field.next);

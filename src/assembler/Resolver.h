@@ -2,6 +2,7 @@
 
 #include "assembler/Assembly.h"
 
+#include <string>
 #include <vector>
 
 namespace nesasm {
@@ -23,8 +24,12 @@ private:
     void settleFields();
     void settleAssertions();
     bool compute(const DeferredExpression& expression, Evaluation& result);
+    void reportUnknown(const Position& position, const Symbol& symbol);
+    std::string undefinedText(const Symbol& symbol) const;
+    bool isAccumulator(const DeferredField& field);
 
     Assembly& m_assembly;
+    std::vector<std::uint32_t> m_wrongLines; ///< those with errors before this began
     std::vector<Visit> m_visits;
     std::vector<std::uint32_t> m_waiting;
 };

@@ -215,8 +215,9 @@ void StatementAssembler::directive(Directive directive, const char* at, const ch
 }
 
 void StatementAssembler::reportUnknown(std::string_view word, const char* p) {
-    // A macro may be what is missing.
-    if (m_assembly.isIncomplete)
+    // A macro may be what is missing; a directive or an instruction is not.
+    constexpr std::size_t kMnemonicLength = 3;
+    if (m_assembly.isIncomplete && !word.starts_with('.') && word.size() != kMnemonicLength)
         return;
     const std::string name(word);
     if (word.starts_with('.'))
