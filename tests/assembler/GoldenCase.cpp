@@ -1,0 +1,256 @@
+#include "assembler/GoldenCase.h"
+
+#include "assembler/HexImage.h"
+#include "assembler/ProgramRun.h"
+#include "support/TemporaryFolder.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <sstream>
+#include <utility>
+
+namespace kestrel::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::optional<std::string> read(const fs::path& path) {
+    std::error_code fault;
+    if (!fs::is_regular_file(path, fault)) {
+        return std::nullopt;
+    }
+    std::ifstream stream(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+}
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size()) {
+        text.replace(at, from.size(), to);
+    }
+    return text;
+}
+
+/// The first line in which two texts differ, with both versions of it.
+std::string firstDifference(const std::string& expected, const std::string& got) {
+    std::istringstream left(expected);
+    std::istringstream right(got);
+    std::string a;
+    std::string b;
+    for (int line = 1;; ++line) {
+        const bool more = static_cast<bool>(std::getline(left, a));
+        const bool moreGot = static_cast<bool>(std::getline(right, b));
+        if (!more && !moreGot) {
+            return "they differ in the last line's end only";
+        }
+        if (!more || !moreGot || a != b) {
+            return "line " + std::to_string(line) + "\n  expected: " + (more ? a : "(nothing)") +
+                   "\n  got:      " + (moreGot ? b : "(nothing)");
+        }
+    }
+}
+
+bool isCaseFile(const fs::path& path) {
+    return path.extension() == ".asm";
+}
+
+const std::vector<std::string>& expectationEndings() {
+    static const std::vector<std::string> endings{".hex", ".out", ".status", ".run"};
+    return endings;
+}
+
+} // namespace
+
+std::vector<GoldenCase> GoldenCase::listedIn(const fs::path& folder) {
+    std::vector<GoldenCase> cases;
+    for (const fs::directory_entry& topic : fs::directory_iterator(folder)) {
+        if (!topic.is_directory()) {
+            continue;
+        }
+        for (const fs::directory_entry& file : fs::directory_iterator(topic.path())) {
+            if (file.is_regular_file() && isCaseFile(file.path())) {
+                cases.emplace_back(file.path());
+            }
+        }
+    }
+    std::sort(cases.begin(), cases.end(),
+              [](const GoldenCase& a, const GoldenCase& b) { return a.name() < b.name(); });
+    return cases;
+}
+
+std::vector<std::string> GoldenCase::orphansIn(const fs::path& folder) {
+    std::set<std::string> orphans;
+    for (const fs::directory_entry& topic : fs::directory_iterator(folder)) {
+        if (!topic.is_directory()) {
+            continue;
+        }
+        for (const fs::directory_entry& file : fs::directory_iterator(topic.path())) {
+            const fs::path& path = file.path();
+            fs::path source = path;
+            if (file.is_directory()) {
+                source += ".asm";
+            } else if (!isCaseFile(path)) {
+                const auto& endings = expectationEndings();
+                const bool known =
+                    std::find(endings.begin(), endings.end(), path.extension()) != endings.end();
+                source = known ? source.replace_extension(".asm") : fs::path();
+            }
+            if (source.empty() || !fs::is_regular_file(source)) {
+                orphans.insert(fs::relative(path, folder).string());
+            }
+        }
+    }
+    return {orphans.begin(), orphans.end()};
+}
+
+GoldenCase::GoldenCase(fs::path source)
+    : m_source(std::move(source)) {}
+
+std::string GoldenCase::name() const {
+    return (m_source.parent_path().filename() / m_source.stem()).string();
+}
+
+fs::path GoldenCase::beside(const char* ending) const {
+    fs::path path = m_source;
+    return path.replace_extension(ending);
+}
+
+std::optional<GoldenCase::Setting> GoldenCase::setting(std::vector<std::string>& problems) const {
+    const std::string stem = m_source.stem().string();
+    Setting result{stem + ".asm", "@/out/" + stem + ".nes", "elsewhere", "@/project", {}};
+    std::istringstream lines(read(beside(".run")).value_or(""));
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t colon = line.find(": ");
+        const std::string key = line.substr(0, colon);
+        const std::string value = colon == std::string::npos ? "" : line.substr(colon + 2);
+        if (key == "input") {
+            result.input = value;
+        } else if (key == "output") {
+            result.output = value;
+        } else if (key == "folder") {
+            result.folder = value;
+        } else if (key == "include") {
+            result.include = value;
+        } else if (key == "argument") {
+            result.arguments.push_back(value);
+        } else {
+            problems.push_back("the .run file has a line that is not understood: " + line);
+            return std::nullopt;
+        }
+    }
+    return result;
+}
+
+void GoldenCase::prepare(const fs::path& folder) const {
+    fs::create_directory(folder / "elsewhere");
+    fs::create_directory(folder / "out");
+    fs::create_directory(folder / "project");
+    fs::copy_file(m_source, folder / "project" / m_source.filename());
+    const fs::path companions = beside("");
+    if (fs::is_directory(companions)) {
+        // A companion that begins with a folder of the fresh folder goes there, everything else
+        // beside the source.
+        for (const fs::directory_entry& entry : fs::directory_iterator(companions)) {
+            const std::string entryName = entry.path().filename().string();
+            const bool top =
+                entryName == "elsewhere" || entryName == "out" || entryName.starts_with("folder");
+            const fs::path target = (top ? folder : folder / "project") / entryName;
+            fs::copy(entry.path(), target,
+                     fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+        }
+    }
+}
+
+void GoldenCase::compareImage(const std::optional<std::string>& image,
+                              std::vector<std::string>& problems) const {
+    const std::optional<std::string> text = read(beside(".hex"));
+    if (!text) {
+        if (image) {
+            problems.push_back("an image came out where none is expected:\n" +
+                               HexImage::describe(*image));
+        }
+        return;
+    }
+    std::string fault;
+    const std::optional<std::string> expected = HexImage::parse(*text, fault);
+    if (!expected) {
+        problems.push_back("the .hex file: " + fault);
+    } else if (!image) {
+        problems.push_back("no image came out");
+    } else if (*image != *expected) {
+        problems.push_back("the image differs, expected:\n" + HexImage::describe(*expected) +
+                           "got:\n" + HexImage::describe(*image));
+    }
+}
+
+void GoldenCase::compareOutput(const std::string& output, const std::optional<std::string>& image,
+                               std::vector<std::string>& problems) const {
+    if (const std::optional<std::string> expected = read(beside(".out"))) {
+        if (output != *expected) {
+            problems.push_back("the messages differ: " + firstDifference(*expected, output) +
+                               "\nall of it:\n" + output);
+        }
+        return;
+    }
+    if (!image) {
+        if (!output.empty()) {
+            problems.push_back("messages where none are expected:\n" + output);
+        }
+        return;
+    }
+    const std::string stem = m_source.stem().string();
+    // An image and no .out: the closing line alone, behind the warning that these fragments have no
+    // fitting header.
+    const unsigned flags6 = static_cast<unsigned char>(image->size() > 7 ? (*image)[6] : 0);
+    const unsigned flags7 = static_cast<unsigned char>(image->size() > 7 ? (*image)[7] : 0);
+    const std::string start = stem + ".nes: " + std::to_string(image->size()) + " bytes, mapper " +
+                              std::to_string((flags7 & 0xF0U) | flags6 >> 4U) + ", PRG ";
+    std::string rest = output;
+    const std::string headerWarning = "[unused-bank-gap]\n1 warning\n";
+    const std::size_t at = rest.find(headerWarning);
+    if (at != std::string::npos && at < rest.find('\n')) {
+        rest.erase(0, at + headerWarning.size());
+    }
+    if (!rest.starts_with("@/out/" + start) || rest.find('\n') != rest.size() - 1) {
+        problems.push_back("expected is one line that starts with \"@/out/" + start + "\", got:\n" +
+                           output);
+    }
+}
+
+std::vector<std::string> GoldenCase::problemsWith(const fs::path& program) const {
+    std::vector<std::string> problems;
+    const std::optional<Setting> run = setting(problems);
+    if (!run) {
+        return problems;
+    }
+    const TemporaryFolder folder;
+    prepare(folder.path());
+    const auto placed = [&folder](const std::string& text) {
+        return replaced(text, "@", folder.path().string());
+    };
+    const fs::path current = folder.path() / run->folder;
+    std::vector<std::string> arguments{"--input", placed(run->input), "--output",
+                                       placed(run->output)};
+    for (const std::string& argument : run->arguments) {
+        arguments.push_back(placed(argument));
+    }
+    const ProgramRun result =
+        ProgramRun::of(program, arguments, {"NES_INCLUDE=" + placed(run->include)}, current);
+    const std::optional<std::string> image = read(current / placed(run->output));
+    const bool wantsImage = fs::is_regular_file(beside(".hex"));
+    const std::string wanted = read(beside(".status")).value_or(wantsImage ? "0\n" : "1\n");
+    if (std::to_string(result.status) + "\n" != wanted) {
+        problems.push_back("exit status " + std::to_string(result.status) + ", expected " + wanted +
+                           result.output);
+    }
+    if (!result.errorOutput.empty()) {
+        problems.push_back("standard error is not empty:\n" + result.errorOutput);
+    }
+    compareImage(image, problems);
+    compareOutput(replaced(result.output, folder.path().string(), "@"), image, problems);
+    return problems;
+}
+
+} // namespace kestrel::test

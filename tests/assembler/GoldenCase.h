@@ -1,0 +1,50 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kestrel::test {
+
+/// One golden case: a source file, what stands beside it, and the check that the assembler does
+/// with it exactly what is expected. docs of the files: tests/assembler/README.md.
+class GoldenCase {
+public:
+    /// All cases below a folder (one level of topic folders), sorted by name.
+    static std::vector<GoldenCase> listedIn(const std::filesystem::path& folder);
+
+    /// The files and folders below `folder` that belong to no case, relative to it.
+    static std::vector<std::string> orphansIn(const std::filesystem::path& folder);
+
+    /// A case by its source file.
+    explicit GoldenCase(std::filesystem::path source);
+
+    /// "topic/name-of-the-case".
+    std::string name() const;
+
+    /// Assembles in a fresh folder with `program` and gives a sentence for everything that is not
+    /// as expected; empty when the case passes.
+    std::vector<std::string> problemsWith(const std::filesystem::path& program) const;
+
+private:
+    struct Setting {
+        std::string input;   ///< what --input gets
+        std::string output;  ///< what --output gets; where the image is looked for
+        std::string folder;  ///< the current folder of the assembler, below the fresh folder
+        std::string include; ///< the value of NES_INCLUDE; "@" stands for the fresh folder
+        std::vector<std::string> arguments; ///< further arguments
+    };
+
+    std::filesystem::path beside(const char* ending) const;
+    std::optional<Setting> setting(std::vector<std::string>& problems) const;
+    void prepare(const std::filesystem::path& folder) const;
+    void compareImage(const std::optional<std::string>& image,
+                      std::vector<std::string>& problems) const;
+    void compareOutput(const std::string& output, const std::optional<std::string>& image,
+                       std::vector<std::string>& problems) const;
+
+    std::filesystem::path m_source;
+};
+
+} // namespace kestrel::test

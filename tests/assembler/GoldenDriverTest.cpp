@@ -1,0 +1,177 @@
+// Does the driver of the golden cases notice everything that can be wrong with a case?
+#include "assembler/GoldenCase.h"
+#include "assembler/HexImage.h"
+#include "support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+namespace {
+
+using kestrel::test::GoldenCase;
+using kestrel::test::HexImage;
+using kestrel::test::TemporaryFolder;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const std::filesystem::path assembler = KESTREL_NESASM;
+
+/// A folder with one case in the topic "one", checked with the real assembler.
+class GoldenDriver : public testing::Test {
+protected:
+    void givenCase(std::string_view source) { m_folder.write("one/case.asm", source); }
+    void givenBeside(const std::string& ending, std::string_view content) {
+        m_folder.write("one/case" + ending, content);
+    }
+    std::vector<std::string> problems() const {
+        return GoldenCase(m_folder.path() / "one/case.asm").problemsWith(assembler);
+    }
+    /// What the one problem says, empty when there is none or more than one.
+    std::string problem() const {
+        const std::vector<std::string> all = problems();
+        return all.size() == 1 ? all[0] : std::string();
+    }
+
+    TemporaryFolder m_folder;
+};
+
+constexpr std::string_view goodSource = "\tlda #1\n";
+constexpr std::string_view goodHex = "size 8208\n0:0000: A9 01\n";
+
+TEST_F(GoldenDriver, passesACaseThatHolds) {
+    givenCase(goodSource);
+    givenBeside(".hex", goodHex);
+    EXPECT_THAT(problems(), IsEmpty());
+}
+
+TEST_F(GoldenDriver, noticesAWrongByte) {
+    givenCase(goodSource);
+    givenBeside(".hex", "size 8208\n0:0000: A9 02\n");
+    EXPECT_THAT(problem(), HasSubstr("0:0000: A9 01"));
+}
+
+TEST_F(GoldenDriver, noticesAByteThatIsNotExpected) {
+    givenCase(goodSource);
+    givenBeside(".hex", "size 8208\n0:0000: A9\n");
+    EXPECT_THAT(problem(), HasSubstr("the image differs"));
+}
+
+TEST_F(GoldenDriver, noticesAWrongSize) {
+    givenCase(goodSource);
+    givenBeside(".hex", "size 16400\n0:0000: A9 01\n");
+    EXPECT_THAT(problem(), HasSubstr("the image differs"));
+}
+
+TEST_F(GoldenDriver, noticesAWrongHeader) {
+    givenCase(goodSource);
+    givenBeside(".hex", "size 8208\nheader: 01 00 00 00\n0:0000: A9 01\n");
+    EXPECT_THAT(problem(), HasSubstr("the image differs"));
+}
+
+TEST_F(GoldenDriver, noticesAnImageWhereNoneIsExpected) {
+    givenCase(goodSource);
+    givenBeside(".status", "0\n");
+    EXPECT_THAT(problem(), HasSubstr("an image came out where none is expected"));
+}
+
+TEST_F(GoldenDriver, noticesAMissingImageAndTheStatus) {
+    givenCase("\tbogus 1\n");
+    givenBeside(".hex", goodHex);
+    EXPECT_THAT(problems(), testing::IsSupersetOf(
+                                {HasSubstr("exit status 1, expected 0"), HasSubstr("no image")}));
+}
+
+TEST_F(GoldenDriver, noticesAWrongStatusAlone) {
+    givenCase(goodSource);
+    givenBeside(".hex", goodHex);
+    givenBeside(".status", "1\n");
+    EXPECT_THAT(problem(), HasSubstr("exit status 0, expected 1"));
+}
+
+TEST_F(GoldenDriver, noticesAMessageThatIsNotExpected) {
+    givenCase("\tbogus 1\n");
+    EXPECT_THAT(problem(), HasSubstr("messages where none are expected:\ncase.asm:1:"));
+}
+
+TEST_F(GoldenDriver, noticesAWrongMessage) {
+    givenCase(goodSource);
+    givenBeside(".hex", goodHex);
+    givenBeside(".out", "case.nes: all is well\n");
+    EXPECT_THAT(problem(), HasSubstr("the messages differ: line 1"));
+}
+
+TEST_F(GoldenDriver, noticesAWarningWhenOnlyTheClosingLineIsExpected) {
+    givenCase("\t.warning \"careful\"\n\tlda #1\n");
+    givenBeside(".hex", goodHex);
+    EXPECT_THAT(problem(), HasSubstr("expected is one line"));
+}
+
+TEST_F(GoldenDriver, noticesARunFileThatItDoesNotUnderstand) {
+    givenCase(goodSource);
+    givenBeside(".hex", goodHex);
+    givenBeside(".run", "inptu: case.asm\n");
+    EXPECT_THAT(problem(), HasSubstr("inptu"));
+}
+
+TEST_F(GoldenDriver, noticesAHexFileThatItDoesNotUnderstand) {
+    givenCase(goodSource);
+    givenBeside(".hex", "size 8208\n0:0000: A9 1\n");
+    EXPECT_THAT(problem(), HasSubstr("line 2 is not understood"));
+}
+
+TEST_F(GoldenDriver, noticesExpectationsWithoutACase) {
+    givenCase(goodSource);
+    givenBeside(".hex", goodHex);
+    m_folder.write("one/lost.hex", goodHex);
+    m_folder.write("one/lost.out", "");
+    m_folder.write("one/gone/data.bin", "");
+    m_folder.write("one/case.txt", "");
+    EXPECT_THAT(GoldenCase::orphansIn(m_folder.path()),
+                ElementsAre("one/case.txt", "one/gone", "one/lost.hex", "one/lost.out"));
+}
+
+TEST_F(GoldenDriver, listsEveryCaseOfEveryTopic) {
+    givenCase(goodSource);
+    m_folder.write("two/b.asm", "");
+    m_folder.write("two/a.asm", "");
+    m_folder.write("two/a/data.asm", "");
+    std::vector<std::string> names;
+    for (const GoldenCase& golden : GoldenCase::listedIn(m_folder.path())) {
+        names.push_back(golden.name());
+    }
+    EXPECT_THAT(names, ElementsAre("one/case", "two/a", "two/b"));
+}
+
+TEST(HexImages, readWhatTheyDescribe) {
+    std::string fault;
+    const auto image =
+        HexImage::parse("size 16400\nheader: 01 00 10 00 ; one\n1:1FFA: 00*4 01 80\n", fault);
+    ASSERT_TRUE(image) << fault;
+    EXPECT_EQ(image->size(), 16400U);
+    EXPECT_EQ(image->substr(0, 16), std::string("NES\x1A\x01\0\x10\0\0\0\0\0\0\0\0\0", 16));
+    EXPECT_EQ(image->substr(16394), std::string("\0\0\0\0\x01\x80", 6));
+    EXPECT_EQ(image->find_first_not_of('\xFF', 16), 16394U);
+    EXPECT_EQ(HexImage::describe(*image),
+              "size 16400\nheader: 01 00 10 00\n1:1FFA: 00 00 00 00 01 80\n");
+    EXPECT_EQ(HexImage::parse(HexImage::describe(*image), fault), image);
+}
+
+TEST(HexImages, refuseWhatLiesOutsideTheImageOrABank) {
+    std::string fault;
+    EXPECT_FALSE(HexImage::parse("", fault));
+    EXPECT_FALSE(HexImage::parse("0:0000: 00\n", fault));
+    EXPECT_FALSE(HexImage::parse("size 15\n", fault));
+    EXPECT_FALSE(HexImage::parse("size 8208\n1:0000: 00\n", fault));
+    EXPECT_FALSE(HexImage::parse("size 16400\n0:1FFF: 00 00\n", fault));
+    EXPECT_FALSE(HexImage::parse("size 8208\n0:2000: 00\n", fault));
+    EXPECT_FALSE(HexImage::parse("size 8208\n0:00: 00\n", fault));
+    EXPECT_FALSE(HexImage::parse("size 8208\n0:0000: 000\n", fault));
+    EXPECT_FALSE(HexImage::parse("size 8208\nheader: 00\n", fault));
+    EXPECT_FALSE(HexImage::parse("size 8208\n0:0000:\n", fault));
+}
+
+} // namespace

@@ -1,0 +1,3 @@
+LAST = 3
+	.bank LAST-1
+	.db 1

@@ -1,0 +1,3 @@
+	.org $9FFF
+	.db 1
+	.db 2

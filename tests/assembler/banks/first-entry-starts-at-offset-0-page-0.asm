@@ -1,0 +1,4 @@
+	.org $C005
+	nop
+	.bank 1
+here: .dw here

@@ -1,0 +1,3 @@
+	.db 1
+	.bank 2
+here:

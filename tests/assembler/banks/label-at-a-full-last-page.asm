@@ -1,0 +1,5 @@
+	.org $FFFF
+	.db 1
+end:
+	.bank 1
+	.dw end

@@ -1,0 +1,3 @@
+	.org $8010
+	.bank 0
+here: .dw here

@@ -1,0 +1,3 @@
+BASE = $8000
+	.org BASE+$10
+	.db 1

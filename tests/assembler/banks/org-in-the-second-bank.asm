@@ -1,0 +1,3 @@
+	.bank 1
+	.org $BFFF
+last: .db HIGH(last)

@@ -1,0 +1,4 @@
+	.org $E123
+here: .dw here
+	.org $0010
+ram: .dw ram

@@ -1,0 +1,3 @@
+	.org BASE+$10
+	.db 1
+BASE = $8000

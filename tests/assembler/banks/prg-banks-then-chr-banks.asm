@@ -1,0 +1,10 @@
+	.inesprg 1
+	.ineschr 1
+	.bank 0
+	.org $C000
+	.db 1
+	.bank 1
+	.org $FFFA
+	.dw $C000,$C000,$C000
+	.bank 2
+	.incbin "tiles.chr"

@@ -1,0 +1,2 @@
+	.org $9FFE
+	.db "abc"

@@ -1,0 +1,9 @@
+	.org $8000
+	.db 1
+	.bank 1
+	.org $A000
+	.db 2
+	.bank 2
+	.db 3
+	.bank 0
+	.dw *

@@ -1,0 +1,66 @@
+#!/usr/bin/env python3
+"""Writes down the messages that the assembler prints for golden cases, after somebody has read them.
+
+    bless_messages.py NESASM TOPIC/NAME...     shows the output and writes NAME.out
+    bless_messages.py --show NESASM TOPIC/NAME...     only shows it
+
+Images are never written: they come from the language, by hand. Only a case whose output is more than the closing line
+gets a file; see README.md beside this script.
+"""
+import shutil
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+CASES = Path(__file__).resolve().parent
+
+
+def settings(source):
+    found = {"input": [source.name], "output": [f"@/out/{source.stem}.nes"], "folder": ["elsewhere"],
+             "include": ["@/project"], "argument": []}
+    file = source.with_suffix(".run")
+    for line in file.read_text().splitlines() if file.is_file() else []:
+        key, _, value = line.partition(": ")
+        found[key] = found[key] + [value] if key == "argument" else [value]
+    return found
+
+
+def output_of(program, source):
+    with tempfile.TemporaryDirectory() as name:
+        folder = Path(name)
+        for each in ("elsewhere", "out", "project"):
+            (folder / each).mkdir()
+        shutil.copy(source, folder / "project")
+        companions = source.with_suffix("")
+        for entry in companions.iterdir() if companions.is_dir() else []:
+            beside = entry.name in ("elsewhere", "out") or entry.name.startswith("folder")
+            target = (folder if beside else folder / "project") / entry.name
+            if entry.is_dir():
+                shutil.copytree(entry, target, dirs_exist_ok=True)
+            else:
+                shutil.copy(entry, target)
+        values = {key: [text.replace("@", name) for text in texts] for key, texts in settings(source).items()}
+        command = [program, "--input", values["input"][0], "--output", values["output"][0], *values["argument"]]
+        run = subprocess.run(command, cwd=folder / settings(source)["folder"][0], stdout=subprocess.PIPE,
+                             env={"NES_INCLUDE": values["include"][0]}, check=False)
+        return run.stdout.replace(name.encode(), b"@"), run.returncode
+
+
+def main(arguments):
+    show = arguments[:1] == ["--show"]
+    program, names = str(Path(arguments[show]).resolve()), arguments[show + 1:]
+    for name in names:
+        source = CASES / (name + ".asm")
+        output, status = output_of(program, source)
+        print(f"=== {name} (status {status})")
+        sys.stdout.flush()
+        sys.stdout.buffer.write(output)
+        if not show and not (status == 0 and output.count(b"\n") == 1) and output:
+            source.with_suffix(".out").write_bytes(output)
+
+
+if __name__ == "__main__":
+    if len(sys.argv) < 3:
+        sys.exit(__doc__)
+    main(sys.argv[1:])

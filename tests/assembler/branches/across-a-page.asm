@@ -1,0 +1,5 @@
+	.org $80FD
+	bne *+5
+	nop
+	nop
+	nop

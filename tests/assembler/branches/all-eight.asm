@@ -1,0 +1,9 @@
+	.org $8000
+	bpl *+2
+	bmi *+2
+	bvc *+2
+	bvs *+2
+	bcc *+2
+	bcs *+2
+	bne *+2
+	beq *+2

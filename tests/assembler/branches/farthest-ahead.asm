@@ -1,0 +1,3 @@
+	beq ahead
+	.ds 127
+ahead: nop

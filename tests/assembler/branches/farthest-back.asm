@@ -1,0 +1,2 @@
+start: .ds 126
+	bne start

@@ -1,0 +1,3 @@
+	beq ahead
+	.ds 128
+ahead: nop

@@ -1,0 +1,2 @@
+start: .ds 127
+	bne start

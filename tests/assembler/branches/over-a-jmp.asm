@@ -1,0 +1,4 @@
+	.org $8000
+	bne skip
+	jmp $C000
+skip: rts

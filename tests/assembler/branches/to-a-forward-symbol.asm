@@ -1,0 +1,4 @@
+	beq ahead
+	nop
+ahead = *
+	nop

@@ -1,0 +1,2 @@
+	.else
+	.elseif 1

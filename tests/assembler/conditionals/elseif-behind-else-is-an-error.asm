@@ -1,0 +1,4 @@
+	.if 0
+	.else
+	.elseif 1
+	.endif

@@ -1,0 +1,2 @@
+	.include "open.asm"
+	.endif

@@ -1,0 +1,4 @@
+	.if
+	.endif
+	.ifdef
+	.endif

@@ -1,0 +1,3 @@
+	nop
+	.if 1
+	nop

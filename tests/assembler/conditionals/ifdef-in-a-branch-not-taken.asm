@@ -1,0 +1,7 @@
+	.if 0
+	.ifdef
+	.ifndef x y z
+	.endif
+	.endif
+	.endif
+	.db 1

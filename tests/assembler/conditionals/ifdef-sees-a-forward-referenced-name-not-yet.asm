@@ -1,0 +1,7 @@
+	jmp later
+	.ifdef later
+	.db 1
+	.else
+	.db 2
+	.endif
+later:

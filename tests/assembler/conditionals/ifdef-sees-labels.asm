@@ -1,0 +1,6 @@
+start: nop
+	.ifdef start
+	.db 1
+	.else
+	.db 2
+	.endif

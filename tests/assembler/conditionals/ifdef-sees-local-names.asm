@@ -1,0 +1,9 @@
+main:
+.l:
+	.ifdef .l
+	.db 1
+	.endif
+other:
+	.ifdef .l
+	.db 2
+	.endif

@@ -1,0 +1,5 @@
+	.if 0
+	.include "nowhere.asm"
+	.incbin "nowhere.bin"
+	.endif
+	.db 1

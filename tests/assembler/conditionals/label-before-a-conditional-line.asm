@@ -1,0 +1,4 @@
+one: .if 1
+	.db 1
+two .endif
+	.dw one,two

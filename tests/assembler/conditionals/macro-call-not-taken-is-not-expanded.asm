@@ -1,0 +1,7 @@
+put .macro
+	.fail "never"
+	.endm
+	.if 0
+	put
+	.endif
+	nop

@@ -1,0 +1,7 @@
+	.if 0
+ONE = 1
+	.endif
+	.ifdef ONE
+	.db 1
+	.endif
+	.db 2

@@ -1,0 +1,3 @@
+	.if nowhere
+	.db 1
+	.endif

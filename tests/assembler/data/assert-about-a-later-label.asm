@@ -1,0 +1,3 @@
+	.assert end < 3,"too long"
+	nop
+end:

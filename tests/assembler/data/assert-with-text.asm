@@ -1,0 +1,1 @@
+	.assert 0,"the table is too long"

@@ -1,0 +1,4 @@
+	.rsset $10
+	.rs 4
+one .rs 1
+	.db one

@@ -1,0 +1,1 @@
+	.error "choose a region"

@@ -1,0 +1,1 @@
+	.fail "not for this board"

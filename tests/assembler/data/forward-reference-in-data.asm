@@ -1,0 +1,3 @@
+	.db later
+	.dw later
+later = 5

@@ -1,0 +1,3 @@
+	.rept 3
+	.db 1,2
+	.endr

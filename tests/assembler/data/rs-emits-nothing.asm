@@ -1,0 +1,4 @@
+	nop
+var .rs 5
+	.bank 1
+other .rs 5

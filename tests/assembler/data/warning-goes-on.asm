@@ -1,0 +1,2 @@
+	.warning "half done"
+	nop

@@ -1,0 +1,2 @@
+	.org $8034
+here: .db here

@@ -1,0 +1,2 @@
+MINUS = $FFFFFFFF
+	.db -1<0,MINUS<0,0>-1,-1<-2

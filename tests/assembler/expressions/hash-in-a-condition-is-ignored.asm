@@ -1,0 +1,5 @@
+	.if #$00 != 0
+	.db 1
+	.else
+	.db 2
+	.endif

@@ -1,0 +1,2 @@
+	lda #later
+later = $100

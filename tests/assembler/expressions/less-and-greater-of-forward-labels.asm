@@ -1,0 +1,5 @@
+	.db <later,>later
+	lda #<later
+	ldx #>later
+	.org $9876
+later:

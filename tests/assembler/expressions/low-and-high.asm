@@ -1,0 +1,3 @@
+	.db LOW($1234),HIGH($1234)
+	.db LOW($ABCDE),HIGH($ABCDE),HIGH(-1),HIGH(5)
+	lda #LOW($1234)

@@ -1,0 +1,4 @@
+	.org $E000
+start: .db PAGE(start),PAGE(later)
+	.org $A010
+later:

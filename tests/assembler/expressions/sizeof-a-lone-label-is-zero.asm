@@ -1,0 +1,2 @@
+alone:
+	.db 1,2,SIZEOF(alone)

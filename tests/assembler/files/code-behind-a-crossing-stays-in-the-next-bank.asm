@@ -1,0 +1,5 @@
+	.org $DFFF
+	.incbin "data.bin"
+	jmp *
+	.bank 1
+	nop

@@ -1,0 +1,1 @@
+	.fail "this file is not assembled"

@@ -1,0 +1,4 @@
+	.db REGION
+	.ifdef DEBUG
+	.db DEBUG
+	.endif

@@ -1,0 +1,1 @@
+	.include "./sub/../more.asm"

@@ -1,0 +1,1 @@
+	.include "sub/one.asm"

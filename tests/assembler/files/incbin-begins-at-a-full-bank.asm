@@ -1,0 +1,3 @@
+	.org $DFFF
+	.db 1
+	.incbin "data.bin"

@@ -1,0 +1,2 @@
+	.incbin "data.bin"
+	.db 1

@@ -1,0 +1,2 @@
+	.incbin "data.bin",1,0
+	.db 1

@@ -1,0 +1,1 @@
+	.incbin "data.bin",-1

@@ -1,0 +1,4 @@
+	.ds 8190
+	.incbin "data.bin"
+here: .dw here
+	.db BANK(here)

@@ -1,0 +1,3 @@
+	.db 1
+	.incbin "data.bin"
+	.db 2

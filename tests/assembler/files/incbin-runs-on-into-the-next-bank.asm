@@ -1,0 +1,4 @@
+	.org $DFFE
+	.incbin "data.bin"
+here: .dw here
+	.db BANK(here)

@@ -1,0 +1,3 @@
+	.org $DFFC
+	.incbin "data.bin"
+here: .dw here

@@ -1,0 +1,2 @@
+	.org $DFFC
+	.incbin "data.bin"

@@ -1,0 +1,1 @@
+	.incbin "data.bin",1,2,3

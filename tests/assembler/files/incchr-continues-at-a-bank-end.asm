@@ -1,0 +1,3 @@
+	.org $DFF8
+	.incchr "tile.pcx"
+	.db 7

@@ -1,0 +1,2 @@
+	.include "some/where/else.asm"
+	.incbin "gfx\tiles.chr"

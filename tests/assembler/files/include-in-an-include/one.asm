@@ -1,0 +1,3 @@
+	.db 1
+	.include "two.asm"
+	.db 3

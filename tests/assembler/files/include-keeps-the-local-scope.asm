@@ -1,0 +1,3 @@
+main:
+.l: nop
+	.include "more.asm"

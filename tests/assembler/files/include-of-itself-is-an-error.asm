@@ -1,0 +1,1 @@
+	.include "include-of-itself-is-an-error.asm"

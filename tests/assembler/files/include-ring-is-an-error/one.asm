@@ -1,0 +1,1 @@
+	.include "include-ring-is-an-error.asm"

@@ -1,0 +1,3 @@
+ONE = 1
+	.include "more.asm"
+	.db TWO

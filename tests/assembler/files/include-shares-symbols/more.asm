@@ -1,0 +1,2 @@
+TWO = ONE+1
+	.db ONE

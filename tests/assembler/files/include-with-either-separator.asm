@@ -1,0 +1,3 @@
+	.include "sub/one.asm"
+	.include "sub\two.asm"
+	.incbin "sub\three.bin"

@@ -1,0 +1,3 @@
+	.include
+	.include more.asm
+	.include ""

@@ -1,0 +1,2 @@
+	.db 1
+	.include "more.asm"

@@ -1,0 +1,2 @@
+	.include "my file.asm" ; and a comment
+	.incbin  "my data.bin"  ,  1  

@@ -1,0 +1,1 @@
+	.incbin "GFX/Sub/Tiles.chr"

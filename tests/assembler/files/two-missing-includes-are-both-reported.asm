@@ -1,0 +1,3 @@
+	.include "one.asm"
+	.include "two.asm"
+	lda #256

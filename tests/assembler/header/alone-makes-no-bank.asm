@@ -1,0 +1,1 @@
+	.inesmap 1

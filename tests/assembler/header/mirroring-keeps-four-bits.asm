@@ -1,0 +1,4 @@
+	.inesmir $1B
+	.inesprg 1
+	.bank 1
+	.org $E000

@@ -1,0 +1,3 @@
+	.inesprg 1
+	.bank 3
+	.db 1

@@ -1,0 +1,3 @@
+	.inesprg 2
+	.ineschr 1
+	.db 1

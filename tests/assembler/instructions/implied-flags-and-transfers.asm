@@ -1,0 +1,9 @@
+	sec
+	sed
+	sei
+	tax
+	tay
+	tsx
+	txa
+	txs
+	tya

@@ -1,0 +1,7 @@
+	pha
+	php
+	pla
+	plp
+	rti
+	rts
+	nop

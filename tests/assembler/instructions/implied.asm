@@ -1,0 +1,9 @@
+	brk
+	clc
+	cld
+	cli
+	clv
+	dex
+	dey
+	inx
+	iny

@@ -1,0 +1,4 @@
+main:
+.l: nop
+VALUE = 5
+	jmp .l

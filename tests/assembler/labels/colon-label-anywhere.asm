@@ -1,0 +1,4 @@
+one: nop
+	two: nop
+	   three:
+	.dw one,two,three

@@ -1,0 +1,4 @@
+one
+	nop
+two
+	.dw one,two

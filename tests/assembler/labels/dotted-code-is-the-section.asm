@@ -1,0 +1,4 @@
+	.bss
+buf: .ds 1
+.code
+	.dw buf

@@ -1,0 +1,6 @@
+main:
+.db 1
+.word 2
+.list
+.nolist
+	.dw main

@@ -1,0 +1,3 @@
+one = 5
+	nop
+one: nop

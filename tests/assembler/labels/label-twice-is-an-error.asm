@@ -1,0 +1,2 @@
+one: nop
+one: nop

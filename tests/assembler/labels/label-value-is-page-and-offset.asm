@@ -1,0 +1,2 @@
+	.org $C123
+here: .dw here

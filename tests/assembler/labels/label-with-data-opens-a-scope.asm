@@ -1,0 +1,5 @@
+main:
+.l: nop
+table .db 1
+.l: nop
+	jmp .l

@@ -1,0 +1,2 @@
+.l: nop
+	jmp .l

@@ -1,0 +1,3 @@
+main: jmp .end
+other:
+.end: nop

@@ -1,0 +1,4 @@
+main: beq .end
+	nop
+.end: nop
+	lda .end

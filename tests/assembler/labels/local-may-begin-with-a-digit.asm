@@ -1,0 +1,5 @@
+main:
+.1: nop
+.2 nop
+	jmp .1
+	jmp .2

@@ -1,0 +1,3 @@
+main: ldx #3
+.l: dex
+	bne .l

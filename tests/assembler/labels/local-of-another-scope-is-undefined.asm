@@ -1,0 +1,4 @@
+one:
+.l: nop
+two:
+	jmp .l

@@ -1,0 +1,5 @@
+one: nop
+.l: nop
+two: nop
+.l: nop
+	jmp .l

@@ -1,0 +1,3 @@
+main:
+.l: nop
+.l: nop

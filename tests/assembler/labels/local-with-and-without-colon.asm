@@ -1,0 +1,5 @@
+main:
+.loop: nop
+.again nop
+	.inner: nop
+	.dw .loop,.again,.inner

@@ -1,0 +1,6 @@
+main:
+.l: nop
+put .macro
+	.db 1
+	.endm
+	jmp .l

@@ -1,0 +1,4 @@
+main:
+.l: nop
+var .rs 1
+	jmp .l

@@ -1,0 +1,4 @@
+one:
+.l: bne .l
+two:
+.l: bne .l

@@ -1,0 +1,4 @@
+name = 1
+main:
+.name = 2
+	.db name,.name

@@ -1,0 +1,2 @@
+	lda nowhere
+	jmp nowhere

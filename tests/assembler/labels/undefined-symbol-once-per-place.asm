@@ -1,0 +1,1 @@
+	.db nowhere,nowhere+1,2,elsewhere

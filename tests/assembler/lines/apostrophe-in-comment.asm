@@ -1,0 +1,2 @@
+	.db 'a' ; don't, isn't "it
+	.db 'b' ; ';'

@@ -1,0 +1,3 @@
+	bank 1
+	org $A010
+	db 1

@@ -1,0 +1,4 @@
+	nop
+		here: nop
+	  there:
+	.dw here,there

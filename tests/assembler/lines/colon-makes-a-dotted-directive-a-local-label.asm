@@ -1,0 +1,5 @@
+main:
+	nop
+.word: nop
+.db: nop
+	.dw .word,.db

@@ -1,0 +1,6 @@
+put .macro
+	.db 7
+	.endm
+put: nop
+	.dw put
+	put

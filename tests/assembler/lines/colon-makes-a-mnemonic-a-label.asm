@@ -1,0 +1,3 @@
+	nop
+inc: nop
+	jmp inc

@@ -1,0 +1,3 @@
+	nop ; lda #1
+;	nop
+	nop

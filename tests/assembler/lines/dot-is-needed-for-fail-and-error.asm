@@ -1,0 +1,4 @@
+fail nop
+error nop
+warning nop
+	.dw fail,error,warning

@@ -1,0 +1,6 @@
+pad nop
+align nop
+assert nop
+rept nop
+endr nop
+	.dw pad,align,assert,rept,endr

@@ -1,0 +1,3 @@
+	nop
+	start
+	jmp start

@@ -1,0 +1,1 @@
+	table .db 1

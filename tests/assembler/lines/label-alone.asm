@@ -1,0 +1,4 @@
+	nop
+here:
+there
+	.dw here,there

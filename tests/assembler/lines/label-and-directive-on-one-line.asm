@@ -1,0 +1,2 @@
+table .db 1,2
+words: .dw table,words

@@ -1,0 +1,6 @@
+	list
+	db 1
+	nolist
+	db 2
+list
+nolist

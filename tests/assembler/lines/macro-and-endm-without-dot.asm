@@ -1,0 +1,4 @@
+put macro
+	db \1
+	endm
+	put 9

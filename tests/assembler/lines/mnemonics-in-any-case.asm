@@ -1,0 +1,4 @@
+	LDA #1
+	lda #2
+	LdA #3
+	nOp

@@ -1,0 +1,2 @@
+	jmp end
+end:

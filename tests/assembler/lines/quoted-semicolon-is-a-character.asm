@@ -1,0 +1,2 @@
+	lda #';' ; not a comment yet
+	.db ';',';'+1;2

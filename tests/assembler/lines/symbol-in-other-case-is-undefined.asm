@@ -1,0 +1,2 @@
+foo = 1
+	.db Foo

@@ -1,0 +1,3 @@
+	nop
+first
+	jmp first

@@ -1,0 +1,4 @@
+say .macro
+	.db "\1","\2"
+	.endm
+	say   ab  ,  cd  

@@ -1,0 +1,4 @@
+twice .macro
+	.db 2*\1
+	.endm
+	twice 1+2

@@ -1,0 +1,5 @@
+load .macro
+	lda \1
+	sta \2
+	.endm
+	load #5,<$10

@@ -1,0 +1,5 @@
+put .macro
+	.db VALUE
+	.endm
+VALUE = 6
+	put

@@ -1,0 +1,5 @@
+bad .macro
+	bogus !!!
+	.nosuch
+	.endm
+	nop

@@ -1,0 +1,6 @@
+bad .macro
+	bogus 1
+	bogus 2
+	.endm
+	bad
+	bad

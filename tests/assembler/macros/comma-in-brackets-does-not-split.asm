@@ -1,0 +1,6 @@
+call .macro
+	lda \1
+	.db \#
+	.endm
+	call [$10,x]
+	call [$10],y

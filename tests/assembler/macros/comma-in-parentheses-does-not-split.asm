@@ -1,0 +1,5 @@
+call .macro
+	lda \1
+	.db \#
+	.endm
+	call ($10,x)

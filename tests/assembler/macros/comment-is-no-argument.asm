@@ -1,0 +1,5 @@
+count .macro
+	.db \#
+	.endm
+	count ; 1,2
+	count 1 ; ,2

@@ -1,0 +1,4 @@
+put .macro
+	.endm
+put .macro
+	.endm

@@ -1,0 +1,3 @@
+	nop
+put .macro
+	nop

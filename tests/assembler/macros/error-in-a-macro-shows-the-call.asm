@@ -1,0 +1,5 @@
+put .macro
+	lda #\1
+	.endm
+	put 5
+	put 300

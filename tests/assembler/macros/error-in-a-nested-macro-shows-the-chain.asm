@@ -1,0 +1,7 @@
+inner .macro
+	bogus
+	.endm
+outer .macro
+	inner
+	.endm
+	outer

@@ -1,0 +1,4 @@
+load .macro
+	.include "\1.asm"
+	.endm
+	load part

@@ -1,0 +1,6 @@
+kind .macro
+	.db \?1
+	.endm
+main:
+.l:
+	kind .l

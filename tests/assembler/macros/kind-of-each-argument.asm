@@ -1,0 +1,4 @@
+kinds .macro
+	.db \?1,\?2,\?3,\?9
+	.endm
+	kinds #1,,"x"

@@ -1,0 +1,7 @@
+kind .macro
+	.db \?1
+	.endm
+	kind a
+	kind X
+	kind y
+	kind A

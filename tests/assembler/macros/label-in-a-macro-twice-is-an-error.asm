@@ -1,0 +1,5 @@
+put .macro
+same: nop
+	.endm
+	put
+	put

@@ -1,0 +1,6 @@
+put .macro
+.l: nop
+	.endm
+main:
+	put
+	jmp .l

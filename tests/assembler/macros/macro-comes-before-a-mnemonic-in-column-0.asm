@@ -1,0 +1,4 @@
+.macro inx
+	.db 1
+	.endm
+inx

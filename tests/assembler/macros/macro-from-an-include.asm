@@ -1,0 +1,2 @@
+	.include "macros.asm"
+	put 4

@@ -1,0 +1,3 @@
+put .macro
+	.db \1
+	.endm

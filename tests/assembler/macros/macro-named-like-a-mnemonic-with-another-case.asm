@@ -1,0 +1,5 @@
+Add .macro
+	clc
+	adc \1
+	.endm
+	Add #1

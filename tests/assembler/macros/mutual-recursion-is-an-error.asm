@@ -1,0 +1,7 @@
+ping .macro
+	pong
+	.endm
+pong .macro
+	ping
+	.endm
+	ping

@@ -1,0 +1,4 @@
+.macro put
+.db \1
+.endm
+put 5

@@ -1,0 +1,4 @@
+setx .macro
+	ldx #\1
+	.endm
+setx 1

@@ -1,0 +1,4 @@
+again .macro
+	again
+	.endm
+	again

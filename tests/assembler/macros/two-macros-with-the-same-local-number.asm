@@ -1,0 +1,8 @@
+one .macro
+a\@: nop
+	.endm
+two .macro
+a\@: nop
+	.endm
+	one
+	two

@@ -1,0 +1,7 @@
+wait .macro
+	ldx #\1
+w\@: dex
+	bne w\@
+	.endm
+	wait 1
+	wait 2

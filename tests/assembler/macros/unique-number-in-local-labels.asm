@@ -1,0 +1,7 @@
+wait .macro
+.w\@: dex
+	bne .w\@
+	.endm
+main:
+	wait
+	wait

@@ -1,0 +1,4 @@
+put .macro
+	.db \0
+	.endm
+	put 1

@@ -1,0 +1,4 @@
+	put 5
+put .macro
+	.db \1
+	.endm

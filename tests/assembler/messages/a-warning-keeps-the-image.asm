@@ -1,0 +1,3 @@
+	.warning "one"
+	.warning "two"
+	nop

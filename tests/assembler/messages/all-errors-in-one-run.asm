@@ -1,0 +1,4 @@
+	bogus
+	lda #256
+	jmp nowhere
+	.nosuch

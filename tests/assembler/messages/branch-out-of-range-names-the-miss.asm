@@ -1,0 +1,3 @@
+	beq far
+	.ds 200
+far: rts

@@ -1,0 +1,9 @@
+	.inesprg 1
+	.ineschr 1
+	.inesmap 2
+	.bank 0
+	.org $C000
+	.ds 8192
+	.bank 2
+	.org $0000
+	.ds 16

@@ -1,0 +1,2 @@
+ONE = nowhere+1
+	.db ONE

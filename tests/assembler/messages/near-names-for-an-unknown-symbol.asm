@@ -1,0 +1,2 @@
+player_x = $10
+	lda playerx

@@ -1,0 +1,4 @@
+ONE = nowhere
+	.db ONE
+	.dw ONE
+	lda ONE

@@ -1,0 +1,2 @@
+	lda #1
+	bogus

@@ -1,0 +1,2 @@
+high = 5
+	.db high

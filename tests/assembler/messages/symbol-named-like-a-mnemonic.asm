@@ -1,0 +1,3 @@
+And: nop
+adc: nop
+	.dw And,adc

@@ -1,0 +1,2 @@
+	.warning "a\"b	c; 100%"
+	nop

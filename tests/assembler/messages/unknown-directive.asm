@@ -1,0 +1,3 @@
+	.nosuch
+	.word8 1
+	.db. 2

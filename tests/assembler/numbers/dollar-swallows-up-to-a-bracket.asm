@@ -1,0 +1,3 @@
+	.db ($zz)+1
+	lda [$q],y
+	lda [$q,x]

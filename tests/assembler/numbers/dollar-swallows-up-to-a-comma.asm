@@ -1,0 +1,2 @@
+	.db $xyz,5
+	lda $gh,x

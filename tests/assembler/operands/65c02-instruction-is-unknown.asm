@@ -1,0 +1,3 @@
+	bra *
+	stz $10
+	phx

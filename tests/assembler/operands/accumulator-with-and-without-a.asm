@@ -1,0 +1,8 @@
+	asl a
+	asl
+	lsr A
+	lsr
+	rol a
+	rol
+	ror A
+	ror

@@ -1,0 +1,4 @@
+	lda [$10],y
+	sta [$FE],y
+	adc [$10,x]
+	jmp [$FFFC]

@@ -1,0 +1,4 @@
+	ldx $10,x
+	stx $10,y
+	jmp $10,x
+	inc $10,y

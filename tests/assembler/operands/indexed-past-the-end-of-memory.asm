@@ -1,0 +1,2 @@
+	lda $FFFF,x
+	lda -1,y

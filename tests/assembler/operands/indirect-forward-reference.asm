@@ -1,0 +1,3 @@
+	lda [ptr],y
+	lda [ptr,x]
+ptr = $42

@@ -1,0 +1,3 @@
+	lda [$FF],y
+	lda [$FF,x]
+	lda [$00],y

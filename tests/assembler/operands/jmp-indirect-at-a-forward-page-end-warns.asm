@@ -1,0 +1,2 @@
+	jmp [vector]
+vector = $03FF

@@ -1,0 +1,3 @@
+	jmp [$02FF]
+	jmp ($02FF)
+	jmp [$02FE]

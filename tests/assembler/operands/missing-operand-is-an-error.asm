@@ -1,0 +1,3 @@
+	lda
+	sta ; nothing
+	bne

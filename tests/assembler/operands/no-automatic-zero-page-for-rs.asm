@@ -1,0 +1,4 @@
+	.rsset $10
+var .rs 1
+	lda var
+	lda <var

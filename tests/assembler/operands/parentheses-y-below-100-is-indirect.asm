@@ -1,0 +1,4 @@
+	lda ($10),y
+	sta ($FF),y
+	lda ($00) , Y
+	cmp ($10+1),y

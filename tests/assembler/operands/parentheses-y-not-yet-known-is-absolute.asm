@@ -1,0 +1,3 @@
+	lda (later),y
+later = $10
+	lda (later),y

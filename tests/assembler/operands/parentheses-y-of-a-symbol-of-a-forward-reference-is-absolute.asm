@@ -1,0 +1,3 @@
+soon = later
+	lda (soon),y
+later = $10

@@ -1,0 +1,3 @@
+table = $10
+	LDX (table),y
+	ldx ($1234),y

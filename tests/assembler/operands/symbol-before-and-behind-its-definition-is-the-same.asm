@@ -1,0 +1,5 @@
+	lda var
+	lda <var
+var = $80
+	lda var
+	lda <var

@@ -1,0 +1,3 @@
+	lda <later
+	lda later
+later = $10

@@ -1,0 +1,4 @@
+	lda $00
+	lda <$00
+	lda $FF
+	lda <$FF

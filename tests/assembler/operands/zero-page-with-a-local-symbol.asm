@@ -1,0 +1,3 @@
+main:
+.tmp = $30
+	lda <.tmp+1

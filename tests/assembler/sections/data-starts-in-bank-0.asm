@@ -1,0 +1,4 @@
+	.bank 2
+	.db 1
+	.data
+	.db 2

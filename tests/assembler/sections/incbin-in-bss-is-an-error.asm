@@ -1,0 +1,2 @@
+	.bss
+	.incbin "data.bin"

@@ -1,0 +1,5 @@
+	.bss
+	.ds 5
+here:
+	.code
+	.dw here,*

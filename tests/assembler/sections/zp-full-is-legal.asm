@@ -1,0 +1,5 @@
+	.zp
+	.ds 255
+last: .ds 1
+	.code
+	lda <last

@@ -1,0 +1,2 @@
+	.db "Hello",0
+	.byte "a","b"

@@ -1,0 +1,5 @@
+ONE = 1
+TWO=2
+ THREE = 3
+	FOUR	=	4
+	.db ONE,TWO,THREE,FOUR

@@ -1,0 +1,2 @@
+	.align later
+later = 4

@@ -1,0 +1,2 @@
+	.bank later
+later = 1

@@ -1,0 +1,2 @@
+	.ds later
+later = 1

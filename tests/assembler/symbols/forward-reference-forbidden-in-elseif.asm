@@ -1,0 +1,4 @@
+	.if 0
+	.elseif later
+	.endif
+later = 1

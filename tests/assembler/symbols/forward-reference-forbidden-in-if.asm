@@ -1,0 +1,3 @@
+	.if later
+	.endif
+later = 1

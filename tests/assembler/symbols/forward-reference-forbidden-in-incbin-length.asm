@@ -1,0 +1,2 @@
+	.incbin "data.bin",1,later
+later = 1

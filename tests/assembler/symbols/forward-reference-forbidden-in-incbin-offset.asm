@@ -1,0 +1,2 @@
+	.incbin "data.bin",later
+later = 1

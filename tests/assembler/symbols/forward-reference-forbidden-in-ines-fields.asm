@@ -1,0 +1,5 @@
+	.inesprg later
+	.ineschr later
+	.inesmap later
+	.inesmir later
+later = 1

@@ -1,0 +1,2 @@
+	.org later
+later = $8000

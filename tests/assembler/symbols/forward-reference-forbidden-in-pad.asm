@@ -1,0 +1,2 @@
+	.pad later
+later = 4

@@ -1,0 +1,4 @@
+	.rept later
+	nop
+	.endr
+later = 1

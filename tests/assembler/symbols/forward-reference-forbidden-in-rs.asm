@@ -1,0 +1,2 @@
+var .rs later
+later = 1

@@ -1,0 +1,2 @@
+	.rsset later
+later = 1

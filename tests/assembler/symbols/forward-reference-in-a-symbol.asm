@@ -1,0 +1,3 @@
+ONE = TWO+1
+	.db ONE
+TWO = 5

@@ -1,0 +1,4 @@
+	nop
+here:
+	.ds here+2
+	.db here

@@ -1,0 +1,4 @@
+one:
+	.tmp .equ 7
+	 .tmp2 = 8
+	.db .tmp,.tmp2

@@ -1,0 +1,4 @@
+MINUS = -2
+	.db MINUS
+	lda #MINUS
+	.dw MINUS

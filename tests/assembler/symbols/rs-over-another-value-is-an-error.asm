@@ -1,0 +1,3 @@
+	.rsset 4
+ONE = 1
+ONE .rs 1

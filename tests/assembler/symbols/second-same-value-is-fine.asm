@@ -1,0 +1,4 @@
+ONE = 1
+ONE = 2-1
+ONE .equ 1
+	.db ONE

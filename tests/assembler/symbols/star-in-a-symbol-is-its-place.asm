@@ -1,0 +1,4 @@
+	nop
+HERE = *
+	nop
+	jmp HERE

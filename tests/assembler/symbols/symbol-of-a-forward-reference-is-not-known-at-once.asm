@@ -1,0 +1,3 @@
+NOW = later
+	.ds NOW
+later = 1

@@ -1,0 +1,3 @@
+start: nop
+ALIAS = start+2
+	jmp ALIAS

@@ -1,0 +1,3 @@
+WIDE = $12345678
+	.db LOW(WIDE),HIGH(WIDE)
+	.dw WIDE>>16
