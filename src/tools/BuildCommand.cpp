@@ -1,0 +1,122 @@
+#include "tools/BuildCommand.h"
+
+#include "build/BackgroundWork.h"
+#include "build/NESBuildSettings.h"
+#include "build/NESProjectBuilder.h"
+#include "model/Paths.h"
+#include "tools/BuildHints.h"
+#include "tools/ConsolePrinter.h"
+#include "tools/ImageStamp.h"
+#include "tools/Messages.h"
+#include "tools/Relocation.h"
+
+#include <QCoreApplication>
+
+#include <string>
+#include <system_error>
+#include <utility>
+
+namespace kestrel {
+
+namespace fs = std::filesystem;
+
+BuildCommand::BuildCommand(QCoreApplication& application, OpenedProject project)
+    : m_application(application)
+    , m_project(std::move(project))
+    , m_printer(std::make_shared<ConsolePrinter>()) {}
+
+BuildCommand::~BuildCommand() = default;
+
+bool BuildCommand::run() {
+    // Relative paths in the project's files shall not depend on where the program was started.
+    std::error_code error;
+    fs::current_path(m_project.folder, error);
+    if (error) {
+        complain("the folder " + shown(m_project.folder) + " cannot be entered.");
+        return false;
+    }
+    const auto relocation = Relocation::between(m_project.root->itemPath(), m_project.folder);
+    if (relocation) {
+        relocation->apply(*m_project.root);
+        m_project.root->setItemPath(m_project.folder);
+    }
+    m_settings = std::make_shared<NESBuildSettings>(m_project.root);
+    if (relocation) {
+        takeAsMoved(*relocation);
+    }
+    fs::path image;
+    if (const auto& output = m_settings->outputFilePath(); output && !output->empty()) {
+        image = joined(*output, m_project.root->itemName() + ".nes");
+        if (relocation && relocation->leadsBack(image)) {
+            complain("the image " + shown(image) + " would be written into the former folder " +
+                     shown(relocation->former()) + ", to which a link leads. Nothing was built.");
+            return false;
+        }
+    }
+    return build(image) && !m_printer->hasFailed();
+}
+
+void BuildCommand::takeAsMoved(const Relocation& relocation) {
+    complain("the project was moved: for this build paths below " + shown(relocation.former()) +
+             " are taken as below " + shown(relocation.present()) +
+             " (--relocate writes that into its files).");
+    for (ProjectItems* list :
+         {&m_settings->assemblyFiles(), &m_settings->graphicFiles(), &m_settings->paletteFiles()}) {
+        for (const auto& item : *list) {
+            relocation.apply(*item);
+        }
+    }
+    for (std::optional<fs::path>* path :
+         {&m_settings->outputFilePath(), &m_settings->pathToEmulator()}) {
+        if (*path && !(*path)->empty()) {
+            *path = relocation.mapped(**path);
+        }
+    }
+}
+
+bool BuildCommand::build(const fs::path& expectedImage) {
+    const ImageStamp before = ImageStamp::of(expectedImage);
+    const std::optional<Report> report = buildReport();
+    if (!report) {
+        return false; // ended from outside, and whoever did that knows
+    }
+    if (report->error || !report->image) {
+        tellError(report->error.value_or(BuildError{}));
+        return false;
+    }
+    const ImageStamp after = ImageStamp::of(*report->image);
+    if (!after.present || after == before) {
+        complain(m_printer->hasPrinted() ? "no image was made; see what the assembler says."
+                                         : "no image was made, and the assembler said nothing.");
+        return false;
+    }
+    return true;
+}
+
+std::optional<BuildCommand::Report> BuildCommand::buildReport() {
+    // Shared, since the worker may still report when a signal has ended the loop.
+    const auto report = std::make_shared<std::optional<Report>>();
+    const auto builder = std::make_shared<NESProjectBuilder>(m_settings);
+    builder->setConsoleOutput(m_printer);
+    QCoreApplication* const application = &m_application;
+    builder->build(
+        [application, report](std::optional<fs::path> image, std::optional<BuildError> error) {
+            // Queued behind the assembler's text, which is printed first therefore.
+            const auto take = [report, outcome = Report{std::move(image), std::move(error)}] {
+                *report = outcome;
+                QCoreApplication::exit();
+            };
+            BackgroundWork::postToMainThread(application, take);
+        });
+    QCoreApplication::exec();
+    return *report;
+}
+
+void BuildCommand::tellError(const BuildError& error) {
+    complain(error.localizedDescription());
+    for (const std::string& hint : BuildHints::forError(error, *m_settings)) {
+        complain("hint: " + hint);
+    }
+}
+
+} // namespace kestrel

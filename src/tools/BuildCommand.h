@@ -1,0 +1,49 @@
+#pragma once
+
+#include "build/BuildError.h"
+#include "build/BuildSettingsConfiguration.h"
+#include "tools/OpenedProject.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+class QCoreApplication;
+
+namespace kestrel {
+
+class ConsolePrinter;
+class Relocation;
+
+/// Builds one project with the environment's own builder and judges whether that made an image.
+class BuildCommand {
+public:
+    /// Runs the event loop of `application`, which must not run yet. The process's current folder
+    /// becomes the project's.
+    BuildCommand(QCoreApplication& application, OpenedProject project);
+    ~BuildCommand();
+    BuildCommand(const BuildCommand&) = delete;
+    BuildCommand& operator=(const BuildCommand&) = delete;
+
+    /// Builds and tells the user what went wrong. True when this build made the image and all its
+    /// text was printed.
+    bool run();
+
+private:
+    struct Report {
+        std::optional<std::filesystem::path> image;
+        std::optional<BuildError> error;
+    };
+
+    void takeAsMoved(const Relocation& relocation);
+    bool build(const std::filesystem::path& expectedImage);
+    std::optional<Report> buildReport();
+    void tellError(const BuildError& error);
+
+    QCoreApplication& m_application;
+    OpenedProject m_project;
+    std::shared_ptr<BuildSettingsConfiguration> m_settings;
+    std::shared_ptr<ConsolePrinter> m_printer;
+};
+
+} // namespace kestrel

@@ -1,0 +1,108 @@
+#include "tools/BuildHints.h"
+
+#include "build/AssemblerLocation.h"
+#include "build/MainAssemblyFile.h"
+#include "build/QtText.h"
+#include "build/SourceLocation.h"
+#include "model/BuildSettingsFile.h"
+#include "model/FileReader.h"
+#include "model/Paths.h"
+#include "tools/Messages.h"
+
+#include <QString>
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace kestrel {
+
+namespace {
+
+constexpr std::string_view SetUpFailed = "Could not create temp folder to build project";
+constexpr std::string_view NoMainFile = "Could not find main entry point for assembly file(s)";
+constexpr std::size_t MostFileHints = 5;
+
+std::optional<std::string> setUpHint(BuildSettingsConfiguration& settings) {
+    const ProjectItem& project = *settings.projectToBuild();
+    if (!AssemblerLocation::find()) {
+        return "The assembler NESasm is neither beside kestrel-build nor in the folder "
+               "../libexec/kestrel: Kestrel is not installed completely.";
+    }
+    if (!settings.outputFilePath()) {
+        const std::string file = shown(BuildSettingsFile::location(project));
+        return existsAt(BuildSettingsFile::location(project))
+                   ? "The build settings " + file +
+                         " cannot be understood: they need the texts \"output_folder\" and "
+                         "\"emulator\"."
+                   : "There are no build settings " + file + ".";
+    }
+    if (settings.outputFilePath()->empty()) {
+        return "The build settings name no output folder.";
+    }
+    if (!project.itemName().empty() && !SourceLocation::isPlainName(project.itemName())) {
+        return "The project's name " + shown(project.itemName()) +
+               " cannot be the name of an image file.";
+    }
+    return "Needed are the folders " + shown(joined(project.itemPath(), "tmp")) + " and " +
+           shown(*settings.outputFilePath()) + ": may you write there?";
+}
+
+/// Why this file is not the main one, where that is worth a word.
+std::optional<std::string> sourceHint(const ProjectItem& entry,
+                                      const std::filesystem::path& projectFolder) {
+    const auto file = SourceLocation::file(entry, projectFolder);
+    if (!file) {
+        return std::nullopt;
+    }
+    const auto bytes = readFile(*file);
+    if (!bytes) {
+        return "The assembly file " + shown(*file) + " cannot be read.";
+    }
+    const auto text = QtText::fromUtf8(std::string_view(*bytes));
+    if (!text) {
+        return "The assembly file " + shown(*file) + " is not valid UTF-8 text.";
+    }
+    // With as much behind it, nothing of the text itself is left out of the search.
+    if (MainAssemblyFile::placesVectors(*text + QString(text->size(), u' '))) {
+        return "In " + shown(*file) + " the vectors stand too near the end to be found.";
+    }
+    return std::nullopt;
+}
+
+std::vector<std::string> mainFileHints(BuildSettingsConfiguration& settings) {
+    std::vector<std::string> hints;
+    if (settings.assemblyFiles().empty()) {
+        hints.emplace_back("The build settings list no assembly file.");
+    }
+    for (const auto& entry : settings.assemblyFiles()) {
+        if (hints.size() == MostFileHints) {
+            break;
+        }
+        if (auto hint = sourceHint(*entry, settings.projectToBuild()->itemPath())) {
+            hints.push_back(std::move(*hint));
+        }
+    }
+    hints.emplace_back(
+        "The main file is the first listed one that holds \".org $FFFA\". Where lines end with "
+        "CR LF, the last part of a file is not searched: a comment \"; .org $FFFA\" near the top "
+        "of the main file helps.");
+    return hints;
+}
+
+} // namespace
+
+std::vector<std::string> BuildHints::forError(const BuildError& error,
+                                              BuildSettingsConfiguration& settings) {
+    if (error.description == SetUpFailed) {
+        if (auto hint = setUpHint(settings)) {
+            return {std::move(*hint)};
+        }
+    }
+    if (error.description == NoMainFile) {
+        return mainFileHints(settings);
+    }
+    return {};
+}
+
+} // namespace kestrel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+namespace kestrel {
+
+/// What tells one state of an image file from another. The assembler writes an image under another
+/// name and renames it, so that even a rebuilt image with the same bytes is another file.
+struct ImageStamp {
+    bool present = false; ///< whether a regular file is there; links are followed
+    std::uint64_t device = 0;
+    std::uint64_t file = 0;
+    std::int64_t changedSeconds = 0;
+    std::int64_t changedNanoseconds = 0;
+    std::string content; ///< empty when it cannot be read or is implausibly large
+
+    bool operator==(const ImageStamp&) const = default;
+
+    static ImageStamp of(const std::filesystem::path& image);
+};
+
+} // namespace kestrel

@@ -1,0 +1,72 @@
+#include "tools/Messages.h"
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace kestrel {
+
+namespace {
+
+/// The number of the error that stopped the writing, 0 for none.
+int writeAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = ::write(descriptor, text.data(), text.size());
+        if (written >= 0) {
+            text.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno != EINTR) {
+            return errno;
+        }
+    }
+    return 0;
+}
+
+} // namespace
+
+std::string shown(const std::filesystem::path& path) {
+    constexpr std::string_view Digits = "0123456789ABCDEF";
+    std::string result = "\"";
+    for (const char character : path.native()) {
+        const auto code = static_cast<unsigned char>(character);
+        if (character == '\n') {
+            result += "\\n";
+        } else if (code < 0x20 || code == 0x7F) {
+            result += {'\\', 'x', Digits[code >> 4U], Digits[code & 0xFU]};
+        } else {
+            result += character;
+        }
+    }
+    return result + "\"";
+}
+
+void prepareStandardStreams() {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(descriptor, F_GETFD) < 0) {
+            // The lowest free number is this one. Read-only: text for it is lost, and that shows.
+            static_cast<void>(::open("/dev/null", O_RDONLY));
+        }
+    }
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+}
+
+void complain(std::string_view sentence) {
+    std::string line = "kestrel-build: ";
+    line += sentence;
+    line += '\n';
+    // Nobody is left to be told when this fails.
+    static_cast<void>(writeAll(STDERR_FILENO, line));
+}
+
+bool printText(std::string_view text) {
+    const int problem = writeAll(STDOUT_FILENO, text);
+    if (problem == 0 || problem == EPIPE) {
+        return true;
+    }
+    complain("standard output could not be written: " + std::generic_category().message(problem) +
+             ".");
+    return false;
+}
+
+} // namespace kestrel

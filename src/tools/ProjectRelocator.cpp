@@ -1,0 +1,148 @@
+#include "tools/ProjectRelocator.h"
+
+#include "model/BuildSettingsFile.h"
+#include "model/FileProcessor.h"
+#include "model/FileReader.h"
+#include "model/FileWriter.h"
+#include "model/Paths.h"
+#include "tools/Messages.h"
+#include "tools/Relocation.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace kestrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int SettingsIndent = 4;
+
+void relocateMember(Dictionary& settings, const char* key, const Relocation& relocation) {
+    const auto text = stringMember(settings, key);
+    if (!text || text->empty()) {
+        return;
+    }
+    if (const fs::path found = relocation.mapped(*text); found != fs::path(*text)) {
+        settings[key] = pathText(found);
+    }
+}
+
+void relocateSettings(Dictionary& settings, const Relocation& relocation) {
+    relocateMember(settings, "output_folder", relocation);
+    relocateMember(settings, "emulator", relocation);
+    for (const char* key : {"code_assembly_files", "graphic_files", "palette_files"}) {
+        const auto list = settings.find(key);
+        if (list != settings.end() && list->is_array()) {
+            for (Dictionary& node : *list) {
+                relocation.apply(node);
+            }
+        }
+    }
+}
+
+fs::path settingsFileOf(const OpenedProject& project) {
+    const fs::path folder = joined(project.folder, SettingsFolderName);
+    return joined(folder,
+                  project.root->itemName() + std::string(BuildSettingsConfigurationExtension));
+}
+
+/// The new content of both files, in the order in which they are put in place.
+std::optional<std::vector<PendingFile>> newFiles(const OpenedProject& project,
+                                                 const Relocation& relocation,
+                                                 std::optional<Dictionary> settings) {
+    std::vector<PendingFile> files;
+    if (settings) {
+        relocateSettings(*settings, relocation);
+        auto content = serialiseJson(*settings, SettingsIndent);
+        if (!content) {
+            return std::nullopt;
+        }
+        files.push_back({settingsFileOf(project), std::move(*content)});
+    }
+    Dictionary structure = project.structure;
+    relocation.apply(structure);
+    structure["path"] = pathText(project.folder);
+    auto content = serialiseJson(structure);
+    if (!content) {
+        return std::nullopt;
+    }
+    files.push_back({project.structureFile, std::move(*content)});
+    return files;
+}
+
+/// Keeps a backup of each file with members that are there twice, of which the new content has only
+/// the last.
+bool keepWhatWouldBeLost(const std::vector<PendingFile>& files) {
+    return std::all_of(files.begin(), files.end(), [](const PendingFile& file) {
+        bool repeatedMembers = false;
+        readJsonFile(file.path, &repeatedMembers);
+        return !repeatedMembers || keepBackup(file.path);
+    });
+}
+
+/// Replaces the files, unless one of them leads to the project that this one was copied from.
+bool write(const std::vector<PendingFile>& files, const Relocation& relocation) {
+    for (const PendingFile& file : files) {
+        if (relocation.leadsBack(file.path)) {
+            complain(shown(file.path) + " is a link into the former folder " +
+                     shown(relocation.former()) +
+                     ": put a copy of the file in its place. Nothing was changed.");
+            return false;
+        }
+    }
+    if (!keepWhatWouldBeLost(files) || !replaceFilesTogether(files)) {
+        complain("the project's files in " + shown(files.back().path.parent_path()) +
+                 " could not be written: is there room, and may you write there? Run the same "
+                 "command again afterwards.");
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+ProjectRelocator::Outcome ProjectRelocator::relocate(const OpenedProject& project) {
+    const auto relocation = Relocation::between(project.root->itemPath(), project.folder);
+    if (!relocation) {
+        printText("The project's files name the folder it lies in, " + shown(project.folder) +
+                  ": nothing to do.\n");
+        return Outcome::nothingToDo;
+    }
+    if (project.root->itemName().find('/') != std::string::npos) {
+        complain("the project's name " + shown(project.root->itemName()) +
+                 " holds a \"/\", so its build settings have no place. Nothing was changed.");
+        return Outcome::notUnderstood;
+    }
+    const fs::path settingsFile = settingsFileOf(project);
+    auto settings = readJsonFile(settingsFile);
+    if (existsAt(settingsFile) && !(settings && settings->is_object())) {
+        complain("the build settings " + shown(settingsFile) +
+                 " cannot be read or are not a JSON object. Nothing was changed.");
+        return Outcome::notUnderstood;
+    }
+    if (!settings) {
+        complain("there are no build settings " + shown(settingsFile) +
+                 "; only the structure file is relocated.");
+    }
+    const auto files = newFiles(project, *relocation, std::move(settings));
+    if (!files) {
+        complain(
+            "the folder " + shown(project.folder) +
+            " cannot be named in the project's files: its name is not valid UTF-8. Nothing was "
+            "changed.");
+        return Outcome::notWritten;
+    }
+    if (!write(*files, *relocation)) {
+        return Outcome::notWritten;
+    }
+    printText("Relocated from " + shown(relocation->former()) + " to " + shown(project.folder) +
+              ".\n");
+    return Outcome::relocated;
+}
+
+} // namespace kestrel

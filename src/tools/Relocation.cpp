@@ -1,0 +1,145 @@
+#include "tools/Relocation.h"
+
+#include "model/Paths.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+namespace kestrel {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// `path` without ".", empty components and a separator at its end; ".." is taken as written.
+fs::path normal(const fs::path& path) {
+    fs::path result = path.lexically_normal();
+    if (!result.has_filename() && result.has_relative_path()) {
+        result = result.parent_path();
+    }
+    return result == "." ? fs::path() : result;
+}
+
+/// `path` with the links in its existing part followed; as written where that cannot be told.
+fs::path resolved(const fs::path& path) {
+    std::error_code error;
+    const fs::path result = fs::weakly_canonical(path, error);
+    return normal(error || result.empty() ? path : result);
+}
+
+bool holdsParentStep(const fs::path& path) {
+    return std::find(path.begin(), path.end(), "..") != path.end();
+}
+
+/// What follows `base` in `path`, empty for `base` itself; nothing when `path` is not below it.
+/// Both are normal.
+std::optional<fs::path> restBelow(const fs::path& path, const fs::path& base) {
+    if (path.is_absolute() != base.is_absolute()) {
+        return std::nullopt;
+    }
+    const auto [inBase, inPath] = std::mismatch(base.begin(), base.end(), path.begin(), path.end());
+    if (inBase != base.end()) {
+        return std::nullopt;
+    }
+    fs::path rest;
+    for (auto component = inPath; component != path.end(); ++component) {
+        rest /= *component;
+    }
+    if (holdsParentStep(rest)) {
+        return std::nullopt;
+    }
+    return rest;
+}
+
+bool isBelow(const fs::path& path, const fs::path& base) {
+    return restBelow(path, base).has_value();
+}
+
+} // namespace
+
+std::optional<Relocation> Relocation::between(const fs::path& named, const fs::path& present) {
+    if (named.is_absolute()) {
+        std::error_code error;
+        const bool writtenTheSame = !holdsParentStep(named) && normal(named) == normal(present);
+        if (writtenTheSame || resolved(named) == resolved(present) ||
+            fs::equivalent(named, present, error)) {
+            return std::nullopt;
+        }
+    }
+    return Relocation(named, present);
+}
+
+Relocation::Relocation(fs::path former, fs::path present)
+    : m_former(std::move(former))
+    , m_present(std::move(present))
+    , m_written{normal(m_former), normal(m_present)}
+    , m_resolved{m_former.is_absolute() ? resolved(m_former) : m_written.former,
+                 resolved(m_present)} {}
+
+fs::path Relocation::mapped(const fs::path& path) const {
+    if (!path.is_absolute()) {
+        return mapped(normal(path), m_written).value_or(path);
+    }
+    const fs::path target = resolved(path);
+    // A copy that lies inside its original: what is in the copy already stays there.
+    if (isBelow(m_resolved.present, m_resolved.former) && isBelow(target, m_resolved.present)) {
+        return path;
+    }
+    if (!holdsParentStep(path)) {
+        if (const auto result = mapped(normal(path), m_written)) {
+            return *result;
+        }
+    }
+    return mapped(target, m_resolved).value_or(path);
+}
+
+std::optional<fs::path> Relocation::mapped(const fs::path& path, const Folders& folders) const {
+    const auto rest = restBelow(path, folders.former);
+    if (!rest) {
+        return std::nullopt;
+    }
+    return rest->empty() ? m_present : joined(m_present, rest->native());
+}
+
+bool Relocation::leadsBack(const fs::path& path) const {
+    const fs::path target = resolved(path);
+    const bool copyInside = isBelow(m_resolved.present, m_resolved.former);
+    return isBelow(target, m_resolved.former) &&
+           !(copyInside && isBelow(target, m_resolved.present));
+}
+
+bool Relocation::concerns(FilePathType kind, const fs::path& path) {
+    return kind == FilePathType::absolute || (kind == FilePathType::noPath && !path.empty());
+}
+
+void Relocation::apply(Dictionary& node) const {
+    if (!node.is_object()) {
+        return;
+    }
+    const auto path = stringMember(node, "path");
+    const auto pathType = stringMember(node, "path_type");
+    const auto kind = pathType ? filePathTypeFrom(*pathType) : std::nullopt;
+    if (path && kind && concerns(*kind, *path)) {
+        if (const fs::path found = mapped(*path); found != fs::path(*path)) {
+            node["path"] = pathText(found);
+        }
+    }
+    const auto children = node.find("sub_items");
+    if (children != node.end() && children->is_array()) {
+        for (Dictionary& child : *children) {
+            apply(child);
+        }
+    }
+}
+
+void Relocation::apply(ProjectItem& node) const {
+    if (concerns(node.itemPathType(), node.itemPath())) {
+        node.setItemPath(mapped(node.itemPath()));
+    }
+    for (const auto& child : node.subItems()) {
+        apply(*child);
+    }
+}
+
+} // namespace kestrel

@@ -1,0 +1,77 @@
+#include "tools/BuildCommand.h"
+#include "tools/CommandLine.h"
+#include "tools/Messages.h"
+#include "tools/OpenedProject.h"
+#include "tools/ProjectRelocator.h"
+#include "tools/SignalWatcher.h"
+
+#include <QCoreApplication>
+
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace {
+
+enum Status { Success = 0, Failure = 1, Refusal = 2 };
+
+Status refuse(const std::string& problem) {
+    kestrel::complain(problem);
+    return Refusal;
+}
+
+Status relocate(const kestrel::OpenedProject& project) {
+    switch (kestrel::ProjectRelocator::relocate(project)) {
+    case kestrel::ProjectRelocator::Outcome::notWritten:
+        return Failure;
+    case kestrel::ProjectRelocator::Outcome::notUnderstood:
+        return Refusal;
+    default:
+        return Success;
+    }
+}
+
+Status build(kestrel::OpenedProject project, char* programName) {
+    bool built = false;
+    int signal = 0;
+    {
+        // Of the arguments only the program's own name is Qt's business.
+        int argumentCount = 1;
+        char* arguments[] = {programName, nullptr};
+        QCoreApplication application(argumentCount, arguments);
+        const kestrel::SignalWatcher watcher;
+        built = kestrel::BuildCommand(application, std::move(project)).run();
+        signal = watcher.caught();
+    } // ends an assembler that still runs
+    if (signal != 0) {
+        kestrel::SignalWatcher::endBy(signal);
+    }
+    return built ? Success : Failure;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using Action = kestrel::CommandLine::Action;
+    kestrel::prepareStandardStreams();
+    const std::vector<std::string> arguments(argc > 0 ? argv + 1 : argv, argv + argc);
+    const auto commandLine = kestrel::CommandLine::parse(arguments);
+    switch (commandLine.action) {
+    case Action::showHelp:
+        return kestrel::printText(kestrel::CommandLine::helpText()) ? Success : Failure;
+    case Action::showVersion:
+        return kestrel::printText("kestrel-build " KESTREL_VERSION "\n") ? Success : Failure;
+    case Action::refuse:
+        return refuse(commandLine.problem);
+    default:
+        break;
+    }
+    auto project = kestrel::openProject(commandLine.project);
+    if (const auto* problem = std::get_if<kestrel::ProjectProblem>(&project)) {
+        return refuse(problem->sentence);
+    }
+    auto& opened = std::get<kestrel::OpenedProject>(project);
+    return commandLine.action == Action::relocate ? relocate(opened)
+                                                  : build(std::move(opened), argv[0]);
+}
