@@ -198,6 +198,22 @@ TEST_F(GeneratedSources, enormousReservationIsAnError) {
     expectError(assemble("\tnop\n\t.align $40000000\n"), "main.asm:2:");
 }
 
+TEST_F(GeneratedSources, includedDataOfAWholeBankBehindAFullBank) {
+    m_folder.write("project/bank.bin", std::string(8192, 'b'));
+    // Bank 0 is full, the data fills bank 1, and the position is bank 2 already, on the page of the
+    // beginning.
+    expectImage(
+        assemble(
+            "\t.org $C000\n\t.ds 8192\n\t.incbin \"bank.bin\"\nhere: .dw here\n\t.db BANK(here)\n"),
+        "size 24592\n0:0000: 00*8192\n1:0000: 62*8192\n2:0000: 00 C0 02\n");
+}
+
+TEST_F(GeneratedSources, includedDataThatFillsTwoBanksUsesNoThird) {
+    m_folder.write("project/banks.bin", std::string(16384, 'b'));
+    expectImage(assemble("\t.incbin \"banks.bin\"\n"),
+                "size 16400\n0:0000: 62*8192\n1:0000: 62*8192\n");
+}
+
 /// A main file that includes 1.asm, which includes 2.asm, up to `depth`, whose last holds one
 /// instruction.
 void writeChain(const TemporaryFolder& folder, int depth) {

@@ -1,0 +1,4 @@
+	.org $BFFF
+	lda #1
+	.bank 1
+	.db 1

@@ -1,0 +1,2 @@
+	.org $FFFF
+	.db 7

@@ -1,0 +1,3 @@
+	.org $9FFE
+	beq end
+end:

@@ -1,0 +1,3 @@
+here: bne here
+	bne next
+next:

@@ -1,0 +1,2 @@
+	.include "more.asm
+	.incbin "data.bin

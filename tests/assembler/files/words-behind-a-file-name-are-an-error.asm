@@ -1,0 +1,2 @@
+	.include "more.asm" again
+	.incbin "data.bin" 1

@@ -1,0 +1,2 @@
+	.inesprg 256
+	.inesmap -1

@@ -1,0 +1,1 @@
+here : nop

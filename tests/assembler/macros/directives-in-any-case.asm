@@ -1,0 +1,7 @@
+.MACRO put
+	.db \1
+	.EndM
+two .Macro
+	put 2
+	ENDM
+	two

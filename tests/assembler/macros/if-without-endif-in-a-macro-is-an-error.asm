@@ -1,0 +1,5 @@
+open .macro
+	.if 1
+	.endm
+	open
+	nop

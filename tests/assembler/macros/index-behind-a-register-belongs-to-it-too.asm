@@ -1,0 +1,5 @@
+count .macro
+	.db \#
+	.endm
+	count x, y
+	count x,y,z

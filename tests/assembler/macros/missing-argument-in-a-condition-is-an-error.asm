@@ -1,0 +1,6 @@
+pick .macro
+	.if \1
+	nop
+	.endif
+	.endm
+	pick

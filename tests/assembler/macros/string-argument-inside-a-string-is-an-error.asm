@@ -1,0 +1,4 @@
+say .macro
+	.db "\1"
+	.endm
+	say "x"

@@ -1,0 +1,4 @@
+	ldx #end-start
+start: .db 1,2,3
+end:
+	.db end-start
