@@ -61,15 +61,29 @@ const std::vector<std::string>& expectationEndings() {
     return endings;
 }
 
+/// The topics below a folder: the folders that hold at least one file of a case.
+std::vector<fs::path> topicsIn(const fs::path& folder) {
+    std::vector<fs::path> topics;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
+        const auto isOfACase = [](const fs::directory_entry& file) {
+            const auto& endings = expectationEndings();
+            return isCaseFile(file.path()) || std::find(endings.begin(), endings.end(),
+                                                        file.path().extension()) != endings.end();
+        };
+        if (entry.is_directory() && std::any_of(fs::directory_iterator(entry.path()),
+                                                fs::directory_iterator(), isOfACase)) {
+            topics.push_back(entry.path());
+        }
+    }
+    return topics;
+}
+
 } // namespace
 
 std::vector<GoldenCase> GoldenCase::listedIn(const fs::path& folder) {
     std::vector<GoldenCase> cases;
-    for (const fs::directory_entry& topic : fs::directory_iterator(folder)) {
-        if (!topic.is_directory()) {
-            continue;
-        }
-        for (const fs::directory_entry& file : fs::directory_iterator(topic.path())) {
+    for (const fs::path& topic : topicsIn(folder)) {
+        for (const fs::directory_entry& file : fs::directory_iterator(topic)) {
             if (file.is_regular_file() && isCaseFile(file.path())) {
                 cases.emplace_back(file.path());
             }
@@ -82,11 +96,8 @@ std::vector<GoldenCase> GoldenCase::listedIn(const fs::path& folder) {
 
 std::vector<std::string> GoldenCase::orphansIn(const fs::path& folder) {
     std::set<std::string> orphans;
-    for (const fs::directory_entry& topic : fs::directory_iterator(folder)) {
-        if (!topic.is_directory()) {
-            continue;
-        }
-        for (const fs::directory_entry& file : fs::directory_iterator(topic.path())) {
+    for (const fs::path& topic : topicsIn(folder)) {
+        for (const fs::directory_entry& file : fs::directory_iterator(topic)) {
             const fs::path& path = file.path();
             fs::path source = path;
             if (file.is_directory()) {

@@ -130,8 +130,11 @@ TEST_F(GoldenDriver, noticesExpectationsWithoutACase) {
     m_folder.write("one/lost.out", "");
     m_folder.write("one/gone/data.bin", "");
     m_folder.write("one/case.txt", "");
+    m_folder.write("alone/lost.status", "1\n");
+    m_folder.write("notopic/Some.cpp", "");
     EXPECT_THAT(GoldenCase::orphansIn(m_folder.path()),
-                ElementsAre("one/case.txt", "one/gone", "one/lost.hex", "one/lost.out"));
+                ElementsAre("alone/lost.status", "one/case.txt", "one/gone", "one/lost.hex",
+                            "one/lost.out"));
 }
 
 TEST_F(GoldenDriver, listsEveryCaseOfEveryTopic) {
