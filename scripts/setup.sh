@@ -40,12 +40,13 @@ install_packages() {
   rm -f "$log"
 }
 
-# build_preset NAME: configures and builds out/NAME.
+# build_preset NAME [TARGET...]: configures and builds out/NAME, whole or only the targets named.
 build_preset() {
-  local log=out/$1-build.log
+  local log=out/$1-build.log preset=$1
+  shift
   mkdir -p out
-  say "Building the preset $1 in out/$1"
-  if ! { cmake --preset "$1" && cmake --build --preset "$1"; } >"$log" 2>&1; then
+  say "Building the preset $preset in out/$preset"
+  if ! { cmake --preset "$preset" && cmake --build --preset "$preset" ${1+--target "$@"}; } >"$log" 2>&1; then
     tail -n 60 "$log" >&2
     fail "The build failed; the reason stands above (whole text in $log)."
   fi
