@@ -32,7 +32,7 @@ public:
     /// no row.
     void popupFor(bool onRow, const QPoint& globalPosition);
 
-public Q_SLOTS:
+    /// Each posts its command.
     void newFile();
     void importFile();
     void addGroup();

@@ -261,13 +261,14 @@ ProjectNavigationController::expandedWithin(const std::shared_ptr<ProjectItem>& 
 bool ProjectNavigationController::restore(const std::vector<RemovedItem>& removed) {
     bool all = true;
     // Backwards: each place was counted when the earlier ones had gone already.
-    for (auto item = removed.rbegin(); item != removed.rend(); ++item) {
-        if (item->container && !m_model->indexOf(item->container).isValid()) {
+    const std::vector<RemovedItem> backwards(removed.rbegin(), removed.rend());
+    for (const RemovedItem& item : backwards) {
+        if (item.container && !m_model->indexOf(item.container).isValid()) {
             all = false;
             continue;
         }
-        ProjectItems& items = item->container ? item->container->subItems() : m_allItems;
-        items.insert(at(items, item->position), item->node);
+        ProjectItems& items = item.container ? item.container->subItems() : m_allItems;
+        items.insert(at(items, item.position), item.node);
     }
     reload();
     if (m_outlineView == nullptr) {

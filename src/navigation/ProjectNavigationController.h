@@ -109,7 +109,6 @@ public:
     /// Replaces how the file system is asked; for tests.
     void setFileExistence(ProjectNavigationItem::FileExistence fileExists);
 
-public Q_SLOTS:
     /// Posts a request for a new project in the form of a NewItemType.
     void requestNewProject(QObject* sender = nullptr);
 

@@ -1,7 +1,7 @@
 #include "navigation/ProjectNavigationModel.h"
 
 #include <algorithm>
-#include <functional>
+#include <iterator>
 #include <utility>
 
 namespace kestrel {
@@ -59,9 +59,8 @@ QModelIndex ProjectNavigationModel::indexOf(const std::shared_ptr<ProjectItem>& 
         if (row->node == item) {
             return indexFor(*row);
         }
-        for (auto child = row->children.rbegin(); child != row->children.rend(); ++child) {
-            waiting.push_back(child->get());
-        }
+        std::transform(row->children.rbegin(), row->children.rend(), std::back_inserter(waiting),
+                       [](const std::unique_ptr<Row>& child) { return child.get(); });
     }
     return {};
 }
