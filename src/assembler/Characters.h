@@ -17,10 +17,10 @@ enum CharacterClass : std::uint8_t {
 
 constexpr std::array<std::uint8_t, 256> makeCharacterClasses() {
     std::array<std::uint8_t, 256> classes{};
-    for (const unsigned char c : {' ', '\t', '\v', '\f'})
-        classes[c] = kBlank;
-    for (const unsigned char c : {'\n', '\r'})
-        classes[c] = kLineEnd | kStatementEnd;
+    for (const char c : {' ', '\t', '\v', '\f'})
+        classes[static_cast<unsigned char>(c)] = kBlank;
+    for (const char c : {'\n', '\r'})
+        classes[static_cast<unsigned char>(c)] = kLineEnd | kStatementEnd;
     classes[static_cast<unsigned char>(';')] = kStatementEnd;
     for (unsigned c = 0; c < 26; ++c)
         classes['a' + c] = classes['A' + c] = kWordStart | kWordPart;

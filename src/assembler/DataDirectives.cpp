@@ -96,9 +96,10 @@ void DataDirectives::space(const char* p) {
 void DataDirectives::align(const char* p) {
     const char* const start = p;
     const auto unit = m_parser.parseKnown(p, "the step of .align", 1, 0x10000);
-    if (unit)
-        alignOrPadTo((*unit - m_assembly.here % static_cast<std::uint32_t>(*unit)) % *unit, start,
-                     p);
+    if (unit) {
+        const auto step = static_cast<std::uint32_t>(*unit);
+        alignOrPadTo((step - m_assembly.here % step) % step, start, p);
+    }
 }
 
 void DataDirectives::pad(const char* p) {
