@@ -8,7 +8,9 @@ namespace kestrel::test {
 namespace fs = std::filesystem;
 
 Program KestrelBuildFixture::program(std::vector<std::string> arguments) const {
-    return {.executable = KESTREL_BUILD_PROGRAM, .arguments = std::move(arguments)};
+    return {.executable = KESTREL_BUILD_PROGRAM,
+            .arguments = std::move(arguments),
+            .folder = m_folder.path()};
 }
 
 Finished KestrelBuildFixture::run(std::vector<std::string> arguments) const {
@@ -21,7 +23,7 @@ Program KestrelBuildFixture::programWithAssembler(const std::string& script,
     const fs::path assembler = executable.parent_path() / "NESasm";
     writeFile(assembler, "#!/bin/sh\n" + script + "\n");
     fs::permissions(assembler, fs::perms(0755));
-    return {.executable = executable, .arguments = std::move(arguments)};
+    return {.executable = executable, .arguments = std::move(arguments), .folder = m_folder.path()};
 }
 
 fs::path KestrelBuildFixture::copiedProgram(bool withAssembler) const {

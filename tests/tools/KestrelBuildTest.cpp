@@ -142,6 +142,21 @@ TEST_F(KestrelBuild, TheBytesAreTheSameFromWhateverFolder) {
 }
 
 TEST_F(KestrelBuild, RelativePathsInTheFilesCountFromTheProjectsFolder) {
+    const TestProject project(at("game"), "game");
+    std::string settings = contentOf(project.settingsFile());
+    for (const std::string name : {"output", "src"}) {
+        const std::string folder = (project.folder() / name).string();
+        settings.replace(settings.find(folder), folder.size(), name);
+    }
+    writeFile(project.settingsFile(), settings);
+    const Finished finished = run({project.file().string()});
+    EXPECT_EQ(finished.status, 0);
+    EXPECT_THAT(finished.errors, IsEmpty());
+    expectImage(project.image(), 1);
+    EXPECT_FALSE(fs::exists(at("output")));
+}
+
+TEST_F(KestrelBuild, AProjectWhoseFilesNameNoAbsoluteFolderIsAtHomeWhereItLies) {
     const TestProject project(at("game"), "game", "");
     const Finished finished = run({project.file().string()});
     EXPECT_EQ(finished.status, 0) << finished.errors;

@@ -15,6 +15,9 @@ using ::testing::Not;
 
 class MovedProject : public KestrelBuildFixture {
 protected:
+    /// The folder that the files of a moved project name; it is not there.
+    fs::path former() const { return at("gone/old"); }
+
     Finished relocate(const TestProject& project) const {
         return run({"--relocate", project.file().string()});
     }
@@ -45,15 +48,16 @@ protected:
 };
 
 TEST_F(MovedProject, ItIsBuiltWhereItLiesAndOneLineSaysSo) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     const auto files = stateOf(at("new/.project"));
     const Finished finished = run({project.file().string()});
     EXPECT_EQ(finished.status, 0);
     EXPECT_TRUE(fs::exists(project.image()));
-    EXPECT_THAT(finished.errors, AllOf(HasSubstr("\"/gone/old\""), HasSubstr(at("new").string())));
+    EXPECT_THAT(finished.errors,
+                AllOf(HasSubstr('"' + former().string() + '"'), HasSubstr(at("new").string())));
     EXPECT_EQ(std::count(finished.errors.begin(), finished.errors.end(), '\n'), 1);
     EXPECT_EQ(stateOf(at("new/.project")), files);
-    EXPECT_FALSE(fs::exists("/gone"));
+    EXPECT_FALSE(fs::exists(at("gone")));
 }
 
 TEST_F(MovedProject, ACopyIsBuiltFromItsOwnFilesAndTheOriginalIsNotTouched) {
@@ -111,10 +115,10 @@ TEST_F(MovedProject, ALinkBackIntoTheFormerFolderIsNotWrittenThrough) {
 }
 
 TEST_F(MovedProject, RelocatingWritesTheNewFolderAndAllElseStays) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     const Finished finished = relocate(project);
     EXPECT_EQ(finished.status, 0);
-    EXPECT_THAT(finished.output, HasSubstr("Relocated from \"/gone/old\""));
+    EXPECT_THAT(finished.output, HasSubstr("Relocated from \"" + former().string()));
     EXPECT_THAT(finished.errors, IsEmpty());
     expectNamed(project, at("new"));
     const Finished build = run({project.file().string()});
@@ -123,7 +127,7 @@ TEST_F(MovedProject, RelocatingWritesTheNewFolderAndAllElseStays) {
 }
 
 TEST_F(MovedProject, RelocatingTwiceChangesNothingTheSecondTime) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     ASSERT_EQ(relocate(project).status, 0);
     const auto files = stateOf(at("new"));
     const Finished again = relocate(project);
@@ -133,7 +137,7 @@ TEST_F(MovedProject, RelocatingTwiceChangesNothingTheSecondTime) {
 }
 
 TEST_F(MovedProject, RelocatingFromTheProjectsFolderNamesItInFull) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     Program relocation = program({"--relocate", "game.kst"});
     relocation.folder = at("new");
     EXPECT_EQ(relocation.run().status, 0);
@@ -141,7 +145,7 @@ TEST_F(MovedProject, RelocatingFromTheProjectsFolderNamesItInFull) {
 }
 
 TEST_F(MovedProject, RelocatingKeepsWhatItDoesNotKnow) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     writeFile(project.settingsFile(), R"({"future": [1, {"x": null}], "emulator": "/opt/emu",
         "output_folder": "/elsewhere", "code_assembly_files": "none", "Version": "9"})");
     std::string structure = contentOf(project.structureFile());
@@ -154,9 +158,10 @@ TEST_F(MovedProject, RelocatingKeepsWhatItDoesNotKnow) {
 }
 
 TEST_F(MovedProject, AnEmulatorMovesOnlyFromBelowTheProject) {
-    const TestProject project(at("new"), "game", "/gone/old");
-    writeFile(project.settingsFile(),
-              R"({"emulator": "/gone/old/bin/emu", "output_folder": "/gone/old/output"})");
+    const TestProject project(at("new"), "game", former());
+    writeFile(project.settingsFile(), Dictionary{{"emulator", (former() / "bin/emu").string()},
+                                                 {"output_folder", (former() / "output").string()}}
+                                          .dump());
     ASSERT_EQ(relocate(project).status, 0);
     const auto settings = parseJson(contentOf(project.settingsFile()));
     EXPECT_EQ(settings->at("emulator"), (at("new") / "bin/emu").string());
@@ -164,12 +169,12 @@ TEST_F(MovedProject, AnEmulatorMovesOnlyFromBelowTheProject) {
 }
 
 TEST_F(MovedProject, AFailedRenameIsUndoneAndTheNextRunRelocates) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     for (const std::string fault : {"fail:1", "fail:2"}) {
         const Finished failed = relocateWithFault(project, fault);
         EXPECT_EQ(failed.status, 1) << fault;
         EXPECT_THAT(failed.errors, HasSubstr("could not be written")) << fault;
-        expectNamed(project, "/gone/old");
+        expectNamed(project, former());
         EXPECT_EQ(filesIn(at("new/.project")), 2U) << fault;
     }
     EXPECT_EQ(relocate(project).status, 0);
@@ -178,7 +183,7 @@ TEST_F(MovedProject, AFailedRenameIsUndoneAndTheNextRunRelocates) {
 
 TEST_F(MovedProject, ARelocationThatIsCutShortIsRepairedByTheNext) {
     for (const std::string fault : {"die:1", "die:2"}) {
-        const TestProject project(at("new " + fault), "game", "/gone/old");
+        const TestProject project(at("new " + fault), "game", former());
         EXPECT_EQ(relocateWithFault(project, fault).status, 128 + SIGKILL);
         EXPECT_EQ(run({project.file().string()}).status, 0) << "it builds in between too";
         EXPECT_EQ(relocate(project).status, 0);
@@ -187,7 +192,7 @@ TEST_F(MovedProject, ARelocationThatIsCutShortIsRepairedByTheNext) {
 }
 
 TEST_F(MovedProject, WithoutWritePermissionNothingChanges) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     Program relocation{.executable = copiedProgram(true),
                        .arguments = {"--relocate", project.file().string()}};
     relocation.asOrdinaryUser = true;
@@ -197,7 +202,7 @@ TEST_F(MovedProject, WithoutWritePermissionNothingChanges) {
     fs::permissions(at("new/.project"), fs::perms(0755));
     fs::permissions(project.structureFile(), fs::perms(0444));
     EXPECT_EQ(relocation.run().status, 1);
-    expectNamed(project, "/gone/old");
+    expectNamed(project, former());
     EXPECT_EQ(filesIn(at("new/.project")), 2U);
     fs::permissions(project.structureFile(), fs::perms(0640));
     EXPECT_EQ(relocation.run().status, 0);
@@ -205,7 +210,7 @@ TEST_F(MovedProject, WithoutWritePermissionNothingChanges) {
 }
 
 TEST_F(MovedProject, SettingsThatAreNotUnderstoodAreLeftAlone) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     writeFile(project.settingsFile(), "{ half a");
     const auto files = stateOf(at("new"));
     const Finished finished = relocate(project);
@@ -215,17 +220,17 @@ TEST_F(MovedProject, SettingsThatAreNotUnderstoodAreLeftAlone) {
 }
 
 TEST_F(MovedProject, WithoutSettingsTheStructureIsRelocatedAlone) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     fs::remove(project.settingsFile());
     const Finished finished = relocate(project);
     EXPECT_EQ(finished.status, 0);
     EXPECT_THAT(finished.errors, HasSubstr("there are no build settings"));
     EXPECT_FALSE(fs::exists(project.settingsFile()));
-    EXPECT_THAT(contentOf(project.structureFile()), Not(HasSubstr("/gone/old")));
+    EXPECT_THAT(contentOf(project.structureFile()), Not(HasSubstr(former().string())));
 }
 
 TEST_F(MovedProject, MembersThatAreThereTwiceAreKeptInABackup) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     std::string text = contentOf(project.structureFile());
     text.insert(1, R"("name": "lost",)");
     writeFile(project.structureFile(), text);
@@ -234,7 +239,7 @@ TEST_F(MovedProject, MembersThatAreThereTwiceAreKeptInABackup) {
 }
 
 TEST_F(MovedProject, AFolderThatJsonCannotNameIsBuiltNeitherNorWritten) {
-    const TestProject project(at("new \xFF"), "game", "/gone/old");
+    const TestProject project(at("new \xFF"), "game", former());
     const auto files = stateOf(project.folder());
     const Finished finished = relocate(project);
     EXPECT_EQ(finished.status, 1);
@@ -246,7 +251,7 @@ TEST_F(MovedProject, AFolderThatJsonCannotNameIsBuiltNeitherNorWritten) {
 }
 
 TEST_F(MovedProject, AProjectNameWithASeparatorIsNotFollowed) {
-    const TestProject project(at("new"), "game", "/gone/old");
+    const TestProject project(at("new"), "game", former());
     std::string structure = contentOf(project.structureFile());
     structure.replace(structure.find("\"game\""), 6, "\"../../x\"");
     writeFile(project.structureFile(), structure);
