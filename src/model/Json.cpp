@@ -71,7 +71,7 @@ public:
 
     bool key(string_t& name) override {
         Container& object = m_open.back();
-        Object& members = object.value->get_ref<Object&>();
+        auto& members = object.value->get_ref<Object&>();
         if (Dictionary* const former = find(object, members, name)) {
             m_repeatedMembers = true;
             object.member = former;
@@ -206,7 +206,7 @@ const Dictionary* member(const Dictionary& object, std::string_view key) {
     if (!object.is_object()) {
         return nullptr;
     }
-    const Object& members = object.get_ref<const Object&>();
+    const auto& members = object.get_ref<const Object&>();
     const auto found = std::find_if(members.begin(), members.end(),
                                     [&](const auto& entry) { return entry.first == key; });
     return found == members.end() ? nullptr : &found->second;

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace kestrel {
@@ -16,7 +17,9 @@ public:
         std::string name;
         std::string path; ///< absolute, of the project's folder
 
-        auto operator<=>(const Entry&) const = default;
+        bool operator<(const Entry& other) const {
+            return std::tie(name, path) < std::tie(other.name, other.path);
+        }
     };
 
     static std::filesystem::path location();
