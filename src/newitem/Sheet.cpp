@@ -2,6 +2,7 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace kestrel {
@@ -41,12 +42,9 @@ bool Sheet::isOpenOn(const QWidget* window) {
         return false;
     }
     const auto dialogs = window->findChildren<QDialog*>();
-    for (const QDialog* dialog : dialogs) {
-        if (dialog->isVisible() && dialog->isModal()) {
-            return true;
-        }
-    }
-    return false;
+    return std::any_of(dialogs.begin(), dialogs.end(), [](const QDialog* dialog) {
+        return dialog->isVisible() && dialog->isModal();
+    });
 }
 
 void Sheet::tell() {

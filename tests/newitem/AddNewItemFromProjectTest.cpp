@@ -32,16 +32,17 @@ Node node(const char* name, FileType type, const ProjectItems& children = {}) {
 }
 
 class PickerOverTheProject : public ::testing::Test {
+public:
+    ~PickerOverTheProject() override {
+        window.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
 protected:
     PickerOverTheProject() {
         window->resize(800, 600);
         window->show();
         open();
-    }
-
-    ~PickerOverTheProject() override {
-        window.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     void open() {

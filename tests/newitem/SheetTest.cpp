@@ -11,12 +11,13 @@ namespace kestrel {
 namespace {
 
 class SheetOnAWindow : public ::testing::Test {
-protected:
-    SheetOnAWindow() { window->show(); }
+public:
     ~SheetOnAWindow() override {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
+protected:
+    SheetOnAWindow() { window->show(); }
     std::unique_ptr<QWidget> window = std::make_unique<QWidget>();
     QPointer<Sheet> sheet = new Sheet(window.get());
     int ends = 0;

@@ -26,16 +26,17 @@ namespace kestrel::test {
 
 /// A request's sheet on a window, worked by clicks and keys, and what its handler was given.
 class WizardFixture : public ::testing::Test {
-protected:
-    WizardFixture() {
-        window->resize(800, 500);
-        window->show();
-    }
-
+public:
     ~WizardFixture() override {
         request.reset();
         window.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+protected:
+    WizardFixture() {
+        window->resize(800, 500);
+        window->show();
     }
 
     void askForFile() { ask(std::make_unique<CreateNewFileController>(folder.path().string())); }
