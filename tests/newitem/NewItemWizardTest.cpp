@@ -49,9 +49,11 @@ TEST_F(NewItemWizard, FinishingWithoutANameIsImpossible) {
     askForFile();
     clickNext();
     clickNext();
+    ASSERT_EQ(calls, 0);
     press(Qt::Key_Return);
+    ASSERT_EQ(calls, 0);
     press(Qt::Key_Enter);
-    EXPECT_EQ(calls, 0);
+    ASSERT_EQ(calls, 0);
     EXPECT_EQ(page(), 1);
     EXPECT_TRUE(sheet()->isVisible());
 }
