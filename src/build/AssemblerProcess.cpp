@@ -64,10 +64,13 @@ std::optional<QStringList> textOf(const AssemblerProcess::Request& request) {
     return list;
 }
 
-void kill(QProcess& process) {
-    // The group was made before the child ran, so its number is the child's.
-    ::kill(static_cast<pid_t>(-process.processId()), SIGKILL);
-    process.waitForFinished(killWait);
+/// Kills the child with its process group.
+void kill(const QProcess& process) {
+    // The group was made before the child ran, so its number is the child's. A child that is known
+    // to have ended has none; the number 0 would mean the program's own group.
+    if (const auto group = static_cast<pid_t>(process.processId()); group > 0) {
+        ::kill(-group, SIGKILL);
+    }
 }
 
 } // namespace
@@ -84,22 +87,33 @@ AssemblerProcess::Result AssemblerProcess::run(const Request& request,
     QProcessEnvironment environment;
     environment.insert(QStringLiteral("NES_INCLUDE"), texts->takeFirst());
 
+    OutputText output;
     QProcess process;
+    const auto stopIfAsked = [&] {
+        if (!result.stopped && mustStop()) {
+            kill(process);
+            result.stopped = true;
+        }
+    };
     process.setProcessEnvironment(environment);
     prepareChild(process);
+    // The waits below do not return as long as output keeps coming, so it is taken as it comes.
+    QObject::connect(&process, &QProcess::readyReadStandardOutput, &process, [&] {
+        output.append(process.readAllStandardOutput());
+        stopIfAsked();
+    });
     process.start(program, *texts, QIODevice::ReadOnly);
     if (!process.waitForStarted(-1)) {
         result.startFailure = startSentence(request.assembler, reasonOf(process));
         return result;
     }
-    OutputText output;
-    while (!process.waitForFinished(waitSlice) && process.state() != QProcess::NotRunning) {
-        output.append(process.readAllStandardOutput());
-        if (mustStop()) {
-            kill(process);
-            result.stopped = true;
-            return result;
-        }
+    while (!result.stopped && !process.waitForFinished(waitSlice) &&
+           process.state() != QProcess::NotRunning) {
+        stopIfAsked();
+    }
+    if (result.stopped) {
+        process.waitForFinished(killWait);
+        return result;
     }
     output.append(process.readAllStandardOutput());
     result.output = output.take();

@@ -30,7 +30,8 @@ public:
     /// Qt's. Its standard output is read while it runs; what it wrote up to its end is in the
     /// result, and a grandchild that keeps the pipe open is not waited for. Its standard error is
     /// the program's, its standard input is empty, its working folder is the program's. As soon as
-    /// `mustStop` says so (asked several times a second) it is killed with its process group.
+    /// `mustStop` says so (asked several times a second and with every piece of output) it is
+    /// killed with its process group.
     static Result run(const Request& request, const std::function<bool()>& mustStop);
 };
 

@@ -1,3 +1,4 @@
+#include "build/AssemblerProcess.h"
 #include "build/BuildProject.h"
 #include "build/QtText.h"
 #include "model/Paths.h"
@@ -148,16 +149,24 @@ TEST_F(BuilderThreads, output_for_a_console_that_is_gone_is_dropped) {
 
 TEST_F(BuilderThreads, the_last_reference_to_the_builder_may_drop_on_the_worker) {
     Outcome outcome;
-    auto builder = m_project.makeBuilder();
+    Outcome end; // told by what only the builder holds
+    auto watch = std::shared_ptr<void>(nullptr, [told = end.runHandler()](void*) { told({}); });
+    auto builder = std::make_shared<NESProjectBuilder>(
+        m_project.settings, [watch, place = m_project.assembler] { return place; });
+    watch.reset();
+    builder->setConsoleOutput(m_project.console);
     auto* const raw = builder.get();
     raw->build([handler = outcome.buildHandler(), builder](const auto& image, const auto& error) {
         handler(image, error);
     });
     builder.reset();
-    ASSERT_TRUE(waitUntil([&] { return outcome.calls() > 0; }));
     ASSERT_TRUE(QThreadPool::globalInstance()->waitForDone(60000));
+    EXPECT_EQ(end.calls(), 1);
+    EXPECT_EQ(end.thread(), outcome.thread());
+    EXPECT_NE(end.thread(), std::this_thread::get_id());
     processWhatIsQueued();
     EXPECT_EQ(outcome.calls(), 1);
+    EXPECT_THAT(m_project.console->texts, IsEmpty());
 }
 
 TEST_F(BuilderThreads, a_handler_may_start_the_next_build_on_its_worker) {
@@ -242,6 +251,18 @@ TEST_F(BuilderThreads, a_grandchild_that_keeps_the_pipe_open_does_not_hold_the_b
     EXPECT_TRUE(reader.allWritersGo());
 }
 
+TEST_F(BuilderThreads, a_grandchild_that_prints_without_end_does_not_hold_the_build_up) {
+    Outcome outcome;
+    m_project.script("print before\nforkflood\nprint after\n");
+    const auto builder = m_project.makeBuilder();
+    builder->build(outcome.buildHandler());
+    ASSERT_TRUE(
+        waitUntil([&] { return outcome.calls() > 0 && !m_project.console->texts.empty(); }));
+    ASSERT_EQ(m_project.console->texts.size(), 1U);
+    EXPECT_TRUE(m_project.console->texts[0].starts_with("before\n"));
+    EXPECT_NE(m_project.console->texts[0].find("after\n"), std::string::npos);
+}
+
 TEST_F(BuilderThreads, no_zombie_is_left) {
     Outcome outcome;
     const auto builder = m_project.makeBuilder();
@@ -268,6 +289,43 @@ TEST_F(BuilderThreads, quitting_ends_an_assembler_that_never_ends_and_its_proces
     EXPECT_EQ(program.readAllStandardOutput(), "") << "the handler was called after all";
     EXPECT_TRUE(child.allWritersGo());
     EXPECT_TRUE(grandchild.allWritersGo());
+}
+
+TEST_F(BuilderThreads, a_stop_is_asked_for_with_every_piece_of_output) {
+    constexpr int pieces = 64;
+    constexpr int pipe = 65536; // what a pipe holds, so the most that comes in one piece
+    m_project.script("fill " + std::to_string(pieces * pipe) + "\n");
+    AssemblerProcess::Request request;
+    request.assembler = FAKE_ASSEMBLER;
+    request.includeFolder = m_project.folder() / "tmp";
+    int asked = 0;
+    auto result = AssemblerProcess::run(request, [&] { return ++asked < 0; });
+    EXPECT_GE(asked, pieces);
+    EXPECT_FALSE(result.stopped);
+    ASSERT_TRUE(result.output);
+    EXPECT_EQ(result.output->size(), pieces * pipe);
+
+    asked = 0;
+    result = AssemblerProcess::run(request, [&] { return ++asked == 2; });
+    EXPECT_EQ(asked, 2);
+    EXPECT_TRUE(result.stopped);
+    EXPECT_FALSE(result.output);
+}
+
+TEST_F(BuilderThreads, quitting_ends_an_assembler_that_prints_without_end) {
+    const auto childHolds = m_project.fifo("child");
+    FifoReader child(childHolds);
+    m_project.settings->saveBuildSettings();
+    m_project.script("hold child\nflood\n");
+    QProcess program;
+    program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    program.start(QStringLiteral(QUITTING_BUILD),
+                  {*QtText::fromPath(m_project.folder()), QStringLiteral(FAKE_ASSEMBLER)});
+    ASSERT_TRUE(program.waitForFinished(60000)) << "the program does not quit";
+    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(program.readAllStandardOutput(), "") << "the handler was called after all";
+    EXPECT_TRUE(child.allWritersGo());
 }
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)

@@ -8,6 +8,7 @@
 //   and
 //                   NAME to close it                            standard output, for good
 //   closeout        closes standard output         forever      never ends
+//   flood           prints without end             forkflood    a grandchild prints without end
 //   kill            kills itself                   exit STATUS  ends at once
 #include <algorithm>
 #include <csignal>
@@ -76,6 +77,16 @@ void fill(std::size_t count) {
     }
 }
 
+void flood() {
+    std::string block;
+    while (block.size() < 1U << 16U) {
+        block += "y\n";
+    }
+    for (;;) {
+        writeAll(block);
+    }
+}
+
 void hold(const std::string& name) {
     if (::open((projectFolder() / name).c_str(), O_WRONLY) < 0) {
         std::_Exit(91);
@@ -112,6 +123,12 @@ void follow(const std::string& word, const std::string& rest, const std::string&
         if (::fork() == 0) {
             hold(rest);
             forever();
+        }
+    } else if (word == "flood") {
+        flood();
+    } else if (word == "forkflood") {
+        if (::fork() == 0) {
+            flood(); // until nobody reads it any more
         }
     } else if (word == "closeout") {
         ::close(1);
