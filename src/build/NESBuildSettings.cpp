@@ -15,9 +15,16 @@ namespace kestrel {
 
 namespace {
 
+constexpr const char* PlaceholderName = "Empty";
+
+std::filesystem::path placeholderFolder() {
+    return joined(homeFolder(), "Kestrel");
+}
+
 bool isPlaceholder(const ProjectItem& project) {
-    return project.itemFileType() == FileType::unknown &&
-           project.itemPathType() == FilePathType::noPath;
+    return project.itemName() == PlaceholderName && project.itemFileType() == FileType::unknown &&
+           project.itemPathType() == FilePathType::noPath &&
+           project.itemPath() == placeholderFolder();
 }
 
 std::optional<std::filesystem::path> processItemToAbsolutePath(const ProjectItem& item) {
@@ -51,7 +58,7 @@ std::vector<std::filesystem::path> extractAbsolutePath(FileType type, const Proj
 
 NESBuildSettings::NESBuildSettings()
     : m_projectToBuild(std::make_shared<ProjectNavigationSettingItem>(
-          "Empty", joined(homeFolder(), "Kestrel"), FileType::unknown, ProjectType::nes)) {}
+          PlaceholderName, placeholderFolder(), FileType::unknown, ProjectType::nes)) {}
 
 NESBuildSettings::NESBuildSettings(std::shared_ptr<ProjectItem> projectToBuild)
     : NESBuildSettings() {

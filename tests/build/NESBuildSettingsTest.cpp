@@ -79,6 +79,14 @@ TEST_F(NESBuildSettingsTest, the_placeholder_is_never_saved) {
     EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings"));
 }
 
+TEST_F(NESBuildSettingsTest, a_project_of_an_odd_kind_is_saved_like_any_other) {
+    const auto odd = std::make_shared<ProjectNavigationSettingItem>(
+        "Game", m_home.path() / "Game", FileType::unknown, ProjectType::nes);
+    NESBuildSettings(odd).saveBuildSettings();
+    EXPECT_TRUE(existsAt(file()));
+    EXPECT_THAT(m_log.lines(), ElementsAre("Did save build settings"));
+}
+
 TEST_F(NESBuildSettingsTest, without_a_file_only_the_project_is_set) {
     NESBuildSettings settings(m_project);
     EXPECT_EQ(settings.projectToBuild(), m_project);
