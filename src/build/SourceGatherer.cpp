@@ -6,6 +6,8 @@
 
 #include <array>
 #include <fcntl.h>
+#include <set>
+#include <string>
 #include <string_view>
 #include <sys/stat.h>
 #include <utility>
@@ -69,6 +71,52 @@ void copyFile(const std::filesystem::path& source, int folder, const std::string
     copyToNewFile(source, folder, name);
 }
 
+/// What in the temporary folder is a user's own and no copy.
+class OwnFiles {
+public:
+    OwnFiles(int folder, const std::vector<const ProjectItems*>& lists,
+             const std::filesystem::path& projectFolder)
+        : m_folder(folder) {
+        struct stat temp {};
+        if (::fstat(folder, &temp) != 0) {
+            return;
+        }
+        for (const ProjectItems* list : lists) {
+            for (const auto& entry : *list) {
+                if (const auto source = SourceLocation::file(*entry, projectFolder)) {
+                    add(entry->itemName(), *source, temp);
+                }
+            }
+        }
+    }
+
+    /// Whether what has this name is the only place of a listed file's content. A hard link is not:
+    /// the content stays when that is removed.
+    bool contain(const std::string& name) const {
+        struct stat info {};
+        return m_names.contains(name) ||
+               (::fstatat(m_folder, name.c_str(), &info, AT_SYMLINK_NOFOLLOW) == 0 &&
+                info.st_nlink == 1 && m_sources.contains({info.st_dev, info.st_ino}));
+    }
+
+private:
+    void add(const std::string& name, const std::filesystem::path& source,
+             const struct stat& temp) {
+        struct stat info {};
+        if (::stat(source.c_str(), &info) == 0 && S_ISREG(info.st_mode)) {
+            m_sources.emplace(info.st_dev, info.st_ino);
+        }
+        if (::stat(source.parent_path().c_str(), &info) == 0 && isSameFile(info, temp) &&
+            isThere(m_folder, name)) {
+            m_names.insert(name);
+        }
+    }
+
+    int m_folder;
+    std::set<std::string> m_names;               ///< of the entries that lie there
+    std::set<std::pair<dev_t, ino_t>> m_sources; ///< the files that the entries lead to
+};
+
 } // namespace
 
 SourceGatherer::SourceGatherer(std::filesystem::path projectFolder,
@@ -76,37 +124,16 @@ SourceGatherer::SourceGatherer(std::filesystem::path projectFolder,
     : m_projectFolder(std::move(projectFolder))
     , m_tempFolder(std::move(tempFolder)) {}
 
-std::set<std::string>
-SourceGatherer::ownNames(int folder, const std::vector<const ProjectItems*>& lists) const {
-    std::set<std::string> names;
-    struct stat temp {};
-    if (::fstat(folder, &temp) != 0) {
-        return names;
-    }
-    for (const ProjectItems* list : lists) {
-        for (const auto& entry : *list) {
-            const auto parent = SourceLocation::folder(*entry, m_projectFolder);
-            struct stat info {};
-            if (SourceLocation::file(*entry, m_projectFolder) &&
-                ::stat(parent->c_str(), &info) == 0 && isSameFile(info, temp) &&
-                isThere(folder, entry->itemName())) {
-                names.insert(entry->itemName());
-            }
-        }
-    }
-    return names;
-}
-
 void SourceGatherer::gather(const std::vector<const ProjectItems*>& lists) const {
     const FileDescriptor folder = openFolder(m_tempFolder);
     if (!folder.isOpen()) {
         return;
     }
-    const auto own = ownNames(folder.get(), lists);
+    const OwnFiles own(folder.get(), lists, m_projectFolder);
     for (const ProjectItems* list : lists) {
         for (const auto& entry : *list) {
             const auto source = SourceLocation::file(*entry, m_projectFolder);
-            if (source && !own.contains(entry->itemName())) {
+            if (source && !own.contain(entry->itemName())) {
                 copyFile(*source, folder.get(), entry->itemName());
             }
         }
@@ -118,7 +145,7 @@ bool SourceGatherer::clean(const std::vector<const ProjectItems*>& lists) const 
     if (!folder.isOpen()) {
         return !existsAt(m_tempFolder);
     }
-    const auto own = ownNames(folder.get(), lists);
+    const OwnFiles own(folder.get(), lists, m_projectFolder);
     bool allGone = true;
     for (const ProjectItems* list : lists) {
         for (const auto& entry : *list) {
@@ -128,7 +155,7 @@ bool SourceGatherer::clean(const std::vector<const ProjectItems*>& lists) const 
             }
             struct stat info {};
             const bool removable =
-                !own.contains(name) &&
+                !own.contain(name) &&
                 ::fstatat(folder.get(), name.c_str(), &info, AT_SYMLINK_NOFOLLOW) == 0 &&
                 (S_ISREG(info.st_mode) || S_ISLNK(info.st_mode));
             if (removable) {

@@ -3,8 +3,6 @@
 #include "model/ProjectItem.h"
 
 #include <filesystem>
-#include <set>
-#include <string>
 #include <vector>
 
 namespace kestrel {
@@ -18,8 +16,9 @@ public:
     SourceGatherer(std::filesystem::path projectFolder, std::filesystem::path tempFolder);
 
     /// Copies the files of all entries of the lists, in order; of two with one name the later wins.
-    /// A file that is its own destination stays as it is, whoever else has its name. Anything else
-    /// at a destination is removed first, also when there is nothing to copy; a folder there stays.
+    /// A file that is its own destination stays as it is, whoever else has its name, and so does
+    /// one that a source is a link to. Anything else at a destination is removed first, also when
+    /// there is nothing to copy; a folder there stays.
     void gather(const std::vector<const ProjectItems*>& lists) const;
 
     /// Removes from the temporary folder the files of the lists that `gather` may have put there.
@@ -27,10 +26,6 @@ public:
     bool clean(const std::vector<const ProjectItems*>& lists) const;
 
 private:
-    /// The names in the temporary folder that are a user's own: the files of entries that lie
-    /// there.
-    std::set<std::string> ownNames(int folder, const std::vector<const ProjectItems*>& lists) const;
-
     std::filesystem::path m_projectFolder;
     std::filesystem::path m_tempFolder;
 };

@@ -2,6 +2,7 @@
 
 #include "model/Paths.h"
 #include "model/ProjectNavigationSettingItem.h"
+#include "support/ChildProcess.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -79,6 +80,29 @@ TEST_F(SourceGathererTest, removes_the_earlier_copy_of_a_source_that_is_gone) {
     EXPECT_FALSE(existsAt(temp() / "a.asm"));
 }
 
+TEST_F(SourceGathererTest, is_silent_about_a_source_and_a_folder_that_permissions_close) {
+    if (test::isRoot()) {
+        EXPECT_TRUE(test::passesAsOrdinaryUser());
+        return;
+    }
+    using std::filesystem::perms;
+    const auto closed = m_folder.write("src/closed.asm", "new");
+    m_folder.write("src/open.asm", "new");
+    m_folder.write("tmp/closed.asm", "stale");
+    m_folder.write("tmp/open.asm", "stale");
+    const ProjectItems files{entry("closed.asm", src()), entry("open.asm", src())};
+    std::filesystem::permissions(closed, perms::none);
+    std::filesystem::permissions(temp(), perms::owner_read | perms::owner_exec);
+    gather(files);
+    EXPECT_EQ(contentOf(temp() / "closed.asm"), "stale");
+    EXPECT_EQ(contentOf(temp() / "open.asm"), "stale");
+    EXPECT_FALSE(clean(files));
+    std::filesystem::permissions(temp(), perms::owner_all);
+    gather(files);
+    EXPECT_FALSE(existsAt(temp() / "closed.asm"));
+    EXPECT_EQ(contentOf(temp() / "open.asm"), "new");
+}
+
 TEST_F(SourceGathererTest, skips_entries_without_a_file) {
     m_folder.write("src/a.asm", "A");
     m_folder.write("tmp/a.asm", "kept");
@@ -134,6 +158,34 @@ TEST_F(SourceGathererTest, another_file_of_that_name_does_not_push_out_a_users_o
     EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
     gather({entry("a.asm", temp()), entry("a.asm", src())});
     EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
+}
+
+TEST_F(SourceGathererTest, another_file_of_that_name_does_not_push_out_what_a_source_is_a_link_to) {
+    m_folder.write("tmp/a.asm", "only copy");
+    m_folder.write("tmp/b.asm", "another only copy");
+    m_folder.write("one/a.asm", "other");
+    m_folder.write("one/b.asm", "other");
+    std::filesystem::create_directories(src());
+    std::filesystem::create_symlink(temp() / "a.asm", src() / "a.asm");
+    std::filesystem::create_symlink(temp() / "b.asm", src() / "linked.asm");
+    const ProjectItems files{entry("a.asm", m_folder.path() / "one"), entry("a.asm", src()),
+                             entry("b.asm", m_folder.path() / "one"), entry("linked.asm", src())};
+    gather(files);
+    EXPECT_EQ(contentOf(src() / "a.asm"), "only copy");
+    EXPECT_EQ(contentOf(src() / "linked.asm"), "another only copy");
+    EXPECT_EQ(contentOf(temp() / "linked.asm"), "another only copy");
+    EXPECT_FALSE(clean(files));
+    EXPECT_EQ(contentOf(src() / "a.asm"), "only copy");
+    EXPECT_EQ(contentOf(src() / "linked.asm"), "another only copy");
+}
+
+TEST_F(SourceGathererTest, a_hard_link_to_a_source_gives_way_to_a_later_file_of_its_name) {
+    const auto first = m_folder.write("one/a.asm", "first");
+    m_folder.write("two/a.asm", "second");
+    std::filesystem::create_hard_link(first, temp() / "a.asm");
+    gather({entry("a.asm", m_folder.path() / "one"), entry("a.asm", m_folder.path() / "two")});
+    EXPECT_EQ(contentOf(temp() / "a.asm"), "second");
+    EXPECT_EQ(contentOf(first), "first");
 }
 
 TEST_F(SourceGathererTest, never_removes_a_folder) {
