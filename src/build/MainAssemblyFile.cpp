@@ -76,7 +76,7 @@ std::optional<std::string> MainAssemblyFile::find(const ProjectItems& assemblyFi
                                                   const std::filesystem::path& projectFolder) {
     for (const auto& entry : assemblyFiles) {
         const auto file = SourceLocation::file(*entry, projectFolder);
-        const auto bytes = file ? readFile(*file) : std::nullopt;
+        const auto bytes = file ? readFile(*file, MaximumSize) : std::nullopt;
         const auto text = bytes ? QtText::fromUtf8(std::string_view(*bytes)) : std::nullopt;
         if (text && placesVectors(*text)) {
             return entry->itemName();

@@ -4,6 +4,7 @@
 
 #include <QStringView>
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -14,9 +15,13 @@ namespace kestrel {
 /// processor's interrupt vectors, address $FFFA (nesdev wiki, "CPU memory map").
 class MainAssemblyFile {
 public:
+    /// The largest file that is searched, in bytes: no source comes near it, and a file with a hole
+    /// may claim any size.
+    static constexpr std::uintmax_t MaximumSize = 256ULL * 1024 * 1024;
+
     /// The name of the first entry whose file mentions the vectors. Files are read where they are,
-    /// not in the temporary folder. Entries without a file or a plain name, unreadable files and
-    /// files that are not UTF-8 are passed over.
+    /// not in the temporary folder. Entries without a file or a plain name, unreadable files, files
+    /// above MaximumSize and files that are not UTF-8 are passed over.
     static std::optional<std::string> find(const ProjectItems& assemblyFiles,
                                            const std::filesystem::path& projectFolder);
 

@@ -6,23 +6,18 @@
 #include <algorithm>
 #include <array>
 #include <fcntl.h>
+#include <new>
 #include <string_view>
 #include <sys/stat.h>
 
 namespace kestrel {
 
-std::optional<std::string> readFile(const std::filesystem::path& path, std::uintmax_t limit) {
-    // Without O_NONBLOCK the open itself would wait for a writer when the file is a fifo.
-    const FileDescriptor file = openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
-    struct stat status {};
-    if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
-        return std::nullopt;
-    }
+namespace {
+
+/// What `file`, which had `size` bytes, holds to its end; nothing when that is more than `limit`.
+std::optional<std::string> contentOf(const FileDescriptor& file, std::uintmax_t size,
+                                     std::uintmax_t limit) {
     std::string content;
-    const auto size = static_cast<std::uintmax_t>(status.st_size);
-    if (size > std::min<std::uintmax_t>(limit, content.max_size())) {
-        return std::nullopt;
-    }
     content.reserve(static_cast<std::size_t>(size));
     std::array<char, 65536> buffer;
     while (true) {
@@ -37,6 +32,26 @@ std::optional<std::string> readFile(const std::filesystem::path& path, std::uint
             return std::nullopt;
         }
         content.append(buffer.data(), *count);
+    }
+}
+
+} // namespace
+
+std::optional<std::string> readFile(const std::filesystem::path& path, std::uintmax_t limit) {
+    // Without O_NONBLOCK the open itself would wait for a writer when the file is a fifo.
+    const FileDescriptor file = openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+    struct stat status {};
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    const auto size = static_cast<std::uintmax_t>(status.st_size);
+    if (size > std::min<std::uintmax_t>(limit, std::string().max_size())) {
+        return std::nullopt;
+    }
+    try {
+        return contentOf(file, size, limit);
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;
     }
 }
 

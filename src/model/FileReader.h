@@ -13,8 +13,8 @@ namespace kestrel {
 inline constexpr std::uintmax_t MaximumConfigurationSize = 64ULL * 1024 * 1024;
 
 /// The whole content of a regular file (links are followed). Nothing for anything else (folder,
-/// fifo, device), for an unreadable file and for one larger than `limit` bytes. Never blocks, never
-/// throws.
+/// fifo, device), for an unreadable file, and for one larger than `limit` bytes or than what memory
+/// takes. Never blocks, never throws.
 std::optional<std::string> readFile(const std::filesystem::path& path,
                                     std::uintmax_t limit = UINTMAX_MAX);
 

@@ -1,6 +1,7 @@
 #include "build/MainAssemblyFile.h"
 
 #include "model/ProjectNavigationSettingItem.h"
+#include "support/ChildProcess.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -150,6 +151,33 @@ TEST_F(MainAssemblyFileTest, unreadable_files_are_passed_over) {
                     source("dangling.asm", m_folder.path()), source("fifo.asm", m_folder.path()),
                     source("main.asm", m_folder.path())}),
               "main.asm");
+}
+
+TEST_F(MainAssemblyFileTest, files_without_read_permission_are_passed_over) {
+    if (test::isRoot()) {
+        EXPECT_TRUE(test::passesAsOrdinaryUser());
+        return;
+    }
+    const auto closed = m_folder.write("closed.asm", m_vectors);
+    m_folder.write("main.asm", m_vectors);
+    const ProjectItems files{source("closed.asm", m_folder.path()),
+                             source("main.asm", m_folder.path())};
+    EXPECT_EQ(find(files), "closed.asm");
+    std::filesystem::permissions(closed, std::filesystem::perms::owner_write);
+    EXPECT_EQ(find(files), "main.asm");
+}
+
+TEST_F(MainAssemblyFileTest, a_file_beyond_all_sense_is_passed_over_unread) {
+    const auto huge = m_folder.write("huge.asm", m_vectors);
+    m_folder.write("main.asm", m_vectors);
+    const ProjectItems files{source("huge.asm", m_folder.path()),
+                             source("main.asm", m_folder.path())};
+    EXPECT_EQ(find(files), "huge.asm");
+    // Files with a hole: they take no room on the disk, but would in memory.
+    for (const std::uintmax_t size : {MainAssemblyFile::MaximumSize + 1, std::uintmax_t{1} << 40}) {
+        std::filesystem::resize_file(huge, size);
+        EXPECT_EQ(find(files), "main.asm") << size;
+    }
 }
 
 TEST_F(MainAssemblyFileTest, files_that_are_not_utf8_are_passed_over) {
