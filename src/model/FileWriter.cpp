@@ -59,6 +59,9 @@ std::optional<Target> writableTarget(const std::filesystem::path& path) {
     }
     Target target{*resolved};
     target.exists = ::stat(target.path.c_str(), &target.status) == 0;
+    if (!target.exists && errno != ENOENT && errno != ENAMETOOLONG) {
+        return std::nullopt; // something may well be there that cannot be looked at just now
+    }
     // Replacing needs the folder's permission only, so the file's own has to be asked for.
     if (target.exists && (!S_ISREG(target.status.st_mode) ||
                           ::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0)) {
