@@ -1,5 +1,6 @@
 #include "build/BuildProject.h"
 #include "model/Paths.h"
+#include "support/ChildProcess.h"
 #include "support/LogCapture.h"
 
 #include <gmock/gmock.h>
@@ -66,6 +67,21 @@ TEST_F(BuilderSetUp, fails_when_a_folder_cannot_be_made_and_logs_only_the_system
     const LogCapture log;
     EXPECT_EQ(failure(), setUpFailed);
     EXPECT_THAT(log.lines(), ElementsAre("Not a directory"));
+}
+
+TEST_F(BuilderSetUp, fails_in_a_project_folder_without_write_permission) {
+    if (isRoot()) {
+        EXPECT_TRUE(passesAsOrdinaryUser());
+        return;
+    }
+    m_project.settings->outputFilePath() = m_project.home.path() / "output";
+    std::filesystem::permissions(m_project.folder(), std::filesystem::perms::owner_read |
+                                                         std::filesystem::perms::owner_exec);
+    const LogCapture log;
+    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_THAT(log.lines(), ElementsAre("Permission denied"));
+    EXPECT_TRUE(existsAt(m_project.home.path() / "output")) << "the folders made stay";
+    std::filesystem::permissions(m_project.folder(), std::filesystem::perms::owner_all);
 }
 
 TEST_F(BuilderSetUp, fails_when_the_temporary_folder_is_a_dangling_link) {
