@@ -15,7 +15,8 @@ constexpr std::size_t kLongestFinding = 24;
 
 Assembly::Assembly(const Options& options, TextSink sink)
     : diagnostics(origins, std::move(sink), options.largestErrorCount, options.colours)
-    , finder(options.includeFolders, options.includeList) {}
+    , finder(options.includeFolders, options.includeList)
+    , sources(options.mostWork) {}
 
 Position Assembly::at(const char* p) const {
     return {line.begin, line.number, static_cast<std::uint32_t>(p - line.begin), line.origin,

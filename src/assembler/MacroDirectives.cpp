@@ -16,6 +16,13 @@ std::string_view wordAt(const char* p) {
     return {p, static_cast<std::size_t>(wordEnd(p) - p)};
 }
 
+/// The end of a word of a macro's body, which may hold arguments to be put in.
+const char* bodyWordEnd(const char* p) {
+    while (isWordPart(*p) || (*p == '\\' && !isLineEnd(p[1])))
+        p += *p == '\\' ? 2 : 1;
+    return p;
+}
+
 bool isDirective(Keyword keyword, Directive directive) {
     return keyword.kind == Keyword::Kind::Directive &&
            keyword.id == static_cast<std::uint8_t>(directive);
@@ -87,14 +94,15 @@ std::optional<Directive> MacroDirectives::directiveOf(const char* begin, const c
     for (const char* p = begin;;) {
         const bool isFirst = p == begin && !isBlank(*p);
         p = skipBlanks(p);
-        if (!startsName(p))
+        if (!startsName(p) && *p != '\\')
             return std::nullopt;
-        const char* const end = wordEnd(p);
+        const char* const end = bodyWordEnd(p);
         if (*end == ':') {
             p = end + 1;
             continue;
         }
-        const Keyword keyword = findKeyword(wordAt(p));
+        const std::string_view word(p, static_cast<std::size_t>(end - p));
+        const Keyword keyword = findKeyword(word);
         const char* const next = skipBlanks(end);
         if (*next == '.' || keyword.kind == Keyword::Kind::None) {
             if (isDirective(findKeyword(wordAt(next)), Directive::Macro)) {
@@ -106,7 +114,7 @@ std::optional<Directive> MacroDirectives::directiveOf(const char* begin, const c
             at = p;
             return static_cast<Directive>(keyword.id);
         }
-        if (!isFirst || keyword.kind == Keyword::Kind::Instruction || find(wordAt(p)) != kNone)
+        if (!isFirst || keyword.kind == Keyword::Kind::Instruction || find(word) != kNone)
             return std::nullopt;
         p = next; // a label
     }

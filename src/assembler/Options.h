@@ -16,6 +16,9 @@ struct Options {
     std::vector<std::pair<std::string, std::int32_t>> definitions; ///< of -D
     std::size_t largestErrorCount = 20;                            ///< 0: no limit
     bool colours = false;
+    /// The bytes of source text, and 100 for each line, that macros, repetitions and files included
+    /// again may come to. A source that asks for more would run for long and fill no more image.
+    std::uint64_t mostWork = std::uint64_t{1} << 29U;
 };
 
 } // namespace nesasm

@@ -8,9 +8,6 @@ namespace nesasm {
 
 namespace {
 
-/// Lines and bytes that macros, repetitions and files included again may amount to. A source that
-/// asks for more would run for minutes and fill no more image.
-constexpr std::uint64_t kMostWork = std::uint64_t{1} << 30U;
 /// What a line counts for beyond its bytes.
 constexpr std::uint64_t kWorkOfLine = 100;
 
@@ -57,7 +54,7 @@ SourceStack::Next SourceStack::next(Line& line) {
     const std::string_view content(begin, static_cast<std::size_t>(end - begin));
     if (frame.countsAsWork) {
         m_work += content.size() + kWorkOfLine;
-        if (m_work > kMostWork)
+        if (m_work > m_mostWork)
             return Next::TooMuch;
     }
     if (frame.kind == Origin::Kind::Macro && content.find('\\') != std::string_view::npos)

@@ -53,6 +53,10 @@ class SourceStack {
 public:
     enum class Next : std::uint8_t { Line, EndOfFrame, TooLong, TooMuch };
 
+    /// `mostWork`: see Options.
+    explicit SourceStack(std::uint64_t mostWork)
+        : m_mostWork(mostWork) {}
+
     /// Adds a frame; it stays valid until it is popped.
     Frame& push(Origin::Kind kind, const Passage& passage, OriginId origin);
     void pop() { --m_depth; }
@@ -77,6 +81,7 @@ private:
     std::size_t m_depth = 0;
     std::uint32_t m_order = 0;
     std::uint64_t m_work = 0;
+    std::uint64_t m_mostWork;
 };
 
 } // namespace nesasm

@@ -34,7 +34,9 @@ std::string_view variable(const char* name) {
 
 int main(int argumentCount, char** arguments) {
     // A reader that goes away must not keep the image from being written.
-    std::signal(SIGPIPE, SIG_IGN); // NOLINT(cert-err33-c)
+    std::signal(SIGPIPE, SIG_IGN);
+    // A file that may not grow any further is an error to be told, as a full disk is.
+    std::signal(SIGXFSZ, SIG_IGN);
     const std::vector<std::string_view> texts(arguments + (argumentCount > 0 ? 1 : 0),
                                               arguments + argumentCount);
     nesasm::Surroundings surroundings;

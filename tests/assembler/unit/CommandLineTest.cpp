@@ -1,0 +1,70 @@
+#include "assembler/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+namespace nesasm {
+
+namespace {
+
+std::string read(const std::vector<std::string_view>& arguments, CommandLine& line) {
+    return readCommandLine(arguments, line);
+}
+
+std::string problem(const std::vector<std::string_view>& arguments) {
+    CommandLine line;
+    return read(arguments, line);
+}
+
+TEST(CommandLine, ReadsAllOptions) {
+    CommandLine line;
+    ASSERT_EQ(read({"--input", "a.asm", "--output=a.nes", "-I", "one", "-Itwo", "-D", "X",
+                    "-DY=$FF", "-D", "Z=-%101", "--max-errors", "0", "--color", "never", "-v"},
+                   line),
+              "");
+    EXPECT_EQ(line.options.input, "a.asm");
+    EXPECT_EQ(line.output, "a.nes");
+    EXPECT_EQ(line.options.includeFolders, (std::vector<std::string>{"one", "two"}));
+    using Definitions = std::vector<std::pair<std::string, std::int32_t>>;
+    EXPECT_EQ(line.options.definitions, (Definitions{{"X", 1}, {"Y", 255}, {"Z", -5}}));
+    EXPECT_EQ(line.options.largestErrorCount, 0U);
+    EXPECT_EQ(line.colours, CommandLine::Colours::Never);
+    EXPECT_TRUE(line.isVerbose);
+}
+
+TEST(CommandLine, HelpAndVersionNeedNothingElse) {
+    CommandLine line;
+    EXPECT_EQ(read({"--help"}, line), "");
+    EXPECT_EQ(line.wish, CommandLine::Wish::Help);
+    EXPECT_EQ(read({"--version"}, line), "");
+    EXPECT_EQ(line.wish, CommandLine::Wish::Version);
+}
+
+TEST(CommandLine, WrongUseIsExplained) {
+    const std::vector<std::vector<std::string_view>> wrong{
+        {},
+        {"--input", "a"},
+        {"--output", "a"},
+        {"a.asm"},
+        {"--nothing"},
+        {"-x"},
+        {"--input"},
+        {"--input", ""},
+        {"--input", "a", "--input", "b", "--output", "c"},
+        {"--input", "a", "--output", "c", "--color", "blue"},
+        {"--input", "a", "--output", "c", "--max-errors", "-1"},
+        {"--input", "a", "--output", "c", "--max-errors", "many"},
+        {"--input", "a", "--output", "c", "-D", "1x"},
+        {"--input", "a", "--output", "c", "-D", "X="},
+        {"--input", "a", "--output", "c", "-D", "X=5;"},
+        {"--input", "a", "--output", "c", "-D", "X=4294967296"},
+        {"--input", "a", "--output", "c", "-D", "X=1", "-D", "X=2"},
+        {"-"},
+        {""},
+    };
+    for (const auto& arguments : wrong)
+        EXPECT_NE(problem(arguments), "") << (arguments.empty() ? "nothing" : arguments.back());
+}
+
+} // namespace
+
+} // namespace nesasm
