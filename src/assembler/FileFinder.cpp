@@ -98,7 +98,7 @@ std::optional<FileFinder::Found> FileFinder::findInput(const std::string& name) 
     paths.push_back(name);
     for (const bool ignoringCase : {false, true}) {
         for (std::size_t i = 0; i < paths.size(); ++i) {
-            const auto found = firstOf({paths[i]}, ignoringCase);
+            auto found = firstOf({paths[i]}, ignoringCase);
             if (!found || !found->isRegular)
                 continue;
             m_searchesCurrentFolder = i >= fromEnvironment;
@@ -133,9 +133,7 @@ FileFinder::find(std::string_view name, const std::string& includingFolder, bool
 std::vector<std::string> FileFinder::candidates(const std::string& name,
                                                 const std::string& folder) const {
     if (name.starts_with('/'))
-        return {
-            name,
-        };
+        return {name};
     std::vector<std::string> paths;
     if (m_searchesCurrentFolder)
         paths.push_back(name);
