@@ -12,7 +12,7 @@ namespace kestrel {
 namespace {
 
 /// No sensible desktop entry comes near this size.
-constexpr std::uintmax_t maximumSize = 1024 * 1024;
+constexpr std::uintmax_t maximumSize = 1024ULL * 1024;
 
 std::string_view trimmed(std::string_view text) {
     constexpr std::string_view blanks = " \t\r";

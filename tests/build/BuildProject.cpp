@@ -104,8 +104,8 @@ std::shared_ptr<ProjectItem> fileNode(const std::string& name, const std::filesy
     return node;
 }
 
-bool waitUntil(const std::function<bool()>& condition) {
-    return QTest::qWaitFor(condition, 60000);
+bool waitUntil(const std::function<bool()>& condition, std::chrono::seconds limit) {
+    return QTest::qWaitFor(condition, static_cast<int>(std::chrono::milliseconds(limit).count()));
 }
 
 } // namespace kestrel::test

@@ -4,6 +4,7 @@
 #include "build/NESProjectBuilder.h"
 #include "support/TemporaryFolder.h"
 
+#include <chrono>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -70,8 +71,9 @@ std::shared_ptr<ProjectItem> fileNode(const std::string& name, const std::filesy
                                       FilePathType pathType = FilePathType::absolute,
                                       FileType type = FileType::text);
 
-/// Runs the event loop until `condition` holds. False when it does not come true in a minute.
-bool waitUntil(const std::function<bool()>& condition);
+/// Runs the event loop until `condition` holds. False when it does not come true in that time.
+bool waitUntil(const std::function<bool()>& condition,
+               std::chrono::seconds limit = std::chrono::seconds(60));
 
 inline constexpr const char* vectors = "\t.org $FFFA\n";
 
