@@ -201,7 +201,7 @@ TEST_F(NESBuildSettingsTest, what_is_saved_is_loaded_again) {
     settings.saveBuildSettings();
     NESBuildSettings again(m_project);
     EXPECT_EQ(again.pathToEmulator(), "/usr/bin/emu");
-    EXPECT_THAT(namesOf(again.assemblyFiles()), ElementsAre("a.asm", "b.asm"));
+    ASSERT_THAT(namesOf(again.assemblyFiles()), ElementsAre("a.asm", "b.asm"));
     EXPECT_THAT(namesOf(again.graphicFiles()), ElementsAre("t.chr"));
     EXPECT_THAT(namesOf(again.paletteFiles()), ElementsAre("p.pal"));
     EXPECT_EQ(again.assemblyFiles()[0]->itemPathType(), FilePathType::absolute);
@@ -265,7 +265,7 @@ TEST_F(NESBuildSettingsTest, of_two_entries_with_one_name_only_the_first_is_remo
                                 node("b.asm", FileType::text),
                                 node("a.asm", FileType::text, "/two")};
     settings.removeFile(node("a.asm", FileType::text, "/anywhere"));
-    EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("b.asm", "a.asm"));
+    ASSERT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("b.asm", "a.asm"));
     EXPECT_EQ(settings.assemblyFiles()[1]->itemPath(), "/two");
     EXPECT_EQ(stored()["code_assembly_files"].size(), 2U);
 }
