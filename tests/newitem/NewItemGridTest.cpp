@@ -15,6 +15,7 @@ using Rows = std::vector<int>;
 
 std::vector<NewItemType> someKinds(int count) {
     std::vector<NewItemType> kinds;
+    kinds.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         kinds.push_back({FileType::text, QStringLiteral("Kind %1").arg(i), {}});
     }
