@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <poll.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -16,6 +17,12 @@ int writeAll(int descriptor, std::string_view text) {
         const ssize_t written = ::write(descriptor, text.data(), text.size());
         if (written >= 0) {
             text.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno == EAGAIN) {
+            // Another program made the stream non-blocking, for all who share it.
+            pollfd stream{descriptor, POLLOUT, 0};
+            if (::poll(&stream, 1, -1) < 0 && errno != EINTR) {
+                return errno;
+            }
         } else if (errno != EINTR) {
             return errno;
         }

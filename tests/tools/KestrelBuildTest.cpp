@@ -210,6 +210,27 @@ TEST_F(KestrelBuild, AReaderThatGoesAwayChangesNothing) {
     expectImage(project.image(), 1);
 }
 
+TEST_F(KestrelBuild, AStreamThatDoesNotBlockGetsAllTheText) {
+    const TestProject project(at("game"), "game");
+    const std::string text(3'000'000, 'x'); // more than a pipe holds
+    writeFile(project.folder() / "text", text);
+    int ends[2] = {-1, -1};
+    ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    ASSERT_EQ(::fcntl(ends[1], F_SETFL, O_NONBLOCK), 0);
+    const int process = programWithAssembler("cat \"$NES_INCLUDE/../text\"; echo x >\"$4\"",
+                                             {project.file().string()})
+                            .start(ends[1], STDERR_FILENO);
+    ::close(ends[1]);
+    std::size_t received = 0;
+    char piece[4096];
+    for (ssize_t count = 0; (count = ::read(ends[0], piece, sizeof piece)) > 0;) {
+        received += static_cast<std::size_t>(count);
+    }
+    ::close(ends[0]);
+    EXPECT_EQ(statusOf(process), 0);
+    EXPECT_EQ(received, text.size());
+}
+
 TEST_F(KestrelBuild, TextThatCannotBeWrittenIsAFailureThatIsSaid) {
     const TestProject project(at("game"), "game");
     Program build = program({project.file().string()});
