@@ -43,6 +43,13 @@ bool BuildCommand::run() {
     m_settings = std::make_shared<NESBuildSettings>(m_project.root);
     if (relocation) {
         takeAsMoved(*relocation);
+        const fs::path gathered = joined(m_project.folder, "tmp");
+        if (relocation->leadsBack(gathered)) {
+            complain("the folder " + shown(gathered) + " is a link into the former folder " +
+                     shown(relocation->former()) +
+                     ", whose files would be built. Nothing was built.");
+            return false;
+        }
     }
     fs::path image;
     if (const auto& output = m_settings->outputFilePath(); output && !output->empty()) {

@@ -21,11 +21,24 @@ fs::path normal(const fs::path& path) {
     return result == "." ? fs::path() : result;
 }
 
-/// `path` with the links in its existing part followed; as written where that cannot be told.
+/// `path` with the links in its existing part followed, and a last one that leads to nothing yet:
+/// writing there makes what it names. As written where that cannot be told.
 fs::path resolved(const fs::path& path) {
-    std::error_code error;
-    const fs::path result = fs::weakly_canonical(path, error);
-    return normal(error || result.empty() ? path : result);
+    constexpr int MostLinks = 40; // as the kernel's own limit
+    fs::path next = path;
+    for (int links = 0; links < MostLinks; ++links) {
+        std::error_code error;
+        const fs::path found = fs::weakly_canonical(next, error);
+        if (error || found.empty()) {
+            break;
+        }
+        const fs::path named = fs::read_symlink(found, error);
+        if (error) {
+            return normal(found); // no link
+        }
+        next = found.parent_path() / named;
+    }
+    return normal(path);
 }
 
 bool holdsParentStep(const fs::path& path) {

@@ -99,6 +99,30 @@ TEST_F(MovedProject, ThroughALinkToItsFolderItHasNotMoved) {
     EXPECT_THAT(relocation.output, HasSubstr("nothing to do"));
 }
 
+TEST_F(MovedProject, AnImageThatIsALinkBackIsNotMadeInTheFormerFolder) {
+    const TestProject original(at("old"), "game");
+    fs::create_directories(at("old/output"));
+    const TestProject copy(at("new"), "game", at("old"));
+    fs::create_directories(at("new/output"));
+    fs::create_symlink(original.image(), copy.image());
+    const auto before = stateOf(at("old"));
+    EXPECT_EQ(run({copy.file().string()}).status, 1);
+    EXPECT_EQ(stateOf(at("old")), before);
+}
+
+TEST_F(MovedProject, CopiesThatLieInTheFormerFolderAreNotBuilt) {
+    const TestProject original(at("old"), "game");
+    ASSERT_EQ(run({original.file().string()}).status, 0);
+    const TestProject copy(at("new"), "game", at("old"));
+    fs::create_directory_symlink(at("old/tmp"), at("new/tmp"));
+    const auto before = stateOf(at("old"));
+    const Finished finished = run({copy.file().string()});
+    EXPECT_EQ(finished.status, 1);
+    EXPECT_THAT(finished.errors, HasSubstr("whose files would be built. Nothing was built."));
+    EXPECT_FALSE(fs::exists(copy.image()));
+    EXPECT_EQ(stateOf(at("old")), before);
+}
+
 TEST_F(MovedProject, ALinkBackIntoTheFormerFolderIsNotWrittenThrough) {
     const TestProject original(at("old"), "game");
     fs::create_directories(at("old/output"));

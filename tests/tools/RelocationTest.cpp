@@ -127,6 +127,25 @@ TEST(Relocation, ALinkIntoTheFormerFolderLeadsBack) {
     EXPECT_FALSE(relocation.leadsBack(folder.path() / "older"));
 }
 
+TEST(Relocation, ALinkToAFileThatTheFormerFolderDoesNotHaveYetLeadsBack) {
+    const TemporaryFolder folder;
+    fs::create_directories(folder.path() / "old" / "output");
+    fs::create_directories(folder.path() / "new" / "output");
+    const Relocation relocation = moved(folder.path() / "old", folder.path() / "new");
+    const fs::path image = folder.path() / "new" / "output" / "game.nes";
+    fs::create_symlink(folder.path() / "old" / "output" / "game.nes", image);
+    EXPECT_TRUE(relocation.leadsBack(image));
+    fs::remove(image);
+    fs::create_symlink("../../old/output/game.nes", image);
+    EXPECT_TRUE(relocation.leadsBack(image));
+    fs::remove(image);
+    fs::create_symlink("other.nes", image);
+    EXPECT_FALSE(relocation.leadsBack(image));
+    fs::remove(image);
+    fs::create_symlink("game.nes", image); // a ring
+    EXPECT_FALSE(relocation.leadsBack(image));
+}
+
 Dictionary node(const char* path, const char* pathType, Dictionary children) {
     return {{"name", "n"},     {"path", path}, {"path_type", pathType},
             {"type", "group"}, {"note", 7},    {"sub_items", std::move(children)}};
