@@ -49,6 +49,7 @@ Reset:
   STX PPU_CTRL          ; the picture unit sleeps: no signal, no picture
   STX PPU_MASK
 
+  BIT PPU_STATUS        ; reading forgets an end of frame from before: we wait for new ones
   JSR WaitForBeam       ; it needs about two frames to warm up
 ClearMemory:
   LDA #0

@@ -28,6 +28,18 @@ class BuildTest(HomeTestCase):
                     self.assertTrue(0xC000 <= address < 0xFFFA, hex(address))
                     self.assertEqual(program[address & 0x3FFF], instruction, hex(address))
 
+    def test_waiting_for_the_picture_unit_begins_with_a_fresh_status(self):
+        # After power-on the flag is often set, and the first wait would be none (nesdev wiki, "PPU power up state").
+        read_status, back_to_it = b"\x2c\x02\x20", b"\x10\xfb"
+        for name in NAMES:
+            with self.subTest(name):
+                program = self.build(name).read_bytes()[HEADER:HEADER + PRG]
+                reset = int.from_bytes(program[0x3FFC:0x3FFE], "little") & 0x3FFF
+                start = program[reset:reset + 32]
+                self.assertIn(read_status, start)
+                behind = start.index(read_status) + len(read_status)
+                self.assertNotEqual(start[behind:behind + 2], back_to_it)
+
     def test_tiles_and_palettes_are_in_the_image(self):
         for name in NAMES:
             with self.subTest(name):
