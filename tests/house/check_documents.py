@@ -4,7 +4,9 @@
 - Every path in back quotes that looks like one of ours exists.
 - Every `--preset NAME` exists in CMakePresets.json.
 - Every relative link leads to a file.
-- docs/architecture.md has an entry for each source file below src/ (a stem covers header and source).
+- docs/architecture.md has an entry for each source file below src/ (a stem covers header and source) and a row
+  in its first table for each folder.
+- Every manual page that a manual page refers to is one of ours.
 """
 import json
 import re
@@ -15,6 +17,7 @@ from pathlib import Path
 TOP = ("src/", "tests/", "docs/", "examples/", "scripts/", "benchmarks/", "resources/", "cmake/", ".ci/", "./")
 QUOTED = re.compile(r"`([^`\n]+)`")
 LINK = re.compile(r"\]\(([^)#:]+)(?:#[^)]*)?\)")
+MANUAL = re.compile(r"^\.Xr (\S+) (\d)", re.MULTILINE)
 PRESET = re.compile(r"--preset[ =](\w+)")
 
 
@@ -51,9 +54,17 @@ def check(root):
         for preset in PRESET.findall(text):
             if preset not in presets:
                 problems.append(f"{document.name} names the preset {preset}, which does not exist")
+    for page in sorted((root / "docs" / "man").glob("*.[1-9]")):
+        for name, section in MANUAL.findall(page.read_text(encoding="utf-8")):
+            if not (page.parent / f"{name}.{section}").is_file():
+                problems.append(f"{page.name} refers to {name}({section}), which does not exist")
     architecture = root / "docs" / "architecture.md"
     if architecture.is_file():
-        described = set(QUOTED.findall(architecture.read_text(encoding="utf-8")))
+        text = architecture.read_text(encoding="utf-8")
+        described = set(QUOTED.findall(text))
+        for folder in sorted(path for path in (root / "src").iterdir() if path.is_dir()):
+            if f"\n| `src/{folder.name}` |" not in text:
+                problems.append(f"docs/architecture.md has no row for src/{folder.name}")
         for path in sorted((root / "src").rglob("*")):
             if path.suffix not in (".h", ".cpp"):
                 continue
@@ -69,13 +80,16 @@ def check(root):
 def self_test():
     failed = 0
     base = {"CMakePresets.json": '{"configurePresets": [{"name": "dev"}]}', "README.md": "",
-            "docs/architecture.md": "`src/model/A`", "src/model/A.h": ""}
+            "docs/architecture.md": "\n| `src/model` |\n`src/model/A`", "src/model/A.h": "",
+            "docs/man/one.1": ".Xr one 1\n"}
     cases = {
         "": {},
         "a path that is not there": {"README.md": "see `src/none/A.h`"},
         "a preset that is not there": {"README.md": "`cmake --preset swift`"},
         "a link to nothing": {"README.md": "[x](docs/none.md)"},
         "a source without an entry": {"src/model/B.cpp": ""},
+        "a folder without a row": {"docs/architecture.md": "`src/model` `src/model/A`"},
+        "a manual page that is not there": {"docs/man/one.1": "see\n.Xr two 1\n"},
     }
     for name, changes in cases.items():
         with tempfile.TemporaryDirectory() as folder:
