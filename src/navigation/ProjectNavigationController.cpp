@@ -87,6 +87,10 @@ ProjectNavigationController::~ProjectNavigationController() {
     m_selectionHeld = true;
 }
 
+OutlineView* ProjectNavigationController::outlineView() const {
+    return m_outlineView;
+}
+
 void ProjectNavigationController::setOutlineView(OutlineView* outlineView) {
     const std::unique_ptr<OutlineView> former(m_outlineView.data());
     m_outlineView = outlineView;

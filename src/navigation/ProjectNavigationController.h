@@ -37,7 +37,7 @@ public:
 
     /// The outline view that the tree drives. It is a child of the tree, may go at any time, and
     /// may be replaced; nothing takes it away.
-    OutlineView* outlineView() const { return m_outlineView; }
+    OutlineView* outlineView() const;
     void setOutlineView(OutlineView* outlineView);
 
     /// Held weakly; nothing is allowed.

@@ -24,7 +24,7 @@ MAY_INCLUDE = {
     "tools": {"model", "build"},
     "icons": set(),
     "chrcanvas": set(),
-    "navigation": {"model", "build", "icons", "newitem", "editors"},
+    "navigation": {"model", "build", "icons", "chrcanvas", "newitem", "editors"},
     "newitem": {"model", "icons", "navigation", "chrcanvas"},
     "panes": {"model"},
     "graphics": {"model", "icons", "chrcanvas", "panes"},

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+
+class QWidget;
+
+namespace kestrel {
+
+/// Gets the chosen file; nothing when none was chosen.
+using FilePanelHandler = std::function<void(const std::optional<std::filesystem::path>&)>;
+
+/// Asks for one existing file in a sheet on `window`, beginning in `folder`; `prompt` is the text
+/// of the button that confirms. Calls the handler exactly once, however the sheet ends.
+using FilePanel = std::function<void(QWidget* window, const QString& prompt,
+                                     const std::filesystem::path& folder, FilePanelHandler)>;
+
+/// The toolkit's file panel: opened, never executed; it belongs to `window` and goes when it is
+/// closed.
+void openFilePanel(QWidget* window, const QString& prompt, const std::filesystem::path& folder,
+                   FilePanelHandler handler);
+
+} // namespace kestrel
