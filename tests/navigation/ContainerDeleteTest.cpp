@@ -45,7 +45,10 @@ TEST_F(ContainerDelete, WhatIsSelectedNextIsShownAfterTheSave) {
     makeGame();
     start();
     click("b.asm");
+    std::string savedBefore;
+    typing->whenLoaded = [&] { savedBefore = savedStructure(root()); };
     command(Option::delete_);
+    EXPECT_EQ(savedBefore, "Game\n  a.asm\n  c.asm\n");
     EXPECT_EQ(tree().selectedItem(), find("c.asm"));
     EXPECT_EQ(typing->path(), home.path() / "Kestrel/Game/c.asm");
     EXPECT_EQ(typing->loads, 2);

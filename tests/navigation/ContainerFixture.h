@@ -23,6 +23,7 @@
 #include <QPushButton>
 
 #include <filesystem>
+#include <functional>
 
 namespace kestrel::test {
 
@@ -38,11 +39,15 @@ public:
     void loadFile(const std::filesystem::path& path) override {
         TextEditorController::loadFile(path);
         ++loads;
+        if (whenLoaded) {
+            whenLoaded();
+        }
         edit->setPlainText(QString::fromStdString(contentOf(path)));
     }
 
     QPlainTextEdit* edit;
     int loads = 0;
+    std::function<void()> whenLoaded;
 };
 
 /// The real container in a main window, with real files in a fresh home folder.
