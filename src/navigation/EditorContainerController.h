@@ -90,15 +90,14 @@ public:
     /// Whether there is a deletion to be undone.
     bool canUndoDelete() const { return !m_deletions.empty(); }
 
-public Q_SLOTS:
-    // The project commands. Each does nothing when what it needs is not selected, and those that
-    // ask something do nothing while a sheet is open.
-    void addNewFile();
-    void importFile();
-    void addNewGroup();
-    void newProject();
+    // The project commands, callable by name, too. Each does nothing when what it needs is not
+    // selected, and those that ask something do nothing while a sheet is open.
+    Q_INVOKABLE void addNewFile();
+    Q_INVOKABLE void importFile();
+    Q_INVOKABLE void addNewGroup();
+    Q_INVOKABLE void newProject();
     /// Deletes without asking; the files stay on disk.
-    void delete_();
+    Q_INVOKABLE void delete_();
     /// Brings back what the last deletion took that has not been brought back yet.
     void undoDelete();
 

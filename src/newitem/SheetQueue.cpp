@@ -9,7 +9,10 @@
 namespace kestrel {
 
 SheetQueue::SheetQueue(const QWidget& widget)
-    : m_widget(widget) {}
+    : m_widget(widget) {
+    m_later.setSingleShot(true);
+    connect(&m_later, &QTimer::timeout, this, &SheetQueue::carryOutWaiting);
+}
 
 void SheetQueue::carryOut(std::function<void()> action) {
     m_waiting.push_back(std::move(action));
@@ -38,10 +41,8 @@ void SheetQueue::carryOutWaiting() {
 
 bool SheetQueue::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Hide) {
-        // Later: the sheet's end is still to be told to whoever opened it.
         watched->removeEventFilter(this);
-        QMetaObject::invokeMethod(
-            this, [this] { carryOutWaiting(); }, Qt::QueuedConnection);
+        m_later.start(0);
     }
     return QObject::eventFilter(watched, event);
 }

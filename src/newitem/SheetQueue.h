@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 
 #include <deque>
 #include <functional>
@@ -28,6 +29,7 @@ private:
 
     const QWidget& m_widget;
     std::deque<std::function<void()>> m_waiting;
+    QTimer m_later; ///< so that a sheet's end is told to whoever opened it first
 };
 
 } // namespace kestrel
