@@ -20,7 +20,7 @@ void holdCaret(QPlainTextEdit& view) {
 }
 
 /// Small enough that one slice is inserted well within a frame, long lines included.
-constexpr qsizetype SliceLength = 16 * 1024;
+constexpr qsizetype SliceLength = 16384;
 /// How long text is inserted before the window gets its turn again.
 constexpr qint64 MillisecondsPerTurn = 8;
 
