@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QList>
+
+class QAction;
+
+namespace kestrel {
+
+/// What the window's menus ask of the pane that is shown. A pane without files to save or commands
+/// of its own need not be one.
+class EditorPane {
+public:
+    EditorPane() = default;
+    EditorPane(const EditorPane&) = delete;
+    EditorPane& operator=(const EditorPane&) = delete;
+    virtual ~EditorPane() = default;
+
+    /// Saves what the pane shows, at once. Only called while the pane is the visible one.
+    virtual void savePane() {}
+
+    /// The pane's own commands, in order, separators included; the same on every call, owned by the
+    /// pane. They stand at the end of the Edit menu while the pane is shown. Their shortcuts act
+    /// while the pane is shown, so the pane must not add them to a widget of its own, too.
+    virtual QList<QAction*> editActions() const { return {}; }
+
+    /// The same for the View menu (zoom, grids).
+    virtual QList<QAction*> viewActions() const { return {}; }
+};
+
+} // namespace kestrel
