@@ -1,7 +1,5 @@
 #include "chrcanvas/ConsoleDataFactory.h"
 
-#include <cstddef>
-
 namespace kestrel {
 
 namespace {
@@ -9,6 +7,14 @@ namespace {
 constexpr std::size_t NesTileCount = 512;
 
 } // namespace
+
+std::optional<std::pair<ConsoleType, TileData>>
+ConsoleDataFactory::generate(const std::string& data) {
+    if (data.empty() || data.size() > MaximumSize || data.size() % TileData::BytesPerTile != 0) {
+        return std::nullopt;
+    }
+    return std::pair(ConsoleType::nes, TileData(data));
+}
 
 std::optional<TileData> ConsoleDataFactory::generate(ConsoleType type) {
     switch (type) {

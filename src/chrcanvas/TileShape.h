@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+namespace kestrel {
+
+/// Tiles a row has, wherever tiles are shown; pattern tables are usually laid out so.
+inline constexpr int TilesPerRow = 16;
+
+/// How a list of tiles stands in the grid of 16 tiles a row: the smallest rectangle that holds all
+/// of them, with gaps where a tile of the rectangle is not in the list.
+class TileShape {
+public:
+    static constexpr int NoTile = -1;
+
+    TileShape() = default;
+
+    /// Numbers without a tile among `tileCount` tiles are skipped.
+    TileShape(const std::vector<int>& tileNumbers, std::size_t tileCount);
+
+    int columns() const { return m_columns; }
+    int rows() const { return m_rows; }
+    bool isEmpty() const { return m_columns == 0; }
+
+    /// Whether there is at least one tile and no gap.
+    bool isRectangle() const { return m_count != 0 && m_count == m_cells.size(); }
+
+    /// The number of the tile in a cell of the rectangle, or NoTile for a gap and outside.
+    int tileAt(int column, int row) const;
+
+    /// All tiles of the shape, row after row.
+    std::vector<int> tiles() const;
+
+    bool operator==(const TileShape&) const = default;
+
+private:
+    int m_columns = 0;
+    int m_rows = 0;
+    std::size_t m_count = 0;
+    std::vector<int> m_cells;
+};
+
+} // namespace kestrel
