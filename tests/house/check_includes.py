@@ -4,6 +4,8 @@
 - No include cycle between source files; a header and a source of one stem count as one file.
 - src/model and src/assembler include no Qt header; src/assembler no JSON header either and no other folder.
 - src/build includes no widget header.
+- In src/chrcanvas only the files listed as sources of kestrel_chrcanvas_views include Qt headers, and no other file
+  there includes one of them.
 - No folder includes one that stands above it.
 """
 import re
@@ -41,6 +43,15 @@ def read_includes(root):
             yield path.relative_to(src), [(m.group(1) == '"', m.group(2)) for m in INCLUDE.finditer(text)]
 
 
+def view_stems(root):
+    """The files of src/chrcanvas that are views, as its build file lists them."""
+    listing = root / "src" / "chrcanvas" / "CMakeLists.txt"
+    if not listing.is_file():
+        return set()
+    found = re.search(r"\(kestrel_chrcanvas_views\s+SOURCES\s+([^)]*?)\s+LINKS", listing.read_text(encoding="utf-8"))
+    return {str(Path("chrcanvas", name).with_suffix("")) for name in found.group(1).split()} if found else set()
+
+
 def find_cycle(graph):
     done, path = set(), []
 
@@ -67,6 +78,7 @@ def find_cycle(graph):
 
 def check(root):
     problems, graph, count = [], {}, 0
+    views = view_stems(root)
     for file, includes in read_includes(root):
         count += 1
         folder = file.parts[0]
@@ -80,6 +92,11 @@ def check(root):
                 problems.append(f"src/{file} includes the JSON header {name}")
             if folder == "build" and WIDGETS.match(name):
                 problems.append(f"src/{file} includes the widget header {name}")
+            if folder == "chrcanvas" and stem not in views:
+                if is_qt:
+                    problems.append(f"src/{file} includes the Qt header {name} but is none of the views")
+                if own and str(Path(name).with_suffix("")) in views:
+                    problems.append(f"src/{file} includes the view {name} but is none itself")
             if not own:
                 continue
             if not (root / "src" / name).is_file():
@@ -108,6 +125,12 @@ def self_test():
         "a cycle through sources": {
             "model/A.h": "", "model/A.cpp": '#include "model/A.h"\n#include "model/B.h"\n',
             "model/B.h": "", "model/B.cpp": '#include "model/B.h"\n#include "model/A.h"\n'},
+        "Qt in the tile data": {
+            "chrcanvas/CMakeLists.txt": "kestrel_widgets_library(kestrel_chrcanvas_views\n  SOURCES\n    B.h\n  LINKS x)\n",
+            "chrcanvas/A.h": "#include <QRect>\n", "chrcanvas/B.h": "#include <QWidget>\n"},
+        "a view in the tile data": {
+            "chrcanvas/CMakeLists.txt": "kestrel_widgets_library(kestrel_chrcanvas_views\n  SOURCES\n    B.h\n  LINKS x)\n",
+            "chrcanvas/A.h": '#include "chrcanvas/B.h"\n', "chrcanvas/B.h": ""},
         "model above build": {"model/A.h": '#include "build/B.h"\n', "build/B.h": ""},
         "an empty tree": {},
     }
@@ -123,7 +146,12 @@ def self_test():
                 print(f"not noticed: {name}")
                 failed += 1
     with tempfile.TemporaryDirectory() as folder:
-        for file, text in {"model/A.h": "#include <string>\n", "model/A.cpp": '#include "model/A.h"\n'}.items():
+        for file, text in {
+                "model/A.h": "#include <string>\n", "model/A.cpp": '#include "model/A.h"\n',
+                "chrcanvas/CMakeLists.txt":
+                    "kestrel_widgets_library(kestrel_chrcanvas_views\n  SOURCES\n    B.cpp B.h\n  LINKS x)\n",
+                "chrcanvas/A.h": "", "chrcanvas/B.h": '#include "chrcanvas/A.h"\n#include <QWidget>\n',
+                "chrcanvas/B.cpp": '#include "chrcanvas/B.h"\n'}.items():
             path = Path(folder) / "src" / file
             path.parent.mkdir(parents=True, exist_ok=True)
             path.write_text(text)

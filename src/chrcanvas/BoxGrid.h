@@ -1,0 +1,53 @@
+#pragma once
+
+#include "chrcanvas/BoxPosition.h"
+#include "chrcanvas/PaletteBox.h"
+
+#include <QRect>
+#include <QSize>
+
+#include <optional>
+#include <vector>
+
+namespace kestrel {
+
+/// Where the boxes of a selector lie: palettes below one another, each in as many rows as it needs.
+class BoxGrid {
+public:
+    /// The room around each box that its marks need; two boxes share it.
+    static constexpr int Gap = 4;
+
+    /// `counts` are the numbers of boxes of the palettes; `boxesPerRow` is at least 1. The boxes
+    /// begin `left` units from the left and are `boxSize` wide and high.
+    BoxGrid(const std::vector<int>& counts, int boxesPerRow, int left, int boxSize);
+
+    QSize size() const;
+    int boxSize() const { return m_boxSize; }
+    int paletteCount() const { return static_cast<int>(m_counts.size()); }
+    /// The number of boxes of a palette; 0 for one that is not there.
+    int boxCount(int paletteNumber) const;
+
+    /// A box without the gap around it.
+    QRect rect(PaletteBox box) const;
+    /// All boxes of a palette, without the gap around them.
+    QRect paletteRect(int paletteNumber) const;
+
+    BoxPosition position(PaletteBox box) const;
+    /// The box at a column and a row of the grid; nothing where there is none.
+    std::optional<PaletteBox> boxAt(BoxPosition position) const;
+    /// The box under a point; half of the gap belongs to each neighbour.
+    std::optional<PaletteBox> boxAt(QPoint point) const;
+
+private:
+    int pitch() const { return m_boxSize + Gap; }
+    int rowsOf(int paletteNumber) const;
+
+    std::vector<int> m_counts;
+    std::vector<int> m_firstRows;
+    int m_boxesPerRow;
+    int m_left;
+    int m_boxSize;
+    int m_rows = 0;
+};
+
+} // namespace kestrel

@@ -1,0 +1,401 @@
+#include "chrcanvas/BoxSelectorView.h"
+
+#include "chrcanvas/BoxPainter.h"
+#include "chrcanvas/MasterColors.h"
+
+#include <QEvent>
+#include <QFocusEvent>
+#include <QFontMetrics>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPaintEvent>
+#include <QToolTip>
+
+#include <algorithm>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+constexpr int SmallestBox = 18;
+
+std::vector<int> countsOf(const std::vector<std::vector<ColorEntry>>& shown) {
+    std::vector<int> counts;
+    counts.reserve(shown.size());
+    for (const auto& palette : shown) {
+        counts.push_back(static_cast<int>(palette.size()));
+    }
+    return counts;
+}
+
+} // namespace
+
+BoxSelectorView::BoxSelectorView(int boxesPerRow, int largestBox, QWidget* parent)
+    : QWidget(parent)
+    , m_boxesPerRow(boxesPerRow)
+    , m_largestBox(largestBox)
+    , m_grid({}, boxesPerRow, 0, largestBox) {
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
+}
+
+void BoxSelectorView::setStartingBox(int box) {
+    m_startingBox = box;
+}
+
+void BoxSelectorView::setDelegate(BoxSelectorDelegate* delegate) {
+    m_delegate = delegate;
+}
+
+void BoxSelectorView::setPalettes(Palettes palettes) {
+    std::erase(palettes, nullptr);
+    m_palettes = std::move(palettes);
+    refresh();
+    const PaletteBox start{0, m_startingBox};
+    movePicked(holds(start) ? start : PaletteBox{});
+    moveCursor(m_picked);
+}
+
+bool BoxSelectorView::setPalette(int number, std::shared_ptr<PaletteProtocol> palette) {
+    if (number < 0 || static_cast<std::size_t>(number) >= m_palettes.size() || !palette) {
+        return false;
+    }
+    m_palettes[static_cast<std::size_t>(number)] = std::move(palette);
+    return true;
+}
+
+void BoxSelectorView::redraw() {
+    refresh();
+}
+
+bool BoxSelectorView::selectPaletteNumber(int paletteNumber) {
+    if (paletteNumber < 0 || paletteNumber >= grid().paletteCount()) {
+        return false;
+    }
+    const int last = std::max(0, grid().boxCount(paletteNumber) - 1);
+    movePicked({paletteNumber, std::min(m_picked.box, last)});
+    return true;
+}
+
+bool BoxSelectorView::selectBoxNumber(int boxNumber) {
+    const PaletteBox box{m_picked.number, boxNumber};
+    if (!holds(box)) {
+        return false;
+    }
+    movePicked(box);
+    return true;
+}
+
+bool BoxSelectorView::update(int paletteNumber, std::shared_ptr<PaletteProtocol> withPalette) {
+    if (!setPalette(paletteNumber, std::move(withPalette))) {
+        return false;
+    }
+    refresh();
+    return true;
+}
+
+std::shared_ptr<PaletteProtocol> BoxSelectorView::paletteSelected() const {
+    const auto number = static_cast<std::size_t>(m_picked.number);
+    return number < m_palettes.size() ? m_palettes[number] : nullptr;
+}
+
+QRect BoxSelectorView::boxRect(PaletteBox box) const {
+    return holds(box) ? grid().rect(box) : QRect();
+}
+
+ColorEntry BoxSelectorView::shownEntry(PaletteBox box) const {
+    return holds(box)
+               ? m_shown[static_cast<std::size_t>(box.number)][static_cast<std::size_t>(box.box)]
+               : ColorEntry{};
+}
+
+bool BoxSelectorView::holds(PaletteBox box) const {
+    return box.box >= 0 && box.box < grid().boxCount(box.number);
+}
+
+void BoxSelectorView::refresh() {
+    std::vector<std::vector<ColorEntry>> now;
+    now.reserve(m_palettes.size());
+    for (const auto& palette : m_palettes) {
+        std::vector<ColorEntry>& entries = now.emplace_back();
+        for (std::size_t index = 0; index < palette->count(); ++index) {
+            entries.push_back(palette->entry(index));
+        }
+    }
+    std::swap(m_shown, now);
+    if (countsOf(m_shown) != countsOf(now)) {
+        layOut();
+        if (!holds(m_picked)) {
+            movePicked({});
+        }
+        if (!holds(m_cursor)) {
+            moveCursor(m_picked);
+        }
+        return;
+    }
+    for (std::size_t number = 0; number < m_shown.size(); ++number) {
+        for (std::size_t box = 0; box < m_shown[number].size(); ++box) {
+            if (m_shown[number][box] != now[number][box]) {
+                repaintBox({static_cast<int>(number), static_cast<int>(box)});
+            }
+        }
+    }
+}
+
+void BoxSelectorView::choose(PaletteBox box) {
+    moveCursor(box);
+    movePicked(markFor(box));
+    if (m_delegate != nullptr) {
+        m_delegate->selected(*this, box, grid().position(box));
+    }
+}
+
+void BoxSelectorView::movePicked(PaletteBox box) {
+    const PaletteBox former = std::exchange(m_picked, box);
+    if (former == box) {
+        return;
+    }
+    repaintPalette(former.number);
+    repaintPalette(box.number);
+    if (!hasFocus()) {
+        moveCursor(box);
+    }
+}
+
+void BoxSelectorView::moveCursor(PaletteBox box) {
+    const PaletteBox former = std::exchange(m_cursor, box);
+    if (former != box) {
+        repaintBox(former);
+        repaintBox(box);
+    }
+}
+
+void BoxSelectorView::setHovered(std::optional<PaletteBox> box) {
+    const std::optional<PaletteBox> former = std::exchange(m_hovered, box);
+    if (former == box) {
+        return;
+    }
+    if (former) {
+        repaintBox(*former);
+    }
+    if (box) {
+        repaintBox(*box);
+    }
+}
+
+void BoxSelectorView::repaintBox(PaletteBox box) {
+    if (holds(box)) {
+        constexpr int gap = BoxGrid::Gap;
+        update(grid().rect(box).adjusted(-gap, -gap, gap, gap));
+    }
+}
+
+void BoxSelectorView::repaintPalette(int paletteNumber) {
+    const QRect rect = grid().paletteRect(paletteNumber);
+    if (!rect.isEmpty()) {
+        constexpr int gap = BoxGrid::Gap;
+        update(rect.adjusted(-rect.left(), -gap, gap, gap));
+    }
+}
+
+QString BoxSelectorView::paletteLabel(int /*paletteNumber*/) const {
+    return {};
+}
+
+QString BoxSelectorView::boxText(const ColorEntry& entry) const {
+    return QStringLiteral("%1").arg(masterIndex(entry.key), 2, 16, QLatin1Char('0')).toUpper();
+}
+
+QString BoxSelectorView::placeText(PaletteBox box) const {
+    return tr("colour %1").arg(box.box);
+}
+
+QString BoxSelectorView::boxDescription(PaletteBox box) const {
+    return placeText(box);
+}
+
+int BoxSelectorView::labelWidth() const {
+    int width = 0;
+    for (int number = 0; number < grid().paletteCount(); ++number) {
+        const QString label = paletteLabel(number);
+        width = std::max(width, label.isEmpty() ? 0 : fontMetrics().horizontalAdvance(label) + 24);
+    }
+    return width;
+}
+
+BoxGrid BoxSelectorView::gridFor(int width) const {
+    const int left = labelWidth();
+    const int room = (width - left - BoxGrid::Gap) / m_boxesPerRow - BoxGrid::Gap;
+    const int box = std::clamp(room, SmallestBox, m_largestBox);
+    return {countsOf(m_shown), m_boxesPerRow, left, box};
+}
+
+void BoxSelectorView::layOut() {
+    // The label's width depends on which palettes there are.
+    m_grid = BoxGrid(countsOf(m_shown), m_boxesPerRow, 0, m_largestBox);
+    m_grid = gridFor(width());
+    setHovered(std::nullopt);
+    updateGeometry();
+    update();
+}
+
+QSize BoxSelectorView::sizeHint() const {
+    return BoxGrid(countsOf(m_shown), m_boxesPerRow, labelWidth(), m_largestBox).size();
+}
+
+QSize BoxSelectorView::minimumSizeHint() const {
+    return BoxGrid(countsOf(m_shown), m_boxesPerRow, labelWidth(), SmallestBox).size();
+}
+
+int BoxSelectorView::heightForWidth(int width) const {
+    return gridFor(width).size().height();
+}
+
+bool BoxSelectorView::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) {
+        return QWidget::event(event);
+    }
+    const QPoint point = static_cast<QHelpEvent*>(event)->pos();
+    if (const auto box = grid().boxAt(point)) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), boxDescription(*box), this,
+                           grid().rect(*box));
+    } else {
+        QToolTip::hideText();
+        event->ignore();
+    }
+    return true;
+}
+
+void BoxSelectorView::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    BoxPainter boxes(painter, font(), palette().color(QPalette::WindowText));
+    for (int number = 0; number < grid().paletteCount(); ++number) {
+        const QRect all = grid().paletteRect(number);
+        constexpr int gap = BoxGrid::Gap;
+        if (!event->rect().intersects(all.adjusted(-all.left(), -gap, gap, gap))) {
+            continue;
+        }
+        for (int box = 0; box < grid().boxCount(number); ++box) {
+            const ColorEntry entry = shownEntry({number, box});
+            boxes.box(grid().rect({number, box}), entry.color, boxText(entry));
+        }
+        painter.setFont(font());
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(QRect(16, all.top(), all.left(), all.height()),
+                         Qt::AlignLeft | Qt::AlignVCenter, paletteLabel(number));
+    }
+    if (grid().paletteCount() > 1) {
+        boxes.pickedPalette(grid().paletteRect(m_picked.number));
+    }
+    if (holds(m_picked)) {
+        boxes.picked(grid().rect(m_picked));
+    }
+    if (m_hovered) {
+        boxes.hover(grid().rect(*m_hovered));
+    }
+    if (hasFocus() && holds(m_cursor)) {
+        boxes.cursor(grid().rect(m_cursor));
+    }
+}
+
+void BoxSelectorView::resizeEvent(QResizeEvent* /*event*/) {
+    m_grid = gridFor(width());
+}
+
+void BoxSelectorView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange) {
+        layOut();
+    }
+    QWidget::changeEvent(event);
+}
+
+void BoxSelectorView::mousePressEvent(QMouseEvent* event) {
+    const auto box = grid().boxAt(event->position().toPoint());
+    if (event->button() != Qt::LeftButton || !box) {
+        event->ignore();
+        return;
+    }
+    choose(*box);
+}
+
+void BoxSelectorView::mouseMoveEvent(QMouseEvent* event) {
+    setHovered(grid().boxAt(event->position().toPoint()));
+}
+
+void BoxSelectorView::leaveEvent(QEvent* event) {
+    setHovered(std::nullopt);
+    QWidget::leaveEvent(event);
+}
+
+std::optional<PaletteBox> BoxSelectorView::cursorAfter(int key) const {
+    const BoxPosition at = grid().position(m_cursor);
+    switch (key) {
+    case Qt::Key_Left:
+        return grid().boxAt(BoxPosition{at.x - 1, at.y});
+    case Qt::Key_Right:
+        return grid().boxAt(BoxPosition{at.x + 1, at.y});
+    case Qt::Key_Up:
+        return grid().boxAt(BoxPosition{at.x, at.y - 1});
+    case Qt::Key_Down:
+        return grid().boxAt(BoxPosition{at.x, at.y + 1});
+    case Qt::Key_Home:
+        return grid().boxAt(BoxPosition{0, at.y});
+    case Qt::Key_End: {
+        int x = m_boxesPerRow - 1;
+        while (x > at.x && !grid().boxAt(BoxPosition{x, at.y})) {
+            --x;
+        }
+        return grid().boxAt(BoxPosition{x, at.y});
+    }
+    default:
+        return std::nullopt;
+    }
+}
+
+void BoxSelectorView::keyPressEvent(QKeyEvent* event) {
+    constexpr Qt::KeyboardModifiers commands =
+        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::ShiftModifier;
+    if ((event->modifiers() & commands) != Qt::NoModifier) {
+        event->ignore();
+        return;
+    }
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (holds(m_cursor)) {
+            choose(m_cursor);
+        }
+        return;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        if (const auto box = cursorAfter(event->key())) {
+            moveCursor(*box);
+        }
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void BoxSelectorView::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    repaintBox(m_cursor);
+}
+
+void BoxSelectorView::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    repaintBox(m_cursor);
+}
+
+} // namespace kestrel

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "chrcanvas/BoxGrid.h"
+#include "chrcanvas/BoxSelectorProtocol.h"
+
+#include <QWidget>
+
+#include <optional>
+#include <vector>
+
+namespace kestrel {
+
+/// What all selectors have in common: boxes in a grid, a mark on the picked one, mouse, keyboard.
+///
+/// Arrow keys, Home and End move the keyboard's frame, Space or Return chooses the box in it.
+class BoxSelectorView : public QWidget, public BoxSelectorProtocol {
+    Q_OBJECT
+
+public:
+    /// How many boxes a row of the grid holds.
+    int boxesPerRow() const { return m_boxesPerRow; }
+
+    /// The box that is marked when palettes are set; 0 at first. One that the first palette does
+    /// not have counts as 0.
+    int startingBox() const { return m_startingBox; }
+    void setStartingBox(int box);
+
+    BoxSelectorDelegate* delegate() const override { return m_delegate; }
+    void setDelegate(BoxSelectorDelegate* delegate) override;
+    const Palettes& palettes() const override { return m_palettes; }
+    void setPalettes(Palettes palettes) override;
+    bool setPalette(int number, std::shared_ptr<PaletteProtocol> palette) override;
+    void redraw() override;
+    bool selectPaletteNumber(int paletteNumber) override;
+    bool selectBoxNumber(int boxNumber) override;
+    using QWidget::update;
+    bool update(int paletteNumber, std::shared_ptr<PaletteProtocol> withPalette) override;
+    std::shared_ptr<PaletteProtocol> paletteSelected() const override;
+    int selectedPaletteNumber() const override { return m_picked.number; }
+    int selectedBox() const override { return m_picked.box; }
+    BoxSelectorView* owner() override { return this; }
+
+    /// Where a box is, in the view's coordinates; empty for one that is not there.
+    QRect boxRect(PaletteBox box) const;
+    /// The box that the keyboard is at.
+    PaletteBox cursorBox() const { return m_cursor; }
+    /// What is said of a box beside its colour, for the tooltip.
+    virtual QString boxDescription(PaletteBox box) const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
+
+protected:
+    BoxSelectorView(int boxesPerRow, int largestBox, QWidget* parent);
+
+    /// The mark's new place when the user chooses `box`.
+    virtual PaletteBox markFor(PaletteBox box) const { return box; }
+    /// The text before a palette's boxes; none at first.
+    virtual QString paletteLabel(int paletteNumber) const;
+    /// The text on a box.
+    virtual QString boxText(const ColorEntry& entry) const;
+
+    ColorEntry shownEntry(PaletteBox box) const;
+    /// "palette 2, colour 1", as far as that is needed to tell the boxes apart.
+    virtual QString placeText(PaletteBox box) const;
+
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    BoxGrid gridFor(int width) const;
+    const BoxGrid& grid() const { return m_grid; }
+    void layOut();
+    int labelWidth() const;
+    /// Takes over what the palettes hold now and repaints the boxes that differ.
+    void refresh();
+    bool holds(PaletteBox box) const;
+    void choose(PaletteBox box);
+    void movePicked(PaletteBox box);
+    void moveCursor(PaletteBox box);
+    void setHovered(std::optional<PaletteBox> box);
+    std::optional<PaletteBox> cursorAfter(int key) const;
+    void repaintBox(PaletteBox box);
+    void repaintPalette(int paletteNumber);
+
+    int m_boxesPerRow;
+    int m_largestBox;
+    int m_startingBox = 0;
+    BoxSelectorDelegate* m_delegate = nullptr;
+    Palettes m_palettes;
+    /// What is drawn; differs from what the palettes hold until the next redraw().
+    std::vector<std::vector<ColorEntry>> m_shown;
+    BoxGrid m_grid;
+    PaletteBox m_picked;
+    PaletteBox m_cursor;
+    std::optional<PaletteBox> m_hovered;
+};
+
+} // namespace kestrel

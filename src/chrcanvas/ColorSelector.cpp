@@ -1,0 +1,22 @@
+#include "chrcanvas/ColorSelector.h"
+
+namespace kestrel {
+
+namespace {
+
+constexpr int BoxesPerRow = 4;
+constexpr int LargestBox = 48;
+
+} // namespace
+
+ColorSelector::ColorSelector(QWidget* parent)
+    : BoxSelectorView(BoxesPerRow, LargestBox, parent) {
+    setObjectName(QStringLiteral("colorSelector"));
+    setAccessibleName(tr("Colours of the palette"));
+}
+
+QString ColorSelector::boxText(const ColorEntry& entry) const {
+    return QLatin1Char('$') + BoxSelectorView::boxText(entry);
+}
+
+} // namespace kestrel

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "chrcanvas/BoxSelectorView.h"
+
+namespace kestrel {
+
+/// All master colours of the console, 16 a row, to choose one from.
+class GeneralColorSelector : public BoxSelectorView {
+    Q_OBJECT
+
+public:
+    explicit GeneralColorSelector(QWidget* parent = nullptr);
+};
+
+} // namespace kestrel

@@ -1,0 +1,10 @@
+#pragma once
+
+namespace kestrel {
+
+/// The kinds of palette file that are known.
+enum class PaletteType {
+    nes,
+};
+
+} // namespace kestrel
