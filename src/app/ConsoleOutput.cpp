@@ -12,12 +12,30 @@ namespace kestrel {
 
 namespace {
 
-/// Keeps the caret and the selection where the user put them while text is added behind them.
-void holdCaret(QPlainTextEdit& view) {
-    QTextCursor caret = view.textCursor();
-    caret.setKeepPositionOnInsert(true);
-    view.setTextCursor(caret);
-}
+/// While it lives, text may be added at the end of `view`; then caret and selection are what the
+/// user left them at. Without that the toolkit lets a selection that touches the end grow.
+class CaretKeeper {
+public:
+    explicit CaretKeeper(QPlainTextEdit& view)
+        : m_view(view)
+        , m_anchor(view.textCursor().anchor())
+        , m_position(view.textCursor().position()) {}
+    CaretKeeper(const CaretKeeper&) = delete;
+    CaretKeeper& operator=(const CaretKeeper&) = delete;
+    ~CaretKeeper() {
+        QTextCursor caret = m_view.textCursor();
+        if (caret.anchor() != m_anchor || caret.position() != m_position) {
+            caret.setPosition(m_anchor);
+            caret.setPosition(m_position, QTextCursor::KeepAnchor);
+            m_view.setTextCursor(caret);
+        }
+    }
+
+private:
+    QPlainTextEdit& m_view;
+    int m_anchor;
+    int m_position;
+};
 
 /// Small enough that one slice is inserted well within a frame, long lines included.
 constexpr qsizetype SliceLength = 16384;
@@ -40,7 +58,6 @@ ConsoleOutput::ConsoleOutput(QWidget* parent)
     m_console->setTabStopDistance(8.0 *
                                   m_console->fontMetrics().horizontalAdvance(QLatin1Char(' ')));
     m_console->setFrameShape(QFrame::NoFrame);
-    holdCaret(*m_console);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_console);
@@ -69,7 +86,6 @@ void ConsoleOutput::clear() {
     m_waiting.clear();
     if (m_console) {
         m_console->clear();
-        holdCaret(*m_console);
     }
 }
 
@@ -84,17 +100,19 @@ void ConsoleOutput::showSlices() {
         return;
     }
     QScrollBar* bar = m_console->verticalScrollBar();
-    const bool followsEnd = bar->value() >= bar->maximum();
-    QElapsedTimer clock;
-    clock.start();
-    QTextCursor cursor(m_console->document());
-    cursor.movePosition(QTextCursor::End);
-    while (!m_waiting.isEmpty() && clock.elapsed() < MillisecondsPerTurn) {
-        cursor.insertText(m_waiting.takeSlice(SliceLength));
+    const int place = bar->value();
+    const bool followsEnd = place >= bar->maximum();
+    {
+        const CaretKeeper caretStays(*m_console);
+        QElapsedTimer clock;
+        clock.start();
+        QTextCursor cursor(m_console->document());
+        cursor.movePosition(QTextCursor::End);
+        while (!m_waiting.isEmpty() && clock.elapsed() < MillisecondsPerTurn) {
+            cursor.insertText(m_waiting.takeSlice(SliceLength));
+        }
     }
-    if (followsEnd) {
-        bar->setValue(bar->maximum());
-    }
+    bar->setValue(followsEnd ? bar->maximum() : place);
     if (m_waiting.isEmpty()) {
         m_timer.stop();
     } else if (!m_timer.isActive()) {

@@ -1,9 +1,9 @@
+#include "build/SignalWatcher.h"
 #include "tools/BuildCommand.h"
 #include "tools/CommandLine.h"
 #include "tools/Messages.h"
 #include "tools/OpenedProject.h"
 #include "tools/ProjectRelocator.h"
-#include "tools/SignalWatcher.h"
 
 #include <QCoreApplication>
 

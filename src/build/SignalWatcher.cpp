@@ -1,4 +1,4 @@
-#include "tools/SignalWatcher.h"
+#include "build/SignalWatcher.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>

@@ -1,0 +1,75 @@
+#include "app/EditMenu.h"
+
+#include "app/EditOperations.h"
+#include "navigation/EditorContainerController.h"
+#include "navigation/ProjectNavigationController.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace kestrel {
+
+EditMenu::EditMenu(EditorContainerController& editor, QMenu& menu, QObject* parent)
+    : QObject(parent)
+    , m_editor(editor) {
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget* /*old*/, QWidget* now) { focusChanged(now); });
+    // What cannot act is grey only while the menu is open: a shortcut asks when it is pressed.
+    connect(&menu, &QMenu::aboutToShow, this, &EditMenu::showAvailability);
+    connect(&menu, &QMenu::aboutToHide, this, &EditMenu::enableAll);
+}
+
+void EditMenu::add(EditCommand command, QAction* action) {
+    m_actions.emplace_back(command, action);
+    connect(action, &QAction::triggered, this, [this, command] { perform(command); });
+}
+
+void EditMenu::focusChanged(QWidget* now) {
+    const bool inMenus =
+        qobject_cast<QMenuBar*>(now) != nullptr || qobject_cast<QMenu*>(now) != nullptr;
+    if (now != nullptr && !inMenus && now->window() == m_editor.window()) {
+        m_focused = now;
+    }
+}
+
+bool EditMenu::treeHasFocus() const {
+    const ProjectNavigationController* tree = m_editor.projectNavigationController();
+    return tree != nullptr && m_focused && tree->isAncestorOf(m_focused);
+}
+
+bool EditMenu::canPerform(EditCommand command) const {
+    if (treeHasFocus()) {
+        return command == EditCommand::undo && m_editor.canUndoDelete();
+    }
+    return m_focused && m_focused->isVisible() && canEdit(m_focused, command);
+}
+
+void EditMenu::perform(EditCommand command) {
+    if (!canPerform(command)) {
+        return;
+    }
+    if (treeHasFocus()) {
+        m_editor.undoDelete();
+    } else {
+        edit(m_focused, command);
+    }
+}
+
+void EditMenu::showAvailability() {
+    for (const auto& [command, action] : m_actions) {
+        if (action) {
+            action->setEnabled(canPerform(command));
+        }
+    }
+}
+
+void EditMenu::enableAll() {
+    for (const auto& [command, action] : m_actions) {
+        if (action) {
+            action->setEnabled(true);
+        }
+    }
+}
+
+} // namespace kestrel

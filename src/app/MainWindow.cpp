@@ -1,0 +1,82 @@
+#include "app/MainWindow.h"
+
+#include "app/AppDelegate.h"
+#include "app/MainMenu.h"
+#include "app/MainWindowController.h"
+#include "app/Window.h"
+#include "app/WindowCommands.h"
+#include "navigation/EditorContainerController.h"
+#include "navigation/NodeRoot.h"
+#include "navigation/ProjectNavigationController.h"
+
+#include <QAction>
+#include <QMenuBar>
+
+namespace kestrel {
+
+namespace {
+
+constexpr QSize FirstSize(1000, 680);
+constexpr QSize SmallestSize(480, 320);
+
+/// Names the window after the project that the selection lies in.
+void nameAfterProject(Window& window, const EditorContainerController& editor) {
+    const ProjectNavigationController* tree = editor.projectNavigationController();
+    const auto project = findParentFromItem(tree->selectedItem());
+    if (!project) {
+        window.setWindowTitle(QObject::tr("Kestrel"));
+        return;
+    }
+    QString name = QString::fromStdString(project->itemName());
+    name.replace(QLatin1String("[*]"), QLatin1String("[*][*]")); // a placeholder of the toolkit's
+    window.setWindowTitle(QObject::tr("%1 - Kestrel").arg(name));
+}
+
+void connectCommands(const MainMenu& menu, Window& window, EditorContainerController& editor,
+                     const std::shared_ptr<MainWindowController>& controller) {
+    auto* commands = new WindowCommands(controller, editor, &window);
+    const auto bind = [&](WindowCommand command, void (WindowCommands::*operation)()) {
+        QObject::connect(menu.action(command), &QAction::triggered, commands, operation);
+    };
+    bind(WindowCommand::openProject, &WindowCommands::openProject);
+    bind(WindowCommand::quit, &WindowCommands::quit);
+    bind(WindowCommand::console, &WindowCommands::showConsole);
+    bind(WindowCommand::nextPane, &WindowCommands::focusNextPart);
+    bind(WindowCommand::userGuide, &WindowCommands::showUserGuide);
+    bind(WindowCommand::about, &WindowCommands::showAbout);
+    // Closed by the user, the window takes the console and everything else with it.
+    QObject::connect(controller.get(), &MainWindowController::windowClosed, commands,
+                     &WindowCommands::quit, Qt::QueuedConnection);
+}
+
+} // namespace
+
+std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
+                                                     NotificationCentre& centre) {
+    auto ownedWindow = std::make_unique<Window>();
+    Window& window = *ownedWindow;
+    window.setObjectName(QStringLiteral("mainWindow"));
+    window.setAccessibleName(QObject::tr("Kestrel"));
+    window.setMinimumSize(SmallestSize);
+    window.resize(FirstSize);
+    auto* editor = new EditorContainerController(centre, &window);
+    window.setCentralWidget(editor);
+    editor->viewDidLoad();
+    const ProjectNavigationController* tree = editor->projectNavigationController();
+    QObject::connect(tree, &ProjectNavigationController::selectedRowChanged, &window,
+                     [&window, editor] { nameAfterProject(window, *editor); });
+    nameAfterProject(window, *editor);
+
+    const auto controller = std::make_shared<MainWindowController>(std::move(ownedWindow));
+    controller->awakeFromNib();
+    auto* bar = window.menuBar();
+    bar->setObjectName(QStringLiteral("menuBar"));
+    bar->setAccessibleName(QObject::tr("Menu bar"));
+    auto* menu = new MainMenu(*bar, *editor, &window);
+    connectCommands(*menu, window, *editor, controller);
+    delegate.setBuildMenuItem(menu->action(WindowCommand::build));
+    delegate.setRunMenuItem(menu->action(WindowCommand::run));
+    return controller;
+}
+
+} // namespace kestrel

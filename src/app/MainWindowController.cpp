@@ -1,0 +1,242 @@
+#include "app/MainWindowController.h"
+
+#include "app/ConsoleOutput.h"
+#include "app/ConsoleWindow.h"
+#include "app/Window.h"
+#include "build/BackgroundWork.h"
+#include "build/NESBuildSettings.h"
+#include "build/NESProjectBuilder.h"
+#include "model/FileProcessor.h"
+#include "model/ProjectItemFactory.h"
+#include "navigation/EditorContainerController.h"
+#include "navigation/ProjectNavigationController.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QThread>
+
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+bool isMainThread() {
+    return QCoreApplication::instance() != nullptr &&
+           QThread::currentThread() == QCoreApplication::instance()->thread();
+}
+
+/// Calls `task` with the controller, if it is still there: at once on the user-interface thread,
+/// from any other when that thread comes to it, behind everything that was queued before.
+void withController(const std::weak_ptr<MainWindowController>& controller,
+                    std::function<void(MainWindowController&)> task) {
+    auto call = [controller, task = std::move(task)] {
+        if (const auto present = controller.lock()) {
+            task(*present);
+        }
+    };
+    if (isMainThread()) {
+        call();
+    } else {
+        BackgroundWork::postToMainThread(QCoreApplication::instance(), std::move(call));
+    }
+}
+
+QString textOf(const BuildError& error) {
+    return QString::fromStdString(error.localizedDescription());
+}
+
+} // namespace
+
+MainWindowController::MainWindowController(std::unique_ptr<Window> window)
+    : m_window(std::move(window))
+    , m_builderFactory([](std::shared_ptr<BuildSettingsConfiguration> settings) {
+        return std::make_shared<NESProjectBuilder>(std::move(settings));
+    }) {
+    if (m_window) {
+        m_window->installEventFilter(this);
+    }
+}
+
+MainWindowController::~MainWindowController() = default;
+
+void MainWindowController::awakeFromNib() {
+    m_editorController =
+        m_window ? qobject_cast<EditorContainerController*>(m_window->centralWidget()) : nullptr;
+}
+
+EditorContainerController* MainWindowController::editorController() const {
+    return m_editorController;
+}
+
+ConsoleOutput* MainWindowController::consoleOutputController() const {
+    return m_consoleOutputController;
+}
+
+void MainWindowController::setBuildMenuItem(QAction* item) {
+    disconnect(m_buildConnection);
+    m_buildMenuItem = item;
+    if (item != nullptr) {
+        m_buildConnection = connect(item, &QAction::triggered, this, &MainWindowController::build);
+    }
+}
+
+void MainWindowController::setRunMenuItem(QAction* item) {
+    disconnect(m_runConnection);
+    m_runMenuItem = item;
+    if (item != nullptr) {
+        m_runConnection =
+            connect(item, &QAction::triggered, this, &MainWindowController::buildAndRun);
+    }
+}
+
+void MainWindowController::setBuilderFactory(BuilderFactory factory) {
+    m_builderFactory = std::move(factory);
+}
+
+bool MainWindowController::importNewProjectFromFile(const std::filesystem::path& kstFilePath) {
+    const auto structure = FileProcessor::retrieveConfiguration(kstFilePath);
+    if (!structure) {
+        return false;
+    }
+    const auto project = ProjectItemFactory::process(*structure, nullptr);
+    if (!project) {
+        return false;
+    }
+    if (m_editorController) {
+        m_editorController->addProjectToEditor(project);
+    }
+    return true;
+}
+
+std::shared_ptr<ProjectItem> MainWindowController::selectedProject() const {
+    const ProjectNavigationController* tree =
+        m_editorController ? m_editorController->projectNavigationController() : nullptr;
+    return tree != nullptr ? tree->currentlySelectedProject() : nullptr;
+}
+
+std::shared_ptr<NESProjectBuilder>
+MainWindowController::makeBuilder(const std::shared_ptr<ProjectItem>& project) {
+    auto settings = std::make_shared<NESBuildSettings>();
+    settings->projectToBuild() = project;
+    settings->populateProperties(*project);
+    settings->projectPath() = project->itemPath();
+    m_projectBuilder = m_builderFactory(std::move(settings));
+    return m_projectBuilder;
+}
+
+void MainWindowController::buildProject(const BuildHandler& completionHandler) {
+    const std::shared_ptr<ProjectItem> project = selectedProject();
+    if (!project) {
+        if (completionHandler) {
+            completionHandler(std::nullopt,
+                              BuildError{"", 100, "Please select a project to build"});
+        }
+        return;
+    }
+    // Held while it works: what its handler does may replace it.
+    const std::shared_ptr<NESProjectBuilder> builder = makeBuilder(project);
+    builder->setConsoleOutput(weak_from_this());
+    builder->build([completionHandler](std::optional<std::filesystem::path> image,
+                                       std::optional<BuildError> error) {
+        if (completionHandler) {
+            completionHandler(std::move(image), std::move(error));
+        }
+    });
+}
+
+void MainWindowController::build() {
+    clearConsole();
+    const std::weak_ptr<MainWindowController> self = weak_from_this();
+    buildProject([self](const std::optional<std::filesystem::path>& /*image*/,
+                        const std::optional<BuildError>& error) {
+        const QString text =
+            error ? textOf(*error) : QStringLiteral("Internal Error when building");
+        withController(self, [text](MainWindowController& present) { present.console(text); });
+    });
+}
+
+void MainWindowController::buildAndRun() {
+    clearConsole();
+    const std::weak_ptr<MainWindowController> self = weak_from_this();
+    buildProject([self](const std::optional<std::filesystem::path>& image,
+                        const std::optional<BuildError>& error) {
+        // Behind the assembler's output: running replaces the builder that it comes from.
+        withController(self, [image, error](MainWindowController& present) {
+            present.buildToRunEnded(image, error);
+        });
+    });
+}
+
+void MainWindowController::buildToRunEnded(const std::optional<std::filesystem::path>& image,
+                                           const std::optional<BuildError>& error) {
+    if (error) {
+        console(textOf(*error));
+        return;
+    }
+    if (!image) {
+        console(QStringLiteral(
+            "Internal Error: Successfully built project but output was not available"));
+        return;
+    }
+    runProject(*image, [this](const std::optional<BuildError>& runError) {
+        if (runError) {
+            console(textOf(*runError));
+        }
+    });
+}
+
+void MainWindowController::runProject(const std::filesystem::path& /*romFile*/,
+                                      const RunHandler& /*completionHandler*/) {
+    const std::shared_ptr<ProjectItem> project = selectedProject();
+    if (!project) {
+        return;
+    }
+    const std::weak_ptr<MainWindowController> self = weak_from_this();
+    const std::shared_ptr<NESProjectBuilder> builder = makeBuilder(project);
+    builder->run([self](const std::optional<BuildError>& error) {
+        const QString text = error ? textOf(*error) : QStringLiteral("Running Project");
+        withController(self, [text](MainWindowController& present) { present.console(text); });
+    });
+}
+
+void MainWindowController::console(const QString& output) {
+    if (!isMainThread()) {
+        withController(weak_from_this(),
+                       [output](MainWindowController& present) { present.console(output); });
+        return;
+    }
+    makeConsole();
+    if (m_consoleOutputController) {
+        m_consoleOutputController->append(QLatin1Char('\n') + output);
+    }
+    showConsole();
+}
+
+void MainWindowController::showConsole() {
+    makeConsole();
+    m_windowController->comeToFront();
+}
+
+void MainWindowController::makeConsole() {
+    if (!m_windowController) {
+        m_windowController = std::make_unique<ConsoleWindow>();
+        m_consoleOutputController = m_windowController->consoleOutput();
+    }
+}
+
+void MainWindowController::clearConsole() {
+    if (m_consoleOutputController) {
+        m_consoleOutputController->clear();
+    }
+}
+
+bool MainWindowController::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_window.get() && event->type() == QEvent::Close) {
+        Q_EMIT windowClosed();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace kestrel

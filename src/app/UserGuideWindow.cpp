@@ -1,0 +1,44 @@
+#include "app/UserGuideWindow.h"
+
+#include <QAction>
+#include <QFile>
+#include <QTextBrowser>
+
+namespace kestrel {
+
+UserGuideWindow::UserGuideWindow(QWidget* parent)
+    : QMainWindow(parent) {
+    setObjectName(QStringLiteral("userGuideWindow"));
+    setAccessibleName(tr("User guide"));
+    setWindowTitle(tr("Kestrel User Guide"));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    auto* text = new QTextBrowser(this);
+    text->setObjectName(QStringLiteral("userGuideText"));
+    text->setAccessibleName(tr("User guide"));
+    text->setOpenExternalLinks(true);
+    text->setFrameShape(QFrame::NoFrame);
+    text->document()->setDocumentMargin(16);
+    QFile guide(QStringLiteral(":/guide/user-guide.md"));
+    if (guide.open(QIODevice::ReadOnly)) {
+        text->setMarkdown(QString::fromUtf8(guide.readAll()));
+    }
+    setCentralWidget(text);
+    resize(720, 640);
+    auto* hide = new QAction(tr("Close"), this);
+    hide->setObjectName(QStringLiteral("closeUserGuideAction"));
+    hide->setShortcuts({QKeySequence(QKeySequence::Close), QKeySequence(Qt::Key_Escape)});
+    connect(hide, &QAction::triggered, this, &QWidget::close);
+    addAction(hide);
+}
+
+void UserGuideWindow::comeToFront() {
+    if (isMinimized()) {
+        showNormal();
+    } else {
+        show();
+    }
+    raise();
+    activateWindow();
+}
+
+} // namespace kestrel

@@ -1,0 +1,136 @@
+#include "app/WindowCommands.h"
+
+#include "app/MainWindowController.h"
+#include "app/UserGuideWindow.h"
+#include "editors/CommonEditorControllers.h"
+#include "icons/Icons.h"
+#include "navigation/EditorContainerController.h"
+#include "navigation/OutlineView.h"
+#include "navigation/ProjectNavigationController.h"
+#include "newitem/Sheet.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include <filesystem>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+/// Where projects lie that were made here, if that folder is there already.
+QString projectsFolder() {
+    const QString kestrel = QDir::homePath() + QStringLiteral("/Kestrel");
+    return QDir(kestrel).exists() ? kestrel : QDir::homePath();
+}
+
+/// The first widget within `part` that takes the focus from the Tab key.
+QWidget* firstFocusable(QWidget& part) {
+    const auto takesFocus = [](const QWidget* widget) {
+        return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() &&
+               widget->isEnabled();
+    };
+    if (takesFocus(&part)) {
+        return &part;
+    }
+    for (QWidget* widget = part.nextInFocusChain(); widget != nullptr && widget != &part;
+         widget = widget->nextInFocusChain()) {
+        if (part.isAncestorOf(widget) && takesFocus(widget)) {
+            return widget;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+WindowCommands::WindowCommands(std::weak_ptr<MainWindowController> controller,
+                               EditorContainerController& editor, QObject* parent)
+    : QObject(parent)
+    , m_controller(std::move(controller))
+    , m_editor(editor) {}
+
+WindowCommands::~WindowCommands() = default;
+
+void WindowCommands::openProject() {
+    if (Sheet::isOpenOn(m_editor.window())) {
+        return;
+    }
+    auto* panel = new QFileDialog(m_editor.window(), tr("Open Project"), projectsFolder(),
+                                  tr("Kestrel projects (*.kst);;All files (*)"));
+    panel->setObjectName(QStringLiteral("openProjectPanel"));
+    panel->setAccessibleName(tr("Open Project"));
+    panel->setAttribute(Qt::WA_DeleteOnClose);
+    panel->setWindowModality(Qt::WindowModal);
+    panel->setFileMode(QFileDialog::ExistingFile);
+    connect(panel, &QFileDialog::fileSelected, this, [this](const QString& file) {
+        const auto controller = m_controller.lock();
+        const std::filesystem::path path(QFile::encodeName(file).toStdString());
+        if (controller && !controller->importNewProjectFromFile(path)) {
+            // Asked for by name, a file that is no project shall not be passed over in silence.
+            auto* box = new QMessageBox(
+                QMessageBox::Warning, tr("Open Project"),
+                tr("“%1” could not be opened as a project.").arg(QDir::toNativeSeparators(file)),
+                QMessageBox::Ok, m_editor.window());
+            box->setTextFormat(Qt::PlainText);
+            box->setObjectName(QStringLiteral("openProjectProblem"));
+            box->setAccessibleName(tr("Open Project"));
+            box->setAttribute(Qt::WA_DeleteOnClose);
+            box->setWindowModality(Qt::WindowModal);
+            box->open();
+        }
+    });
+    panel->open();
+}
+
+void WindowCommands::quit() {
+    QCoreApplication::quit();
+}
+
+void WindowCommands::showConsole() {
+    if (const auto controller = m_controller.lock()) {
+        controller->showConsole();
+    }
+}
+
+void WindowCommands::focusNextPart() {
+    const QWidget* focused = QApplication::focusWidget();
+    QWidget* pane = m_editor.commonController()->currentWidget();
+    const bool inPane =
+        pane != nullptr && focused != nullptr && (pane == focused || pane->isAncestorOf(focused));
+    QWidget* next = pane != nullptr && !inPane ? firstFocusable(*pane) : nullptr;
+    if (next == nullptr) {
+        next = m_editor.projectNavigationController()->outlineView();
+    }
+    if (next != nullptr) {
+        next->setFocus(Qt::ShortcutFocusReason);
+    }
+}
+
+void WindowCommands::showUserGuide() {
+    if (!m_userGuide) {
+        m_userGuide = std::make_unique<UserGuideWindow>();
+    }
+    m_userGuide->comeToFront();
+}
+
+void WindowCommands::showAbout() {
+    auto* box = new QMessageBox(m_editor.window());
+    box->setObjectName(QStringLiteral("aboutBox"));
+    box->setAccessibleName(tr("About Kestrel"));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowModality(Qt::WindowModal);
+    box->setWindowTitle(tr("About Kestrel"));
+    box->setIconPixmap(iconNamed(u"kestrel").pixmap(QSize(64, 64), box->devicePixelRatio()));
+    box->setText(tr("<b>Kestrel %1</b>").arg(QCoreApplication::applicationVersion()));
+    box->setInformativeText(
+        tr("A desktop environment for making NES games.\nFree software under the MIT licence."));
+    box->setStandardButtons(QMessageBox::Close);
+    box->open();
+}
+
+} // namespace kestrel

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+namespace kestrel {
+
+class EditorContainerController;
+class MainWindowController;
+class UserGuideWindow;
+
+/// Carries out the commands of the menu bar that belong to no project and no pane.
+class WindowCommands : public QObject {
+    Q_OBJECT
+
+public:
+    /// `editor` must outlive this; the controller is held weakly, since it owns the window that
+    /// owns this.
+    WindowCommands(std::weak_ptr<MainWindowController> controller,
+                   EditorContainerController& editor, QObject* parent);
+    ~WindowCommands() override;
+
+    /// Asks for a project file in a sheet and adds its project.
+    void openProject();
+
+    /// Ends the program.
+    void quit();
+
+    void showConsole();
+
+    /// Moves the focus from the tree to the pane that is shown, and back.
+    void focusNextPart();
+
+    /// Opens the user guide in a window of its own, of which there is one.
+    void showUserGuide();
+
+    /// Says in a sheet what this program is.
+    void showAbout();
+
+private:
+    std::weak_ptr<MainWindowController> m_controller;
+    EditorContainerController& m_editor;
+    std::unique_ptr<UserGuideWindow> m_userGuide;
+};
+
+} // namespace kestrel
