@@ -29,7 +29,7 @@ Assembler::Result Assembler::run() {
     m_assembly->image.finish();
     if (!m_assembly->diagnostics.limitReached()) {
         Resolver(*m_assembly).run();
-        m_assembly->reportOverflows();
+        m_assembly->reportPlaces();
         checkHeader();
     }
     m_assembly->diagnostics.finish();
@@ -42,11 +42,13 @@ void Assembler::checkHeader() {
     const std::uint32_t present = m_assembly->image.bankCount();
     if (announced == present || m_assembly->diagnostics.errorCount() != 0)
         return;
-    m_assembly->diagnostics.warning(Warning::UnusedBankGap, m_assembly->headerPosition,
-                                    "the header announces " + counted(announced, "bank") +
-                                        " of 8 KiB (.inesprg " + std::to_string(header.prg) +
-                                        ", .ineschr " + std::to_string(header.chr) +
-                                        "), but the file holds " + std::to_string(present));
+    m_assembly->diagnostics.warning(
+        Warning::UnusedBankGap, m_assembly->headerPosition,
+        "the header announces " + counted(announced, "bank") + " of 8 KiB (.inesprg " +
+            std::to_string(header.prg) + ", .ineschr " + std::to_string(header.chr) +
+            "), but the file holds " + std::to_string(present) +
+            (present < announced ? "; is a .bank missing?"
+                                 : "; .inesprg or .ineschr must be larger"));
 }
 
 const Image& Assembler::image() const {

@@ -14,7 +14,8 @@ constexpr std::size_t kLongestFinding = 24;
 } // namespace
 
 Assembly::Assembly(const Options& options, TextSink sink)
-    : diagnostics(origins, std::move(sink), options.largestErrorCount, options.colours)
+    : diagnostics(origins, std::move(sink), options.largestErrorCount, options.colours,
+                  options.warnings)
     , finder(options.includeFolders, options.includeList)
     , sources(options.mostWork) {}
 
@@ -38,7 +39,9 @@ bool Assembly::expectEnd(const char* p) {
     p = skipBlanks(p);
     if (endsStatement(*p))
         return true;
-    error(p, "the statement should end here, but " + foundText(p) + " follows");
+    const bool isIndex = (lowered(*p) == 'x' || lowered(*p) == 'y') && !isWordPart(p[1]);
+    error(p, "the statement should end here, but " + foundText(p) + " follows" +
+                 (isIndex ? "; a comma belongs before an index" : ""));
     return false;
 }
 
@@ -59,12 +62,32 @@ void Assembly::reportExcess(std::size_t excess, const char* p) {
             " only reserves RAM: code and data belong behind .code or .data (use .ds to reserve)");
 }
 
-void Assembly::reportOverflows() {
+void Assembly::noteOverwriting() {
+    const Image::Overwritten bytes = image.takeOverwritten();
+    if (!diagnostics.isOn(Warning::Overwrite))
+        return;
+    if (!m_overwritings.empty()) {
+        Image::Overwritten& last = m_overwritings.back().bytes;
+        if (last.bank == bytes.bank && last.offset + last.count == bytes.offset) {
+            last.count += bytes.count;
+            return;
+        }
+    }
+    m_overwritings.push_back({keep(skipBlanks(line.begin)), bytes});
+}
+
+void Assembly::reportPlaces() {
     for (const Overflow& overflow : m_overflows)
         diagnostics.error(overflow.position,
                           "bank " + std::to_string(overflow.bank) + " is full: it overflows by " +
                               counted(overflow.excess, "byte") +
                               ", beginning here; move something into another .bank");
+    for (const Overwriting& each : m_overwritings)
+        diagnostics.warning(Warning::Overwrite, each.position,
+                            counted(each.bytes.count, "byte") + " of bank " +
+                                std::to_string(each.bytes.bank) + " from offset " +
+                                hexText(each.bytes.offset) +
+                                " on had been written before: the later bytes win");
 }
 
 std::string foundText(const char* p) {

@@ -25,6 +25,12 @@ struct Macro {
     Passage body;
 };
 
+/// Where a symbol was defined.
+struct Definition {
+    SymbolId symbol = 0;
+    Position position;
+};
+
 /// The state of one run: the parts that the statements work on, and the present statement.
 struct Assembly {
     Assembly(const Options& options, TextSink sink);
@@ -40,6 +46,7 @@ struct Assembly {
     Image image;
     Deferred deferred;
     std::vector<Macro> macros;
+    std::vector<Definition> definitions; ///< only when unused symbols are to be reported
     std::uint32_t expansions = 0;
     /// A macro is named like a directive or an instruction, so every such word has to be looked up.
     bool macroHidesKeyword = false;
@@ -82,8 +89,12 @@ struct Assembly {
     /// Notes that `excess` bytes did not fit into the bank or section.
     void reportExcess(std::size_t excess, const char* p);
 
-    /// Says how much each full bank overflowed. To be called when the source has ended.
-    void reportOverflows();
+    /// Notes bytes that the present statement wrote over others.
+    void noteOverwriting();
+
+    /// Says how much each full bank overflowed and what was written twice. To be called when the
+    /// source has ended.
+    void reportPlaces();
 
 private:
     struct Overflow {
@@ -92,6 +103,12 @@ private:
         std::size_t excess;
     };
     std::vector<Overflow> m_overflows;
+    /// Bytes in a row that were written over others.
+    struct Overwriting {
+        Position position;
+        Image::Overwritten bytes;
+    };
+    std::vector<Overwriting> m_overwritings;
 };
 
 /// What stands at `p`, for a message: "'x'", or "the end of the line".

@@ -65,8 +65,8 @@ public:
         : m_line(line) {}
 
     static bool knows(std::string_view name) {
-        static constexpr std::array<std::string_view, 6> kNames{
-            "--input", "--output", "-I", "-D", "--max-errors", "--color"};
+        static constexpr std::array<std::string_view, 7> kNames{
+            "--input", "--output", "-I", "-D", "-W", "--max-errors", "--color"};
         return std::find(kNames.begin(), kNames.end(), name) != kNames.end();
     }
 
@@ -81,6 +81,8 @@ public:
             m_line.options.includeFolders.emplace_back(value);
             return {};
         }
+        if (name == "-W")
+            return m_line.options.warnings.apply(value);
         return name == "--color" ? setColours(value) : setLimit(value);
     }
 
@@ -151,14 +153,16 @@ std::string readCommandLine(std::span<const std::string_view> arguments, Command
     return {};
 }
 
-std::string_view helpText() {
-    return R"(Usage: NESasm --input FILE --output FILE [OPTION...]
+std::string helpText() {
+    std::string text = R"(Usage: NESasm --input FILE --output FILE [OPTION...]
 Assembles a program for the NES into an iNES image.
 
   --input FILE            the source to assemble
   --output FILE           the image to write
   -I FOLDER               search this folder for included files (may be repeated)
   -D NAME[=VALUE]         define a symbol; without a value it is 1
+  -W NAME, -Wno-NAME      turn a warning on or off
+  -Werror, -Werror=NAME   all warnings, or this one, count as errors
   --max-errors NUMBER     stop after so many errors (20; 0: never)
   --color WHEN            auto, always or never; never when the output is no terminal
   -v                      say how full each bank is
@@ -166,7 +170,15 @@ Assembles a program for the NES into an iNES image.
 
 NES_INCLUDE in the environment lists further folders for included files.
 Exit status: 0 built, 1 the source has errors, 2 wrong usage or a file that cannot be read or written.
+
+Warnings:
 )";
+    constexpr std::size_t kNameWidth = 24;
+    for (const WarningRow& row : warningTable) {
+        text.append("  ").append(row.name).append(kNameWidth - row.name.size(), ' ');
+        text.append(row.text).append(row.onByDefault ? "\n" : " (off by default)\n");
+    }
+    return text;
 }
 
 } // namespace nesasm

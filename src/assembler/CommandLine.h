@@ -24,6 +24,6 @@ struct CommandLine {
 std::string readCommandLine(std::span<const std::string_view> arguments, CommandLine& line);
 
 /// What --help prints.
-std::string_view helpText();
+std::string helpText();
 
 } // namespace nesasm

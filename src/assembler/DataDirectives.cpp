@@ -46,7 +46,9 @@ void DataDirectives::data(Field field, const char* p) {
     while (item(field, p)) {
         p = skipBlanks(p);
         if (*p != ',') {
-            m_assembly.expectEnd(p);
+            if (!endsStatement(*p))
+                m_assembly.error(p, "a comma or the end of the statement was expected, but " +
+                                        foundText(p) + " was found");
             return;
         }
         p = skipBlanks(p + 1);

@@ -28,11 +28,13 @@ void Definitions::assign(std::string_view name, const char* at, const char* p) {
     const char* const start = skipBlanks(p);
     p = start;
     if (!m_parser.parse(p)) {
-        m_assembly.symbols[id].isDefined = m_assembly.symbols[id].isBroken = true;
+        markBroken(name);
         return;
     }
-    if (!m_assembly.expectEnd(p))
+    if (!m_assembly.expectEnd(p)) {
+        markBroken(name);
         return;
+    }
     const Evaluation result = m_parser.evaluateNow();
     if (result.status == Evaluation::Status::Known) {
         define(id, result.value, result.bank, at);
@@ -40,7 +42,7 @@ void Definitions::assign(std::string_view name, const char* at, const char* p) {
     }
     Symbol& symbol = m_assembly.symbols[id];
     if (result.status == Evaluation::Status::Broken) {
-        symbol.isDefined = symbol.isBroken = true;
+        markBroken(name);
         return;
     }
     const DeferredExpression expression = m_parser.defer(start);
@@ -48,7 +50,7 @@ void Definitions::assign(std::string_view name, const char* at, const char* p) {
     if (!isSecond) {
         warnIfShadowing(symbol.name, at);
         symbol.deferred = static_cast<std::uint32_t>(m_assembly.deferred.symbols.size());
-        markDefined(symbol);
+        markDefined(id, at);
     }
     m_assembly.deferred.symbols.push_back({expression, id, isSecond});
 }
@@ -56,10 +58,8 @@ void Definitions::assign(std::string_view name, const char* at, const char* p) {
 void Definitions::reserve(std::string_view name, const char* at, const char* p) {
     const auto count = m_parser.parseKnown(p, "the count of .rs", 0, 0x10000);
     if (!count || !m_assembly.expectEnd(p)) {
-        if (!name.empty()) {
-            Symbol& symbol = m_assembly.symbols[m_assembly.intern(name)];
-            symbol.isDefined = symbol.isBroken = true;
-        }
+        if (!name.empty())
+            markBroken(name);
         return;
     }
     if (!name.empty()) {
@@ -73,6 +73,12 @@ void Definitions::reserve(std::string_view name, const char* at, const char* p) 
         m_assembly.reserveCounter += *count;
 }
 
+void Definitions::markBroken(std::string_view name) {
+    Symbol& symbol = m_assembly.symbols[m_assembly.intern(name)];
+    if (!symbol.isDefined)
+        symbol.isDefined = symbol.isBroken = true;
+}
+
 void Definitions::predefine(std::string_view name, std::int32_t value) {
     Symbol& symbol = m_assembly.symbols[m_assembly.symbols.intern(name, 0, &m_assembly.arena)];
     symbol.isDefined = symbol.isKnown = true;
@@ -83,7 +89,7 @@ void Definitions::define(SymbolId id, std::int32_t value, std::int32_t bank, con
     Symbol& symbol = m_assembly.symbols[id];
     if (!symbol.isDefined) {
         warnIfShadowing(symbol.name, at);
-        markDefined(symbol);
+        markDefined(id, at);
         symbol.isKnown = true;
         symbol.value = value;
         symbol.bank = bank;
@@ -102,11 +108,14 @@ void Definitions::define(SymbolId id, std::int32_t value, std::int32_t bank, con
         {m_assembly.deferred.keep({&literal, 1}, m_assembly.keep(at)), id, true});
 }
 
-void Definitions::markDefined(Symbol& symbol) {
+void Definitions::markDefined(SymbolId id, const char* at) {
+    Symbol& symbol = m_assembly.symbols[id];
     symbol.isDefined = true;
     symbol.line = m_assembly.line.number;
     symbol.origin = m_assembly.line.origin;
     m_assembly.origins[symbol.origin].kept = true;
+    if (m_assembly.diagnostics.isOn(Warning::UnusedSymbol))
+        m_assembly.definitions.push_back({id, m_assembly.keep(at)});
 }
 
 void Definitions::warnIfShadowing(std::string_view name, const char* at) {
@@ -123,14 +132,22 @@ void Definitions::warnIfShadowing(std::string_view name, const char* at) {
 
 void reportSecondValue(Assembly& assembly, const Position& position, const Symbol& symbol,
                        std::int32_t value) {
-    std::string text =
-        quoted(symbol.name) + " already has the value " + std::to_string(symbol.value);
+    std::string text = quoted(symbol.name) + " already has the value " + valueText(symbol.value);
     if (symbol.origin != kNoOrigin)
         text += " from " + std::string(assembly.origins[symbol.origin].file) + ":" +
                 std::to_string(symbol.line);
     else
         text += " from the command line";
-    assembly.diagnostics.error(position, text + "; here it would get " + std::to_string(value));
+    text += "; here it would get " + valueText(value);
+    const bool isInMacro = position.origin != kNoOrigin &&
+                           assembly.origins[position.origin].kind == Origin::Kind::Macro;
+    if (symbol.isLabel && isInMacro)
+        text += ": \\@ in the name makes another one of it in each expansion";
+    else if (symbol.isLabel)
+        text += symbol.name.starts_with('.')
+                    ? ": give one of them another name"
+                    : ": give one of them another name, or a local one that begins with a dot";
+    assembly.diagnostics.error(position, std::move(text));
 }
 
 } // namespace nesasm

@@ -12,6 +12,8 @@ namespace {
 
 /// Beyond this many, what was collected is shown at once, so that memory stays in proportion.
 constexpr std::size_t kLargestCollection = 5000;
+/// Of each warning no more than these are shown.
+constexpr std::size_t kMostOfAKind = 50;
 /// Of a longer line only the neighbourhood of the column is shown.
 constexpr std::size_t kLongestQuote = 240;
 
@@ -32,11 +34,12 @@ bool isMiddleOfCharacter(char c) {
 } // namespace
 
 Diagnostics::Diagnostics(Origins& origins, TextSink sink, std::size_t largestErrorCount,
-                         bool colours)
+                         bool colours, const WarningSwitches& switches)
     : m_origins(origins)
     , m_sink(std::move(sink))
     , m_largestErrorCount(largestErrorCount)
-    , m_colours(colours) {}
+    , m_colours(colours)
+    , m_switches(switches) {}
 
 void Diagnostics::error(const Position& position, std::string text) {
     if (m_stopped)
@@ -80,11 +83,18 @@ void Diagnostics::fatal(const Position& position, std::string text) {
 }
 
 void Diagnostics::warning(Warning warning, const Position& position, std::string text) {
-    const WarningRow& row = rowOf(warning);
-    if (!row.onByDefault || m_stopped || isRepeated(position, false))
+    if (!m_switches.isOn(warning) || m_stopped)
+        return;
+    text.append(" [").append(rowOf(warning).name).append("]");
+    if (m_switches.isError(warning)) {
+        error(position, std::move(text));
+        return;
+    }
+    if (isRepeated(position, false))
         return;
     ++m_warnings;
-    add(position, false, text.append(" [").append(row.name).append("]"));
+    if (++m_warningsOfAKind[static_cast<std::size_t>(warning)] <= kMostOfAKind)
+        add(position, false, std::move(text));
 }
 
 void Diagnostics::add(const Position& position, bool isError, std::string text) {
@@ -199,6 +209,11 @@ void Diagnostics::finish() {
                " are the limit (--max-errors changes it)\n");
     if (m_errors == 0 && m_warnings == 0)
         return;
+    for (std::size_t i = 0; i < kWarningCount; ++i)
+        if (m_warningsOfAKind[i] > kMostOfAKind)
+            m_sink("only the first " + std::to_string(kMostOfAKind) + " of " +
+                   counted(m_warningsOfAKind[i], "warning") + " [" +
+                   std::string(warningTable[i].name) + "] are shown\n");
     std::string text;
     if (m_errors != 0)
         text = counted(m_errors, "error");

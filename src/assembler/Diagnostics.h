@@ -2,8 +2,9 @@
 
 #include "assembler/Origins.h"
 #include "assembler/Position.h"
-#include "assembler/Warnings.h"
+#include "assembler/WarningSwitches.h"
 
+#include <array>
 #include <cstddef>
 #include <functional>
 #include <set>
@@ -23,12 +24,16 @@ class Diagnostics {
 public:
     /// `origins` must outlive this. After `largestErrorCount` errors (0: never) limitReached()
     /// holds.
-    Diagnostics(Origins& origins, TextSink sink, std::size_t largestErrorCount, bool colours);
+    Diagnostics(Origins& origins, TextSink sink, std::size_t largestErrorCount, bool colours,
+                const WarningSwitches& switches = {});
 
     /// In a macro expansion only the first error is kept: the others come from the same mistake. In
     /// a repetition each line is reported once.
     void error(const Position& position, std::string text);
+    /// Does nothing when that warning is off; counts as an error when the switches say so. Of each
+    /// warning only the first fifty are shown.
     void warning(Warning warning, const Position& position, std::string text);
+    bool isOn(Warning warning) const { return m_switches.isOn(warning); }
 
     /// An error after which nothing sensible can follow: limitReached() holds from now on.
     void fatal(const Position& position, std::string text);
@@ -64,6 +69,8 @@ private:
     TextSink m_sink;
     std::size_t m_largestErrorCount;
     bool m_colours;
+    WarningSwitches m_switches;
+    std::array<std::size_t, kWarningCount> m_warningsOfAKind{};
     bool m_stopped = false;
     bool m_tooMany = false;
     std::size_t m_errors = 0;

@@ -34,6 +34,17 @@ bool endsOddNumber(char c) {
     }
 }
 
+/// What to do about a letter behind the digits of a number.
+std::string numberRemedy(unsigned base, char letter) {
+    if (base != 10)
+        return {};
+    if (lowered(letter) == 'b')
+        return "; a binary number begins with %, as in %1010";
+    const bool isHexadecimal =
+        lowered(letter) == 'x' || lowered(letter) == 'h' || hexDigit(letter) >= 0;
+    return isHexadecimal ? "; a hexadecimal number begins with $, as in $1F" : "";
+}
+
 } // namespace
 
 ExpressionParser::ExpressionParser(Assembly& assembly)
@@ -288,7 +299,8 @@ bool ExpressionParser::digits(unsigned base, const char* begin) {
             value = 0;
     }
     if (isWordPart(*m_p))
-        return fail(m_p, foundText(m_p) + " cannot be part of this number");
+        return fail(m_p,
+                    foundText(m_p) + " cannot be part of this number" + numberRemedy(base, *m_p));
     if (tooLarge)
         return fail(begin, "the number does not fit into 32 bits");
     return push(OpCode::Literal, static_cast<std::uint32_t>(value), begin);
@@ -297,7 +309,9 @@ bool ExpressionParser::digits(unsigned base, const char* begin) {
 bool ExpressionParser::character() {
     const char* const begin = m_p;
     if (isLineEnd(m_p[1]) || m_p[2] != '\'')
-        return fail(begin, "one character between quotes was expected, as in 'A'");
+        return fail(
+            begin,
+            "one character between quotes was expected, as in 'A'; a text stands in double quotes");
     m_p += 3;
     return push(OpCode::Literal, static_cast<unsigned char>(begin[1]), begin);
 }

@@ -6,13 +6,6 @@ namespace nesasm {
 
 namespace {
 
-std::string valueText(std::int32_t value) {
-    std::string text = std::to_string(value);
-    if (value > 9)
-        text += " (" + hexText(static_cast<unsigned>(value), 2) + ")";
-    return text;
-}
-
 std::string branchText(std::int32_t target, std::uint32_t next) {
     const std::int64_t distance = std::int64_t{target} - next;
     const std::int64_t excess = distance < 0 ? -128 - distance : distance - 127;
@@ -33,8 +26,9 @@ std::string misfitText(Field field, std::int32_t value, std::uint32_t next) {
         return "the value " + valueText(value) +
                " does not fit into a word (-32768 to 65535) and was cut";
     case Field::Immediate:
-        return "the value " + valueText(value) +
-               " does not fit into a byte (-256 to 255); LOW() or HIGH() takes one byte of it";
+        return "the value " + valueText(value) + " does not fit into a byte (-256 to 255)" +
+               (value > 0 ? "; without the # it is an address, and " : "; ") +
+               "LOW() or HIGH() takes one byte of it";
     case Field::ZeroPage:
         return "the address " + valueText(value) + " is not in the zero page ($00 to $FF)";
     case Field::Absolute:

@@ -10,6 +10,16 @@ bool isPageEnd(std::int32_t address) {
     return (static_cast<std::uint32_t>(address) & 0xFFU) == 0xFFU;
 }
 
+/// What to do about an address that is not in the zero page, where it has to be.
+const char* zeroPageRemedy(const Position& position, std::int32_t value) {
+    if (position.line == nullptr || value <= 0xFF)
+        return "";
+    const char mark = position.line[position.column];
+    return mark == '<'                  ? "; without the < the instruction takes any address"
+           : mark == '[' || mark == '(' ? "; a pointer's two bytes lie there"
+                                        : "";
+}
+
 } // namespace
 
 void checkField(Diagnostics& diagnostics, const Position& position, Field field, std::int32_t value,
@@ -18,7 +28,9 @@ void checkField(Diagnostics& diagnostics, const Position& position, Field field,
         if (field == Field::Byte || field == Field::Word)
             diagnostics.warning(Warning::ValueTruncated, position, misfitText(field, value, next));
         else
-            diagnostics.error(position, misfitText(field, value, next));
+            diagnostics.error(
+                position, misfitText(field, value, next) +
+                              (field == Field::ZeroPage ? zeroPageRemedy(position, value) : ""));
         return;
     }
     if (field == Field::JumpIndirect && isPageEnd(value))

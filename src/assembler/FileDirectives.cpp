@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t kDeepestInclude = 64;
 constexpr std::size_t kMostNamesInRing = 8;
+constexpr std::size_t kTileSize = 16;
 
 } // namespace
 
@@ -192,7 +193,13 @@ void FileDirectives::binary(const char* p) {
         return;
     }
     const auto* const bytes = reinterpret_cast<const std::uint8_t*>(contents.bytes.get()) + offset;
-    put(bytes, length ? static_cast<std::size_t>(*length) : left, at);
+    const std::size_t count = length ? static_cast<std::size_t>(*length) : left;
+    if (count % kTileSize != 0 && name->size() > 4 &&
+        equalsIgnoringCase(name->substr(name->size() - 4), ".chr"))
+        m_assembly.warn(Warning::OddChrSize, at,
+                        "these " + counted(count, "byte") + " of " + quoted(*name) +
+                            " are no whole tiles: a tile takes 16 bytes, and 8 KiB of tiles 8192");
+    put(bytes, count, at);
 }
 
 void FileDirectives::tiles(const char* p) {

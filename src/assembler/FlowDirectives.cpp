@@ -70,7 +70,8 @@ bool FlowDirectives::isDefined(const char* p) {
     m_assembly.expectEnd(end);
     if (id == 0)
         return false;
-    const Symbol& symbol = m_assembly.symbols[id];
+    Symbol& symbol = m_assembly.symbols[id];
+    ++symbol.uses;
     return symbol.isDefined || symbol.macro != kNone;
 }
 
@@ -95,7 +96,9 @@ void FlowDirectives::closeFrame() {
     Conditionals& conditionals = m_assembly.conditionals;
     const std::size_t outer = m_assembly.sources.top().conditionals;
     while (conditionals.depth() > outer) {
-        m_assembly.diagnostics.error(conditionals.innermost(), "this condition has no .endif");
+        m_assembly.diagnostics.error(
+            conditionals.innermost(),
+            "this condition has no .endif before the end of its file or macro");
         conditionals.dropTo(conditionals.depth() - 1);
     }
 }

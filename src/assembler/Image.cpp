@@ -126,8 +126,13 @@ std::size_t Image::emitCarefully(const std::uint8_t* bytes, std::size_t count) {
         if (nextWritten(bank.written, m_offset) < m_offset + fitting) {
             bank.firstLivePatch.resize(kBankSize);
             for (std::uint32_t offset = m_offset; offset < m_offset + fitting; ++offset)
-                if (isWritten(bank.written, offset))
+                if (isWritten(bank.written, offset)) {
                     bank.firstLivePatch[offset] = m_patchCount;
+                    if (m_overwritten.count++ == 0) {
+                        m_overwritten.bank = m_bank;
+                        m_overwritten.offset = offset;
+                    }
+                }
         }
         std::memcpy(bank.bytes.data() + m_offset, bytes, fitting);
         m_offset += fitting;

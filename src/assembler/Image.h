@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace nesasm {
@@ -52,6 +53,17 @@ public:
     }
     /// Puts bytes that run on into the following banks. False when there are no more banks.
     bool emitAcrossBanks(const std::uint8_t* bytes, std::size_t count);
+
+    /// Bytes that were written where bytes had been written.
+    struct Overwritten {
+        std::uint32_t bank = 0;
+        std::uint32_t offset = 0; ///< of the first one
+        std::uint32_t count = 0;
+    };
+    bool hasOverwritten() const { return m_overwritten.count != 0; }
+    /// Those since this was called last.
+    Overwritten takeOverwritten() { return std::exchange(m_overwritten, {}); }
+
     /// Moves the place in a RAM section; returns how many bytes did not fit.
     std::size_t reserve(std::size_t count);
 
@@ -107,6 +119,7 @@ private:
     std::uint8_t* m_current = nullptr;
     std::uint64_t m_total = 0;
     std::uint32_t m_patchCount = 0;
+    Overwritten m_overwritten;
 };
 
 } // namespace nesasm

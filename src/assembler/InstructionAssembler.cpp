@@ -2,7 +2,9 @@
 
 #include "assembler/Characters.h"
 #include "assembler/FieldWriter.h"
+#include "assembler/Text.h"
 
+#include <array>
 #include <utility>
 
 namespace nesasm {
@@ -42,7 +44,8 @@ bool isRegister(const char* p, char name) {
 
 InstructionAssembler::InstructionAssembler(Assembly& assembly, ExpressionParser& parser)
     : m_assembly(assembly)
-    , m_parser(parser) {}
+    , m_parser(parser)
+    , m_hints(assembly) {}
 
 void InstructionAssembler::assemble(const Instruction& instruction, const char* start,
                                     const char* p) {
@@ -73,7 +76,9 @@ InstructionAssembler::readOperand(const Instruction& instruction, const char*& p
         if (!m_parser.parse(p, ExpressionParser::Prefix::LowHigh))
             return std::nullopt;
         if (*p == ',') {
-            reportMode(instruction, Shape::Plain, p);
+            fail(p, "behind an immediate value there is no index; " +
+                        std::string(instruction.name) +
+                        " can be written: " + modesText(instruction));
             return std::nullopt;
         }
         return Shape::Immediate;
@@ -258,7 +263,17 @@ void InstructionAssembler::emit(const Instruction& instruction, Mode mode, const
         m_assembly.emit(&opcode, 1, start);
         return;
     }
+    if (m_hints.areWanted())
+        m_hints.look(instruction, mode, m_parser.operations(), operand);
     emitField(m_assembly, m_parser, {fieldOf(mode), operand, m_assembly.here + 2, opcode, true});
+}
+
+/// How an operand of that shape is written; n is any expression.
+std::string_view InstructionAssembler::shapeText(Shape shape) {
+    static constexpr std::array<std::string_view, 14> kTexts{
+        "",    "A",   "#n",  "<n",    "<n,x", "<n,y",  "n",
+        "n,x", "n,y", "(n)", "(n),y", "[n]",  "[n,x]", "[n],y"};
+    return kTexts[static_cast<std::size_t>(shape)];
 }
 
 void InstructionAssembler::reportMode(const Instruction& instruction, Shape shape,
@@ -270,7 +285,7 @@ void InstructionAssembler::reportMode(const Instruction& instruction, Shape shap
     else if (instruction.has(Mode::Implied))
         text = name + " takes no operand";
     else
-        text = name + " does not have this addressing mode";
+        text = name + " does not have the addressing mode " + quoted(shapeText(shape));
     fail(operand, text + "; it can be written: " + modesText(instruction));
 }
 

@@ -4,6 +4,7 @@
 #include "assembler/ExpressionParser.h"
 #include "assembler/Field.h"
 #include "assembler/InstructionTable.h"
+#include "assembler/OperandHints.h"
 
 namespace nesasm {
 
@@ -44,10 +45,12 @@ private:
     Mode modeOfParenthesisY(const Instruction& instruction) const;
     void emit(const Instruction& instruction, Mode mode, const char* start, const char* operand);
     void reportMode(const Instruction& instruction, Shape shape, const char* operand);
+    static std::string_view shapeText(Shape shape);
     bool fail(const char* at, std::string text);
 
     Assembly& m_assembly;
     ExpressionParser& m_parser;
+    OperandHints m_hints;
 };
 
 } // namespace nesasm

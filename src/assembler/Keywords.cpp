@@ -9,54 +9,6 @@ namespace nesasm {
 
 namespace {
 
-struct DirectiveName {
-    std::string_view name;
-    Directive directive;
-    bool worksWithoutDot;
-};
-
-constexpr std::array<DirectiveName, 39> kDirectives{{
-    {"align", Directive::Align, false},
-    {"assert", Directive::Assert, false},
-    {"bank", Directive::Bank, true},
-    {"bss", Directive::Bss, false},
-    {"byte", Directive::Byte, true},
-    {"code", Directive::Code, false},
-    {"data", Directive::Data, false},
-    {"db", Directive::Byte, true},
-    {"ds", Directive::Ds, true},
-    {"dw", Directive::Word, true},
-    {"else", Directive::Else, true},
-    {"elseif", Directive::ElseIf, true},
-    {"endif", Directive::EndIf, true},
-    {"endm", Directive::EndMacro, true},
-    {"endr", Directive::EndRepeat, false},
-    {"equ", Directive::Equ, true},
-    {"error", Directive::Error, false},
-    {"fail", Directive::Fail, false},
-    {"if", Directive::If, true},
-    {"ifdef", Directive::IfDef, true},
-    {"ifndef", Directive::IfNotDef, true},
-    {"incbin", Directive::IncBin, true},
-    {"incchr", Directive::IncChr, true},
-    {"include", Directive::Include, true},
-    {"ineschr", Directive::InesChr, true},
-    {"inesmap", Directive::InesMap, true},
-    {"inesmir", Directive::InesMir, true},
-    {"inesprg", Directive::InesPrg, true},
-    {"list", Directive::List, true},
-    {"macro", Directive::Macro, true},
-    {"nolist", Directive::NoList, true},
-    {"org", Directive::Org, true},
-    {"pad", Directive::Pad, false},
-    {"rept", Directive::Repeat, false},
-    {"rs", Directive::Rs, true},
-    {"rsset", Directive::RsSet, true},
-    {"warning", Directive::Warning, false},
-    {"word", Directive::Word, true},
-    {"zp", Directive::Zp, false},
-}};
-
 constexpr std::size_t kLongestKeyword = 7;
 constexpr std::size_t kSlotCount = 512;
 
@@ -89,7 +41,7 @@ constexpr void put(std::array<Entry, kSlotCount>& table, const Entry& entry) {
 
 constexpr std::array<Entry, kSlotCount> makeTable() {
     std::array<Entry, kSlotCount> table{};
-    for (const DirectiveName& row : kDirectives)
+    for (const DirectiveName& row : directiveTable)
         put(table, {keyOf(row.name),
                     {Keyword::Kind::Directive, static_cast<std::uint8_t>(row.directive)},
                     true,
@@ -123,16 +75,7 @@ Keyword findKeyword(std::string_view word) {
 }
 
 bool findFunction(std::string_view word, Function& function) {
-    struct Row {
-        std::string_view name;
-        Function function;
-    };
-    static constexpr std::array<Row, 5> kFunctions{{{"low", Function::Low},
-                                                    {"high", Function::High},
-                                                    {"bank", Function::Bank},
-                                                    {"page", Function::Page},
-                                                    {"sizeof", Function::SizeOf}}};
-    for (const Row& row : kFunctions) {
+    for (const FunctionName& row : functionTable) {
         if (equalsIgnoringCase(row.name, word)) {
             function = row.function;
             return true;

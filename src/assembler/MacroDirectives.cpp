@@ -131,7 +131,9 @@ bool MacroDirectives::collect(Directive opening, Directive closing, const char* 
         if (sources.isAtEnd()) {
             const bool isMacro = closing == Directive::EndMacro;
             m_assembly.isIncomplete = true;
-            m_assembly.error(at, isMacro ? "this macro has no .endm" : "this .rept has no .endr");
+            m_assembly.error(
+                at, isMacro ? "this macro has no .endm before the end of the file"
+                            : "this .rept has no .endr before the end of the file or macro");
             return false;
         }
         Line line;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "assembler/WarningSwitches.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -15,6 +17,7 @@ struct Options {
     std::string includeList;                                       ///< the value of NES_INCLUDE
     std::vector<std::pair<std::string, std::int32_t>> definitions; ///< of -D
     std::size_t largestErrorCount = 20;                            ///< 0: no limit
+    WarningSwitches warnings;
     bool colours = false;
     /// The bytes of source text, and 100 for each line, that macros, repetitions and files included
     /// again may come to. A source that asks for more would run for long and fill no more image.

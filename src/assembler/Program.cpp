@@ -57,7 +57,7 @@ int runProgram(std::span<const std::string_view> arguments, const Surroundings& 
         return kWrongUse;
     }
     if (line.wish != CommandLine::Wish::Assemble) {
-        sink(line.wish == CommandLine::Wish::Help ? helpText() : kVersionLine);
+        sink(line.wish == CommandLine::Wish::Help ? helpText() : std::string(kVersionLine));
         return kBuilt;
     }
     line.options.includeList = surroundings.includeList;

@@ -5,6 +5,7 @@
 #include "assembler/FieldWriter.h"
 #include "assembler/InstructionTable.h"
 #include "assembler/Keywords.h"
+#include "assembler/Remedies.h"
 #include "assembler/Text.h"
 
 #include <algorithm>
@@ -12,9 +13,6 @@
 namespace nesasm {
 
 namespace {
-
-/// For so many undefined local names a namesake in another scope is looked for.
-constexpr std::size_t kMostSearches = 100;
 
 /// The word before the operand at `position`.
 const char* mnemonicOf(const Position& position) {
@@ -29,7 +27,8 @@ const char* mnemonicOf(const Position& position) {
 } // namespace
 
 Resolver::Resolver(Assembly& assembly)
-    : m_assembly(assembly) {}
+    : m_assembly(assembly)
+    , m_hints(assembly) {}
 
 void Resolver::run() {
     m_wrongLines = m_assembly.diagnostics.linesWithErrors();
@@ -39,6 +38,7 @@ void Resolver::run() {
         settle(i);
     settleFields();
     settleAssertions();
+    reportUnused();
 }
 
 /// Settles one symbol after all those that it is made from, however long the chain is.
@@ -112,30 +112,30 @@ bool Resolver::compute(const DeferredExpression& expression, Evaluation& result)
 void Resolver::reportUnknown(const Position& position, const Symbol& symbol) {
     Diagnostics& diagnostics = m_assembly.diagnostics;
     if (symbol.isKnown)
-        diagnostics.error(position, quoted(symbol.name) + " is no label: it has no size");
+        diagnostics.error(
+            position,
+            quoted(symbol.name) +
+                " is no label: it has no size; SIZEOF() gives the bytes on a label's own line");
     else if (symbol.isDefined)
-        diagnostics.error(position, quoted(symbol.name) + " is defined by itself");
+        diagnostics.error(position,
+                          quoted(symbol.name) +
+                              " is defined by itself: its value needs itself to be computed");
     else if (!m_assembly.isIncomplete &&
              !std::binary_search(m_wrongLines.begin(), m_wrongLines.end(), position.order))
         diagnostics.error(position, undefinedText(symbol));
 }
 
 std::string Resolver::undefinedText(const Symbol& symbol) const {
-    if (!symbol.name.starts_with('.'))
-        return "the symbol " + quoted(symbol.name) + " is not defined anywhere";
-    const SymbolTable& symbols = m_assembly.symbols;
-    const auto place = [&](SymbolId scope) {
-        return scope == 0 ? std::string(" before the first label")
-                          : " under " + quoted(symbols[scope].name);
-    };
-    std::string text =
-        "the local label " + quoted(symbol.name) + " is not defined" + place(symbol.scope);
-    if (m_assembly.diagnostics.errorCount() > kMostSearches)
-        return text;
-    for (SymbolId id = 1; id < symbols.size(); ++id)
-        if (symbols[id].isDefined && symbols[id].name == symbol.name)
-            return text + "; it is defined" + place(symbols[id].scope);
-    return text;
+    const bool isLocal = symbol.name.starts_with('.');
+    std::string text = isLocal ? "the local label " : "the symbol ";
+    text.append(quoted(symbol.name)).append(" is not defined");
+    if (!isLocal)
+        text += " anywhere";
+    else if (symbol.scope == 0)
+        text += " before the first label";
+    else
+        text.append(" under ").append(quoted(m_assembly.symbols[symbol.scope].name));
+    return text + remedyForSymbol(m_assembly, symbol);
 }
 
 /// An undefined A behind an instruction that does not work on the accumulator: reported as such.
@@ -170,6 +170,8 @@ void Resolver::settleFields() {
             continue;
         checkField(m_assembly.diagnostics, field.expression.position, field.field, result.value,
                    field.next);
+        if (m_hints.areWanted())
+            m_hints.lookLate(field, result.value);
         const auto bytes = encoded(field.field, result.value, field.next);
         m_assembly.image.patch(field.number, field.bank, field.offset, bytes.data(),
                                sizeOf(field.field));
@@ -182,6 +184,15 @@ void Resolver::settleAssertions() {
         if (compute(assertion.expression, result) && result.value == 0)
             m_assembly.diagnostics.error(assertion.expression.position,
                                          std::string(assertion.text));
+    }
+}
+
+void Resolver::reportUnused() {
+    for (const Definition& definition : m_assembly.definitions) {
+        const Symbol& symbol = m_assembly.symbols[definition.symbol];
+        if (symbol.uses == 0 && !symbol.isBroken)
+            m_assembly.diagnostics.warning(Warning::UnusedSymbol, definition.position,
+                                           quoted(symbol.name) + " is never used");
     }
 }
 

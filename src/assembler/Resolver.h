@@ -1,6 +1,7 @@
 #pragma once
 
 #include "assembler/Assembly.h"
+#include "assembler/OperandHints.h"
 
 #include <string>
 #include <vector>
@@ -26,9 +27,11 @@ private:
     bool compute(const DeferredExpression& expression, Evaluation& result);
     void reportUnknown(const Position& position, const Symbol& symbol);
     std::string undefinedText(const Symbol& symbol) const;
+    void reportUnused();
     bool isAccumulator(const DeferredField& field);
 
     Assembly& m_assembly;
+    OperandHints m_hints;
     std::vector<std::uint32_t> m_wrongLines; ///< those with errors before this began
     std::vector<Visit> m_visits;
     std::vector<std::uint32_t> m_waiting;

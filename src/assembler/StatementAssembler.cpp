@@ -1,6 +1,8 @@
 #include "assembler/StatementAssembler.h"
 
 #include "assembler/Characters.h"
+#include "assembler/Remedies.h"
+#include "assembler/Text.h"
 
 #include <utility>
 
@@ -19,6 +21,9 @@ bool isDirectiveAt(const char* p, Directive directive) {
     return keyword.kind == Keyword::Kind::Directive &&
            keyword.id == static_cast<std::uint8_t>(directive) && *end != ':';
 }
+
+/// How a remedy begins that leaves no doubt about what was meant.
+constexpr std::string_view kAdvice = "; use ";
 
 } // namespace
 
@@ -71,6 +76,8 @@ void StatementAssembler::line() {
     m_assembly.here = m_assembly.image.address();
     m_assembly.sizedLabel = 0;
     statement(p, p == begin);
+    if (m_assembly.image.hasOverwritten())
+        m_assembly.noteOverwriting();
     if (m_assembly.sizedLabel != 0)
         m_assembly.symbols[m_assembly.sizedLabel].size =
             static_cast<std::uint32_t>(m_assembly.image.total() - m_assembly.sizedFrom);
@@ -88,10 +95,10 @@ void StatementAssembler::skippedLine() {
 }
 
 void StatementAssembler::statement(const char* p, bool isFirstColumn) {
+    std::string_view bareLabel; // one without a colon, which may be a misspelled word
     for (; !endsStatement(*p); isFirstColumn = false) {
         if (!startsName(p)) {
-            m_assembly.error(p, "a label, an instruction or a directive was expected, but " +
-                                    foundText(p) + " was found");
+            reportUnexpected(p, bareLabel);
             return;
         }
         const char* const end = wordEnd(p);
@@ -107,10 +114,11 @@ void StatementAssembler::statement(const char* p, bool isFirstColumn) {
         if (isKnownWord(word, p) || isNamed(word, p, skipBlanks(end)))
             return;
         if (!isFirstColumn) {
-            reportUnknown(word, p);
+            reportUnknown(word, p, bareLabel);
             return;
         }
         m_definitions.label(word, p);
+        bareLabel = word;
         p = skipBlanks(end);
     }
 }
@@ -214,18 +222,50 @@ void StatementAssembler::directive(Directive directive, const char* at, const ch
     }
 }
 
-void StatementAssembler::reportUnknown(std::string_view word, const char* p) {
+void StatementAssembler::reportUnknown(std::string_view word, const char* p,
+                                       std::string_view label) {
+    const bool isDotted = word.starts_with('.');
     // A macro may be what is missing; a directive or an instruction is not.
     constexpr std::size_t kMnemonicLength = 3;
-    if (m_assembly.isIncomplete && !word.starts_with('.') && word.size() != kMnemonicLength)
+    if (m_assembly.isIncomplete && !isDotted && word.size() != kMnemonicLength)
         return;
-    const std::string name(word);
-    if (word.starts_with('.'))
-        m_assembly.error(p, "there is no directive '" + name +
-                                "'; a local label that is indented needs a colon");
-    else
-        m_assembly.error(p, "there is no instruction, directive or macro '" + name +
-                                "'; a label that is indented needs a colon");
+    std::string text =
+        isDotted ? "there is no directive " : "there is no instruction, directive or macro ";
+    text += quoted(word);
+    const SymbolId id = m_assembly.symbols.find(word, m_assembly.scope);
+    const bool isSymbol = id != 0 && m_assembly.symbols[id].isDefined;
+    const std::string remedy = isSymbol ? "" : remedyForWord(m_assembly, word);
+    const std::string labelRemedy = label.empty() ? "" : remedyForWord(m_assembly, label);
+    if (label.empty() && endsStatement(*skipBlanks(p + word.size()))) {
+        if (!remedy.starts_with(kAdvice))
+            text += "; an indented label needs a colon behind it";
+        text += remedy;
+        m_definitions.markBroken(word);
+    } else if (!remedy.empty()) {
+        text += remedy;
+    } else if (!labelRemedy.empty()) {
+        text += "; " + quoted(label) + " before it was taken for a label" + labelRemedy;
+    } else if (!isDotted) {
+        text += "; a macro is defined before it is called, and an indented label needs a colon";
+    }
+    m_assembly.error(p, std::move(text));
+}
+
+/// `label`, without a colon, stands before what is wrong; it may be a misspelled word.
+void StatementAssembler::reportUnexpected(const char* p, std::string_view label) {
+    if (label.empty()) {
+        m_assembly.error(p, "a label, an instruction or a directive was expected, but " +
+                                foundText(p) + " was found");
+        return;
+    }
+    if (m_assembly.isIncomplete)
+        return;
+    m_assembly.error(p, quoted(label) +
+                            " at the start of the line is a label here, so an "
+                            "instruction or a directive was expected, but " +
+                            foundText(p) + " was found" +
+                            (*p == ':' ? "; a label's colon stands directly behind its name"
+                                       : remedyForWord(m_assembly, label)));
 }
 
 } // namespace nesasm

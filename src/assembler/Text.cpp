@@ -112,4 +112,11 @@ std::string hexText(unsigned value, unsigned digits) {
     return "$" + text;
 }
 
+std::string valueText(std::int32_t value) {
+    std::string text = std::to_string(value);
+    if (value > 9)
+        text += " (" + hexText(static_cast<unsigned>(value), 2) + ")";
+    return text;
+}
+
 } // namespace nesasm

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -35,5 +36,8 @@ std::string counted(std::size_t count, std::string_view noun);
 
 /// `value` as "$" and at least `digits` hexadecimal digits.
 std::string hexText(unsigned value, unsigned digits = 4);
+
+/// `value` in decimal and, when it has more than one digit and no sign, also in hexadecimal.
+std::string valueText(std::int32_t value);
 
 } // namespace nesasm

@@ -14,8 +14,14 @@ enum class Warning : std::uint8_t {
     JmpIndirectPageEnd,
     UnusedBankGap,
     ShadowedSymbol,
-    UserWarning
+    UserWarning,
+    OddChrSize,
+    Overwrite,
+    ZeroPagePossible,
+    UnusedSymbol,
+    MissingHash
 };
+inline constexpr std::size_t kWarningCount = 12;
 
 /// A row for each Warning, in its order: the name that is printed with it, whether it is on when
 /// nobody said anything, and what it is about.
@@ -25,7 +31,7 @@ struct WarningRow {
     std::string_view text;
 };
 
-inline constexpr std::array<WarningRow, 7> warningTable{{
+inline constexpr std::array<WarningRow, kWarningCount> warningTable{{
     {"odd-number", true, "a $ without a hexadecimal digit behind it counts as 0"},
     {"file-case", true, "a file was found only under another spelling of its letters' case"},
     {"value-truncated", true, "a value in .db or .dw does not fit and was cut"},
@@ -34,6 +40,11 @@ inline constexpr std::array<WarningRow, 7> warningTable{{
     {"unused-bank-gap", true, "the header and the banks used disagree"},
     {"shadowed-symbol", true, "a symbol is named like an instruction or a function"},
     {"user-warning", true, "the source asked for it with .warning"},
+    {"odd-chr-size", true, "a .chr file does not hold whole tiles"},
+    {"overwrite", false, "bytes are written where bytes had been written"},
+    {"zero-page-possible", false, "an absolute operand lies in the zero page"},
+    {"unused-symbol", false, "a symbol is defined and never used"},
+    {"missing-hash", false, "an operand looks like a number whose # was forgotten"},
 }};
 
 constexpr const WarningRow& rowOf(Warning warning) {

@@ -7,4 +7,4 @@
 	.org $FFFA
 	.dw $C000,$C000,$C000
 	.bank 2
-	.incbin "tiles.chr"
+	.incbin "tiles.bin"

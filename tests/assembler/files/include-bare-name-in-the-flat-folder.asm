@@ -1,2 +1,2 @@
 	.include "some/where/else.asm"
-	.incbin "gfx\tiles.chr"
+	.incbin "gfx\tiles.bin"

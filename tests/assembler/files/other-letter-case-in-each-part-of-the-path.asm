@@ -1,1 +1,1 @@
-	.incbin "GFX/Sub/Tiles.chr"
+	.incbin "GFX/Sub/Tiles.bin"

@@ -17,8 +17,26 @@ std::string problem(const std::vector<std::string_view>& arguments) {
 
 TEST(CommandLine, ReadsAllOptions) {
     CommandLine line;
-    ASSERT_EQ(read({"--input", "a.asm", "--output=a.nes", "-I", "one", "-Itwo", "-D", "X",
-                    "-DY=$FF", "-D", "Z=-%101", "--max-errors", "0", "--color", "never", "-v"},
+    ASSERT_EQ(read({"--input",
+                    "a.asm",
+                    "--output=a.nes",
+                    "-I",
+                    "one",
+                    "-Itwo",
+                    "-D",
+                    "X",
+                    "-DY=$FF",
+                    "-D",
+                    "Z=-%101",
+                    "--max-errors",
+                    "0",
+                    "--color",
+                    "never",
+                    "-v",
+                    "-W",
+                    "overwrite",
+                    "-Wno-odd-number",
+                    "-Werror=file-case"},
                    line),
               "");
     EXPECT_EQ(line.options.input, "a.asm");
@@ -29,6 +47,9 @@ TEST(CommandLine, ReadsAllOptions) {
     EXPECT_EQ(line.options.largestErrorCount, 0U);
     EXPECT_EQ(line.colours, CommandLine::Colours::Never);
     EXPECT_TRUE(line.isVerbose);
+    EXPECT_TRUE(line.options.warnings.isOn(Warning::Overwrite));
+    EXPECT_FALSE(line.options.warnings.isOn(Warning::OddNumber));
+    EXPECT_TRUE(line.options.warnings.isError(Warning::FileCase));
 }
 
 TEST(CommandLine, HelpAndVersionNeedNothingElse) {
@@ -58,6 +79,9 @@ TEST(CommandLine, WrongUseIsExplained) {
         {"--input", "a", "--output", "c", "-D", "X=5;"},
         {"--input", "a", "--output", "c", "-D", "X=4294967296"},
         {"--input", "a", "--output", "c", "-D", "X=1", "-D", "X=2"},
+        {"--input", "a", "--output", "c", "-W"},
+        {"--input", "a", "--output", "c", "-W", "nothing"},
+        {"--input", "a", "--output", "c", "-Wno-nothing"},
         {"-"},
         {""},
     };

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "assembler/Assembly.h"
+
+#include <string>
+#include <string_view>
+
+namespace nesasm {
+
+/// What helps somebody who wrote a word that is no directive, instruction or macro: a part of a
+/// sentence that begins with ";", "" when nothing is known.
+std::string remedyForWord(const Assembly& assembly, std::string_view word);
+
+/// What helps somebody who used a symbol that is defined nowhere; of the same form.
+std::string remedyForSymbol(const Assembly& assembly, const Symbol& symbol);
+
+} // namespace nesasm

@@ -1,0 +1,15 @@
+	.inesprg 1
+	.ineschr 0
+	.inesmap 0
+	.inesmir 1
+	.bank 0
+	.org $C000
+reset:
+	ldx #0
+	beq far
+	.ds 130
+far:
+	jmp reset
+	.bank 1
+	.org $FFFA
+	.dw 0,reset,0

@@ -1,0 +1,13 @@
+	.inesprg 1
+	.ineschr 0
+	.inesmap 0
+	.inesmir 1
+	.bank 0
+	.org $C000
+scroll = $10
+reset:
+	stx scroll,y
+	jmp reset
+	.bank 1
+	.org $FFFA
+	.dw 0,reset,0

@@ -1,0 +1,16 @@
+	.inesprg 1
+	.ineschr 0
+	.inesmap 0
+	.inesmir 1
+	.bank 0
+	.org $C000
+reset:
+.wait:
+	bit $2002
+	bpl .wait
+nmi:
+	jmp .wait
+	jmp wait
+	.bank 1
+	.org $FFFA
+	.dw 0,reset,0

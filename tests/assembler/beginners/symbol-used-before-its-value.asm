@@ -1,0 +1,15 @@
+	.inesprg 1
+	.ineschr 0
+	.inesmap 0
+	.inesmir 1
+	.bank 0
+	.org $C000
+	.if DEBUG
+	.warning "debug build"
+	.endif
+DEBUG = 1
+reset:
+	jmp reset
+	.bank 1
+	.org $FFFA
+	.dw 0,reset,0

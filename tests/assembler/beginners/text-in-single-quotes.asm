@@ -1,0 +1,12 @@
+	.inesprg 1
+	.ineschr 0
+	.inesmap 0
+	.inesmir 1
+	.bank 0
+	.org $C000
+reset:
+	jmp reset
+	.db 'HELLO'
+	.bank 1
+	.org $FFFA
+	.dw 0,reset,0

@@ -1,0 +1,13 @@
+	.inesprg 1
+	.ineschr 1
+	.inesmap 0
+	.inesmir 1
+	.bank 0
+	.org $C000
+reset:
+	jmp reset
+	.bank 1
+	.org $FFFA
+	.dw 0,reset,0
+	.bank 2
+	.incbin "game.chr"

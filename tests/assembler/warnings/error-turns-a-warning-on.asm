@@ -1,0 +1,2 @@
+count = $10
+	lda count

@@ -1,0 +1,2 @@
+vector = $02FF
+	jmp [vector]

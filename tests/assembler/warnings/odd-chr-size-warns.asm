@@ -1,0 +1,2 @@
+	.bank 1
+	.incbin "game.chr"

@@ -1,0 +1,2 @@
+lda:	nop
+High = 3

@@ -1,0 +1,2 @@
+speed = 3
+main:

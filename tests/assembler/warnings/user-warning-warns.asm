@@ -1,0 +1,2 @@
+	.warning "this level is not finished"
+	nop
