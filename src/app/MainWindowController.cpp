@@ -234,6 +234,9 @@ void MainWindowController::clearConsole() {
 
 bool MainWindowController::eventFilter(QObject* watched, QEvent* event) {
     if (watched == m_window.get() && event->type() == QEvent::Close) {
+        if (m_windowController) {
+            m_windowController->close();
+        }
         Q_EMIT windowClosed();
     }
     return QObject::eventFilter(watched, event);

@@ -4,6 +4,12 @@
 #include <QFile>
 #include <QTextBrowser>
 
+/// The linker drops a resource of a static library that nobody asks for; this asks. It has to stand
+/// outside of any namespace.
+static void registerGuide() {
+    Q_INIT_RESOURCE(guide);
+}
+
 namespace kestrel {
 
 UserGuideWindow::UserGuideWindow(QWidget* parent)
@@ -12,6 +18,7 @@ UserGuideWindow::UserGuideWindow(QWidget* parent)
     setAccessibleName(tr("User guide"));
     setWindowTitle(tr("Kestrel User Guide"));
     setAttribute(Qt::WA_QuitOnClose, false);
+    registerGuide();
     auto* text = new QTextBrowser(this);
     text->setObjectName(QStringLiteral("userGuideText"));
     text->setAccessibleName(tr("User guide"));

@@ -45,6 +45,7 @@ void NewItemController::instantiateWindow() {
     m_windowController = new Sheet(m_parentWindow);
     m_windowController->setObjectName(QStringLiteral("NewItemWindow"));
     m_windowController->setWindowTitle(windowTitle());
+    m_windowController->setAccessibleName(windowTitle());
     m_newItemController = new AddNewItemController(m_windowController);
     m_windowController->setContent(m_newItemController);
     m_newItemController->setPath(m_path);

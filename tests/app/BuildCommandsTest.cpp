@@ -1,0 +1,248 @@
+#include "app/WindowFixture.h"
+
+#include <fstream>
+#include <sys/stat.h>
+#include <thread>
+
+namespace kestrel {
+namespace {
+
+using namespace test;
+
+constexpr const char* ClosingLine = "\nInternal Error when building";
+
+class BuildCommands : public WindowTest {
+protected:
+    void startWith(const std::string& project) {
+        registerProject(project);
+        start();
+    }
+
+    void build() const { QTest::keyClick(&window(), Qt::Key_B, Qt::ControlModifier); }
+    void run() const { QTest::keyClick(&window(), Qt::Key_R, Qt::ControlModifier); }
+
+    std::filesystem::path fifo(const std::string& project, const std::string& name) const {
+        const auto path = folder(project) / name;
+        EXPECT_EQ(::mkfifo(path.c_str(), 0600), 0);
+        return path;
+    }
+};
+
+TEST_F(BuildCommands, the_first_message_makes_the_console_and_its_text_is_a_line_break_and_it) {
+    start();
+    EXPECT_EQ(controller->windowController(), nullptr);
+    controller->console(QStringLiteral("<b>hello</b>"));
+    ASSERT_NE(controller->windowController(), nullptr);
+    EXPECT_TRUE(controller->windowController()->isVisible());
+    EXPECT_EQ(consoleText(), "\n<b>hello</b>");
+}
+
+TEST_F(BuildCommands, however_many_messages_there_is_one_console_window_which_comes_to_the_front) {
+    start();
+    controller->console(QStringLiteral("one"));
+    const QWidget* first = controller->windowController();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(controller->windowController()));
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    controller->console(QStringLiteral("two"));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(controller->windowController()));
+    EXPECT_EQ(controller->windowController(), first);
+    EXPECT_EQ(consoleText(), "\none\ntwo");
+    int consoles = 0;
+    for (const QWidget* widget : QApplication::topLevelWidgets()) {
+        consoles += qobject_cast<const ConsoleWindow*>(widget) != nullptr ? 1 : 0;
+    }
+    EXPECT_EQ(consoles, 1);
+}
+
+TEST_F(BuildCommands, closing_the_console_hides_it_and_the_next_message_brings_it_back_whole) {
+    start();
+    controller->console(QStringLiteral("one"));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(controller->windowController()));
+    QTest::keyClick(controller->windowController(), Qt::Key_Escape);
+    EXPECT_FALSE(controller->windowController()->isVisible());
+    controller->console(QStringLiteral("two"));
+    EXPECT_TRUE(controller->windowController()->isVisible());
+    EXPECT_EQ(consoleText(), "\none\ntwo");
+}
+
+TEST_F(BuildCommands, with_no_project_selected_both_commands_say_so_and_nothing_else_happens) {
+    start();
+    build();
+    EXPECT_EQ(consoleText(), "\nPlease select a project to build");
+    window().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
+    run();
+    EXPECT_EQ(consoleText(), "\nPlease select a project to build");
+    EXPECT_EQ(controller->projectBuilder(), nullptr);
+}
+
+TEST_F(BuildCommands, a_build_shows_the_assemblers_output_and_then_the_closing_line) {
+    startWith("Game");
+    script("Game", "print hello\nimage made\n");
+    build();
+    ASSERT_TRUE(consoleEndsWith(ClosingLine));
+    EXPECT_EQ(consoleText(), std::string("\nhello\n") + ClosingLine);
+    EXPECT_EQ(contentOf(folder("Game") / "output/Game.nes"), "made");
+}
+
+TEST_F(BuildCommands, a_builders_error_is_shown_by_its_description) {
+    startWith("Game");
+    home.write("Kestrel/Game/main.asm", "; nothing");
+    build();
+    EXPECT_EQ(consoleText(), "\nCould not find main entry point for assembly file(s)");
+}
+
+TEST_F(BuildCommands, a_second_build_clears_what_the_first_left_before_anything_is_written) {
+    startWith("Game");
+    script("Game", "print first\n");
+    build();
+    ASSERT_TRUE(consoleEndsWith(ClosingLine));
+    script("Game", "await go\nprint second\n");
+    const auto go = fifo("Game", "go");
+    // The console is in front now, and its window knows the command, too.
+    QTest::keyClick(controller->windowController(), Qt::Key_B, Qt::ControlModifier);
+    EXPECT_EQ(consoleText(), "");
+    std::ofstream(go).close();
+    ASSERT_TRUE(consoleEndsWith(ClosingLine));
+    EXPECT_EQ(consoleText(), std::string("\nsecond\n") + ClosingLine);
+}
+
+TEST_F(BuildCommands, of_two_builds_in_quick_succession_both_end_and_the_later_shows_its_output) {
+    startWith("Game");
+    script("Game", "print output\n");
+    controller->build();
+    controller->build();
+    const auto count = [this](const char* text) {
+        return QString::fromStdString(consoleText()).count(QLatin1String(text));
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return count("Internal Error when building") == 2; }, 60000));
+    EXPECT_EQ(count("output"), 1);
+}
+
+TEST_F(BuildCommands, running_opens_the_second_image_and_shows_the_output_of_the_first_build_only) {
+    startWith("Game");
+    chooseEmulator("Game", FAKE_EMULATOR);
+    script("Game", "print assembled\nimage made\n");
+    run();
+    ASSERT_TRUE(consoleEndsWith("\nRunning Project"));
+    EXPECT_EQ(consoleText(), "\nassembled\n\nRunning Project");
+    const auto opened = folder("Game") / "output/opened";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(opened); }, 60000));
+    EXPECT_NE(contentOf(opened).find((folder("Game") / "output/Game.nes").string()),
+              std::string::npos);
+}
+
+TEST_F(BuildCommands, running_without_an_emulator_shows_the_first_output_and_the_generic_error) {
+    startWith("Game");
+    script("Game", "print assembled\n");
+    run();
+    const std::string generic = ErrorValue{"2", 0, std::nullopt}.localizedDescription();
+    ASSERT_TRUE(consoleEndsWith("\n" + generic));
+    EXPECT_EQ(consoleText(), "\nassembled\n\n" + generic);
+}
+
+TEST_F(BuildCommands, running_takes_the_project_that_is_selected_when_the_first_build_has_ended) {
+    registerProject("Other");
+    startWith("Game");
+    chooseEmulator("Game", FAKE_EMULATOR);
+    chooseEmulator("Other", FAKE_EMULATOR);
+    script("Game", "await go\n");
+    script("Other", "image other\n");
+    const auto go = fifo("Game", "go");
+    for (const auto& root : tree().allItems()) {
+        if (root->itemName() == "Game") {
+            tree().select(root);
+        }
+    }
+    controller->buildAndRun();
+    for (const auto& root : tree().allItems()) {
+        if (root->itemName() == "Other") {
+            tree().select(root);
+        }
+    }
+    std::ofstream(go).close();
+    ASSERT_TRUE(consoleEndsWith("\nRunning Project"));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] { return std::filesystem::exists(folder("Other") / "output/opened"); }, 60000));
+    EXPECT_FALSE(std::filesystem::exists(folder("Game") / "output/opened"));
+}
+
+TEST_F(BuildCommands, the_run_handler_and_the_location_given_to_run_project_are_never_used) {
+    startWith("Game");
+    chooseEmulator("Game", FAKE_EMULATOR);
+    bool called = false;
+    controller->runProject("/nonexistent.nes",
+                           [&called](const std::optional<BuildError>&) { called = true; });
+    ASSERT_TRUE(consoleEndsWith("\nRunning Project"));
+    EXPECT_FALSE(called);
+}
+
+TEST_F(BuildCommands, a_text_from_another_thread_waits_for_the_user_interface_thread) {
+    start();
+    std::thread([this] { controller->console(QStringLiteral("from afar")); }).join();
+    EXPECT_EQ(consoleText(), "");
+    ASSERT_TRUE(consoleEndsWith("\nfrom afar"));
+}
+
+TEST_F(BuildCommands, the_closing_line_follows_the_output_in_every_one_of_many_builds) {
+    startWith("Game");
+    script("Game", "print output\n");
+    for (int i = 0; i < BUILDS_IN_A_ROW; ++i) {
+        controller->build();
+        ASSERT_TRUE(consoleEndsWith(ClosingLine)) << i;
+        ASSERT_EQ(consoleText(), std::string("\noutput\n") + ClosingLine) << i;
+    }
+}
+
+TEST_F(BuildCommands, deleting_the_project_during_its_build_lets_the_build_end) {
+    startWith("Game");
+    script("Game", "await go\nprint done\n");
+    const auto go = fifo("Game", "go");
+    controller->build();
+    tree().outlineView()->setFocus();
+    QTest::keyClick(tree().outlineView(), Qt::Key_Delete);
+    EXPECT_TRUE(projects().empty());
+    std::ofstream(go).close();
+    ASSERT_TRUE(consoleEndsWith(ClosingLine));
+    EXPECT_EQ(consoleText(), std::string("\ndone\n") + ClosingLine);
+}
+
+TEST_F(BuildCommands, a_window_that_goes_during_a_build_takes_nothing_along) {
+    startWith("Game");
+    script("Game", "await go\nprint done\n");
+    const auto go = fifo("Game", "go");
+    controller->build();
+    close();
+    std::ofstream(go).close();
+    QThreadPool::globalInstance()->waitForDone();
+    QApplication::processEvents();
+    start();
+    EXPECT_EQ(consoleText(), "");
+}
+
+TEST_F(BuildCommands, much_output_is_shown_whole_with_the_closing_line_behind_it) {
+    startWith("Game");
+    script("Game", "fill 4000000\n");
+    build();
+    ASSERT_TRUE(consoleEndsWith(ClosingLine));
+    EXPECT_EQ(consoleText().size(), 1 + 4000000 + std::string(ClosingLine).size());
+}
+
+TEST_F(BuildCommands, the_menu_items_call_the_commands_and_are_never_disabled) {
+    start();
+    EXPECT_EQ(delegate->buildMenuItem(), action("buildAction"));
+    EXPECT_EQ(controller->buildMenuItem(), action("buildAction"));
+    EXPECT_EQ(controller->runMenuItem(), action("runAction"));
+    EXPECT_TRUE(action("buildAction")->isEnabled());
+    EXPECT_TRUE(action("runAction")->isEnabled());
+    QAction other;
+    controller->setBuildMenuItem(&other);
+    action("buildAction")->trigger();
+    EXPECT_EQ(consoleText(), "");
+    other.trigger();
+    EXPECT_EQ(consoleText(), "\nPlease select a project to build");
+}
+
+} // namespace
+} // namespace kestrel

@@ -1,0 +1,117 @@
+#include "app/InstanceChannel.h"
+
+#include "support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <QDir>
+#include <QLocalSocket>
+#include <QTest>
+
+#include <atomic>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace kestrel {
+namespace {
+
+using namespace test;
+using Role = InstanceChannel::Role;
+using Paths = std::vector<std::filesystem::path>;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class Instances : public testing::Test {
+protected:
+    QString place() const { return QString::fromStdString(folder.path().string()); }
+
+    /// What a start in another thread, which stands for another process, finds out.
+    Role startElsewhere(const Paths& paths, const QByteArray& identity = "me") const {
+        std::atomic<int> role = -1;
+        std::thread other([&] {
+            InstanceChannel channel(place(), identity);
+            role = static_cast<int>(channel.begin(paths, 20000));
+        });
+        EXPECT_TRUE(QTest::qWaitFor([&role] { return role >= 0; }, 60000));
+        other.join();
+        return static_cast<Role>(role.load());
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(Instances, the_first_start_hears_of_the_files_of_later_ones) {
+    InstanceChannel first(place(), "me");
+    std::vector<Paths> arrived;
+    QObject::connect(&first, &InstanceChannel::filesArrived,
+                     [&arrived](const Paths& paths) { arrived.push_back(paths); });
+    ASSERT_EQ(first.begin({}), Role::first);
+    const Paths paths = {"/a b/\xff.kst", "/c.kst"};
+    EXPECT_EQ(startElsewhere(paths), Role::handed);
+    EXPECT_EQ(startElsewhere({}), Role::handed);
+    EXPECT_THAT(arrived, ElementsAre(paths, IsEmpty()));
+}
+
+TEST_F(Instances, another_user_display_or_home_is_another_first) {
+    InstanceChannel first(place(), "me");
+    ASSERT_EQ(first.begin({}), Role::first);
+    EXPECT_EQ(startElsewhere({"/x"}, "someone else"), Role::first);
+}
+
+TEST_F(Instances, a_predecessor_that_crashed_is_no_obstacle) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        InstanceChannel crashing(place(), "me");
+        ::_exit(crashing.begin({}) == Role::first ? 0 : 1); // socket and lock stay behind
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_EQ(status, 0);
+    ASSERT_FALSE(QDir(place()).entryList({QStringLiteral("*.lock")}).isEmpty());
+    InstanceChannel next(place(), "me");
+    EXPECT_EQ(next.begin({}), Role::first);
+    EXPECT_EQ(startElsewhere({"/x"}), Role::handed);
+}
+
+TEST_F(Instances, a_predecessor_that_does_not_answer_is_no_obstacle) {
+    InstanceChannel silent(place(), "me");
+    ASSERT_EQ(silent.begin({}), Role::first);
+    // Nobody runs its event loop meanwhile.
+    InstanceChannel next(place(), "me");
+    EXPECT_EQ(next.begin({"/x"}, 200), Role::unheard);
+}
+
+TEST_F(Instances, the_end_of_the_first_makes_room) {
+    {
+        InstanceChannel first(place(), "me");
+        ASSERT_EQ(first.begin({}), Role::first);
+    }
+    InstanceChannel next(place(), "me");
+    EXPECT_EQ(next.begin({}), Role::first);
+}
+
+TEST_F(Instances, nonsense_from_a_stranger_opens_nothing) {
+    InstanceChannel first(place(), "me");
+    int arrivals = 0;
+    QObject::connect(&first, &InstanceChannel::filesArrived, [&arrivals] { ++arrivals; });
+    ASSERT_EQ(first.begin({}), Role::first);
+    const QStringList sockets = QDir(place()).entryList({QStringLiteral("*.socket")}, QDir::System);
+    ASSERT_EQ(sockets.size(), 1);
+    QLocalSocket stranger;
+    stranger.connectToServer(place() + QLatin1Char('/') + sockets.front());
+    ASSERT_TRUE(stranger.waitForConnected());
+    stranger.write(QByteArray::fromHex("0000000affffffff0000"));
+    stranger.flush();
+    stranger.disconnectFromServer();
+    EXPECT_EQ(startElsewhere({"/x"}), Role::handed);
+    EXPECT_EQ(arrivals, 1);
+}
+
+TEST_F(Instances, a_folder_that_cannot_be_written_to_only_means_not_being_heard) {
+    InstanceChannel channel(QStringLiteral("/nonexistent/folder"), "me");
+    EXPECT_EQ(channel.begin({}, 100), Role::unheard);
+}
+
+} // namespace
+} // namespace kestrel

@@ -1,0 +1,123 @@
+#include "app/ConsoleProjectsDocument.h"
+#include "app/KestrelDocumentController.h"
+#include "app/WindowFixture.h"
+#include "newitem/Sheet.h"
+
+#include <QFileOpenEvent>
+
+#include <fstream>
+
+namespace kestrel {
+namespace {
+
+using namespace test;
+using ::testing::ElementsAre;
+
+class OpenedFiles : public WindowTest {};
+
+TEST_F(OpenedFiles, a_project_file_opened_before_the_main_window_exists_is_ignored) {
+    AppDelegate early;
+    const auto game = layOut("Game");
+    early.openFiles({game});
+    start();
+    EXPECT_TRUE(projects().empty());
+}
+
+TEST_F(OpenedFiles, of_three_the_second_without_a_structure_entry_is_left_out_and_order_is_kept) {
+    start();
+    const auto first = layOut("First");
+    const auto broken = home.write("Broken/Broken.kst", R"({"BuildSettings": "x"})");
+    const auto third = layOut("Third");
+    delegate->openFiles({first, broken, third});
+    // Each goes on top, so the one added last is the topmost.
+    EXPECT_THAT(projects(), ElementsAre("Third", "First"));
+    start();
+    EXPECT_THAT(projects(), ElementsAre("First", "Third"));
+}
+
+TEST_F(OpenedFiles, unreadable_and_missing_files_are_left_out_silently) {
+    start();
+    delegate->openFiles({home.path() / "gone.kst", home.write("a.kst", "not json"),
+                         home.write("b.kst", ""), home.path(), "/dev/null"});
+    EXPECT_TRUE(projects().empty());
+    EXPECT_TRUE(log.lines().empty());
+}
+
+TEST_F(OpenedFiles, a_project_that_is_in_the_tree_already_is_selected_instead_of_added_again) {
+    registerProject("Game");
+    registerProject("Other");
+    start();
+    ASSERT_EQ(tree().selectedItem()->itemName(), "Game");
+    delegate->openFiles({folder("Other") / "Other.kst"});
+    EXPECT_THAT(projects(), ElementsAre("Game", "Other"));
+    EXPECT_EQ(tree().selectedItem()->itemName(), "Other");
+}
+
+TEST_F(OpenedFiles, files_that_arrive_while_a_sheet_is_open_wait_for_its_end) {
+    registerProject("Game");
+    start();
+    const auto other = layOut("Other");
+    action("newProjectAction")->trigger();
+    auto* sheet = window().findChild<Sheet*>();
+    ASSERT_NE(sheet, nullptr);
+    delegate->openFiles({other});
+    EXPECT_THAT(projects(), ElementsAre("Game"));
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return projects().size() == 2; }));
+    EXPECT_THAT(projects(), ElementsAre("Other", "Game"));
+}
+
+TEST_F(OpenedFiles, the_toolkits_file_open_event_adds_the_project) {
+    start();
+    qApp->installEventFilter(delegate.get());
+    QFileOpenEvent event(QString::fromStdString(layOut("Game").string()));
+    QApplication::sendEvent(qApp, &event);
+    EXPECT_THAT(projects(), ElementsAre("Game"));
+}
+
+TEST_F(OpenedFiles, importing_tells_whether_the_project_file_could_be_read) {
+    start();
+    EXPECT_FALSE(controller->importNewProjectFromFile(home.path() / "gone.kst"));
+    EXPECT_FALSE(controller->importNewProjectFromFile(home.write("a.kst", "{}")));
+    EXPECT_TRUE(controller->importNewProjectFromFile(layOut("Game")));
+    EXPECT_THAT(projects(), ElementsAre("Game"));
+}
+
+TEST_F(OpenedFiles, importing_without_an_editor_reads_the_file_and_adds_nothing) {
+    const auto game = layOut("Game");
+    const auto bare = std::make_shared<MainWindowController>(std::make_unique<Window>());
+    bare->awakeFromNib();
+    EXPECT_EQ(bare->editorController(), nullptr);
+    EXPECT_TRUE(bare->importNewProjectFromFile(game));
+    EXPECT_TRUE(FileProcessor::loadRecentlyConfiguredProjects().empty());
+}
+
+TEST_F(OpenedFiles, the_main_window_comes_back_from_the_task_bar) {
+    start();
+    window().showMinimized();
+    delegate->comeToFront();
+    EXPECT_FALSE(window().isMinimized());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
+}
+
+TEST_F(OpenedFiles, a_new_untitled_document_opens_no_window) {
+    const KestrelDocumentController documents;
+    const auto before = QApplication::topLevelWidgets().size();
+    const auto document = documents.openUntitledDocumentAndDisplay(true);
+    ASSERT_NE(document, nullptr);
+    documents.addDocument(document);
+    EXPECT_EQ(QApplication::topLevelWidgets().size(), before);
+    EXPECT_EQ(document.use_count(), 1);
+}
+
+TEST_F(OpenedFiles, a_document_saves_nothing_and_reads_anything) {
+    ConsoleProjectsDocument document;
+    document.windowControllerDidLoadNib();
+    EXPECT_TRUE(document.data(QStringLiteral("any")).isEmpty());
+    EXPECT_TRUE(document.read(QByteArrayLiteral("bytes"), QStringLiteral("any")));
+    EXPECT_TRUE(document.data(QStringLiteral("any")).isEmpty());
+    EXPECT_TRUE(ConsoleProjectsDocument::autosavesInPlace());
+}
+
+} // namespace
+} // namespace kestrel
