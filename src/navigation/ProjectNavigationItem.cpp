@@ -32,19 +32,24 @@ void ProjectNavigationItem::setNameForItem(const std::optional<QString>& name) {
     }
 }
 
+std::filesystem::path ProjectNavigationItem::locationOf(const ProjectItem& item,
+                                                        const ProjectItem& project) {
+    std::filesystem::path folder = item.itemPath();
+    if (item.itemPathType() != FilePathType::absolute) {
+        folder = joined(project.itemPath(), pathText(folder));
+    }
+    std::string name = item.itemName();
+    if (item.itemFileType() == FileType::project) {
+        name += ProjectFileExtension;
+    }
+    return joined(folder, name);
+}
+
 std::optional<bool> ProjectNavigationItem::checkFile() {
     if (!currentProjectItem || !projectItem) {
         return std::nullopt;
     }
-    std::filesystem::path folder = projectItem->itemPath();
-    if (projectItem->itemPathType() != FilePathType::absolute) {
-        folder = joined(currentProjectItem->itemPath(), pathText(folder));
-    }
-    std::string name = projectItem->itemName();
-    if (projectItem->itemFileType() == FileType::project) {
-        name += ProjectFileExtension;
-    }
-    const bool found = m_fileExists(joined(folder, name));
+    const bool found = m_fileExists(locationOf(*projectItem, *currentProjectItem));
     fileNotFound(found);
     return found;
 }

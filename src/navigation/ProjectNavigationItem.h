@@ -49,6 +49,9 @@ public:
     std::optional<QString> nameForItem() const;
     void setNameForItem(const std::optional<QString>& name);
 
+    /// Where the file of `item`, a node of `project`, lies; for a project its project file.
+    static std::filesystem::path locationOf(const ProjectItem& item, const ProjectItem& project);
+
     /// Asks whether the node's file exists and colours the name accordingly. Nothing happens unless
     /// both the node and its project are set. Gives the answer, if one was asked for.
     std::optional<bool> checkFile();

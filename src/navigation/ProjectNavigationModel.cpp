@@ -1,5 +1,8 @@
 #include "navigation/ProjectNavigationModel.h"
 
+#include "navigation/NodeRoot.h"
+#include "navigation/ProjectNavigationItem.h"
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -25,6 +28,11 @@ namespace {
 const ProjectItems& shownChildren(const std::shared_ptr<ProjectItem>& node) {
     static const ProjectItems none;
     return ProjectNavigationModel::shouldExpandItem(node) ? std::as_const(*node).subItems() : none;
+}
+
+QString locationText(const std::shared_ptr<ProjectItem>& node) {
+    const std::shared_ptr<ProjectItem> project = findParentFromItem(node);
+    return QString::fromStdString(ProjectNavigationItem::locationOf(*node, *project).string());
 }
 
 } // namespace
@@ -110,10 +118,23 @@ Qt::ItemFlags ProjectNavigationModel::flags(const QModelIndex& index) const {
 }
 
 QVariant ProjectNavigationModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || role != Qt::DisplayRole || !rowAt(index)->node) {
+    const std::shared_ptr<ProjectItem> node = index.isValid() ? rowAt(index)->node : nullptr;
+    if (!node) {
         return {};
     }
-    return QString::fromStdString(rowAt(index)->name);
+    switch (role) {
+    case Qt::DisplayRole:
+        return QString::fromStdString(rowAt(index)->name);
+    case Qt::ToolTipRole:
+        // The line break also keeps a path that looks like markup from being shown as such.
+        return presence(index) == false ? tr("File is missing:\n%1").arg(locationText(node))
+                                        : QVariant();
+    case Qt::AccessibleDescriptionRole:
+        return presence(index) == false ? tr("File is missing: %1").arg(locationText(node))
+                                        : QVariant();
+    default:
+        return {};
+    }
 }
 
 bool ProjectNavigationModel::setData(const QModelIndex& index, const QVariant& /*value*/,

@@ -54,7 +54,8 @@ public:
     bool hasChildren(const QModelIndex& parent = {}) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// The node's name; nothing for a row without a node and for every other role.
+    /// The node's name; as tool tip and accessible description, that the row's file is missing,
+    /// and where, when presence() knows so. Nothing for a row without a node and every other role.
     QVariant data(const QModelIndex& index, int role) const override;
 
     /// Accepted and ignored: rows are not edited in place.

@@ -49,6 +49,26 @@ QColor readableRed(const QColor& background, bool light) {
                               [&](QRgb one, QRgb two) { return against(one) < against(two); })};
 }
 
+/// Paints a row's name on a plate that has the colour of an unselected row.
+void paintOnPlate(QPainter& painter, const QString& name, const QStyleOptionViewItem& row,
+                  QPalette::ColorGroup group, const QRect& place) {
+    const QStyle* style = row.widget != nullptr ? row.widget->style() : QApplication::style();
+    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &row, row.widget) + 1;
+    const QString text =
+        row.fontMetrics.elidedText(name, row.textElideMode, place.width() - 2 * margin);
+    const QSize size(row.fontMetrics.horizontalAdvance(text) + 2 * margin, place.height() - 2);
+    const QRect plate = QStyle::alignedRect(row.direction, row.displayAlignment, size, place);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(row.palette.brush(group, QPalette::Base));
+    painter.drawRoundedRect(plate, 3, 3);
+    painter.setPen(row.palette.color(group, QPalette::Text));
+    painter.setFont(row.font);
+    painter.drawText(plate, Qt::AlignCenter | Qt::TextSingleLine, text);
+    painter.restore();
+}
+
 } // namespace
 
 ProjectNavigationRowPainter::ProjectNavigationRowPainter(ProjectNavigationModel& model,
@@ -155,7 +175,15 @@ void ProjectNavigationRowPainter::paint(QPainter* painter, const QStyleOptionVie
     paintedAs(QPalette::Text, QPalette::Base);
     paintedAs(QPalette::HighlightedText, QPalette::Highlight);
     const QStyle* style = row.widget != nullptr ? row.widget->style() : QApplication::style();
+    const QRect namePlace = style->subElementRect(QStyle::SE_ItemViewItemText, &row, row.widget);
+    // No red can be read on the usual highlight colours.
+    const bool onPlate = colour == ProjectNavigationItem::TextColour::red &&
+                         row.state.testFlag(QStyle::State_Selected);
+    const QString name = onPlate ? std::exchange(row.text, QString()) : QString();
     style->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+    if (onPlate) {
+        paintOnPlate(*painter, name, row, group, namePlace);
+    }
 
     const QRect place = style->subElementRect(QStyle::SE_ItemViewItemDecoration, &row, row.widget);
     painter->save();

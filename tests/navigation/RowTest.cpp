@@ -2,6 +2,9 @@
 #include "navigation/ProjectNavigationItem.h"
 #include "navigation/ProjectNavigationRowPainter.h"
 
+#include <QAccessible>
+#include <QTextDocument>
+
 #include <cstdlib>
 #include <map>
 
@@ -229,10 +232,57 @@ TEST_F(NavigationRows, OnADarkThemeNamesHaveTheThemesColourAndAReadableRed) {
     EXPECT_GT(red.green(), 80) << "plain red is hard to read on black";
 }
 
-TEST_F(NavigationRows, TheSelectedRowOfAMissingFileCanBeRead) {
+TEST_F(NavigationRows, TheSelectedRowOfAMissingFileIsReadOnTheBackgroundOfTheOthers) {
+    const Node missing = project("missing game");
+    show({missing, project("Other")});
+    ASSERT_EQ(tree->selectedItem(), missing);
+    const QRect row = view().visualRect(index(missing));
+    const QImage image = view().viewport()->grab().toImage();
+    const QColor base = view().palette().color(QPalette::Base);
+    int plain = 0;
+    int red = 0;
+    for (int x = row.left(); x <= row.right(); ++x) {
+        for (int y = row.top(); y <= row.bottom(); ++y) {
+            plain += image.pixelColor(x, y) == base ? 1 : 0;
+            red += near(image.pixelColor(x, y), Qt::red) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(plain, 300);
+    EXPECT_GT(red, 50);
+    // The rest of the row shows that it is selected.
+    EXPECT_TRUE(near(image.pixelColor(row.right() - 2, row.center().y()),
+                     view().palette().color(QPalette::Highlight)));
+}
+
+TEST_F(NavigationRows, AMissingFileIsSaidInToolTipAndAccessibleDescription) {
+    const Node missing = makeNode("missing<b>.asm", FileType::text, {}, "/home/game");
+    const Node there = text("there.asm");
+    const Node folder = group("missing group");
+    const Node game = project("missing game", {missing, there, folder});
+    show({game});
+    expand(game);
+    paint();
+    const auto says = [&](const Node& node, int role) {
+        return index(node).data(role).toString().toStdString();
+    };
+    EXPECT_EQ(says(missing, Qt::ToolTipRole), "File is missing:\n/home/game/missing<b>.asm");
+    EXPECT_FALSE(Qt::mightBeRichText(index(missing).data(Qt::ToolTipRole).toString()));
+    EXPECT_EQ(says(game, Qt::ToolTipRole), "File is missing:\n/nowhere/missing game.kst");
+    EXPECT_EQ(says(missing, Qt::AccessibleDescriptionRole),
+              "File is missing: /home/game/missing<b>.asm");
+    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&view());
+    ASSERT_NE(table, nullptr);
+    ASSERT_NE(table->tableInterface(), nullptr);
+    EXPECT_EQ(table->tableInterface()->cellAt(1, 0)->text(QAccessible::Description).toStdString(),
+              "File is missing: /home/game/missing<b>.asm");
+    for (const Node& node : {there, folder}) {
+        EXPECT_FALSE(index(node).data(Qt::ToolTipRole).isValid());
+        EXPECT_FALSE(index(node).data(Qt::AccessibleDescriptionRole).isValid());
+    }
+}
+
+TEST_F(NavigationRows, TheShadesFollowTheBackground) {
     const QColor highlight = QApplication::palette().color(QPalette::Highlight);
-    const QColor red = ProjectNavigationRowPainter::shade(TextColour::red, highlight, Qt::white);
-    EXPECT_NE(red, QColor(Qt::red));
     EXPECT_EQ(ProjectNavigationRowPainter::shade(TextColour::black, highlight, Qt::white),
               QColor(Qt::white));
     EXPECT_EQ(ProjectNavigationRowPainter::shade(TextColour::darkGrey, Qt::white, Qt::black),
