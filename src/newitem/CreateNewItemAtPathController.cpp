@@ -2,15 +2,81 @@
 
 #include "model/Log.h"
 #include "model/Paths.h"
+#include "model/ProjectFiles.h"
 #include "model/ProjectItem.h"
 
 #include <QFormLayout>
 #include <QSignalBlocker>
 
+#include <algorithm>
+#include <climits>
+#include <cstddef>
+#include <string>
 #include <system_error>
 #include <utility>
 
 namespace kestrel {
+
+namespace {
+
+/// Whether the path and each name in it are short enough for the system.
+bool fitsTheSystem(const std::filesystem::path& path) {
+    return path.native().size() < std::size_t{PATH_MAX} &&
+           std::all_of(path.begin(), path.end(), [](const auto& name) {
+               return name.native().size() <= std::size_t{NAME_MAX};
+           });
+}
+
+/// Why no project of this name can be made in the folder `location`, or what becomes of what is
+/// there; empty when there is nothing to say.
+QString textOnProject(const std::filesystem::path& location, const std::string& name) {
+    const auto longest =
+        joined(location, settingsFilePath(name, ProjectStructureConfigurationExtension));
+    if (!fitsTheSystem(longest)) {
+        return QStringLiteral("This name is too long, so the project's files cannot be made.");
+    }
+    const auto folderOfFile = projectFileLocation(location, name).parent_path();
+    if (folderOfFile != location && !existsAt(folderOfFile)) {
+        return QStringLiteral("With a \"/\" in this name the project's file cannot be made, so the "
+                              "project will not be found again.");
+    }
+    if (!existsAt(location)) {
+        return {};
+    }
+    std::error_code unreadable;
+    return std::filesystem::is_directory(location, unreadable)
+               ? QStringLiteral("A folder of this name is there already. It becomes the project's "
+                                "folder; a project that it holds is kept.")
+               : QStringLiteral("A file of this name is there already, so the project's folder "
+                                "cannot be made.");
+}
+
+/// The same for a file at `location`.
+QString textOnFile(const std::filesystem::path& location) {
+    if (!fitsTheSystem(location)) {
+        return QStringLiteral("This name is too long, so the file cannot be made.");
+    }
+    if (!existsAt(location)) {
+        return {};
+    }
+    std::error_code unreadable;
+    if (std::filesystem::is_directory(location, unreadable)) {
+        return QStringLiteral("A folder of this name is there already, so the file cannot be "
+                              "made.");
+    }
+    if (!std::filesystem::is_regular_file(location, unreadable)) {
+        return QStringLiteral("Something other than a file has this name already, so the file "
+                              "cannot be made.");
+    }
+    if (!fitsTheSystem(location.native() + "~")) {
+        return QStringLiteral("A file of this name is there already, and the name has no room for "
+                              "the \"~\" that would keep it, so the file cannot be made.");
+    }
+    return QStringLiteral("A file of this name is there already. Its contents will be replaced; "
+                          "the old file is kept beside it, with \"~\" appended to its name.");
+}
+
+} // namespace
 
 CreateNewItemAtPathController::CreateNewItemAtPathController(QWidget* parent)
     : QWidget(parent) {
@@ -127,24 +193,10 @@ QString CreateNewItemAtPathController::textOnExistingItem() const {
         m_fileNameTextField->text().isEmpty()) {
         return {};
     }
-    const std::filesystem::path location =
-        joined(*m_rootPath, m_fileNameTextField->text().toStdString());
-    if (!existsAt(location)) {
-        return {};
-    }
-    std::error_code unreadable;
-    const bool isFolder = std::filesystem::is_directory(location, unreadable);
-    if (m_newItem->itemFileType() == FileType::project) {
-        return isFolder ? QStringLiteral("A folder of this name is there already. It becomes the "
-                                         "project's folder; a project that it holds is kept.")
-                        : QStringLiteral("A file of this name is there already, so the project's "
-                                         "folder cannot be made.");
-    }
-    return isFolder ? QStringLiteral("A folder of this name is there already, so the file cannot "
-                                     "be made.")
-                    : QStringLiteral("A file of this name is there already. Its contents will be "
-                                     "replaced; the old file is kept beside it, with \"~\" "
-                                     "appended to its name.");
+    const std::string name = m_fileNameTextField->text().toStdString();
+    const std::filesystem::path location = joined(*m_rootPath, name);
+    return m_newItem->itemFileType() == FileType::project ? textOnProject(location, name)
+                                                          : textOnFile(location);
 }
 
 } // namespace kestrel

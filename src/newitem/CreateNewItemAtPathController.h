@@ -44,8 +44,8 @@ public:
 
     QLineEdit* fileNameTextField() const { return m_fileNameTextField; }
     QLineEdit* filePathTextField() const { return m_filePathTextField; }
-    /// Says what becomes of a file or folder of this name that is there already; empty when none
-    /// is.
+    /// Says that nothing can be made under this name, or what becomes of a file or folder of this
+    /// name that is there already; else empty.
     QLabel* existingItemLabel() const { return m_existingItemLabel; }
 
 private:

@@ -4,6 +4,8 @@
 #include <QSpinBox>
 
 #include <filesystem>
+#include <string_view>
+#include <sys/stat.h>
 
 namespace kestrel {
 namespace {
@@ -186,6 +188,60 @@ TEST_F(NewItemNamePage, AProjectsExistingFolderIsSaidToBeTaken) {
     EXPECT_TRUE(note().contains(QStringLiteral("cannot be made")));
 }
 
+TEST_F(NewItemNamePage, ANameThatIsTooLongForAFileIsSaidToBeSo) {
+    toNames();
+    name()->setText(QString(255, QLatin1Char('n')));
+    EXPECT_TRUE(note().isEmpty());
+    name()->setText(QString(256, QLatin1Char('n')));
+    EXPECT_TRUE(note().contains(QStringLiteral("too long")));
+    EXPECT_EQ(name()->accessibleDescription(), note());
+    EXPECT_TRUE(wizard()->nextButton()->isEnabled()) << "any name is accepted";
+    name()->setText(QString(128, QChar(0xE9))); // of two bytes each
+    EXPECT_TRUE(note().contains(QStringLiteral("too long")));
+    name()->setText(QString(200, QLatin1Char('n')) + QLatin1Char('/') +
+                    QString(200, QLatin1Char('n')));
+    EXPECT_TRUE(note().isEmpty());
+    name()->setText(QStringLiteral("n/").repeated(2100));
+    EXPECT_TRUE(note().contains(QStringLiteral("too long")));
+}
+
+TEST_F(NewItemNamePage, AProjectsNameLeavesRoomForTheEndingsOfItsFiles) {
+    askForProject();
+    clickNext();
+    const int longest = 255 - static_cast<int>(std::string_view("-ProjectStructure.cfg").size());
+    name()->setText(QString(longest, QLatin1Char('n')));
+    EXPECT_TRUE(note().isEmpty());
+    name()->setText(QString(longest + 1, QLatin1Char('n')));
+    EXPECT_TRUE(note().contains(QStringLiteral("too long")));
+    EXPECT_TRUE(wizard()->nextButton()->isEnabled()) << "any name is accepted";
+}
+
+TEST_F(NewItemNamePage, AProjectsNameWithASeparatorIsSaidToBeNoneThatIsFoundAgain) {
+    askForProject();
+    clickNext();
+    type("a/b");
+    EXPECT_TRUE(note().contains(QStringLiteral("will not be found again")));
+    name()->setText(QStringLiteral("/demo"));
+    EXPECT_TRUE(note().isEmpty());
+    EXPECT_TRUE(wizard()->nextButton()->isEnabled());
+}
+
+TEST_F(NewItemNamePage, AFileWhoseCopyCouldNotBeNamedIsNotSaidToBeReplaced) {
+    const std::string longest(255, 'n');
+    folder.write(longest, "precious");
+    toNames();
+    name()->setText(QString::fromStdString(longest));
+    EXPECT_TRUE(note().contains(QStringLiteral("no room")));
+    EXPECT_TRUE(note().contains(QStringLiteral("cannot be made")));
+}
+
+TEST_F(NewItemNamePage, WhatIsNeitherFileNorFolderIsSaidToBeNoPlaceForAFile) {
+    ASSERT_EQ(::mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
+    toNames();
+    type("pipe");
+    EXPECT_TRUE(note().contains(QStringLiteral("cannot be made")));
+}
+
 TEST_F(NewItemNamePage, TheNoteOnAnExistingNameDoesNotOutliveTheKind) {
     folder.write("old", "");
     toNames();
@@ -226,6 +282,10 @@ TEST_F(NewItemNamePage, TheNoteFitsWithoutMovingAnything) {
     const QLabel* label = namePage()->existingItemLabel();
     EXPECT_LE(label->heightForWidth(label->width()), label->height());
     EXPECT_TRUE(namePage()->rect().contains(label->geometry()));
+    const std::string longest(255, 'n');
+    folder.write(longest, "");
+    name()->setText(QString::fromStdString(longest));
+    EXPECT_LE(label->heightForWidth(label->width()), label->height());
 }
 
 } // namespace
