@@ -59,6 +59,18 @@ bool isRegistered(const ProjectItem& project) {
     });
 }
 
+/// Lets all rows of a project that the registry lists twice show the same nodes: two trees over one
+/// structure file would overwrite each other's changes.
+void shareRepeatedProjects(ProjectItems& projects) {
+    ProjectItems shown;
+    for (std::shared_ptr<ProjectItem>& project : projects) {
+        if (const auto former = findSameProject(shown, *project)) {
+            project = former;
+        }
+        shown.push_back(project);
+    }
+}
+
 } // namespace
 
 EditorContainerController::EditorContainerController(NotificationCentre& centre, QWidget* parent)
@@ -129,6 +141,7 @@ void EditorContainerController::viewDidLoad() {
             project = std::move(tree);
         }
     }
+    shareRepeatedProjects(projects);
     if (m_commonController) {
         m_commonController->projectSettingsDatasource = this;
     }

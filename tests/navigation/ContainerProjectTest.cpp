@@ -61,6 +61,15 @@ TEST_F(ContainerProject, WhereTheFolderCannotBeMadeNothingChanges) {
     EXPECT_FALSE(container->addProjectToEditor(nullptr));
 }
 
+TEST_F(ContainerProject, ANameWithASeparatorInItIsAcceptedAndNotFoundAgain) {
+    start();
+    command(Option::newProject);
+    finishWizard(container->newProjectController(), 0, "a/b");
+    EXPECT_THAT(names(tree().allItems()), ElementsAre("a/b"));
+    start();
+    EXPECT_THAT(tree().allItems(), IsEmpty());
+}
+
 TEST_F(ContainerProject, AnUnwritableRegistryIsReportedAndTheProjectIsInTheTree) {
     home.write(".Kestrel/AllProjects.cfg", "no JSON");
     start();
@@ -80,6 +89,24 @@ TEST_F(ContainerProject, OneThatIsInTheTreeAlreadyIsSelectedInsteadOfAddedTwice)
     EXPECT_EQ(panes()->projectSettings->currentProject(), second);
     EXPECT_THAT(registered(), ElementsAre("First", "Second"));
     EXPECT_THAT(names(second->subItems()), ElementsAre("a.asm"));
+}
+
+TEST_F(ContainerProject, OneThatIsRegisteredTwiceIsOneTreeSoThatNoRowOverwritesTheOthersChanges) {
+    const Node game = makeProject("Game", {fileOf("Game", "a.asm", FileType::text)});
+    ASSERT_TRUE(FileProcessor::saveToRecentlyConfiguredProjects(game));
+    start();
+    ASSERT_THAT(names(tree().allItems()), ElementsAre("Game", "Game"));
+    for (const int row : {0, 1}) {
+        view().selectIndex(tree().model()->index(row, 0));
+        command(Option::newGroup);
+    }
+    EXPECT_EQ(savedStructure(root()), "Game\n  Group\n  Group\n  a.asm\n");
+    start();
+    EXPECT_THAT(names(root(1)->subItems()), ElementsAre("Group", "Group", "a.asm"));
+    view().selectIndex(tree().model()->index(1, 0));
+    command(Option::delete_);
+    EXPECT_THAT(names(tree().allItems()), ElementsAre("Game"));
+    EXPECT_THAT(registered(), ElementsAre("Game"));
 }
 
 TEST_F(ContainerProject, OneReachedThroughALinkIsTheSameOne) {
