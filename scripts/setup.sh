@@ -4,7 +4,7 @@
 say() { printf '== %s\n' "$*" >&2; }
 fail() { printf '== %s\n' "$*" >&2; exit 1; }
 
-build_packages=(g++ cmake ninja-build qt6-base-dev libqt6svg6 nlohmann-json3-dev libgtest-dev libgmock-dev python3)
+build_packages=(g++ cmake ninja-build qt6-base-dev libqt6svg6 nlohmann-json3-dev libgtest-dev libgmock-dev libuchardet-dev python3)
 test_packages=(git util-linux xvfb xdotool openbox imagemagick fceux 64tass dasm cc65)
 check_packages=(clang clang-tidy clang-format libclang-rt-14-dev)
 

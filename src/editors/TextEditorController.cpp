@@ -1,31 +1,126 @@
 #include "editors/TextEditorController.h"
 
+#include "editors/CodeEditorTextView.h"
+#include "editors/SourceCodec.h"
+#include "model/FileProcessor.h"
+#include "model/FileReader.h"
+#include "model/Log.h"
+
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <string>
+#include <utility>
 
 namespace kestrel {
 
+namespace {
+
+/// No source is longer, and the toolkit's text view would take minutes to show it.
+constexpr std::uintmax_t MaximumSourceSize = 128ULL * 1024 * 1024;
+
+QString displayed(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
+
+} // namespace
+
 TextEditorController::TextEditorController(QWidget* parent)
     : QWidget(parent)
+    , codeEditor(new CodeEditorTextView(this))
+    , saveButton(new QPushButton(tr("Save"), this))
     , m_nameLabel(new QLabel(this)) {
     setObjectName(QStringLiteral("textEditor"));
     setAccessibleName(tr("Code editor"));
     m_nameLabel->setObjectName(QStringLiteral("textFileName"));
     m_nameLabel->setAccessibleName(tr("File shown"));
     m_nameLabel->setTextFormat(Qt::PlainText);
-    m_nameLabel->setAlignment(Qt::AlignCenter);
-    m_nameLabel->setWordWrap(true);
+    m_nameLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    saveButton->setObjectName(QStringLiteral("saveButton"));
+    saveButton->setAccessibleName(tr("Save"));
+    saveButton->setToolTip(tr("Save this file (Ctrl+S)"));
+
+    auto* header = new QHBoxLayout;
+    header->setContentsMargins(8, 4, 8, 4);
+    header->addWidget(m_nameLabel, 1);
+    header->addWidget(saveButton);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_nameLabel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(header);
+    layout->addWidget(codeEditor, 1);
+    setFocusProxy(codeEditor);
+    viewDidLoad();
+}
+
+void TextEditorController::viewDidLoad() {
+    connect(saveButton, &QPushButton::clicked, this, &TextEditorController::saveFile);
+    codeEditor->lnv_setUpLineNumberView();
 }
 
 void TextEditorController::loadFile(const std::filesystem::path& path) {
+    const std::optional<std::string> bytes = readFile(path, MaximumSourceSize);
+    if (!bytes) {
+        writeLog("The file " + path.string() + " could not be read.");
+        return;
+    }
+    const std::optional<SourceText> source = SourceCodec::decode(*bytes);
+    if (!source) {
+        writeLog("The file " + path.string() + " is no text in a known encoding.");
+        return;
+    }
+    m_byteOrderMark = source->byteOrderMark;
+    showText(path, source->text);
+}
+
+void TextEditorController::showText(const std::filesystem::path& path, const QString& text) {
+    const bool shownAlready = m_path == path;
     m_path = path;
-    m_nameLabel->setText(QString::fromStdString(path.filename().string()));
+    m_nameLabel->setText(displayed(path.filename()));
+    m_nameLabel->setToolTip(QStringLiteral("<qt>%1</qt>").arg(displayed(path).toHtmlEscaped()));
+    if (!codeEditor) {
+        return;
+    }
+    if (shownAlready) {
+        codeEditor->source().update(text);
+    } else {
+        codeEditor->source().load(text);
+        codeEditor->moveCursor(QTextCursor::Start);
+        codeEditor->verticalScrollBar()->setValue(0);
+    }
+    codeEditor->reload();
+}
+
+void TextEditorController::saveFile() {
+    if (!m_path) {
+        return;
+    }
+    std::optional<std::string> contents;
+    if (codeEditor) {
+        contents = SourceCodec::encode({codeEditor->source().text(), m_byteOrderMark});
+    }
+    if (!FileProcessor::saveTextFile(*m_path, contents)) {
+        writeLog("Could not save file");
+    }
 }
 
 const std::optional<std::filesystem::path>& TextEditorController::path() const {
     return m_path;
+}
+
+void TextEditorController::savePane() {
+    saveFile();
+}
+
+QList<QAction*> TextEditorController::editActions() const {
+    return {};
+}
+
+QList<QAction*> TextEditorController::viewActions() const {
+    return {};
 }
 
 } // namespace kestrel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "panes/EditorPane.h"
+
 #include <QPointer>
 #include <QWidget>
 
@@ -7,25 +9,45 @@
 #include <optional>
 
 class QLabel;
+class QPushButton;
 
 namespace kestrel {
 
-/// The pane for an assembly source file. For now it names the file it was given.
-class TextEditorController : public QWidget {
+class CodeEditorTextView;
+
+/// The pane for an assembly source file.
+class TextEditorController : public QWidget, public EditorPane {
     Q_OBJECT
 
 public:
     explicit TextEditorController(QWidget* parent = nullptr);
 
-    /// Shows the file at `path`.
+    QPointer<CodeEditorTextView> codeEditor;
+    QPointer<QPushButton> saveButton;
+
+    /// Shows the file at `path`; unsaved edits are dropped. A file that is shown already is read
+    /// again, and Undo brings back what that changed. One that cannot be read is logged, and
+    /// everything stays as it is.
     virtual void loadFile(const std::filesystem::path& path);
+
+    /// Writes the text to the file, as it is and in UTF-8. Without a file nothing happens; a
+    /// failure is logged.
+    void saveFile();
 
     /// The file shown; nothing before the first.
     const std::optional<std::filesystem::path>& path() const;
 
+    void savePane() override;
+    QList<QAction*> editActions() const override;
+    QList<QAction*> viewActions() const override;
+
 private:
+    void viewDidLoad();
+    void showText(const std::filesystem::path& path, const QString& text);
+
     std::optional<std::filesystem::path> m_path;
-    QPointer<QLabel> m_nameLabel;
+    bool m_byteOrderMark = false;
+    QLabel* m_nameLabel;
 };
 
 } // namespace kestrel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <optional>
+#include <vector>
+
+namespace kestrel {
+
+/// A line as it stands on the screen: one for each part of a wrapped line.
+struct ScreenLine {
+    /// The number of the line whose first part this is; nothing for its further parts.
+    std::optional<int> number;
+    /// The top edge in the viewport's coordinates.
+    qreal top = 0;
+};
+
+/// Tells a ruler what stands beside it.
+class ScreenLines {
+public:
+    ScreenLines() = default;
+    ScreenLines(const ScreenLines&) = delete;
+    ScreenLines& operator=(const ScreenLines&) = delete;
+    virtual ~ScreenLines() = default;
+
+    /// What is visible, from top to bottom; nothing else is laid out or looked at.
+    virtual std::vector<ScreenLine> visibleScreenLines() const = 0;
+};
+
+} // namespace kestrel
