@@ -25,6 +25,8 @@ TileShape::TileShape(const std::vector<int>& tileNumbers, std::size_t tileCount)
     if (right < 0) {
         return;
     }
+    m_left = left;
+    m_top = top;
     m_columns = right - left + 1;
     m_rows = bottom - top + 1;
     m_cells.assign(static_cast<std::size_t>(m_columns) * static_cast<std::size_t>(m_rows), NoTile);
@@ -43,6 +45,22 @@ int TileShape::tileAt(int column, int row) const {
         return NoTile;
     }
     return m_cells[static_cast<std::size_t>(row * m_columns + column)];
+}
+
+int TileShape::firstCell() const {
+    return isEmpty() ? NoTile : m_top * TilesPerRow + m_left;
+}
+
+int TileShape::lastCell() const {
+    return isEmpty() ? NoTile : (m_top + m_rows - 1) * TilesPerRow + m_left + m_columns - 1;
+}
+
+std::optional<TileShape::Cell> TileShape::cellOf(int number) const {
+    if (number < 0) {
+        return std::nullopt;
+    }
+    const Cell cell{number % TilesPerRow - m_left, number / TilesPerRow - m_top};
+    return tileAt(cell.column, cell.row) == number ? std::optional(cell) : std::nullopt;
 }
 
 std::vector<int> TileShape::tiles() const {

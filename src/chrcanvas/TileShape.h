@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 namespace kestrel {
@@ -29,12 +30,30 @@ public:
     /// The number of the tile in a cell of the rectangle, or NoTile for a gap and outside.
     int tileAt(int column, int row) const;
 
+    /// The numbers that tiles in the rectangle's first and last cell have or would have; NoTile for
+    /// both when there are no cells.
+    int firstCell() const;
+    int lastCell() const;
+
+    /// A place in the rectangle.
+    struct Cell {
+        int column = 0;
+        int row = 0;
+
+        bool operator==(const Cell&) const = default;
+    };
+
+    /// Where a tile stands; nothing when it is none of the shape's.
+    std::optional<Cell> cellOf(int number) const;
+
     /// All tiles of the shape, row after row.
     std::vector<int> tiles() const;
 
     bool operator==(const TileShape&) const = default;
 
 private:
+    int m_left = 0; ///< the grid's column and row in which the rectangle begins
+    int m_top = 0;
     int m_columns = 0;
     int m_rows = 0;
     std::size_t m_count = 0;

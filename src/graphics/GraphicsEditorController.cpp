@@ -1,41 +1,83 @@
 #include "graphics/GraphicsEditorController.h"
 
+#include "chrcanvas/ChrCanvas.h"
+#include "chrcanvas/ColorSelector.h"
+#include "chrcanvas/ConsoleDataFactory.h"
+#include "chrcanvas/PaletteColors.h"
+#include "chrcanvas/TileCollection.h"
+#include "graphics/GraphicsActions.h"
+#include "graphics/GraphicsEditorView.h"
+#include "graphics/TileClipboard.h"
+#include "model/FileProcessor.h"
+#include "model/FileReader.h"
+#include "model/Log.h"
 #include "model/Paths.h"
 #include "panes/LightPalette.h"
 
-#include <QLabel>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace kestrel {
 
+namespace {
+
+/// White, light grey, dark grey and black among the master colours.
+constexpr std::string_view DrawingPalette("\x30\x3D\x00\x0D", NESPalette::ColorCount);
+
+} // namespace
+
 GraphicsEditorController::GraphicsEditorController(QWidget* parent)
     : QWidget(parent)
-    , m_nameLabel(new QLabel(this)) {
+    , m_colors(std::make_shared<NESPalette>())
+    , m_view(new GraphicsEditorView(this)) {
     setObjectName(QStringLiteral("graphicsEditor"));
     setAccessibleName(tr("Tile graphics"));
-    makeWhite(*this);
-    m_nameLabel->setObjectName(QStringLiteral("graphicsFileName"));
-    m_nameLabel->setAccessibleName(tr("File shown"));
-    m_nameLabel->setTextFormat(Qt::PlainText);
-    m_nameLabel->setAlignment(Qt::AlignCenter);
-    m_nameLabel->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_nameLabel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    pixelEditor = &m_view->pixelEditor();
+    tileViewer = &m_view->tileViewer();
+    colorSelector = &m_view->colorSelector();
+    saveButton = &m_view->saveButton();
+    viewDidLoad();
 }
 
-void GraphicsEditorController::loadFile(const std::shared_ptr<ProjectItem>& file,
-                                        const std::shared_ptr<ProjectItem>& project,
-                                        const CompletionHandler& completionHandler) {
-    m_file = file;
-    m_project = project;
-    if (!filePath()) {
-        if (completionHandler) {
-            completionHandler(
-                ErrorValue{{}, 0, "Data type is incorrect or file is corrupt at path"});
-        }
-        return;
+void GraphicsEditorController::viewDidLoad() {
+    if (colorSelector) {
+        colorSelector->setDelegate(this);
     }
-    m_nameLabel->setText(QString::fromStdString(file->itemName()));
+    if (auto palette = NESPalette::fromData(DrawingPalette)) {
+        m_colors = std::move(palette);
+    }
+    if (colorSelector) {
+        colorSelector->setPalettes({m_colors});
+        colorSelector->redraw();
+    }
+    makeWhite(*this);
+    if (saveButton) {
+        connect(saveButton, &QPushButton::clicked, this, &GraphicsEditorController::saveFile,
+                Qt::UniqueConnection);
+    }
+    if (tileViewer) {
+        tileViewer->setPalette(*m_colors);
+    }
+}
+
+GraphicsEditorController::~GraphicsEditorController() {
+    if (tileViewer && tileViewer->delegate() == this) {
+        tileViewer->setDelegate(nullptr);
+    }
+    if (pixelEditor && pixelEditor->delegate() == this) {
+        pixelEditor->setDelegate(nullptr);
+    }
+    if (colorSelector && colorSelector->delegate() == this) {
+        colorSelector->setDelegate(nullptr);
+    }
 }
 
 std::optional<std::filesystem::path> GraphicsEditorController::filePath() const {
@@ -49,6 +91,210 @@ std::optional<std::filesystem::path> GraphicsEditorController::filePath() const 
         return std::nullopt;
     }
     return joined(joined(m_project->itemPath(), pathText(m_file->itemPath())), m_file->itemName());
+}
+
+void GraphicsEditorController::loadFile(const std::shared_ptr<ProjectItem>& file,
+                                        const std::shared_ptr<ProjectItem>& project,
+                                        const CompletionHandler& completionHandler) {
+    m_view->setMessage({});
+    if (file) {
+        const auto known = m_graphicFilesLoaded.find(file->itemName());
+        if (known == m_graphicFilesLoaded.end()) {
+            m_graphicFilesLoaded.emplace(file->itemName(), GraphicFileReference{project, file, 0});
+        } else if (tileViewer) {
+            // Still among the tiles of the file that is leaving, whose record follows.
+            tileViewer->selectTile(known->second.currentlySelectedTile);
+        }
+    }
+    m_file = file;
+    m_project = project;
+    m_view->setFileName(file ? QString::fromStdString(file->itemName()) : QString());
+    if (!readTiles()) {
+        if (completionHandler) {
+            completionHandler(
+                ErrorValue{{}, 0, "Data type is incorrect or file is corrupt at path"});
+        }
+        return;
+    }
+    if (tileViewer) {
+        tileViewer->setDelegate(this);
+        tileViewer->setTileData(m_tileData);
+        tileViewer->reloadTiles();
+    }
+    if (pixelEditor) {
+        pixelEditor->setDelegate(this);
+        pixelEditor->setPalette(m_colors);
+        pixelEditor->setTileData(m_tileData);
+        pixelEditor->redraw();
+    }
+}
+
+bool GraphicsEditorController::readTiles() {
+    const std::optional<std::filesystem::path> path = filePath();
+    if (!path) {
+        return false;
+    }
+    const auto bytes = readFile(*path, ConsoleDataFactory::MaximumSize);
+    auto generated = bytes ? ConsoleDataFactory::generate(*bytes) : std::nullopt;
+    if (!generated) {
+        return false;
+    }
+    m_tileData = std::make_shared<TileData>(std::move(generated->second));
+    return true;
+}
+
+void GraphicsEditorController::saveFile() {
+    const std::optional<std::filesystem::path> path = filePath();
+    if (!path || !m_tileData) {
+        return;
+    }
+    const std::optional<std::string> bytes = m_tileData->toData();
+    if (bytes && !FileProcessor::saveDataFile(*path, *bytes)) {
+        writeLog("Could not save file");
+    }
+}
+
+std::optional<int> GraphicsEditorController::rememberedTile(const std::string& fileName) const {
+    const auto known = m_graphicFilesLoaded.find(fileName);
+    return known == m_graphicFilesLoaded.end() ? std::nullopt
+                                               : std::optional(known->second.currentlySelectedTile);
+}
+
+void GraphicsEditorController::pixelDataChanged(const std::vector<int>& tileNumbers) {
+    m_view->setMessage({});
+    if (tileViewer) {
+        tileViewer->updateTiles(tileNumbers);
+    }
+}
+
+void GraphicsEditorController::selected(const std::vector<std::vector<int>>& tileNumbers) {
+    if (!m_file) {
+        return;
+    }
+    std::vector<int> numbers;
+    for (const std::vector<int>& row : tileNumbers) {
+        numbers.insert(numbers.end(), row.begin(), row.end());
+    }
+    const auto known = m_graphicFilesLoaded.find(m_file->itemName());
+    if (known != m_graphicFilesLoaded.end() && !tileNumbers.empty() &&
+        !tileNumbers.front().empty()) {
+        known->second.currentlySelectedTile = tileNumbers.front().front();
+    }
+    if (pixelEditor) {
+        pixelEditor->setSelectedTiles(std::move(numbers));
+        pixelEditor->redraw();
+    }
+}
+
+void GraphicsEditorController::selected(BoxSelectorProtocol& /*boxSelector*/, PaletteBox palette,
+                                        BoxPosition /*boxSelected*/) {
+    if (pixelEditor) {
+        pixelEditor->setCurrentColorBox(palette.box);
+    }
+}
+
+void GraphicsEditorController::savePane() {
+    if (isVisible()) {
+        saveFile();
+    }
+}
+
+QList<QAction*> GraphicsEditorController::editActions() const {
+    return m_view->actions().editActions();
+}
+
+QList<QAction*> GraphicsEditorController::viewActions() const {
+    return m_view->actions().viewActions();
+}
+
+bool GraphicsEditorController::canPerform(EditCommand command) const {
+    if (!pixelEditor || !tileViewer || !m_tileData) {
+        return false;
+    }
+    const TileEditor& editor = pixelEditor->editor();
+    switch (command) {
+    case EditCommand::undo:
+        return editor.canUndo();
+    case EditCommand::redo:
+        return editor.canRedo();
+    case EditCommand::cut:
+    case EditCommand::copy:
+        return editor.canTransform(TileTransformation::clear);
+    case EditCommand::paste:
+        return editor.canTransform(TileTransformation::clear) &&
+               TileClipboard::mayHoldTiles(QGuiApplication::clipboard()->mimeData());
+    case EditCommand::selectAll:
+        return true;
+    }
+    return false;
+}
+
+void GraphicsEditorController::perform(EditCommand command) {
+    if (!canPerform(command)) {
+        return;
+    }
+    m_view->setMessage({});
+    switch (command) {
+    case EditCommand::undo:
+    case EditCommand::redo:
+        undoOrRedo(command);
+        break;
+    case EditCommand::cut:
+        copyTiles();
+        pixelEditor->edit(
+            [](TileEditor& editor) { return editor.transform(TileTransformation::clear); });
+        break;
+    case EditCommand::copy:
+        copyTiles();
+        break;
+    case EditCommand::paste:
+        pasteTiles();
+        break;
+    case EditCommand::selectAll:
+        tileViewer->selectAll();
+        break;
+    }
+}
+
+void GraphicsEditorController::undoOrRedo(EditCommand command) {
+    std::vector<int> changed;
+    pixelEditor->edit([&](TileEditor& editor) {
+        changed = command == EditCommand::undo ? editor.undo() : editor.redo();
+        return changed;
+    });
+    const TileShape shown = pixelEditor->editor().shape();
+    if (std::any_of(changed.begin(), changed.end(),
+                    [&shown](int number) { return !shown.cellOf(number); })) {
+        // What is undone out of sight is selected, so that it can be seen.
+        const TileShape edited(changed, m_tileData->tileCount());
+        tileViewer->selectBlock(edited.firstCell(), edited.lastCell());
+    }
+}
+
+void GraphicsEditorController::copyTiles() const {
+    const TileClip clip = TileClip::of(*m_tileData, pixelEditor->editor().shape());
+    // The clipboard takes the content over.
+    QGuiApplication::clipboard()->setMimeData(
+        TileClipboard::content(clip, paletteColors(*m_colors)).release());
+}
+
+void GraphicsEditorController::pasteTiles() {
+    const PastedTiles pasted =
+        TileClipboard::tiles(QGuiApplication::clipboard()->mimeData(), paletteColors(*m_colors));
+    if (!pasted.clip) {
+        m_view->setMessage(pasted.refusal);
+        return;
+    }
+    const int place = pixelEditor->editor().shape().firstCell();
+    const std::vector<TileChange> changes = pasted.clip->changesAt(*m_tileData, place);
+    std::vector<int> covered;
+    covered.reserve(changes.size());
+    for (const TileChange& change : changes) {
+        covered.push_back(static_cast<int>(change.number));
+    }
+    pixelEditor->edit([&changes](TileEditor& editor) { return editor.carryOut(changes); });
+    const TileShape shape(covered, m_tileData->tileCount());
+    tileViewer->selectBlock(shape.firstCell(), shape.lastCell());
 }
 
 } // namespace kestrel

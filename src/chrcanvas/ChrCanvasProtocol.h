@@ -1,0 +1,19 @@
+#pragma once
+
+#include <vector>
+
+namespace kestrel {
+
+/// Who hears of edits in a pixel editor.
+class ChrCanvasProtocol {
+public:
+    ChrCanvasProtocol() = default;
+    ChrCanvasProtocol(const ChrCanvasProtocol&) = delete;
+    ChrCanvasProtocol& operator=(const ChrCanvasProtocol&) = delete;
+    virtual ~ChrCanvasProtocol() = default;
+
+    /// The tiles whose pixels changed, and no others.
+    virtual void pixelDataChanged(const std::vector<int>& tileNumbers) = 0;
+};
+
+} // namespace kestrel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QAccessible>
+#include <QString>
+
+class QWidget;
+
+namespace kestrel {
+
+/// A view that tells assistive technology what it is and what it shows now; its name is the
+/// widget's accessible name.
+class ViewAccessibility {
+public:
+    ViewAccessibility() = default;
+    ViewAccessibility(const ViewAccessibility&) = delete;
+    ViewAccessibility& operator=(const ViewAccessibility&) = delete;
+    virtual ~ViewAccessibility() = default;
+
+    virtual QAccessible::Role accessibleRole() const = 0;
+    virtual QString accessibleValue() const = 0;
+
+    /// Makes the toolkit ask every widget that is a ViewAccessibility. To be called by the
+    /// constructors of such widgets; more calls change nothing.
+    static void install();
+
+protected:
+    /// Tells that the value is another one; `view` is this view as a widget.
+    void tellValueChanged(QWidget& view) const;
+};
+
+} // namespace kestrel

@@ -1,0 +1,182 @@
+#include "graphics/GraphicsEditorView.h"
+
+#include "chrcanvas/ChrCanvas.h"
+#include "chrcanvas/ColorSelector.h"
+#include "chrcanvas/TileCollection.h"
+#include "graphics/GraphicsActions.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include <cstddef>
+
+namespace kestrel {
+
+namespace {
+
+constexpr int IconSide = 16;
+constexpr int SelectorWidth = 200;
+
+void name(QWidget& widget, const char* objectName, const QString& accessibleName) {
+    widget.setObjectName(QString::fromLatin1(objectName));
+    widget.setAccessibleName(accessibleName);
+}
+
+QString hex(std::size_t number, int digits) {
+    return QStringLiteral("$%1").arg(number, digits, 16, QLatin1Char('0')).toUpper();
+}
+
+} // namespace
+
+GraphicsEditorView::GraphicsEditorView(QWidget* parent)
+    : QWidget(parent)
+    , m_tileViewer(new TileCollection(this))
+    , m_pixelEditor(new ChrCanvas(this))
+    , m_colorSelector(new ColorSelector(this))
+    , m_saveButton(new QPushButton(tr("Save"), this))
+    , m_fileName(new QLabel(this))
+    , m_tileInfo(new QLabel(this))
+    , m_message(new QLabel(this))
+    , m_actions(new GraphicsActions(*m_pixelEditor, this)) {
+    nameViews();
+    QToolBar* toolBar = makeToolBar();
+    layOut(toolBar);
+    setTabOrder(*toolBar);
+    setMessage({});
+    connect(m_tileViewer, &TileCollection::tileHovered, this, &GraphicsEditorView::describeTile);
+    connect(m_tileViewer, &TileCollection::selectionChanged, this, [this] { describeTile(-1); });
+    connect(m_pixelEditor, &ChrCanvas::cursorMoved, this, &GraphicsEditorView::describePixel);
+    connect(m_pixelEditor, &ChrCanvas::colorPicked, m_colorSelector,
+            [selector = m_colorSelector](int box) {
+                selector->selectBoxNumber(box);
+                selector->redraw();
+            });
+}
+
+void GraphicsEditorView::nameViews() {
+    name(*m_tileViewer, "tileViewer", tr("All tiles"));
+    name(*m_pixelEditor, "pixelEditor", tr("Pixel editor"));
+    name(*m_colorSelector, "colorSelector", tr("Colours to paint with"));
+    name(*m_saveButton, "saveButton", tr("Save the tiles"));
+    name(*m_fileName, "graphicsFileName", tr("File shown"));
+    name(*m_tileInfo, "tileInfo", tr("Tile under the pointer"));
+    name(*m_message, "graphicsMessage", tr("Message"));
+    m_saveButton->setToolTip(
+        tr("Save the tiles (%1)")
+            .arg(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText)));
+    m_fileName->setTextFormat(Qt::PlainText);
+    m_tileInfo->setTextFormat(Qt::PlainText);
+    m_message->setTextFormat(Qt::PlainText);
+    m_message->setWordWrap(true);
+}
+
+QToolBar* GraphicsEditorView::makeToolBar() {
+    auto* toolBar = new QToolBar(this);
+    name(*toolBar, "graphicsTools", tr("Tools"));
+    toolBar->setIconSize(QSize(IconSide, IconSide));
+    toolBar->addActions(m_actions->editActions());
+    toolBar->addSeparator();
+    toolBar->addActions(m_actions->viewActions());
+    for (QAction* action : toolBar->actions()) {
+        if (!action->isSeparator()) {
+            QWidget* button = toolBar->widgetForAction(action);
+            button->setObjectName(action->objectName() + QStringLiteral("Button"));
+            button->setAccessibleName(action->iconText());
+            button->setFocusPolicy(Qt::TabFocus);
+        }
+    }
+    return toolBar;
+}
+
+void GraphicsEditorView::layOut(QToolBar* toolBar) {
+    auto* left = new QWidget(this);
+    auto* leftColumn = new QVBoxLayout(left);
+    leftColumn->setContentsMargins(0, 0, 0, 0);
+    leftColumn->addWidget(m_tileViewer, 1);
+    leftColumn->addWidget(m_tileInfo);
+    auto* right = new QWidget(this);
+    auto* rightColumn = new QVBoxLayout(right);
+    rightColumn->setContentsMargins(0, 0, 0, 0);
+    rightColumn->addWidget(m_pixelEditor, 1);
+    m_colorSelector->setMaximumWidth(SelectorWidth);
+    rightColumn->addWidget(m_colorSelector);
+    auto* splitter = new QSplitter(this);
+    splitter->setObjectName(QStringLiteral("graphicsSplitter"));
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(left);
+    splitter->addWidget(right);
+    splitter->setStretchFactor(1, 1);
+    auto* top = new QHBoxLayout;
+    top->addWidget(m_fileName, 1);
+    top->addWidget(m_saveButton);
+    auto* column = new QVBoxLayout(this);
+    column->addLayout(top);
+    column->addWidget(toolBar);
+    column->addWidget(splitter, 1);
+    column->addWidget(m_message);
+}
+
+void GraphicsEditorView::setTabOrder(const QToolBar& toolBar) {
+    QWidget* former = m_saveButton;
+    for (QAction* action : toolBar.actions()) {
+        if (!action->isSeparator()) {
+            QWidget* button = toolBar.widgetForAction(action);
+            QWidget::setTabOrder(former, button);
+            former = button;
+        }
+    }
+    for (QWidget* view : {static_cast<QWidget*>(m_tileViewer), static_cast<QWidget*>(m_pixelEditor),
+                          static_cast<QWidget*>(m_colorSelector)}) {
+        QWidget::setTabOrder(former, view);
+        former = view;
+    }
+}
+
+void GraphicsEditorView::setFileName(const QString& name) {
+    m_fileName->setText(name);
+}
+
+void GraphicsEditorView::setMessage(const QString& message) {
+    m_message->setText(message);
+    m_message->setVisible(!message.isEmpty());
+    if (!message.isEmpty()) {
+        QAccessibleEvent event(m_message, QAccessible::Alert);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void GraphicsEditorView::describeTile(int number) {
+    int shown = number;
+    const auto selected = m_tileViewer->selectedRows();
+    if (shown < 0 && !selected.empty()) {
+        shown = selected.front().front();
+    }
+    if (shown < 0) {
+        m_tileInfo->clear();
+        return;
+    }
+    const auto tile = static_cast<std::size_t>(shown);
+    m_tileInfo->setText(tr("Tile %1 (%2), offset %3")
+                            .arg(shown)
+                            .arg(hex(tile, 2), hex(tile * TileData::BytesPerTile, 4)));
+}
+
+void GraphicsEditorView::describePixel() {
+    const QPoint pixel = m_pixelEditor->cursorPixel();
+    const int tile = m_pixelEditor->editor().tileAt(pixel.x(), pixel.y());
+    describeTile(tile);
+    if (tile >= 0) {
+        m_tileInfo->setText(tr("%1, pixel %2, %3")
+                                .arg(m_tileInfo->text())
+                                .arg(pixel.x() % TileSide)
+                                .arg(pixel.y() % TileSide));
+    }
+}
+
+} // namespace kestrel

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QToolBar;
+
+namespace kestrel {
+
+class ChrCanvas;
+class ColorSelector;
+class GraphicsActions;
+class TileCollection;
+
+/// What the graphics pane consists of: makes the views, lays them out and tells what the pointer is
+/// over.
+class GraphicsEditorView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit GraphicsEditorView(QWidget* parent);
+
+    TileCollection& tileViewer() const { return *m_tileViewer; }
+    ChrCanvas& pixelEditor() const { return *m_pixelEditor; }
+    ColorSelector& colorSelector() const { return *m_colorSelector; }
+    QPushButton& saveButton() const { return *m_saveButton; }
+    const GraphicsActions& actions() const { return *m_actions; }
+
+    void setFileName(const QString& name);
+    /// A sentence for the user below the views; an empty one takes it away.
+    void setMessage(const QString& message);
+
+private:
+    void nameViews();
+    QToolBar* makeToolBar();
+    void layOut(QToolBar* toolBar);
+    void setTabOrder(const QToolBar& toolBar);
+    void describeTile(int number);
+    void describePixel();
+
+    TileCollection* m_tileViewer;
+    ChrCanvas* m_pixelEditor;
+    ColorSelector* m_colorSelector;
+    QPushButton* m_saveButton;
+    QLabel* m_fileName;
+    QLabel* m_tileInfo;
+    QLabel* m_message;
+    GraphicsActions* m_actions;
+};
+
+} // namespace kestrel

@@ -1,0 +1,104 @@
+#include "graphics/TileClipboard.h"
+
+#include <QMimeData>
+
+#include <algorithm>
+
+namespace kestrel {
+
+namespace {
+
+constexpr char TilesFormat[] = "application/x-kestrel-tiles";
+constexpr int OpaqueEnough = 128;
+
+int distance(QRgb one, QRgb other) {
+    const int red = qRed(one) - qRed(other);
+    const int green = qGreen(one) - qGreen(other);
+    const int blue = qBlue(one) - qBlue(other);
+    return red * red + green * green + blue * blue;
+}
+
+int nearestValue(QRgb pixel, const TileRenderer::Colors& colors) {
+    if (qAlpha(pixel) < OpaqueEnough) {
+        return 0;
+    }
+    const auto nearest =
+        std::min_element(colors.begin(), colors.end(), [pixel](QRgb one, QRgb other) {
+            return distance(pixel, one) < distance(pixel, other);
+        });
+    return static_cast<int>(nearest - colors.begin());
+}
+
+} // namespace
+
+std::unique_ptr<QMimeData> TileClipboard::content(const TileClip& clip,
+                                                  const TileRenderer::Colors& colors) {
+    auto content = std::make_unique<QMimeData>();
+    content->setData(QString::fromLatin1(TilesFormat), QByteArray::fromStdString(clip.toBytes()));
+    content->setImageData(image(clip, colors));
+    return content;
+}
+
+bool TileClipboard::mayHoldTiles(const QMimeData* content) {
+    return content != nullptr &&
+           (content->hasFormat(QString::fromLatin1(TilesFormat)) || content->hasImage());
+}
+
+PastedTiles TileClipboard::tiles(const QMimeData* content, const TileRenderer::Colors& colors) {
+    if (content == nullptr) {
+        return {std::nullopt, tr("The clipboard holds neither tiles nor an image.")};
+    }
+    const QByteArray data = content->data(QString::fromLatin1(TilesFormat));
+    if (std::optional<TileClip> clip = TileClip::fromBytes(data.toStdString())) {
+        return {std::move(clip), {}};
+    }
+    const auto image = content->hasImage() ? content->imageData().value<QImage>() : QImage();
+    if (image.isNull()) {
+        return {std::nullopt, tr("The clipboard holds neither tiles nor an image.")};
+    }
+    if (image.width() % TileSide != 0 || image.height() % TileSide != 0) {
+        return {std::nullopt,
+                tr("The image is %1 x %2 pixels. Only an image whose width and height are "
+                   "multiples of 8 can be pasted as tiles.")
+                    .arg(image.width())
+                    .arg(image.height())};
+    }
+    return {tiles(image, colors), {}};
+}
+
+QImage TileClipboard::image(const TileClip& clip, const TileRenderer::Colors& colors) {
+    QImage image(clip.columns * TileSide, clip.rows * TileSide, QImage::Format_RGB32);
+    if (image.isNull()) {
+        return image;
+    }
+    const TileRenderer renderer(colors);
+    const auto stride = static_cast<std::size_t>(image.bytesPerLine()) / sizeof(std::uint32_t);
+    auto tile = clip.tiles.begin();
+    for (int row = 0; row < clip.rows; ++row) {
+        auto* line = reinterpret_cast<std::uint32_t*>(image.scanLine(row * TileSide));
+        for (int column = 0; column < clip.columns; ++column) {
+            renderer.draw(*tile++, 1, line + column * TileSide, stride);
+        }
+    }
+    return image;
+}
+
+TileClip TileClipboard::tiles(const QImage& image, const TileRenderer::Colors& colors) {
+    TileClip clip{std::min(image.width() / TileSide, TilesPerRow), image.height() / TileSide, {}};
+    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32);
+    TileData tiles(static_cast<std::size_t>(clip.columns) * static_cast<std::size_t>(clip.rows));
+    for (int y = 0; y < clip.rows * TileSide; ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));
+        for (int x = 0; x < clip.columns * TileSide; ++x) {
+            tiles.setPixel(static_cast<std::size_t>(y / TileSide * clip.columns + x / TileSide),
+                           x % TileSide, y % TileSide, nearestValue(line[x], colors));
+        }
+    }
+    clip.tiles.reserve(tiles.tileCount());
+    for (std::size_t number = 0; number < tiles.tileCount(); ++number) {
+        clip.tiles.push_back(tiles.tile(number));
+    }
+    return clip;
+}
+
+} // namespace kestrel
