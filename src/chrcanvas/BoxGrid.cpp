@@ -1,6 +1,7 @@
 #include "chrcanvas/BoxGrid.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace kestrel {
 
@@ -23,6 +24,24 @@ int BoxGrid::boxCount(int paletteNumber) const {
     return paletteNumber >= 0 && paletteNumber < paletteCount()
                ? m_counts[static_cast<std::size_t>(paletteNumber)]
                : 0;
+}
+
+int BoxGrid::boxCount() const {
+    return std::accumulate(m_counts.begin(), m_counts.end(), 0);
+}
+
+std::optional<PaletteBox> BoxGrid::boxNumber(int index) const {
+    for (int number = 0; index >= 0 && number < paletteCount(); ++number) {
+        if (index < boxCount(number)) {
+            return PaletteBox{number, index};
+        }
+        index -= boxCount(number);
+    }
+    return std::nullopt;
+}
+
+int BoxGrid::indexOf(PaletteBox box) const {
+    return std::accumulate(m_counts.begin(), m_counts.begin() + box.number, box.box);
 }
 
 int BoxGrid::rowsOf(int paletteNumber) const {
@@ -74,6 +93,15 @@ std::optional<PaletteBox> BoxGrid::boxAt(QPoint point) const {
         return std::nullopt;
     }
     return boxAt(BoxPosition{x / pitch(), y / pitch()});
+}
+
+std::optional<PaletteBox> BoxGrid::lastInRow(int y) const {
+    for (int x = m_boxesPerRow - 1; x >= 0; --x) {
+        if (const auto box = boxAt(BoxPosition{x, y})) {
+            return box;
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace kestrel

@@ -26,6 +26,12 @@ public:
     int paletteCount() const { return static_cast<int>(m_counts.size()); }
     /// The number of boxes of a palette; 0 for one that is not there.
     int boxCount(int paletteNumber) const;
+    /// The number of all boxes.
+    int boxCount() const;
+    /// The box at a place in the order of all boxes; nothing where there is none.
+    std::optional<PaletteBox> boxNumber(int index) const;
+    /// The place of a box, which is there, in that order.
+    int indexOf(PaletteBox box) const;
 
     /// A box without the gap around it.
     QRect rect(PaletteBox box) const;
@@ -37,6 +43,8 @@ public:
     std::optional<PaletteBox> boxAt(BoxPosition position) const;
     /// The box under a point; half of the gap belongs to each neighbour.
     std::optional<PaletteBox> boxAt(QPoint point) const;
+    /// The last box of a row of the grid; nothing where there is no such row.
+    std::optional<PaletteBox> lastInRow(int y) const;
 
 private:
     int pitch() const { return m_boxSize + Gap; }

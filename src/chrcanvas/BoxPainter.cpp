@@ -46,13 +46,15 @@ QColor BoxPainter::textColorOn(const RgbColor& color) {
     return light * light > 1.05 * 0.05 ? Qt::black : Qt::white;
 }
 
-void BoxPainter::box(const QRect& rect, const RgbColor& color, const QString& text) {
+void BoxPainter::box(const QRect& rect, const RgbColor& color, const QString& text,
+                     bool crossedOut) {
     const QRectF fitted = m_pixels.fitted(rect);
     m_painter.fillRect(fitted, screenColor(color));
     // White and near-white boxes need an edge on the white pane.
     frame(fitted, m_pixels.lineWidth(1), QColor(0, 0, 0, 0x60));
     QFont font(m_font);
     font.setPixelSize(textSize(m_font, rect.width()));
+    font.setStrikeOut(crossedOut);
     m_painter.setFont(font);
     m_painter.setPen(textColorOn(color));
     m_painter.drawText(fitted, Qt::AlignCenter, text);
@@ -67,18 +69,28 @@ void BoxPainter::picked(const QRect& rect) {
     const double side = std::max(6.0, fitted.width() / 4);
     const QPointF corner = fitted.topRight();
     m_painter.save();
+    m_painter.setClipRect(fitted, Qt::IntersectClip);
     m_painter.setRenderHint(QPainter::Antialiasing);
-    m_painter.setPen(QPen(Qt::white, 1.5));
+    m_painter.setPen(QPen(Qt::white, 2));
     m_painter.setBrush(m_frame);
     m_painter.drawPolygon(
         QPolygonF({corner, corner - QPointF(side, 0), corner + QPointF(0, side)}));
     m_painter.restore();
 }
 
-void BoxPainter::pickedPalette(const QRect& rect) {
+void BoxPainter::pickedPalette(const QRect& rect, int room) {
     const QRectF fitted = m_pixels.fitted(rect);
     const double width = m_pixels.lineWidth(2);
     frame(fitted.adjusted(-width, -width, width, width), width, m_frame);
+    const double height = room / 2.0;
+    const QPointF tip(room * 0.7, fitted.center().y());
+    m_painter.save();
+    m_painter.setRenderHint(QPainter::Antialiasing);
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(m_frame);
+    m_painter.drawPolygon(QPolygonF({tip, tip + QPointF(-height * 0.8, -height / 2),
+                                     tip + QPointF(-height * 0.8, height / 2)}));
+    m_painter.restore();
 }
 
 void BoxPainter::cursor(const QRect& rect) {

@@ -18,14 +18,15 @@ public:
     /// `font` is that of the widget; the text on a box is never larger.
     BoxPainter(QPainter& painter, const QFont& font, const QColor& frame);
 
-    /// A box in its colour with `text` on it.
-    void box(const QRect& rect, const RgbColor& color, const QString& text);
+    /// A box in its colour with `text` on it, crossed out for a colour that is to be avoided.
+    void box(const QRect& rect, const RgbColor& color, const QString& text, bool crossedOut);
 
     /// The mark of the picked box: a frame around it and a filled corner.
     void picked(const QRect& rect);
 
-    /// The mark of the picked palette: a frame around all its boxes and an arrow before them.
-    void pickedPalette(const QRect& rect);
+    /// The mark of the picked palette: a frame around all its boxes and an arrow in the first
+    /// `room` units of the row.
+    void pickedPalette(const QRect& rect, int room);
 
     /// Where the keyboard is: a dashed line within the box.
     void cursor(const QRect& rect);

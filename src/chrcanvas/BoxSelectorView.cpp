@@ -1,8 +1,9 @@
 #include "chrcanvas/BoxSelectorView.h"
 
 #include "chrcanvas/BoxPainter.h"
-#include "chrcanvas/MasterColors.h"
+#include "chrcanvas/ColorWords.h"
 
+#include <QAccessible>
 #include <QEvent>
 #include <QFocusEvent>
 #include <QFontMetrics>
@@ -21,6 +22,9 @@ namespace kestrel {
 namespace {
 
 constexpr int SmallestBox = 18;
+/// The room before a palette's label, for the arrow of the picked one, and after it.
+constexpr int LabelStart = 16;
+constexpr int LabelEnd = 6;
 
 std::vector<int> countsOf(const std::vector<std::vector<ColorEntry>>& shown) {
     std::vector<int> counts;
@@ -142,13 +146,21 @@ void BoxSelectorView::refresh() {
     for (std::size_t number = 0; number < m_shown.size(); ++number) {
         for (std::size_t box = 0; box < m_shown[number].size(); ++box) {
             if (m_shown[number][box] != now[number][box]) {
-                repaintBox({static_cast<int>(number), static_cast<int>(box)});
+                const PaletteBox place{static_cast<int>(number), static_cast<int>(box)};
+                repaintBox(place);
+                tellAssistants(QAccessible::NameChanged, place);
+                if (place == m_picked) {
+                    tellValue();
+                }
             }
         }
     }
 }
 
 void BoxSelectorView::choose(PaletteBox box) {
+    if (!holds(box)) {
+        return;
+    }
     moveCursor(box);
     movePicked(markFor(box));
     if (m_delegate != nullptr) {
@@ -161,10 +173,32 @@ void BoxSelectorView::movePicked(PaletteBox box) {
     if (former == box) {
         return;
     }
-    repaintPalette(former.number);
-    repaintPalette(box.number);
+    if (former.number == box.number) {
+        repaintBox(former);
+        repaintBox(box);
+    } else {
+        repaintPalette(former.number);
+        repaintPalette(box.number);
+    }
+    tellAssistants(QAccessible::Selection, box);
+    tellValue();
     if (!hasFocus()) {
         moveCursor(box);
+    }
+}
+
+void BoxSelectorView::tellAssistants(QAccessible::Event type, PaletteBox box) {
+    if (QAccessible::isActive() && holds(box)) {
+        QAccessibleEvent event(this, type);
+        event.setChild(grid().indexOf(box));
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void BoxSelectorView::tellValue() {
+    if (QAccessible::isActive()) {
+        QAccessibleValueChangeEvent event(this, boxDescription(m_picked));
+        QAccessible::updateAccessibility(&event);
     }
 }
 
@@ -173,6 +207,10 @@ void BoxSelectorView::moveCursor(PaletteBox box) {
     if (former != box) {
         repaintBox(former);
         repaintBox(box);
+        if (hasFocus()) {
+            tellAssistants(QAccessible::Focus, box);
+            Q_EMIT pointedAt(boxDescription(box));
+        }
     }
 }
 
@@ -187,6 +225,7 @@ void BoxSelectorView::setHovered(std::optional<PaletteBox> box) {
     if (box) {
         repaintBox(*box);
     }
+    Q_EMIT pointedAt(box ? boxDescription(*box) : QString());
 }
 
 void BoxSelectorView::repaintBox(PaletteBox box) {
@@ -209,22 +248,31 @@ QString BoxSelectorView::paletteLabel(int /*paletteNumber*/) const {
 }
 
 QString BoxSelectorView::boxText(const ColorEntry& entry) const {
-    return QStringLiteral("%1").arg(masterIndex(entry.key), 2, 16, QLatin1Char('0')).toUpper();
+    return indexDigits(entry.key);
 }
 
-QString BoxSelectorView::placeText(PaletteBox box) const {
-    return tr("colour %1").arg(box.box);
+QString BoxSelectorView::placeAndIndex(PaletteBox box, const QString& index) const {
+    return tr("Colour %1 of %2, index %3")
+        .arg(QString::number(box.box), QString::number(grid().boxCount(box.number)), index);
 }
 
 QString BoxSelectorView::boxDescription(PaletteBox box) const {
-    return placeText(box);
+    if (!holds(box)) {
+        return {};
+    }
+    const std::uint8_t key = shownEntry(box).key;
+    const QString place = placeAndIndex(box, indexText(key));
+    const QString note = colorNote(key);
+    return note.isEmpty() ? place : tr("%1 – %2", "a colour and a note on it").arg(place, note);
 }
 
 int BoxSelectorView::labelWidth() const {
     int width = 0;
     for (int number = 0; number < grid().paletteCount(); ++number) {
         const QString label = paletteLabel(number);
-        width = std::max(width, label.isEmpty() ? 0 : fontMetrics().horizontalAdvance(label) + 24);
+        width = std::max(width, label.isEmpty() ? 0
+                                                : fontMetrics().horizontalAdvance(label) +
+                                                      LabelStart + LabelEnd);
     }
     return width;
 }
@@ -275,33 +323,46 @@ bool BoxSelectorView::event(QEvent* event) {
 void BoxSelectorView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     BoxPainter boxes(painter, font(), palette().color(QPalette::WindowText));
+    paintBoxes(boxes, event->region());
     for (int number = 0; number < grid().paletteCount(); ++number) {
-        const QRect all = grid().paletteRect(number);
-        constexpr int gap = BoxGrid::Gap;
-        if (!event->rect().intersects(all.adjusted(-all.left(), -gap, gap, gap))) {
-            continue;
-        }
-        for (int box = 0; box < grid().boxCount(number); ++box) {
-            const ColorEntry entry = shownEntry({number, box});
-            boxes.box(grid().rect({number, box}), entry.color, boxText(entry));
-        }
-        painter.setFont(font());
-        painter.setPen(palette().color(QPalette::WindowText));
-        painter.drawText(QRect(16, all.top(), all.left(), all.height()),
-                         Qt::AlignLeft | Qt::AlignVCenter, paletteLabel(number));
+        paintLabel(painter, number);
     }
     if (grid().paletteCount() > 1) {
-        boxes.pickedPalette(grid().paletteRect(m_picked.number));
+        boxes.pickedPalette(grid().paletteRect(m_picked.number), LabelStart);
     }
     if (holds(m_picked)) {
         boxes.picked(grid().rect(m_picked));
     }
-    if (m_hovered) {
+    if (m_hovered && holds(*m_hovered)) {
         boxes.hover(grid().rect(*m_hovered));
     }
     if (hasFocus() && holds(m_cursor)) {
         boxes.cursor(grid().rect(m_cursor));
     }
+}
+
+void BoxSelectorView::paintBoxes(BoxPainter& boxes, const QRegion& region) {
+    for (int number = 0; number < grid().paletteCount(); ++number) {
+        for (int box = 0; box < grid().boxCount(number); ++box) {
+            const QRect rect = grid().rect({number, box});
+            if (region.intersects(rect)) {
+                const ColorEntry entry = shownEntry({number, box});
+                boxes.box(rect, entry.color, boxText(entry), isToBeAvoided(entry.key));
+            }
+        }
+    }
+}
+
+void BoxSelectorView::paintLabel(QPainter& painter, int paletteNumber) {
+    const QString label = paletteLabel(paletteNumber);
+    if (label.isEmpty()) {
+        return;
+    }
+    const QRect boxes = grid().paletteRect(paletteNumber);
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(QRect(LabelStart, boxes.top(), boxes.left() - LabelStart, boxes.height()),
+                     Qt::AlignLeft | Qt::AlignVCenter, label);
 }
 
 void BoxSelectorView::resizeEvent(QResizeEvent* /*event*/) {
@@ -346,15 +407,8 @@ std::optional<PaletteBox> BoxSelectorView::cursorAfter(int key) const {
         return grid().boxAt(BoxPosition{at.x, at.y + 1});
     case Qt::Key_Home:
         return grid().boxAt(BoxPosition{0, at.y});
-    case Qt::Key_End: {
-        int x = m_boxesPerRow - 1;
-        while (x > at.x && !grid().boxAt(BoxPosition{x, at.y})) {
-            --x;
-        }
-        return grid().boxAt(BoxPosition{x, at.y});
-    }
     default:
-        return std::nullopt;
+        return grid().lastInRow(at.y);
     }
 }
 
@@ -391,11 +445,14 @@ void BoxSelectorView::keyPressEvent(QKeyEvent* event) {
 void BoxSelectorView::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     repaintBox(m_cursor);
+    tellAssistants(QAccessible::Focus, m_cursor);
+    Q_EMIT pointedAt(boxDescription(m_cursor));
 }
 
 void BoxSelectorView::focusOutEvent(QFocusEvent* event) {
     QWidget::focusOutEvent(event);
     repaintBox(m_cursor);
+    Q_EMIT pointedAt({});
 }
 
 } // namespace kestrel

@@ -3,12 +3,17 @@
 #include "chrcanvas/BoxGrid.h"
 #include "chrcanvas/BoxSelectorProtocol.h"
 
+#include <QAccessible>
 #include <QWidget>
 
 #include <optional>
 #include <vector>
 
+class QPainter;
+
 namespace kestrel {
+
+class BoxPainter;
 
 /// What all selectors have in common: boxes in a grid, a mark on the picked one, mouse, keyboard.
 ///
@@ -40,12 +45,18 @@ public:
     int selectedBox() const override { return m_picked.box; }
     BoxSelectorView* owner() override { return this; }
 
+    /// Where the boxes that are shown lie, in the view's coordinates.
+    const BoxGrid& grid() const { return m_grid; }
     /// Where a box is, in the view's coordinates; empty for one that is not there.
     QRect boxRect(PaletteBox box) const;
     /// The box that the keyboard is at.
     PaletteBox cursorBox() const { return m_cursor; }
-    /// What is said of a box beside its colour, for the tooltip.
-    virtual QString boxDescription(PaletteBox box) const;
+    /// A box in words: its place, its index and what else is to be known of its colour, as
+    /// "Colour 2 of 4, index $16". Empty for one that is not there.
+    QString boxDescription(PaletteBox box) const;
+
+    /// Does what a click on the box does; nothing for one that is not there.
+    void choose(PaletteBox box);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -61,10 +72,8 @@ protected:
     virtual QString paletteLabel(int paletteNumber) const;
     /// The text on a box.
     virtual QString boxText(const ColorEntry& entry) const;
-
-    ColorEntry shownEntry(PaletteBox box) const;
-    /// "palette 2, colour 1", as far as that is needed to tell the boxes apart.
-    virtual QString placeText(PaletteBox box) const;
+    /// A box's place and index in words: "Colour 2 of 4, index $16".
+    virtual QString placeAndIndex(PaletteBox box, const QString& index) const;
 
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -77,19 +86,28 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
+Q_SIGNALS:
+    /// The pointer, or the keyboard, came to a box with this boxDescription(), or left the boxes
+    /// (empty).
+    void pointedAt(const QString& description);
+
 private:
     BoxGrid gridFor(int width) const;
-    const BoxGrid& grid() const { return m_grid; }
+    ColorEntry shownEntry(PaletteBox box) const;
     void layOut();
     int labelWidth() const;
     /// Takes over what the palettes hold now and repaints the boxes that differ.
     void refresh();
     bool holds(PaletteBox box) const;
-    void choose(PaletteBox box);
     void movePicked(PaletteBox box);
     void moveCursor(PaletteBox box);
     void setHovered(std::optional<PaletteBox> box);
     std::optional<PaletteBox> cursorAfter(int key) const;
+    /// Tells assistive technology what happened to a box, or to the picked one's description.
+    void tellAssistants(QAccessible::Event type, PaletteBox box);
+    void tellValue();
+    void paintBoxes(BoxPainter& boxes, const QRegion& region);
+    void paintLabel(QPainter& painter, int paletteNumber);
     void repaintBox(PaletteBox box);
     void repaintPalette(int paletteNumber);
 

@@ -1,5 +1,7 @@
 #include "chrcanvas/ColorSelector.h"
 
+#include "chrcanvas/BoxSelectorAccessible.h"
+
 namespace kestrel {
 
 namespace {
@@ -11,6 +13,7 @@ constexpr int LargestBox = 48;
 
 ColorSelector::ColorSelector(QWidget* parent)
     : BoxSelectorView(BoxesPerRow, LargestBox, parent) {
+    BoxSelectorAccessible::install();
     setObjectName(QStringLiteral("colorSelector"));
     setAccessibleName(tr("Colours of the palette"));
 }

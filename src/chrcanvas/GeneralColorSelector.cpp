@@ -1,5 +1,7 @@
 #include "chrcanvas/GeneralColorSelector.h"
 
+#include "chrcanvas/BoxSelectorAccessible.h"
+
 namespace kestrel {
 
 namespace {
@@ -11,8 +13,15 @@ constexpr int LargestBox = 40;
 
 GeneralColorSelector::GeneralColorSelector(QWidget* parent)
     : BoxSelectorView(BoxesPerRow, LargestBox, parent) {
+    BoxSelectorAccessible::install();
     setObjectName(QStringLiteral("generalSelectableColors"));
     setAccessibleName(tr("All colours of the console"));
+}
+
+QString GeneralColorSelector::placeAndIndex(PaletteBox box, const QString& index) const {
+    const BoxPosition place = grid().position(box);
+    return tr("Index %1, row %2, column %3")
+        .arg(index, QString::number(place.y), QString::number(place.x));
 }
 
 } // namespace kestrel

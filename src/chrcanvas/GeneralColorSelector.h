@@ -10,6 +10,9 @@ class GeneralColorSelector : public BoxSelectorView {
 
 public:
     explicit GeneralColorSelector(QWidget* parent = nullptr);
+
+protected:
+    QString placeAndIndex(PaletteBox box, const QString& index) const override;
 };
 
 } // namespace kestrel

@@ -1,5 +1,7 @@
 #include "chrcanvas/PaletteSelector.h"
 
+#include "chrcanvas/BoxSelectorAccessible.h"
+
 namespace kestrel {
 
 namespace {
@@ -13,6 +15,7 @@ constexpr int PalettesOfAKind = 4;
 
 PaletteSelector::PaletteSelector(QWidget* parent)
     : BoxSelectorView(BoxesPerRow, LargestBox, parent) {
+    BoxSelectorAccessible::install();
     setObjectName(QStringLiteral("paletteSelector"));
     setAccessibleName(tr("Palettes of the file"));
 }
@@ -27,11 +30,10 @@ QString PaletteSelector::paletteLabel(int paletteNumber) const {
                                            : tr("Sprite %1").arg(number);
 }
 
-QString PaletteSelector::placeText(PaletteBox box) const {
-    return tr("palette %1 (%2), colour %3")
-        .arg(box.number)
-        .arg(paletteLabel(box.number).toLower())
-        .arg(box.box);
+QString PaletteSelector::placeAndIndex(PaletteBox box, const QString& index) const {
+    return tr("Palette %1 (%2), colour %3 of %4, index %5")
+        .arg(QString::number(box.number), paletteLabel(box.number).toLower(),
+             QString::number(box.box), QString::number(grid().boxCount(box.number)), index);
 }
 
 } // namespace kestrel

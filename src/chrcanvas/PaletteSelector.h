@@ -15,7 +15,7 @@ public:
 protected:
     PaletteBox markFor(PaletteBox box) const override;
     QString paletteLabel(int paletteNumber) const override;
-    QString placeText(PaletteBox box) const override;
+    QString placeAndIndex(PaletteBox box, const QString& index) const override;
 };
 
 } // namespace kestrel

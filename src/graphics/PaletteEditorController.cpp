@@ -1,27 +1,86 @@
 #include "graphics/PaletteEditorController.h"
 
+#include "chrcanvas/BoxSelectorProtocol.h"
+#include "chrcanvas/GeneralNESColorPalette.h"
+#include "chrcanvas/MasterColors.h"
+#include "chrcanvas/PaletteFactory.h"
+#include "graphics/PaletteEditorView.h"
+#include "graphics/PaletteText.h"
+#include "model/FileProcessor.h"
+#include "model/FileReader.h"
+#include "model/FileWriter.h"
+#include "model/Log.h"
 #include "panes/LightPalette.h"
 
-#include <QLabel>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 #include <utility>
 
 namespace kestrel {
 
+namespace {
+
+constexpr std::size_t PaletteCount = 8;
+/// No palette file is larger; a larger one need not be read.
+constexpr std::uintmax_t LargestFile = 4096;
+
+/// Writes an entry into a palette and says what that changed.
+ColorChange written(const std::shared_ptr<PaletteProtocol>& palette, int index,
+                    const ColorEntry& entry) {
+    const auto place = static_cast<std::size_t>(index);
+    const ColorEntry before = palette->entry(place);
+    palette->setEntry(place, entry);
+    return {palette, place, before, palette->entry(place)};
+}
+
+std::optional<std::vector<std::uint8_t>> bytesOnClipboard() {
+    // A palette is short; whatever else lies there may be huge.
+    constexpr int longest = 256;
+    const QString text = QGuiApplication::clipboard()->text().left(longest);
+    return paletteBytes(text.toStdString(), NESPalette::ColorCount);
+}
+
+} // namespace
+
 PaletteEditorController::PaletteEditorController(QWidget* parent)
     : QWidget(parent)
-    , m_nameLabel(new QLabel(this)) {
+    , m_view(new PaletteEditorView(this)) {
     setObjectName(QStringLiteral("paletteEditor"));
     setAccessibleName(tr("Palettes"));
-    makeWhite(*this);
-    m_nameLabel->setObjectName(QStringLiteral("paletteFileName"));
-    m_nameLabel->setAccessibleName(tr("File shown"));
-    m_nameLabel->setTextFormat(Qt::PlainText);
-    m_nameLabel->setAlignment(Qt::AlignCenter);
-    m_nameLabel->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_nameLabel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    colorSelector = m_view->colorSelector();
+    paletteSelector = m_view->paletteSelector();
+    generalSelectableColors = m_view->generalSelectableColors();
+    saveButton = m_view->saveButton();
+    for (std::size_t number = 0; number < PaletteCount; ++number) {
+        palettes.push_back(std::make_shared<NESPalette>());
+    }
+    viewDidLoad();
+}
+
+void PaletteEditorController::viewDidLoad() {
+    if (generalSelectableColors) {
+        generalSelectableColors->setStartingBox(0);
+    }
+    for (BoxSelectorView* selector : std::initializer_list<BoxSelectorView*>{
+             colorSelector, paletteSelector, generalSelectableColors}) {
+        if (selector != nullptr) {
+            selector->setDelegate(this);
+        }
+    }
+    if (generalSelectableColors) {
+        generalSelectableColors->setPalettes({std::make_shared<GeneralNESColorPalette>()});
+    }
+    makeWhite(*this);
+    if (saveButton) {
+        connect(saveButton, &QPushButton::clicked, this, &PaletteEditorController::saveFile,
+                Qt::UniqueConnection);
+    }
 }
 
 const std::optional<std::filesystem::path>& PaletteEditorController::filePathForPalette() const {
@@ -29,13 +88,236 @@ const std::optional<std::filesystem::path>& PaletteEditorController::filePathFor
 }
 
 void PaletteEditorController::setFilePathForPalette(std::optional<std::filesystem::path> path) {
+    if (path != m_filePathForPalette) {
+        m_fileBytes.reset();
+    }
     m_filePathForPalette = std::move(path);
 }
 
-void PaletteEditorController::update() {
-    if (m_filePathForPalette) {
-        m_nameLabel->setText(QString::fromStdString(m_filePathForPalette->filename().string()));
+void PaletteEditorController::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (!event->spontaneous()) {
+        update();
     }
+}
+
+bool PaletteEditorController::readPalettes() {
+    if (!m_filePathForPalette) {
+        return false;
+    }
+    const std::optional<std::string> data = readFile(*m_filePathForPalette, LargestFile);
+    const auto read = data ? PaletteFactory::generate(*data) : std::nullopt;
+    if (!read) {
+        return false;
+    }
+    std::vector<std::shared_ptr<NESPalette>> palettesRead;
+    for (const auto& palette : read->second) {
+        auto nesPalette = std::dynamic_pointer_cast<NESPalette>(palette);
+        if (!nesPalette) {
+            return false;
+        }
+        palettesRead.push_back(std::move(nesPalette));
+    }
+    palettes = std::move(palettesRead);
+    return true;
+}
+
+void PaletteEditorController::update() {
+    m_fileBytes.reset();
+    if (readPalettes()) {
+        m_fileBytes = bytes();
+        m_history.clear();
+    }
+    showFileName();
+    if (palettes.size() != PaletteCount) {
+        return;
+    }
+    if (colorSelector) {
+        colorSelector->setPalettes({palettes.front()});
+    }
+    if (paletteSelector) {
+        paletteSelector->setPalettes(Palettes(palettes.begin(), palettes.end()));
+        paletteSelector->redraw();
+    }
+    if (colorSelector) {
+        colorSelector->redraw();
+    }
+}
+
+std::vector<std::uint8_t> PaletteEditorController::bytes() const {
+    std::vector<std::uint8_t> bytes;
+    for (const auto& palette : palettes) {
+        for (std::size_t index = 0; index < palette->count(); ++index) {
+            bytes.push_back(palette->entry(index).key);
+        }
+    }
+    return bytes;
+}
+
+bool PaletteEditorController::keepUnreadFile() const {
+    return m_fileBytes || keepBackup(*m_filePathForPalette);
+}
+
+void PaletteEditorController::saveFile() {
+    if (!m_filePathForPalette) {
+        return;
+    }
+    const std::vector<std::uint8_t> array = bytes();
+    const std::optional<std::string> data = PaletteFactory::convert(array, PaletteType::nes);
+    if (!data) {
+        return;
+    }
+    if (!keepUnreadFile() || !FileProcessor::saveDataFile(*m_filePathForPalette, *data)) {
+        writeLog("Could not save file");
+        return;
+    }
+    m_fileBytes = array;
+    showFileName();
+}
+
+void PaletteEditorController::savePane() {
+    saveFile();
+}
+
+void PaletteEditorController::showFileName() {
+    const QString name = m_filePathForPalette
+                             ? QString::fromStdString(m_filePathForPalette->filename().string())
+                             : QString();
+    m_view->setFileName(name, bytes() != m_fileBytes);
+}
+
+void PaletteEditorController::selected(BoxSelectorProtocol& boxSelector, PaletteBox palette,
+                                       BoxPosition boxSelected) {
+    const BoxSelectorView* owner = boxSelector.owner();
+    if (owner == nullptr || !colorSelector || !paletteSelector || !generalSelectableColors) {
+        writeLog("Box selector delegate was not set properly");
+        return;
+    }
+    if (owner == colorSelector) {
+        colorChosen(palette.box);
+    } else if (owner == paletteSelector) {
+        paletteChosen(palette.number);
+    } else if (owner == generalSelectableColors) {
+        masterColorChosen(*owner, boxSelected);
+    }
+}
+
+void PaletteEditorController::colorChosen(int box) {
+    paletteSelector->selectBoxNumber(box);
+    colorSelector->selectBoxNumber(box);
+}
+
+void PaletteEditorController::paletteChosen(int number) {
+    const Palettes& shown = paletteSelector->palettes();
+    if (number < 0 || static_cast<std::size_t>(number) >= shown.size()) {
+        return;
+    }
+    if (number != previouslySetSelectablePalette) {
+        colorSelector->setPalette(0, shown[static_cast<std::size_t>(number)]);
+        previouslySetSelectablePalette = number;
+    }
+    paletteSelector->selectPaletteNumber(number);
+    colorSelector->redraw();
+}
+
+void PaletteEditorController::masterColorChosen(const BoxSelectorView& grid,
+                                                BoxPosition boxSelected) {
+    const int index = grid.boxesPerRow() * boxSelected.y + boxSelected.x;
+    const auto master = generalSelectableColors->paletteSelected();
+    const auto pickedPalette = paletteSelector->paletteSelected();
+    const auto pickedColors = colorSelector->paletteSelected();
+    if (!master || index < 0 || static_cast<std::size_t>(index) >= master->count() ||
+        !pickedPalette || !pickedColors) {
+        writeLog("Failed: selectedBoxSelectablePalette");
+        return;
+    }
+    const ColorEntry entry = master->entry(static_cast<std::size_t>(index));
+    PaletteHistory::Step step;
+    if (initializedGeneralColors) {
+        step.push_back(written(pickedPalette, colorSelector->selectedBox(), entry));
+    }
+    paletteSelector->update(paletteSelector->selectedPaletteNumber(), pickedPalette);
+    if (initializedGeneralColors) {
+        step.push_back(written(pickedColors, colorSelector->selectedBox(), entry));
+    }
+    colorSelector->update(0, pickedColors);
+    initializedGeneralColors = true;
+    paletteSelector->redraw();
+    m_history.add(std::move(step));
+    showFileName();
+}
+
+bool PaletteEditorController::canPerform(EditCommand command) const {
+    switch (command) {
+    case EditCommand::undo:
+        return m_history.canUndo();
+    case EditCommand::redo:
+        return m_history.canRedo();
+    case EditCommand::copy:
+        return paletteSelector && paletteSelector->paletteSelected() != nullptr;
+    case EditCommand::paste:
+        return paletteSelector && paletteSelector->paletteSelected() != nullptr &&
+               bytesOnClipboard().has_value();
+    case EditCommand::cut:
+    case EditCommand::selectAll:
+        break;
+    }
+    return false;
+}
+
+void PaletteEditorController::perform(EditCommand command) {
+    if (!canPerform(command)) {
+        return;
+    }
+    switch (command) {
+    case EditCommand::undo:
+        m_history.undo();
+        afterChange();
+        break;
+    case EditCommand::redo:
+        m_history.redo();
+        afterChange();
+        break;
+    case EditCommand::copy:
+        copyPalette();
+        break;
+    case EditCommand::paste:
+        pastePalette();
+        break;
+    case EditCommand::cut:
+    case EditCommand::selectAll:
+        break;
+    }
+}
+
+void PaletteEditorController::copyPalette() const {
+    const auto palette = paletteSelector->paletteSelected();
+    QGuiApplication::clipboard()->setText(QString::fromStdString(paletteText(*palette)));
+}
+
+void PaletteEditorController::pastePalette() {
+    const auto palette = paletteSelector->paletteSelected();
+    const auto pasted = bytesOnClipboard();
+    if (!pasted) {
+        return;
+    }
+    PaletteHistory::Step step;
+    int index = 0;
+    for (const std::uint8_t key : *pasted) {
+        step.push_back(written(palette, index++, masterColor(key)));
+    }
+    m_history.add(std::move(step));
+    afterChange();
+}
+
+void PaletteEditorController::afterChange() {
+    if (paletteSelector) {
+        paletteSelector->redraw();
+    }
+    if (colorSelector) {
+        colorSelector->redraw();
+    }
+    showFileName();
 }
 
 } // namespace kestrel

@@ -1,32 +1,97 @@
 #pragma once
 
+#include "chrcanvas/BoxSelectorDelegate.h"
+#include "chrcanvas/ColorSelector.h"
+#include "chrcanvas/GeneralColorSelector.h"
+#include "chrcanvas/NESPalette.h"
+#include "chrcanvas/PaletteSelector.h"
+#include "graphics/PaletteHistory.h"
+#include "panes/EditorPane.h"
+#include "panes/EditTarget.h"
+
 #include <QPointer>
+#include <QPushButton>
 #include <QWidget>
 
+#include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
-
-class QLabel;
+#include <string>
+#include <vector>
 
 namespace kestrel {
 
-/// The pane for a palette file. For now it names the file it was given.
-class PaletteEditorController : public QWidget {
+class PaletteEditorView;
+
+/// The pane for a palette file: pick one of its eight palettes, one of the four colours in it, and
+/// give that a colour of the console.
+class PaletteEditorController : public QWidget,
+                                public BoxSelectorDelegate,
+                                public EditorPane,
+                                public EditTarget {
     Q_OBJECT
 
 public:
     explicit PaletteEditorController(QWidget* parent = nullptr);
 
+    QPointer<ColorSelector> colorSelector;
+    QPointer<PaletteSelector> paletteSelector;
+    QPointer<GeneralColorSelector> generalSelectableColors;
+    QPointer<QPushButton> saveButton;
+
+    /// What is edited; shared with the selectors.
+    std::vector<std::shared_ptr<NESPalette>> palettes;
+    /// The number of the palette last copied into colorSelector; stays when another file is shown.
+    int previouslySetSelectablePalette = 0;
+    /// Set by the first choice of a master colour, which changes nothing else.
+    bool initializedGeneralColors = false;
+
+    /// Connects the views that the references name; done once by the constructor.
+    void viewDidLoad();
+
     /// The file that the next update() shows; nothing before the first.
     const std::optional<std::filesystem::path>& filePathForPalette() const;
     void setFilePathForPalette(std::optional<std::filesystem::path> path);
 
-    /// Shows the file at filePathForPalette.
+    /// Reads the file at filePathForPalette and shows its palettes. A file that is no palette file
+    /// leaves the palettes as they were. Also done each time the pane is about to be shown, but not
+    /// when its window comes back from the task bar.
     virtual void update();
 
+    /// Writes the palettes to filePathForPalette; without one it does nothing. A file that could
+    /// not be read as palettes before is kept as a backup.
+    void saveFile();
+
+    void selected(BoxSelectorProtocol& boxSelector, PaletteBox palette,
+                  BoxPosition boxSelected) override;
+
+    void savePane() override;
+    bool canPerform(EditCommand command) const override;
+    void perform(EditCommand command) override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
+    bool readPalettes();
+    void colorChosen(int box);
+    void paletteChosen(int number);
+    void masterColorChosen(const BoxSelectorView& grid, BoxPosition boxSelected);
+    void copyPalette() const;
+    void pastePalette();
+    /// The bytes of the palettes as they are now.
+    std::vector<std::uint8_t> bytes() const;
+    void afterChange();
+    /// Names the file, and says whether the palettes differ from it.
+    void showFileName();
+    bool keepUnreadFile() const;
+
+    QPointer<PaletteEditorView> m_view;
     std::optional<std::filesystem::path> m_filePathForPalette;
-    QPointer<QLabel> m_nameLabel;
+    /// What the file holds as far as this pane knows; nothing when it was not read.
+    std::optional<std::vector<std::uint8_t>> m_fileBytes;
+    PaletteHistory m_history;
 };
 
 } // namespace kestrel

@@ -1,0 +1,129 @@
+#include "graphics/PaletteEditorView.h"
+
+#include "chrcanvas/ColorSelector.h"
+#include "chrcanvas/GeneralColorSelector.h"
+#include "chrcanvas/PaletteSelector.h"
+#include "panes/ElidedLabel.h"
+
+#include <QBoxLayout>
+#include <QKeySequence>
+#include <QPushButton>
+#include <QScrollArea>
+
+namespace kestrel {
+
+namespace {
+
+constexpr int Margin = 16;
+
+} // namespace
+
+PaletteEditorView::PaletteEditorView(QWidget* parent)
+    : QWidget(parent)
+    , m_fileName(new ElidedLabel(this))
+    , m_saveButton(new QPushButton(tr("Save"), this)) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    buildHeader(*layout);
+    buildSelectors(*layout);
+    buildDescription(*layout);
+}
+
+void PaletteEditorView::buildHeader(QBoxLayout& layout) {
+    m_fileName->setObjectName(QStringLiteral("paletteFileName"));
+    m_saveButton->setObjectName(QStringLiteral("saveButton"));
+    m_saveButton->setAccessibleName(tr("Save the palettes"));
+    m_saveButton->setToolTip(
+        tr("Save the palettes (%1)")
+            .arg(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText)));
+    auto* header = new QHBoxLayout;
+    header->setContentsMargins(Margin, Margin, Margin, 0);
+    header->addWidget(m_fileName, 1);
+    header->addWidget(m_saveButton);
+    layout.addLayout(header);
+}
+
+void PaletteEditorView::buildSelectors(QBoxLayout& layout) {
+    auto* scrollArea = new QScrollArea(this);
+    scrollArea->setObjectName(QStringLiteral("paletteScrollArea"));
+    scrollArea->setFrameShape(QFrame::NoFrame);
+    scrollArea->setWidgetResizable(true);
+    scrollArea->setFocusPolicy(Qt::NoFocus);
+    m_selectors = new QWidget;
+    scrollArea->setWidget(m_selectors);
+    layout.addWidget(scrollArea, 1);
+
+    m_paletteSelector = new PaletteSelector(m_selectors);
+    m_colorSelector = new ColorSelector(m_selectors);
+    m_generalSelectableColors = new GeneralColorSelector(m_selectors);
+
+    m_columns = new QBoxLayout(QBoxLayout::LeftToRight, m_selectors);
+    m_columns->setContentsMargins(Margin, Margin / 2, Margin, Margin);
+    m_columns->setSpacing(2 * Margin);
+    QBoxLayout* palettes = column(m_selectors, tr("Palettes"), m_paletteSelector);
+    palettes->addStretch();
+    m_columns->addLayout(palettes);
+    QBoxLayout* colors = column(m_selectors, tr("Colours of the palette"), m_colorSelector);
+    colors->addSpacing(Margin);
+    colors->addLayout(column(m_selectors, tr("All colours"), m_generalSelectableColors));
+    colors->addStretch();
+    m_columns->addLayout(colors, 1);
+}
+
+void PaletteEditorView::buildDescription(QBoxLayout& layout) {
+    auto* description = new QLabel(this);
+    description->setObjectName(QStringLiteral("colorDescription"));
+    description->setTextFormat(Qt::PlainText);
+    description->setWordWrap(true);
+    description->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    description->setContentsMargins(Margin, 0, Margin, Margin / 2);
+    // Room for two lines, so that nothing moves when the text changes.
+    description->setMinimumHeight(2 * fontMetrics().lineSpacing() + Margin / 2);
+    layout.addWidget(description);
+    for (const BoxSelectorView* selector : std::initializer_list<const BoxSelectorView*>{
+             m_paletteSelector, m_colorSelector, m_generalSelectableColors}) {
+        connect(selector, &BoxSelectorView::pointedAt, description, &QLabel::setText);
+    }
+}
+
+QBoxLayout* PaletteEditorView::column(QWidget* parent, const QString& heading, QWidget* selector) {
+    auto* label = new QLabel(heading, parent);
+    label->setBuddy(selector);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(4);
+    column->addWidget(label);
+    column->addWidget(selector);
+    return column;
+}
+
+ColorSelector* PaletteEditorView::colorSelector() const {
+    return m_colorSelector;
+}
+
+PaletteSelector* PaletteEditorView::paletteSelector() const {
+    return m_paletteSelector;
+}
+
+GeneralColorSelector* PaletteEditorView::generalSelectableColors() const {
+    return m_generalSelectableColors;
+}
+
+QPushButton* PaletteEditorView::saveButton() const {
+    return m_saveButton;
+}
+
+void PaletteEditorView::setFileName(const QString& name, bool changed) {
+    const QString text = changed && !name.isEmpty() ? tr("%1 – not saved").arg(name) : name;
+    m_fileName->setText(text);
+    m_fileName->setAccessibleName(tr("File shown: %1").arg(text));
+}
+
+void PaletteEditorView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const int sideBySide = m_paletteSelector->sizeHint().width() +
+                           m_generalSelectableColors->minimumSizeHint().width() + 5 * Margin;
+    m_columns->setDirection(width() < sideBySide ? QBoxLayout::TopToBottom
+                                                 : QBoxLayout::LeftToRight);
+}
+
+} // namespace kestrel

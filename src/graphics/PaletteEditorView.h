@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+class QBoxLayout;
+class QPushButton;
+
+namespace kestrel {
+
+class ColorSelector;
+class ElidedLabel;
+class GeneralColorSelector;
+class PaletteSelector;
+
+/// What the palette pane shows: the file's name, the selectors, the save button; side by side where
+/// there is room, below one another where there is not.
+class PaletteEditorView : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PaletteEditorView(QWidget* parent = nullptr);
+
+    ColorSelector* colorSelector() const;
+    PaletteSelector* paletteSelector() const;
+    GeneralColorSelector* generalSelectableColors() const;
+    QPushButton* saveButton() const;
+
+    /// The name of the file that is shown; `changed` when the palettes differ from it.
+    void setFileName(const QString& name, bool changed);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void buildHeader(QBoxLayout& layout);
+    void buildSelectors(QBoxLayout& layout);
+    void buildDescription(QBoxLayout& layout);
+    QBoxLayout* column(QWidget* parent, const QString& heading, QWidget* selector);
+
+    QPointer<ElidedLabel> m_fileName;
+    QPointer<QPushButton> m_saveButton;
+    QPointer<PaletteSelector> m_paletteSelector;
+    QPointer<ColorSelector> m_colorSelector;
+    QPointer<GeneralColorSelector> m_generalSelectableColors;
+    QPointer<QWidget> m_selectors;
+    QPointer<QBoxLayout> m_columns;
+};
+
+} // namespace kestrel
