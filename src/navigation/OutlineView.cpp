@@ -51,6 +51,27 @@ int OutlineView::selectedRow() const {
     return rowForIndex(selectedIndex());
 }
 
+void OutlineView::setEmptyText(const QString& text) {
+    m_emptyText = text;
+    setAccessibleDescription(text);
+    viewport()->update();
+}
+
+void OutlineView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (m_emptyText.isEmpty() || (model() != nullptr && model()->rowCount() > 0)) {
+        return;
+    }
+    constexpr int Margin = 16;
+    QPainter painter(viewport());
+    // Half way between text and background, as a placeholder; readable on both kinds of theme.
+    QColor colour = palette().color(QPalette::Text);
+    colour.setAlphaF(0.65F);
+    painter.setPen(colour);
+    painter.drawText(viewport()->rect().adjusted(Margin, Margin, -Margin, -Margin),
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, m_emptyText);
+}
+
 /// How many visible rows the row itself and what is shown below it take, at most `limit`.
 int OutlineView::visibleRowsWithin(const QModelIndex& index, int limit) const {
     int count = 0;

@@ -36,6 +36,10 @@ public:
     /// Expands `index` and every container below it.
     void expandWhole(const QModelIndex& index);
 
+    /// A hint to show while there are no rows; none at first. Also the view's accessible
+    /// description.
+    void setEmptyText(const QString& text);
+
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
 Q_SIGNALS:
@@ -48,6 +52,7 @@ protected:
     void drawBranches(QPainter* painter, const QRect& rect,
                       const QModelIndex& index) const override;
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
 
@@ -56,6 +61,7 @@ private:
     void wantContextMenuByKeyboard();
     void fitColumn(bool mayShrink);
 
+    QString m_emptyText;
     bool m_fittingColumn = false;
 };
 

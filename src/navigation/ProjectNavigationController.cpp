@@ -110,6 +110,8 @@ void ProjectNavigationController::setOutlineView(OutlineView* outlineView) {
         outlineView->addAction(m_menu->action(ProjectNavigationMenuClickedOptions::delete_));
         connect(outlineView, &OutlineView::contextMenuWanted, this,
                 &ProjectNavigationController::showMenu);
+        outlineView->setEmptyText(
+            tr("No projects yet.\n\nChoose File > New Project to make one, or right-click here."));
     }
 }
 

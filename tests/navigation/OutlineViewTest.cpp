@@ -185,5 +185,18 @@ TEST_F(NavigationOutline, ScrollingDownToDeepRowsMakesTheColumnWideEnough) {
     EXPECT_GE(row.width(), view().sizeHintForIndex(index(deepest)).width());
 }
 
+TEST_F(NavigationOutline, WithoutRowsAHintSaysWhatToDoNext) {
+    show({});
+    view().setEmptyText(QString());
+    const QImage blank = view().grab().toImage();
+    view().setEmptyText(QStringLiteral("Make one"));
+    EXPECT_NE(view().grab().toImage(), blank);
+    EXPECT_EQ(view().accessibleDescription(), QStringLiteral("Make one"));
+    show({project("A")});
+    const QImage withRow = view().grab().toImage();
+    view().setEmptyText(QString());
+    EXPECT_EQ(view().grab().toImage(), withRow);
+}
+
 } // namespace
 } // namespace kestrel::test
