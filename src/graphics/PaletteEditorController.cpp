@@ -105,8 +105,8 @@ bool PaletteEditorController::readPalettes() {
     if (!m_filePathForPalette) {
         return false;
     }
-    const std::optional<std::string> data = readFile(*m_filePathForPalette, LargestFile);
-    const auto read = data ? PaletteFactory::generate(*data) : std::nullopt;
+    const std::optional<std::string> content = readFile(*m_filePathForPalette, LargestFile);
+    const auto read = content ? PaletteFactory::generate(*content) : std::nullopt;
     if (!read) {
         return false;
     }
@@ -163,11 +163,11 @@ void PaletteEditorController::saveFile() {
         return;
     }
     const std::vector<std::uint8_t> array = bytes();
-    const std::optional<std::string> data = PaletteFactory::convert(array, PaletteType::nes);
-    if (!data) {
+    const std::optional<std::string> content = PaletteFactory::convert(array, PaletteType::nes);
+    if (!content) {
         return;
     }
-    if (!keepUnreadFile() || !FileProcessor::saveDataFile(*m_filePathForPalette, *data)) {
+    if (!keepUnreadFile() || !FileProcessor::saveDataFile(*m_filePathForPalette, *content)) {
         writeLog("Could not save file");
         return;
     }
