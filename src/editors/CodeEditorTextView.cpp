@@ -146,9 +146,9 @@ void CodeEditorTextView::changeEvent(QEvent* event) {
 }
 
 QMimeData* CodeEditorTextView::createMimeDataFromSelection() const {
-    auto data = std::make_unique<QMimeData>();
-    data->setText(SourceDocument::selectedText(textCursor()));
-    return data.release(); // to the caller, as the toolkit has it
+    auto text = std::make_unique<QMimeData>();
+    text->setText(SourceDocument::selectedText(textCursor()));
+    return text.release(); // to the caller, as the toolkit has it
 }
 
 void CodeEditorTextView::insertFromMimeData(const QMimeData* source) {
