@@ -14,10 +14,9 @@
 #include <QTimer>
 #include <QTreeView>
 
-#include <sys/resource.h>
-
 #include <cstdio>
 #include <cstring>
+#include <sys/resource.h>
 
 namespace {
 

@@ -10,13 +10,15 @@
 #include "navigation/ProjectNavigationController.h"
 
 #include <QAction>
+#include <QGuiApplication>
 #include <QMenuBar>
+#include <QScreen>
 
 namespace kestrel {
 
 namespace {
 
-constexpr QSize FirstSize(1000, 680);
+constexpr QSize FirstSize(1200, 780);
 constexpr QSize SmallestSize(480, 320);
 
 /// Names the window after the project that the selection lies in.
@@ -58,7 +60,10 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     window.setObjectName(QStringLiteral("mainWindow"));
     window.setAccessibleName(QObject::tr("Kestrel"));
     window.setMinimumSize(SmallestSize);
-    window.resize(FirstSize);
+    // A small screen shall show the whole window, with some room for its frame and a task bar.
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    window.resize(screen != nullptr ? FirstSize.boundedTo(screen->availableSize() * 0.9)
+                                    : FirstSize);
     auto* editor = new EditorContainerController(centre, &window);
     window.setCentralWidget(editor);
     editor->viewDidLoad();
