@@ -144,6 +144,10 @@ void EditorContainerController::viewDidLoad() {
     shareRepeatedProjects(projects);
     if (m_commonController) {
         m_commonController->projectSettingsDatasource = this;
+        if (m_commonController->projectSettings) {
+            m_commonController->projectSettings->setProjectNavigation(
+                m_projectNavigationController);
+        }
     }
     if (m_projectNavigationController) {
         m_projectNavigationController->setAllItems(std::move(projects));

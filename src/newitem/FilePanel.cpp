@@ -7,8 +7,8 @@
 
 namespace kestrel {
 
-void openFilePanel(QWidget* window, const QString& prompt, const std::filesystem::path& folder,
-                   FilePanelHandler handler) {
+QFileDialog* makeFilePanel(QWidget* window, const QString& prompt,
+                           const std::filesystem::path& folder, FilePanelHandler handler) {
     auto* panel = new QFileDialog(window, prompt, QString::fromStdString(folder.string()));
     panel->setObjectName(QStringLiteral("filePanel"));
     panel->setAccessibleName(prompt);
@@ -33,7 +33,12 @@ void openFilePanel(QWidget* window, const QString& prompt, const std::filesystem
             told(std::nullopt);
         }
     });
-    panel->open();
+    return panel;
+}
+
+void openFilePanel(QWidget* window, const QString& prompt, const std::filesystem::path& folder,
+                   FilePanelHandler handler) {
+    makeFilePanel(window, prompt, folder, std::move(handler))->open();
 }
 
 } // namespace kestrel

@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 
+class QFileDialog;
 class QWidget;
 
 namespace kestrel {
@@ -17,6 +18,11 @@ using FilePanelHandler = std::function<void(const std::optional<std::filesystem:
 /// of the button that confirms. Calls the handler exactly once, however the sheet ends.
 using FilePanel = std::function<void(QWidget* window, const QString& prompt,
                                      const std::filesystem::path& folder, FilePanelHandler)>;
+
+/// The toolkit's file panel, not opened yet, for a caller that has more to set on it. It belongs to
+/// `window` and goes when it is closed.
+QFileDialog* makeFilePanel(QWidget* window, const QString& prompt,
+                           const std::filesystem::path& folder, FilePanelHandler handler);
 
 /// The toolkit's file panel: opened, never executed; it belongs to `window` and goes when it is
 /// closed.
