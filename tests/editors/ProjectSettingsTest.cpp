@@ -80,6 +80,7 @@ TEST_F(ProjectSettingsTest, PressingMinusWithNoRowSelectedDoesNothing) {
 }
 
 TEST_F(ProjectSettingsTest, AFileOfUnknownKindAddedToTheGraphicsOpensInTheGraphicsEditor) {
+    home.write("Kestrel/Demo/tiles.bin", std::string(8192, '\0'));
     click("tiles.bin");
     EXPECT_EQ(shown(), panes()->emptyController);
     click(demo);
