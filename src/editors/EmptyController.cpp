@@ -14,7 +14,6 @@ EmptyController::EmptyController(QWidget* parent)
     setAccessibleName(tr("Message"));
     makeWhite(*this);
     m_messageLabel->setObjectName(QStringLiteral("messageLabel"));
-    m_messageLabel->setAccessibleName(tr("Message"));
     m_messageLabel->setTextFormat(Qt::PlainText);
     m_messageLabel->setAlignment(Qt::AlignCenter);
     m_messageLabel->setWordWrap(true);

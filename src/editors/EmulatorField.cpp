@@ -25,7 +25,6 @@ EmulatorField::EmulatorField(QWidget* parent)
     m_chooseButton->setAccessibleName(tr("Choose emulator"));
     m_chooseButton->setAutoDefault(false);
     m_problemLabel->setObjectName(QStringLiteral("emulatorProblem"));
-    m_problemLabel->setAccessibleName(tr("Problem with the emulator"));
     m_problemLabel->setTextFormat(Qt::PlainText);
     m_problemLabel->setWordWrap(true);
     buildView();
@@ -61,7 +60,6 @@ void EmulatorField::refresh() {
                      problem.isEmpty() ? colours.color(QPalette::PlaceholderText) : ProblemColour);
     m_problemLabel->setPalette(colours);
     m_problemLabel->setText(m_emulator ? problem : tr("No emulator is set for this project yet."));
-    m_problemLabel->setAccessibleDescription(m_problemLabel->text());
 }
 
 } // namespace kestrel

@@ -66,7 +66,6 @@ ProjectSettingsController::~ProjectSettingsController() = default;
 
 void ProjectSettingsController::buildView() {
     m_projectLabel->setObjectName(QStringLiteral("projectLabel"));
-    m_projectLabel->setAccessibleName(tr("Project shown"));
     m_projectLabel->setTextFormat(Qt::PlainText);
     m_projectLabel->setWordWrap(true);
     QFont font = m_projectLabel->font();
