@@ -62,6 +62,16 @@ ConsoleOutput::ConsoleOutput(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_console);
     setFocusProxy(m_console);
+    // The end is followed however the text comes to be longer than the view: by more text, by being
+    // shown for the first time, or by a window that gets smaller.
+    const QScrollBar* bar = m_console->verticalScrollBar();
+    connect(bar, &QScrollBar::valueChanged, this,
+            [this, bar](int value) { m_followsEnd = value >= bar->maximum(); });
+    connect(bar, &QScrollBar::rangeChanged, this, [this](int /*minimum*/, int maximum) {
+        if (m_followsEnd && m_console) {
+            m_console->verticalScrollBar()->setValue(maximum);
+        }
+    });
     m_timer.setInterval(0);
     connect(&m_timer, &QTimer::timeout, this, &ConsoleOutput::showSlices);
 }
@@ -101,7 +111,7 @@ void ConsoleOutput::showSlices() {
     }
     QScrollBar* bar = m_console->verticalScrollBar();
     const int place = bar->value();
-    const bool followsEnd = place >= bar->maximum();
+    const bool followsEnd = m_followsEnd;
     {
         const CaretKeeper caretStays(*m_console);
         QElapsedTimer clock;

@@ -35,6 +35,7 @@ private:
     QPointer<QPlainTextEdit> m_console;
     TextQueue m_waiting;
     QTimer m_timer;
+    bool m_followsEnd = true; ///< the user has not scrolled up
 };
 
 } // namespace kestrel

@@ -77,6 +77,26 @@ TEST(ConsoleOutput, FollowsTheEndUnlessTheUserScrolledUp) {
     EXPECT_EQ(bar->value(), bar->maximum());
 }
 
+TEST(ConsoleOutput, FollowsTheEndOfTextThatCameBeforeItWasShown) {
+    ConsoleOutput console;
+    console.append(QStringLiteral("line\n").repeated(200));
+    console.resize(300, 120);
+    console.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&console));
+    console.append(QStringLiteral("more\n").repeated(200));
+    finish(console);
+    const QScrollBar* bar = console.console()->verticalScrollBar();
+    ASSERT_GT(bar->maximum(), 0);
+    EXPECT_EQ(bar->value(), bar->maximum());
+}
+
+TEST(ConsoleOutput, NewTextSelectsNothing) {
+    ConsoleOutput console;
+    console.append(QStringLiteral("one"));
+    console.append(QStringLiteral("two"));
+    EXPECT_FALSE(console.console()->textCursor().hasSelection());
+}
+
 TEST(ConsoleOutput, TheUsersSelectionSurvivesNewTextAndCanBeCopied) {
     ConsoleOutput console;
     console.append(QStringLiteral("abc def"));
