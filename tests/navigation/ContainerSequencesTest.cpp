@@ -170,5 +170,70 @@ TEST_F(ContainerSequences, RapidDeletesAndAsManyUndosLeaveEverythingAsItWas) {
     EXPECT_EQ(names(tree().allItems()), (std::vector<std::string>{"One", "Two"}));
 }
 
+/// A stored node in as few words as can be.
+std::string stored(const std::string& name, const std::string& type, const std::string& path,
+                   const std::string& pathType, const std::string& children = "") {
+    return R"({"name":")" + name + R"(","type":")" + type + R"(","path":")" + path +
+           R"(","path_type":")" + pathType + R"(","project_type":"nes","sub_items":[)" + children +
+           "]}";
+}
+
+TEST_F(ContainerSequences, OddStructureFilesAreShownAndNoCommandLeavesTheProjectsFolder) {
+    const std::string folder = (home.path() / "Kestrel/Game").string();
+    const std::string text = "text";
+    const std::string absolute = "absolute_path";
+    const std::string leaf = stored("leaf", text, folder, absolute);
+    std::string deep = leaf;
+    for (int level = 0; level < 500; ++level) {
+        deep = stored("g", "group", "", "no_path", deep);
+    }
+    const std::vector<std::string> roots = {
+        stored("Game", "project", folder, absolute,
+               stored("Game", "project", folder, absolute, leaf)),
+        stored("Game", "project", folder, absolute, stored("in", "project", "", "no_path", leaf)),
+        stored("Game", "project", folder, absolute, stored("file", text, folder, absolute, leaf)),
+        stored("Game", "project", folder, absolute,
+               stored("", "group", "", "no_path", leaf) + "," + leaf),
+        stored("Game", "project", folder, absolute, stored("a\\u0000b", text, "\\u0000", absolute)),
+        stored("Game", "project", folder, absolute,
+               stored("a\\nb", text, "../..", "relative_path_from_project")),
+        stored("Game", "project", folder, absolute, deep),
+        stored("Game", "group", folder, absolute, leaf),
+        stored("Game", text, folder, absolute, leaf),
+        stored("Game", "empty", folder, absolute),
+    };
+    for (const std::string& structure : roots) {
+        SCOPED_TRACE(structure.substr(0, 300));
+        std::filesystem::remove(home.path() / ".Kestrel/AllProjects.cfg");
+        makeProject("Game");
+        home.write("Kestrel/Game/leaf", "text");
+        home.write("Kestrel/Game/.project/Game-ProjectStructure.cfg", structure);
+        start();
+        ASSERT_EQ(tree().allItems().size(), 1U);
+        view().expandWhole({});
+        for (int row = 0; row < 5; ++row) {
+            for (const Option option : {Option::newGroup, Option::importFile, Option::delete_}) {
+                const QModelIndex index = view().indexAtRow(row);
+                if (!index.isValid()) {
+                    continue;
+                }
+                view().selectIndex(index);
+                answer = foreign;
+                window->grab();
+                command(option);
+                window->grab();
+            }
+            container->undoDelete();
+        }
+        while (container->canUndoDelete()) {
+            container->undoDelete();
+        }
+        window->grab();
+        start();
+    }
+    EXPECT_FALSE(exists("elsewhere/.project"));
+    EXPECT_EQ(content("Kestrel/Game/leaf"), "text");
+}
+
 } // namespace
 } // namespace kestrel::test
