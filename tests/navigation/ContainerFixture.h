@@ -99,7 +99,8 @@ protected:
     /// A node for a file that is written into the project's folder and listed in its settings.
     Node fileOf(const std::string& projectName, const std::string& name, FileType type) const {
         const auto folder = home.path() / "Kestrel" / projectName;
-        home.write("Kestrel/" + projectName + "/" + name, name);
+        const bool tiles = type == FileType::graphics;
+        home.write("Kestrel/" + projectName + "/" + name, tiles ? std::string(16, '\0') : name);
         return makeNode(name, type, {}, folder);
     }
 
