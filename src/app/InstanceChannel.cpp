@@ -17,7 +17,7 @@ namespace kestrel {
 
 namespace {
 
-constexpr qint64 LargestMessage = 16 * 1024 * 1024;
+constexpr qint64 LargestMessage = qint64{16} * 1024 * 1024;
 constexpr char Taken = 'k';
 constexpr int RetryMilliseconds = 50;
 

@@ -72,7 +72,7 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
                      [&window, editor] { nameAfterProject(window, *editor); });
     nameAfterProject(window, *editor);
 
-    const auto controller = std::make_shared<MainWindowController>(std::move(ownedWindow));
+    auto controller = std::make_shared<MainWindowController>(std::move(ownedWindow));
     controller->awakeFromNib();
     auto* bar = window.menuBar();
     bar->setObjectName(QStringLiteral("menuBar"));

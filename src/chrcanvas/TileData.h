@@ -19,7 +19,8 @@ inline constexpr int PixelValues = 4; ///< values that a pixel can have, from 0
 
 /// The planes of row `y` of a tile.
 constexpr RowPlanes rowPlanes(const TileBytes& tile, int y) {
-    return {tile[static_cast<std::size_t>(y)], tile[static_cast<std::size_t>(y + TileSide)]};
+    return {tile[static_cast<std::size_t>(y)],
+            tile[static_cast<std::size_t>(y) + std::size_t{TileSide}]};
 }
 
 /// The tiles of one graphics file, edited in place. NES pattern data: 16 bytes a tile of 8 x 8
