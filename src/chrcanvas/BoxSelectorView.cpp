@@ -188,18 +188,20 @@ void BoxSelectorView::movePicked(PaletteBox box) {
 }
 
 void BoxSelectorView::tellAssistants(QAccessible::Event type, PaletteBox box) {
-    if (QAccessible::isActive() && holds(box)) {
+    if (holds(box)) {
         QAccessibleEvent event(this, type);
         event.setChild(grid().indexOf(box));
-        QAccessible::updateAccessibility(&event);
+        report(event);
     }
 }
 
 void BoxSelectorView::tellValue() {
-    if (QAccessible::isActive()) {
-        QAccessibleValueChangeEvent event(this, boxDescription(m_picked));
-        QAccessible::updateAccessibility(&event);
-    }
+    QAccessibleValueChangeEvent event(this, boxDescription(m_picked));
+    report(event);
+}
+
+void BoxSelectorView::report(QAccessibleEvent& event) {
+    QAccessible::updateAccessibility(&event);
 }
 
 void BoxSelectorView::moveCursor(PaletteBox box) {

@@ -75,6 +75,9 @@ protected:
     /// A box's place and index in words: "Colour 2 of 4, index $16".
     virtual QString placeAndIndex(PaletteBox box, const QString& index) const;
 
+    /// Hands an event to assistive technology, if any is there.
+    virtual void report(QAccessibleEvent& event);
+
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
