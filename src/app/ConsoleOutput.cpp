@@ -1,7 +1,8 @@
 #include "app/ConsoleOutput.h"
 
+#include "panes/FixedFont.h"
+
 #include <QElapsedTimer>
-#include <QFontDatabase>
 #include <QScrollBar>
 #include <QTextCursor>
 #include <QVBoxLayout>
@@ -54,7 +55,7 @@ ConsoleOutput::ConsoleOutput(QWidget* parent)
     m_console->setReadOnly(true);
     m_console->setUndoRedoEnabled(false);
     m_console->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    m_console->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_console->setFont(fixedFont());
     m_console->setTabStopDistance(8.0 *
                                   m_console->fontMetrics().horizontalAdvance(QLatin1Char(' ')));
     m_console->setFrameShape(QFrame::NoFrame);

@@ -1,8 +1,8 @@
 #include "editors/CodeEditorTextView.h"
 
 #include "editors/CharacterPosition.h"
+#include "panes/FixedFont.h"
 
-#include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -23,9 +23,7 @@ constexpr int LargestSize = 72;
 constexpr int TabColumns = 8;
 
 QFont codeFont() {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    font.setStyleHint(QFont::Monospace);
-    font.setFixedPitch(true);
+    QFont font = fixedFont();
     font.setPixelSize(ActualSize);
     return font;
 }

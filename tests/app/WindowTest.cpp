@@ -282,6 +282,18 @@ TEST_F(MainWindow, no_two_commands_share_a_shortcut_whichever_pane_is_shown) {
     }
 }
 
+TEST_F(MainWindow, code_and_console_have_characters_of_one_width) {
+    start();
+    controller->console(QStringLiteral("text"));
+    const QPlainTextEdit* views[] = {controller->consoleOutputController()->console(),
+                                     panes().textEditor->findChild<QPlainTextEdit*>()};
+    for (const QPlainTextEdit* view : views) {
+        ASSERT_NE(view, nullptr);
+        EXPECT_EQ(view->fontMetrics().horizontalAdvance(QLatin1Char('i')),
+                  view->fontMetrics().horizontalAdvance(QLatin1Char('W')));
+    }
+}
+
 TEST_F(MainWindow, view_console_shows_the_console_without_writing_to_it) {
     start();
     action("consoleAction")->trigger();
