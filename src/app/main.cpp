@@ -24,6 +24,7 @@ int start(int argc, char** argv, const kestrel::AppCommandLine& commandLine) {
     if (channel.begin(commandLine.files) == kestrel::InstanceChannel::Role::handed) {
         return 0;
     }
+    const kestrel::SignalWatcher watcher;
     kestrel::AppDelegate delegate;
     application.installEventFilter(&delegate);
     delegate.applicationDidFinishLaunching(kestrel::makeMainWindow(delegate));
@@ -34,7 +35,6 @@ int start(int argc, char** argv, const kestrel::AppCommandLine& commandLine) {
                      });
     delegate.windowController()->window()->show();
     delegate.openFiles(commandLine.files);
-    const kestrel::SignalWatcher watcher;
     return QApplication::exec();
 }
 
