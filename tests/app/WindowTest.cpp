@@ -408,8 +408,10 @@ void expectNamed(const QWidget& root) {
                                                : "no parent");
         EXPECT_FALSE(widget->objectName().isEmpty()) << what << " has no object name";
         const auto* button = qobject_cast<const QAbstractButton*>(widget);
-        const bool named =
-            !widget->accessibleName().isEmpty() || (button != nullptr && !button->text().isEmpty());
+        // A button's or a label's text is its name.
+        const bool named = !widget->accessibleName().isEmpty() ||
+                           (button != nullptr && !button->text().isEmpty()) ||
+                           qobject_cast<const QLabel*>(widget) != nullptr;
         EXPECT_TRUE(named) << what << " has no accessible name";
     }
     EXPECT_GT(controls, 0);
