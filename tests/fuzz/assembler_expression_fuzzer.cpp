@@ -1,0 +1,78 @@
+// Feeds the expression parser lines of text and compares what it makes of equal expressions.
+#include "assembler/Assembly.h"
+#include "assembler/ExpressionParser.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace {
+
+/// What reading `text` came to: nothing for an error, else the value and its bank, as far as known.
+struct Reading {
+    nesasm::Evaluation evaluation;
+    std::size_t length = 0;
+};
+
+std::optional<Reading> read(const std::string& text) {
+    nesasm::Options options;
+    options.largestErrorCount = 0;
+    nesasm::Assembly assembly(options, [](std::string_view) {});
+    nesasm::Origin origin;
+    origin.file = "fuzz.asm";
+    const std::string line = text + "\n";
+    assembly.line = {line.c_str(), 1, assembly.origins.add(origin), 1, false};
+    assembly.here = 0x8123;
+    nesasm::Symbol& known = assembly.symbols[assembly.symbols.intern("known", 0, nullptr)];
+    known.isDefined = known.isKnown = known.isLabel = true;
+    known.value = 0xC0DE;
+    known.bank = 3;
+    known.size = 2;
+    nesasm::ExpressionParser parser(assembly);
+    const char* p = line.c_str();
+    if (!parser.parse(p)) {
+        if (assembly.diagnostics.errorCount() == 0) {
+            std::abort(); // a failure without a message
+        }
+        return std::nullopt;
+    }
+    const auto length = static_cast<std::size_t>(p - line.c_str());
+    if (length > text.size()) {
+        std::abort(); // read beyond the end of the line
+    }
+    return Reading{parser.evaluateNow(), length};
+}
+
+} // namespace
+
+/// The first line of the bytes is an expression; in parentheses, and added to nothing, it must be
+/// the same one.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    const std::string text(bytes.substr(0, bytes.find_first_of("\r\n")));
+    const auto plain = read(text);
+    if (!plain) {
+        return 0;
+    }
+    const std::string whole = text.substr(0, plain->length);
+    for (const std::string& other : {"(" + whole + ")", "0+(" + whole + ")", "+(" + whole + ")"}) {
+        const auto same = read(other);
+        if (!same) {
+            // One more level of parentheses may be one too many.
+            if (whole.size() < 100) {
+                std::abort();
+            }
+            continue;
+        }
+        if (same->length != other.size() || same->evaluation.status != plain->evaluation.status ||
+            (same->evaluation.status == nesasm::Evaluation::Status::Known &&
+             (same->evaluation.value != plain->evaluation.value ||
+              same->evaluation.bank != plain->evaluation.bank))) {
+            std::abort();
+        }
+    }
+    return 0;
+}

@@ -1,0 +1,1 @@
+LOW(known) + HIGH(known)

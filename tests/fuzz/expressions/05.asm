@@ -1,0 +1,1 @@
+BANK(known) + PAGE(known)
