@@ -17,7 +17,8 @@ Assembly::Assembly(const Options& options, TextSink sink)
     : diagnostics(origins, std::move(sink), options.largestErrorCount, options.colours,
                   options.warnings)
     , finder(options.includeFolders, options.includeList)
-    , sources(options.mostWork) {}
+    , sources(options.mostWork)
+    , recordsLines(options.recordsLines) {}
 
 Position Assembly::at(const char* p) const {
     return {line.begin, line.number, static_cast<std::uint32_t>(p - line.begin), line.origin,

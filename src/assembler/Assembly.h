@@ -7,6 +7,7 @@
 #include "assembler/FileFinder.h"
 #include "assembler/FileStore.h"
 #include "assembler/Image.h"
+#include "assembler/LineRecords.h"
 #include "assembler/Options.h"
 #include "assembler/Origins.h"
 #include "assembler/SourceStack.h"
@@ -45,9 +46,11 @@ struct Assembly {
     Conditionals conditionals;
     Image image;
     Deferred deferred;
+    LineRecords records; ///< while `recordsLines`
     std::vector<Macro> macros;
     std::vector<Definition> definitions; ///< only when unused symbols are to be reported
     std::uint32_t expansions = 0;
+    bool recordsLines = false;
     /// A macro is named like a directive or an instruction, so every such word has to be looked up.
     bool macroHidesKeyword = false;
     /// A file or the end of a macro is missing: names that are not known are no news.

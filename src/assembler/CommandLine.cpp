@@ -65,8 +65,9 @@ public:
         : m_line(line) {}
 
     static bool knows(std::string_view name) {
-        static constexpr std::array<std::string_view, 7> kNames{
-            "--input", "--output", "-I", "-D", "-W", "--max-errors", "--color"};
+        static constexpr std::array<std::string_view, 9> kNames{
+            "--input",      "--output", "-I",        "-D",      "-W",
+            "--max-errors", "--color",  "--listing", "--labels"};
         return std::find(kNames.begin(), kNames.end(), name) != kNames.end();
     }
 
@@ -81,6 +82,10 @@ public:
             m_line.options.includeFolders.emplace_back(value);
             return {};
         }
+        if (name == "--listing")
+            return setOnce(name, m_line.listing, value);
+        if (name == "--labels")
+            return addLabels(value);
         if (name == "-W")
             return m_line.options.warnings.apply(value);
         return name == "--color" ? setColours(value) : setLimit(value);
@@ -91,6 +96,22 @@ private:
         if (!target.empty())
             return std::string(name) + " is given twice";
         target = value;
+        return {};
+    }
+    std::string addLabels(std::string_view value) {
+        using Labels = CommandLine::Labels;
+        Labels format{};
+        if (value == "mlb")
+            format = Labels::Mlb;
+        else if (value == "nl")
+            format = Labels::Nl;
+        else if (value == "dbg")
+            format = Labels::Dbg;
+        else
+            return "--labels takes mlb, nl or dbg, not '" + std::string(value) + "'";
+        std::vector<Labels>& labels = m_line.labels;
+        if (std::find(labels.begin(), labels.end(), format) == labels.end())
+            labels.push_back(format);
         return {};
     }
     std::string setColours(std::string_view value) {
@@ -125,8 +146,8 @@ std::string readCommandLine(std::span<const std::string_view> arguments, Command
             line.wish = name == "--help" ? CommandLine::Wish::Help : CommandLine::Wish::Version;
             return {};
         }
-        if (name == "-v") {
-            line.isVerbose = true;
+        if (name == "-v" || name == "--expand-macros") {
+            (name == "-v" ? line.isVerbose : line.listsExpansions) = true;
             continue;
         }
         // The value is the next argument; "--option=value" and "-Ifolder" are understood too.
@@ -146,6 +167,9 @@ std::string readCommandLine(std::span<const std::string_view> arguments, Command
         if (std::string problem = options.apply(name, *value); !problem.empty())
             return problem;
     }
+    line.options.recordsLines =
+        !line.listing.empty() || std::find(line.labels.begin(), line.labels.end(),
+                                           CommandLine::Labels::Dbg) != line.labels.end();
     if (line.options.input.empty())
         return "the file to assemble is missing: --input FILE";
     if (line.output.empty())
@@ -165,6 +189,10 @@ Assembles a program for the NES into an iNES image.
   -Werror, -Werror=NAME   all warnings, or this one, count as errors
   --max-errors NUMBER     stop after so many errors (20; 0: never)
   --color WHEN            auto, always or never; never when the output is no terminal
+  --listing FILE          write a listing: addresses, bytes, cycles, symbols
+  --expand-macros         list the lines of macros and repetitions, too
+  --labels FORMAT         write labels for a debugger beside the image: mlb, nl or dbg
+                          (may be repeated)
   -v                      say how full each bank is
   --help, --version       say this, or the version, and stop
 

@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace nesasm {
 
@@ -12,10 +13,14 @@ namespace nesasm {
 struct CommandLine {
     enum class Wish { Assemble, Help, Version };
     enum class Colours { Auto, Always, Never };
+    enum class Labels { Mlb, Nl, Dbg };
 
     Wish wish = Wish::Assemble;
     Options options; ///< all but includeList and colours, which depend on the surroundings
     std::string output;
+    std::vector<Labels> labels; ///< the formats, each once
+    std::string listing;        ///< "" for none
+    bool listsExpansions = false;
     bool isVerbose = false;
     Colours colours = Colours::Auto;
 };

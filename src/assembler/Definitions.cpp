@@ -17,6 +17,7 @@ void Definitions::label(std::string_view name, const char* at) {
         m_assembly.image.isRam() ? kNoBank : static_cast<std::int32_t>(m_assembly.image.bank());
     define(id, value, bank, at);
     m_assembly.symbols[id].isLabel = true;
+    m_assembly.symbols[id].isAtBankEnd = bank >= 0 && m_assembly.image.offset() == kBankSize;
     if (!name.starts_with('.'))
         m_assembly.scope = id;
     m_assembly.sizedLabel = id;
@@ -66,6 +67,7 @@ void Definitions::reserve(std::string_view name, const char* at, const char* p) 
         const SymbolId id = m_assembly.intern(name);
         define(id, m_assembly.reserveCounter, kNoBank, at);
         m_assembly.symbols[id].size = static_cast<std::uint32_t>(*count);
+        m_assembly.symbols[id].isReserved = true;
     }
     if (m_assembly.reserveCounter + *count > 0x10000)
         m_assembly.error(at, "the variables reserved with .rs go beyond the address $FFFF");

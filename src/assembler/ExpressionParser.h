@@ -34,6 +34,12 @@ public:
     /// Computes what was read last; an error in it is reported. `start` is where it began.
     Evaluation evaluateNow() const;
 
+    /// What was read last is an address: when it is a symbol alone, that symbol is one.
+    void noteAddress() {
+        if (m_operations.size() == 1 && m_operations[0].code == OpCode::Value)
+            m_assembly.symbols[m_operations[0].argument].isAddress = true;
+    }
+
     /// Keeps what was read last until all symbols are known.
     DeferredExpression defer(const char* start);
 

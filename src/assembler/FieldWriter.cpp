@@ -54,6 +54,8 @@ void emitField(Assembly& assembly, ExpressionParser& parser, const FieldToWrite&
         if (before + 1 < bytes.size())
             bytes[before + 1] = value[1];
     }
+    if (what.hasOpcode && what.field != Field::Immediate)
+        parser.noteAddress();
     assembly.emit(bytes.data(), size, what.start);
     if (result.status != Evaluation::Status::Unknown || assembly.image.isRam())
         return;

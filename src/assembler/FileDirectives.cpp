@@ -142,6 +142,7 @@ void FileDirectives::enter(const SourceFile& file, std::string_view name, bool w
         m_assembly.origins[origin.parent].kept = true;
     }
     origin.file = name;
+    origin.source = &file;
     const OriginId id = m_assembly.origins.add(origin);
     Frame& frame = m_assembly.sources.push(Origin::Kind::File, {file.text(), 1, &file, name}, id);
     frame.countsAsWork = wasRead;

@@ -132,11 +132,16 @@ void removeOldImage(const std::string& path) {
         unlink(target.c_str());
 }
 
+std::uint32_t prgBankCount(const Image& image) {
+    const std::uint32_t banks = image.bankCount();
+    const Header& header = image.header;
+    return header.prg != 0 ? std::min(header.prg * 2, banks) : banks - std::min(header.chr, banks);
+}
+
 std::string summaryLine(const std::string& path, const Image& image) {
     const std::uint32_t banks = image.bankCount();
     const Header& header = image.header;
-    const std::uint32_t prg =
-        header.prg != 0 ? std::min(header.prg * 2, banks) : banks - std::min(header.chr, banks);
+    const std::uint32_t prg = prgBankCount(image);
     std::uint64_t used = 0;
     for (std::uint32_t bank = 0; bank < prg; ++bank)
         used += image.bytesWritten(bank);

@@ -20,6 +20,9 @@ std::string writeImageFile(const std::string& path, const std::vector<std::uint8
 /// header's mark. Anything else is left alone.
 void removeOldImage(const std::string& path);
 
+/// Banks of the file that are PRG: as the header says, or all but its CHR banks.
+std::uint32_t prgBankCount(const Image& image);
+
 /// One line that sums up the image, such as
 /// "game.nes: 24592 bytes, mapper 0, PRG 2 x 8 KiB banks (73 % used), CHR 1 x 8 KiB".
 std::string summaryLine(const std::string& path, const Image& image);

@@ -11,6 +11,17 @@ constexpr std::array<std::string_view, kModeCount> kOperandTexts{
 
 } // namespace
 
+const Instruction* findOpcode(std::uint8_t opcode, Mode& mode) {
+    for (const Instruction& instruction : instructionTable) {
+        for (std::size_t i = 0; i < kModeCount; ++i) {
+            mode = static_cast<Mode>(i);
+            if (instruction.opcode(mode) == opcode)
+                return &instruction;
+        }
+    }
+    return nullptr;
+}
+
 std::string modesText(const Instruction& instruction) {
     std::string text;
     for (std::size_t i = 0; i < kModeCount; ++i) {

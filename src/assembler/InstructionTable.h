@@ -143,6 +143,9 @@ inline constexpr std::array<Instruction, kInstructionCount> instructionTable{
 };
 // clang-format on
 
+/// The instruction and mode of an opcode; nullptr when it is none.
+const Instruction* findOpcode(std::uint8_t opcode, Mode& mode);
+
 /// The modes of an instruction as a person would write them, such as "LDA #n, LDA n, LDA <n".
 std::string modesText(const Instruction& instruction);
 

@@ -141,6 +141,8 @@ bool MacroDirectives::collect(Directive opening, Directive closing, const char* 
             reportRunaway(m_assembly, problem);
             return false;
         }
+        if (m_assembly.recordsLines)
+            m_assembly.records.add(m_assembly, line);
         const char* word = line.begin;
         const auto directive = directiveOf(line.begin, word);
         if (directive == opening)
@@ -177,6 +179,7 @@ Frame& MacroDirectives::enter(Origin::Kind kind, const Passage& body, std::strin
     Origin origin;
     origin.kind = kind;
     origin.file = body.fileName;
+    origin.source = body.file;
     origin.macro = name;
     origin.parent = m_assembly.line.origin;
     origin.callLine = m_assembly.line.number;

@@ -22,18 +22,6 @@ std::optional<Mode> zeroPageModeOf(Mode mode) {
     }
 }
 
-/// The instruction and mode of an opcode.
-const Instruction* instructionOf(std::uint8_t opcode, Mode& mode) {
-    for (const Instruction& instruction : instructionTable) {
-        for (std::size_t i = 0; i < kModeCount; ++i) {
-            mode = static_cast<Mode>(i);
-            if (instruction.opcode(mode) == opcode)
-                return &instruction;
-        }
-    }
-    return nullptr;
-}
-
 /// A number, or one byte of something: what immediate operands are mostly made of.
 bool looksImmediate(std::span<const Operation> operations, const SymbolTable& symbols) {
     const OpCode last = operations.back().code;
@@ -75,7 +63,7 @@ void OperandHints::lookLate(const DeferredField& field, std::int32_t value) {
     const std::uint8_t* const bytes = m_assembly.image.bytes(field.bank);
     Mode mode{};
     const Instruction* const instruction =
-        bytes == nullptr ? nullptr : instructionOf(bytes[field.offset - 1], mode);
+        bytes == nullptr ? nullptr : findOpcode(bytes[field.offset - 1], mode);
     if (instruction != nullptr)
         warnOfZeroPage(*instruction, mode, value, field.expression.position);
 }

@@ -19,6 +19,7 @@ struct Options {
     std::size_t largestErrorCount = 20;                            ///< 0: no limit
     WarningSwitches warnings;
     bool colours = false;
+    bool recordsLines = false; ///< for a listing or for a debugger
     /// The bytes of source text, and 100 for each line, that macros, repetitions and files included
     /// again may come to. A source that asks for more would run for long and fill no more image.
     std::uint64_t mostWork = std::uint64_t{1} << 29U;

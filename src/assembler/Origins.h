@@ -7,6 +7,8 @@
 
 namespace nesasm {
 
+class SourceFile;
+
 /// One file that was entered, one macro that was expanded or one repetition.
 struct Origin {
     enum class Kind : std::uint8_t { File, Macro, Repeat };
@@ -17,7 +19,8 @@ struct Origin {
     std::string_view file; ///< the file that the lines come from, as the source named it
     std::string_view macro;
     OriginId parent = kNoOrigin;
-    std::uint32_t callLine = 0; ///< in the parent
+    std::uint32_t callLine = 0;         ///< in the parent
+    const SourceFile* source = nullptr; ///< the same file
 };
 
 /// The tree of origins: whence each line came. Texts are views that must outlive it.

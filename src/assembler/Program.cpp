@@ -3,6 +3,7 @@
 #include "assembler/Assembler.h"
 #include "assembler/CommandLine.h"
 #include "assembler/ImageFile.h"
+#include "assembler/SideFiles.h"
 #include "assembler/Text.h"
 
 #include <new>
@@ -20,25 +21,53 @@ bool wantsColours(CommandLine::Colours colours, const Surroundings& surroundings
     return colours == CommandLine::Colours::Always || !surroundings.refusesColours;
 }
 
+std::string unwritable(const std::string& path, const std::string& problem) {
+    return printable("error: the output '" + path + "' cannot be written: " + problem) + "\n";
+}
+
+/// Says so and returns false when `path` is one of the files read.
+bool isFree(const std::string& path, const Assembler& assembler, const TextSink& sink) {
+    FileIdentity identity;
+    if (!identify(path, identity) || !assembler.hasRead(identity))
+        return true;
+    sink(printable("error: the output '" + path +
+                   "' is one of the files that are read: it is left alone") +
+         "\n");
+    return false;
+}
+
+/// Writes what goes with the image. False when something could not be written; that was said.
+bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const TextSink& sink) {
+    for (const SideFile& file : sideFiles(assembler.assembly(), line)) {
+        if (!isFree(file.path, assembler, sink))
+            return false;
+        if (const std::string problem =
+                writeImageFile(file.path, {file.text.begin(), file.text.end()});
+            !problem.empty()) {
+            sink(unwritable(file.path, problem));
+            return false;
+        }
+    }
+    return true;
+}
+
 int build(const CommandLine& line, const TextSink& sink) {
     Assembler assembler(line.options, sink);
     const Assembler::Result result = assembler.run();
-    FileIdentity identity;
-    if (identify(line.output, identity) && assembler.hasRead(identity)) {
-        sink(printable("error: the output '" + line.output +
-                       "' is one of the files that are read: it is left alone") +
-             "\n");
+    if (!isFree(line.output, assembler, sink))
         return kWrongUse;
-    }
     if (result != Assembler::Result::Built) {
         removeOldImage(line.output);
         return result == Assembler::Result::Errors ? kSourceErrors : kWrongUse;
     }
+    if (!writeSideFiles(line, assembler, sink)) {
+        removeOldImage(line.output);
+        return kWrongUse;
+    }
     if (const std::string problem = writeImageFile(line.output, imageFile(assembler.image()));
         !problem.empty()) {
         removeOldImage(line.output);
-        sink(printable("error: the output '" + line.output + "' cannot be written: " + problem) +
-             "\n");
+        sink(unwritable(line.output, problem));
         return kWrongUse;
     }
     sink(summaryLine(line.output, assembler.image()));

@@ -65,6 +65,21 @@ void StatementAssembler::endFrame() {
 }
 
 void StatementAssembler::line() {
+    if (!m_assembly.recordsLines) {
+        assembleLine();
+        return;
+    }
+    if (m_assembly.conditionals.skips()) {
+        m_assembly.records.add(m_assembly, m_assembly.line);
+        assembleLine();
+        return;
+    }
+    m_assembly.records.begin(m_assembly);
+    assembleLine();
+    m_assembly.records.end(m_assembly);
+}
+
+void StatementAssembler::assembleLine() {
     if (m_assembly.conditionals.skips()) {
         skippedLine();
         return;
@@ -214,6 +229,7 @@ void StatementAssembler::directive(Directive directive, const char* at, const ch
         break;
     case Directive::List:
     case Directive::NoList:
+        m_assembly.records.list(directive == Directive::List);
         m_assembly.expectEnd(p);
         break;
     default:

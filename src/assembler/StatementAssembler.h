@@ -31,6 +31,7 @@ public:
 
 private:
     void line();
+    void assembleLine();
     void skippedLine();
     void statement(const char* p, bool isFirstColumn);
     bool isKnownWord(std::string_view word, const char* p);

@@ -32,6 +32,9 @@ struct Symbol {
     bool isKnown = false;
     bool isBroken = false; ///< its definition was an error that has been reported
     bool isLabel = false;
+    bool isReserved = false;  ///< by .rs
+    bool isAddress = false;   ///< an instruction uses it alone as an address
+    bool isAtBankEnd = false; ///< a label behind the last byte of a full bank
 };
 
 /// All names, local ones with the label they belong to. Ids stay valid; id 0 is no symbol.

@@ -172,6 +172,8 @@ void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& main
     AssemblerProcess::Request request;
     request.assembler = plan.assembler;
     request.arguments = {"--input", mainFile, "--output", pathText(plan.image)};
+    request.arguments.insert(request.arguments.end(), m_extraArguments.begin(),
+                             m_extraArguments.end());
     request.includeFolder = plan.tempFolder;
 
     // The pool's workers are waited for before the application object is gone, so they may post to

@@ -4,6 +4,7 @@
 #include "build/ProjectBuilder.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kestrel {
@@ -33,6 +34,12 @@ public:
         return m_buildSetting;
     }
     void setBuildSetting(std::shared_ptr<BuildSettingsConfiguration> buildSetting) override;
+
+    /// Arguments that the assembler gets behind its usual ones; none unless somebody sets them,
+    /// which the environment never does.
+    void setExtraArguments(std::vector<std::string> arguments) {
+        m_extraArguments = std::move(arguments);
+    }
 
     /// Assembles the project. The handler is called exactly once: before this returns when the
     /// set-up fails, there is no main file or the files cannot be gathered; otherwise later, on a
@@ -71,6 +78,7 @@ private:
     std::weak_ptr<ConsoleOutputDelegate> m_consoleOutput;
     std::shared_ptr<BuildSettingsConfiguration> m_buildSetting;
     AssemblerLocation::Locator m_locator;
+    std::vector<std::string> m_extraArguments;
 };
 
 } // namespace kestrel

@@ -20,9 +20,11 @@ namespace kestrel {
 
 namespace fs = std::filesystem;
 
-BuildCommand::BuildCommand(QCoreApplication& application, OpenedProject project)
+BuildCommand::BuildCommand(QCoreApplication& application, OpenedProject project,
+                           std::vector<std::string> assemblerArguments)
     : m_application(application)
     , m_project(std::move(project))
+    , m_assemblerArguments(std::move(assemblerArguments))
     , m_printer(std::make_shared<ConsolePrinter>()) {}
 
 BuildCommand::~BuildCommand() = default;
@@ -105,6 +107,7 @@ std::optional<BuildCommand::Report> BuildCommand::buildReport() {
     const auto report = std::make_shared<std::optional<Report>>();
     const auto builder = std::make_shared<NESProjectBuilder>(m_settings);
     builder->setConsoleOutput(m_printer);
+    builder->setExtraArguments(m_assemblerArguments);
     QCoreApplication* const application = &m_application;
     builder->build(
         [application, report](std::optional<fs::path> image, std::optional<BuildError> error) {

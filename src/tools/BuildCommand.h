@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 class QCoreApplication;
 
@@ -20,7 +22,9 @@ class BuildCommand {
 public:
     /// Runs the event loop of `application`, which must not run yet. The process's current folder
     /// becomes the project's.
-    BuildCommand(QCoreApplication& application, OpenedProject project);
+    /// `assemblerArguments` go to the assembler behind its usual ones.
+    BuildCommand(QCoreApplication& application, OpenedProject project,
+                 std::vector<std::string> assemblerArguments = {});
     ~BuildCommand();
     BuildCommand(const BuildCommand&) = delete;
     BuildCommand& operator=(const BuildCommand&) = delete;
@@ -42,6 +46,7 @@ private:
 
     QCoreApplication& m_application;
     OpenedProject m_project;
+    std::vector<std::string> m_assemblerArguments;
     std::shared_ptr<BuildSettingsConfiguration> m_settings;
     std::shared_ptr<ConsolePrinter> m_printer;
 };

@@ -2,6 +2,8 @@
 
 #include "tools/Messages.h"
 
+#include <system_error>
+
 namespace kestrel {
 
 namespace {
@@ -13,17 +15,77 @@ constexpr std::string_view Help =
 Builds a Kestrel project as the environment does and prints what the assembler
 says. A project that was moved or copied is built where it lies now.
 
-  --relocate   write the project's present folder into its files; build nothing
-  --help       print this text
-  --version    print the version
-  --           what follows is the project, also when it begins with "-"
+  --relocate        write the project's present folder into its files; build
+                    nothing
+  --listing FILE    have the assembler write a listing, too
+  --expand-macros   list the lines of macros and repetitions in it
+  --labels FORMAT   have it write labels for debuggers beside the image: mlb, nl
+                    or dbg (may be repeated)
+  -W NAME           have it turn a warning on, or off with -Wno-NAME; -Werror
+                    makes errors of all warnings, -Werror=NAME of one
+  -D NAME[=VALUE]   have it define a symbol
+  --max-errors N    have it stop after so many errors (0: never)
+  -v                have it say how full each bank is
+  --help            print this text
+  --version         print the version
+  --                what follows is the project, also when it begins with "-"
 
 Exit status: 0 the image was built, 1 the build failed, 2 wrong usage or a
 project that cannot be read.
 )";
 
 CommandLine refusal(std::string problem) {
-    return {CommandLine::Action::refuse, {}, std::move(problem)};
+    return {CommandLine::Action::refuse, {}, {}, std::move(problem)};
+}
+
+/// The option that `argument` is or begins with, one that the assembler has and that takes a value;
+/// "" for any other.
+std::string_view valuedAssemblerOption(std::string_view argument) {
+    for (const std::string_view name : {"--listing", "--labels", "--max-errors"}) {
+        if (argument == name || (argument.starts_with(name) && argument[name.size()] == '=')) {
+            return name;
+        }
+    }
+    for (const std::string_view name : {"-W", "-D"}) {
+        if (argument.starts_with(name)) {
+            return name;
+        }
+    }
+    return {};
+}
+
+bool isPlainAssemblerOption(std::string_view argument) {
+    return argument == "-v" || argument == "--expand-macros";
+}
+
+/// The value of --listing from where kestrel-build was started: the build changes the folder.
+std::string absoluteText(const std::string& path) {
+    std::error_code error;
+    const auto absolute = std::filesystem::absolute(path, error);
+    return error || path.empty() ? path : absolute.string();
+}
+
+/// Takes the assembler's option at `index`, with its value if that is the next argument. False when
+/// the value is missing.
+bool takeAssemblerOption(const std::vector<std::string>& arguments, std::size_t& index,
+                         std::vector<std::string>& taken) {
+    const std::string& argument = arguments[index];
+    const std::string_view name = valuedAssemblerOption(argument);
+    if (name.empty()) {
+        taken.push_back(argument);
+        return true;
+    }
+    std::string value;
+    if (argument != name) {
+        value = argument.substr(name.size() + (name.starts_with("--") ? 1 : 0));
+    } else if (++index < arguments.size()) {
+        value = arguments[index];
+    } else {
+        return false;
+    }
+    taken.emplace_back(name);
+    taken.push_back(name == "--listing" ? absoluteText(value) : value);
+    return true;
 }
 
 bool isOption(std::string_view argument) {
@@ -50,21 +112,27 @@ CommandLine::Action informationAsked(const std::vector<std::string>& arguments) 
 
 CommandLine CommandLine::parse(const std::vector<std::string>& arguments) {
     if (const Action asked = informationAsked(arguments); asked != Action::refuse) {
-        return {asked, {}, {}};
+        return {asked, {}, {}, {}};
     }
-    CommandLine result{Action::build, {}, {}};
+    CommandLine result{Action::build, {}, {}, {}};
     std::vector<std::string> projects;
     bool optionsEnded = false;
-    for (const std::string& argument : arguments) {
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
         if (optionsEnded || !isOption(argument)) {
             projects.push_back(argument);
         } else if (argument == "--") {
             optionsEnded = true;
         } else if (argument == "--relocate") {
             result.action = Action::relocate;
+        } else if (isPlainAssemblerOption(argument) || !valuedAssemblerOption(argument).empty()) {
+            if (!takeAssemblerOption(arguments, i, result.assemblerArguments)) {
+                return refusal("the option " + shown(argument) + " needs a value behind it.");
+            }
         } else {
             return refusal("there is no option " + shown(argument) +
-                           "; the options are --relocate, --help and --version.");
+                           "; the options are --relocate, --help and --version, and those for the "
+                           "assembler that --help lists.");
         }
     }
     if (projects.empty()) {
@@ -76,6 +144,10 @@ CommandLine CommandLine::parse(const std::vector<std::string>& arguments) {
     }
     if (projects.front().empty()) {
         return refusal("the name of the project file is empty.");
+    }
+    if (result.action == Action::relocate && !result.assemblerArguments.empty()) {
+        return refusal("with --relocate nothing is built, so " +
+                       shown(result.assemblerArguments.front()) + " has no use.");
     }
     result.project = projects.front();
     return result;

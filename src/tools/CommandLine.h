@@ -12,8 +12,9 @@ struct CommandLine {
     enum class Action { build, relocate, showHelp, showVersion, refuse };
 
     Action action = Action::refuse;
-    std::filesystem::path project; ///< as given; for `build` and `relocate`
-    std::string problem;           ///< a sentence for the user; for `refuse`
+    std::filesystem::path project;               ///< as given; for `build` and `relocate`
+    std::vector<std::string> assemblerArguments; ///< further ones for the assembler; for `build`
+    std::string problem;                         ///< a sentence for the user; for `refuse`
 
     /// Reads the arguments behind the program's name. "--help" and "--version" win over everything
     /// else, faults included; the first of the two counts.

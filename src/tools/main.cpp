@@ -32,7 +32,8 @@ Status relocate(const kestrel::OpenedProject& project) {
     }
 }
 
-Status build(kestrel::OpenedProject project, char* programName) {
+Status build(kestrel::OpenedProject project, const std::vector<std::string>& assemblerArguments,
+             char* programName) {
     bool built = false;
     int signal = 0;
     {
@@ -41,7 +42,7 @@ Status build(kestrel::OpenedProject project, char* programName) {
         char* arguments[] = {programName, nullptr};
         QCoreApplication application(argumentCount, arguments);
         const kestrel::SignalWatcher watcher;
-        built = kestrel::BuildCommand(application, std::move(project)).run();
+        built = kestrel::BuildCommand(application, std::move(project), assemblerArguments).run();
         signal = watcher.caught();
     } // ends an assembler that still runs
     if (signal != 0) {
@@ -72,6 +73,7 @@ int main(int argc, char** argv) {
         return refuse(problem->sentence);
     }
     auto& opened = std::get<kestrel::OpenedProject>(project);
-    return commandLine.action == Action::relocate ? relocate(opened)
-                                                  : build(std::move(opened), argv[0]);
+    return commandLine.action == Action::relocate
+               ? relocate(opened)
+               : build(std::move(opened), commandLine.assemblerArguments, argv[0]);
 }

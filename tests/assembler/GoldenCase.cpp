@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <map>
+#include <regex>
 #include <set>
 #include <sstream>
 #include <utility>
@@ -50,6 +52,11 @@ std::string firstDifference(const std::string& expected, const std::string& got)
                    "\n  got:      " + (moreGot ? b : "(nothing)");
         }
     }
+}
+
+/// The text with every time at which a file was changed put as 0.
+std::string withoutTimes(const std::string& text) {
+    return std::regex_replace(text, std::regex("mtime=0x[0-9A-F]+"), "mtime=0x0");
 }
 
 bool isCaseFile(const fs::path& path) {
@@ -101,7 +108,8 @@ std::vector<std::string> GoldenCase::orphansIn(const fs::path& folder) {
             const fs::path& path = file.path();
             fs::path source = path;
             if (file.is_directory()) {
-                source += ".asm";
+                source = source.extension() == ".files" ? source.replace_extension(".asm")
+                                                        : source += ".asm";
             } else if (!isCaseFile(path)) {
                 const auto& endings = expectationEndings();
                 const bool known =
@@ -196,6 +204,37 @@ void GoldenCase::compareImage(const std::optional<std::string>& image,
     }
 }
 
+void GoldenCase::compareFiles(const fs::path& folder, std::vector<std::string>& problems) const {
+    std::map<std::string, std::string> expected;
+    std::map<std::string, std::string> got;
+    const fs::path wanted = beside(".files");
+    if (fs::is_directory(wanted)) {
+        for (const fs::directory_entry& file : fs::directory_iterator(wanted)) {
+            expected[file.path().filename().string()] = read(file.path()).value_or("");
+        }
+    }
+    for (const fs::directory_entry& file : fs::directory_iterator(folder)) {
+        const bool isImage = file.path().extension() == ".nes";
+        if (file.is_regular_file() && !isImage) {
+            got[file.path().filename().string()] =
+                replaced(withoutTimes(read(file.path()).value_or("")), folder.string(), "@/out");
+        }
+    }
+    for (const auto& [name, text] : expected) {
+        if (!got.contains(name)) {
+            problems.push_back("the file " + name + " was not written");
+        } else if (got[name] != text) {
+            problems.push_back("the file " + name +
+                               " differs: " + firstDifference(text, got[name]));
+        }
+    }
+    for (const auto& [name, text] : got) {
+        if (!expected.contains(name)) {
+            problems.push_back("the file " + name + " is not expected:\n" + text);
+        }
+    }
+}
+
 void GoldenCase::compareOutput(const std::string& output, const std::optional<std::string>& image,
                                std::vector<std::string>& problems) const {
     if (const std::optional<std::string> expected = read(beside(".out"))) {
@@ -261,6 +300,7 @@ std::vector<std::string> GoldenCase::problemsWith(const fs::path& program) const
     }
     compareImage(image, problems);
     compareOutput(replaced(result.output, folder.path().string(), "@"), image, problems);
+    compareFiles(folder.path() / "out", problems);
     return problems;
 }
 

@@ -41,6 +41,8 @@ private:
     void prepare(const std::filesystem::path& folder) const;
     void compareImage(const std::optional<std::string>& image,
                       std::vector<std::string>& problems) const;
+    void compareFiles(const std::filesystem::path& folder,
+                      std::vector<std::string>& problems) const;
     void compareOutput(const std::string& output, const std::optional<std::string>& image,
                        std::vector<std::string>& problems) const;
 

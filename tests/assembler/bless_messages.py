@@ -7,6 +7,7 @@
 Images are never written: they come from the language, by hand. Only a case whose output is more than the closing line
 gets a file; see README.md beside this script.
 """
+import re
 import shutil
 import subprocess
 import sys
@@ -44,7 +45,9 @@ def output_of(program, source):
         command = [program, "--input", values["input"][0], "--output", values["output"][0], *values["argument"]]
         run = subprocess.run(command, cwd=folder / settings(source)["folder"][0], stdout=subprocess.PIPE,
                              env={"NES_INCLUDE": values["include"][0]}, check=False)
-        return run.stdout.replace(name.encode(), b"@"), run.returncode
+        beside = {each.name: re.sub(rb"mtime=0x[0-9A-F]+", b"mtime=0x0", each.read_bytes())
+                  for each in (folder / "out").iterdir() if each.is_file() and each.suffix != ".nes"}
+        return run.stdout.replace(name.encode(), b"@"), run.returncode, beside
 
 
 def main(arguments):
@@ -52,10 +55,15 @@ def main(arguments):
     program, names = str(Path(arguments[show]).resolve()), arguments[show + 1:]
     for name in names:
         source = CASES / (name + ".asm")
-        output, status = output_of(program, source)
+        output, status, beside = output_of(program, source)
         print(f"=== {name} (status {status})")
         sys.stdout.flush()
         sys.stdout.buffer.write(output)
+        for file, text in sorted(beside.items()):
+            sys.stdout.buffer.write(b"--- " + file.encode() + b"\n" + text)
+            if not show:
+                source.with_suffix(".files").mkdir(exist_ok=True)
+                (source.with_suffix(".files") / file).write_bytes(text)
         if not show and not (status == 0 and output.count(b"\n") == 1) and output:
             source.with_suffix(".out").write_bytes(output)
 

@@ -39,6 +39,20 @@ TEST_F(BuilderProcess, gets_exactly_its_arguments_one_variable_and_no_input) {
                   std::filesystem::current_path().string() + "\ninput /dev/null\ngroup own\n");
 }
 
+TEST_F(BuilderProcess, gets_extra_arguments_behind_the_usual_ones) {
+    const auto builder = m_project.makeBuilder();
+    builder->setExtraArguments({"--labels", "mlb", "-W", "unused symbol"});
+    builder->build(m_outcome.buildHandler());
+    ASSERT_TRUE(waitUntil([&] { return m_outcome.calls() > 0; }));
+    const std::string folder = m_project.folder().string();
+    EXPECT_THAT(m_project.record(),
+                ::testing::StartsWith("argument --input\nargument main.asm\nargument --output\n"
+                                      "argument " +
+                                      folder +
+                                      "/output/Game.nes\nargument --labels\nargument mlb\n"
+                                      "argument -W\nargument unused symbol\nvariable "));
+}
+
 TEST_F(BuilderProcess, gets_awkward_names_unchanged_by_any_shell) {
     m_project.settings->assemblyFiles().clear();
     m_project.addSource("$(touch x) \"ma'in\" ä.asm", vectors);

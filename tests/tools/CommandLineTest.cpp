@@ -67,6 +67,42 @@ TEST(CommandLine, AnUnknownOptionIsNamedAndTheKnownOnesAreListed) {
     }
 }
 
+TEST(CommandLine, WithoutFurtherOptionsTheAssemblerGetsNoFurtherArguments) {
+    EXPECT_TRUE(CommandLine::parse({"game.kst"}).assemblerArguments.empty());
+    EXPECT_TRUE(CommandLine::parse({"--", "-v"}).assemblerArguments.empty());
+}
+
+TEST(CommandLine, TheAssemblersOptionsArePassedOnWithTheirValues) {
+    const CommandLine line = CommandLine::parse(
+        {"-v", "--labels", "mlb", "game.kst", "--labels=dbg", "-Wno-odd-number", "-W", "overwrite",
+         "-DDEBUG=1", "--max-errors", "5", "--listing=/x/game.lst", "--expand-macros"});
+    EXPECT_EQ(line.action, Action::build);
+    EXPECT_EQ(line.project, "game.kst");
+    EXPECT_THAT(line.assemblerArguments,
+                ::testing::ElementsAre("-v", "--labels", "mlb", "--labels", "dbg", "-W",
+                                       "no-odd-number", "-W", "overwrite", "-D", "DEBUG=1",
+                                       "--max-errors", "5", "--listing", "/x/game.lst",
+                                       "--expand-macros"));
+}
+
+TEST(CommandLine, TheListingsNameCountsFromWhereTheProgramWasStarted) {
+    EXPECT_THAT(CommandLine::parse({"--listing", "game.lst", "game.kst"}).assemblerArguments,
+                ::testing::ElementsAre("--listing",
+                                       (std::filesystem::current_path() / "game.lst").string()));
+}
+
+TEST(CommandLine, AnAssemblerOptionWithoutItsValueIsRefused) {
+    for (const char* option : {"--listing", "--labels", "-W", "-D", "--max-errors"}) {
+        const CommandLine line = CommandLine::parse({"game.kst", option});
+        EXPECT_EQ(line.action, Action::refuse) << option;
+        EXPECT_THAT(line.problem, HasSubstr(option));
+    }
+}
+
+TEST(CommandLine, RelocatingHasNoUseForTheAssemblersOptions) {
+    EXPECT_EQ(CommandLine::parse({"--relocate", "-v", "game.kst"}).action, Action::refuse);
+}
+
 TEST(CommandLine, AnEmptyNameIsRefused) {
     EXPECT_EQ(CommandLine::parse({""}).action, Action::refuse);
 }

@@ -82,6 +82,10 @@ TEST(CommandLine, WrongUseIsExplained) {
         {"--input", "a", "--output", "c", "-W"},
         {"--input", "a", "--output", "c", "-W", "nothing"},
         {"--input", "a", "--output", "c", "-Wno-nothing"},
+        {"--input", "a", "--output", "c", "--labels", "map"},
+        {"--input", "a", "--output", "c", "--listing", "x", "--listing", "y"},
+        {"--input", "a", "--output", "c", "--listing="},
+        {"--input", "a", "--output", "c", "--expand-macros=yes"},
         {"-"},
         {""},
     };

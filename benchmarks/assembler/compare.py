@@ -1,0 +1,156 @@
+#!/usr/bin/env python3
+"""Compares NESasm with other assemblers on equal programs.
+
+    compare.py NESASM [--rounds N] [--case NAME] [--keep FOLDER]
+
+Generates the same programs in the languages of dasm, 64tass, acme and cc65 (those that are installed), has all of them
+assemble each program in turn, round after round, and prints the medians of the time from start to end, of the
+processor's time and of the memory at its peak, with their ratios to NESasm's. The images are compared byte for byte.
+The two examples exist in NESasm's language only.
+"""
+import argparse
+import os
+import resource
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+import languages
+import programs
+
+TIME = shutil.which("time")
+EXAMPLES = Path(__file__).resolve().parents[2] / "examples"
+
+
+class Run:
+    """What one run took: seconds from start to end and of processor time."""
+
+    def __init__(self, commands, folder):
+        self.wall = self.processor = 0.0
+        self.status = 0
+        os.chdir(folder)
+        environment = {"PATH": os.environ.get("PATH", "")}
+        for command in commands:
+            start = time.perf_counter()
+            process = os.posix_spawn(command[0], command, environment, file_actions=[
+                (os.POSIX_SPAWN_OPEN, 1, "output.log", os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o644),
+                (os.POSIX_SPAWN_DUP2, 1, 2)])
+            _, status, usage = os.wait4(process, 0)
+            self.wall += time.perf_counter() - start
+            self.processor += usage.ru_utime + usage.ru_stime
+            self.status = self.status or status
+
+
+def peak_memory(commands, folder):
+    """KiB; measured below a small program, since a child's figure begins with that of who starts it."""
+    os.chdir(folder)
+    peak = 0
+    for command in commands if TIME else []:
+        subprocess.run([TIME, "-f", "%M", "-o", "memory.log", *command], stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL, check=False)
+        peak = max(peak, int(Path("memory.log").read_text().split()[-1]))
+    return peak
+
+
+def write(sources, folder):
+    for name, lines in sources.items():
+        (folder / name).write_text("\n".join(lines) + "\n")
+
+
+def difference(expected, got):
+    """Where two images differ, as a sentence; "" when they do not."""
+    if expected == got:
+        return ""
+    place = next((i for i, (a, b) in enumerate(zip(expected, got)) if a != b), min(len(expected), len(got)))
+    return f"{len(got)} instead of {len(expected)} bytes, the first difference at {place}"
+
+
+def measure(case, assemblers, rounds, base):
+    """Prints the table of one case. True when all images are the same."""
+    jobs, expected, fine = [], None, True
+    for language in assemblers:
+        folder = base / case / language.name
+        folder.mkdir(parents=True)
+        sources, banks = programs.CASES[case](language)
+        write(language.sources(sources), folder)
+        commands = language.commands(folder, "main.asm", banks)
+        if Run(commands, folder).status != 0:
+            print(f"  {language.name} does not assemble this: {(folder / 'output.log').read_text(errors='replace')[:300]}")
+            fine = fine and language.name != "NESasm"
+            continue
+        image = language.image(folder)
+        expected = image if expected is None else expected
+        if problem := difference(expected, image):
+            print(f"  {language.name} makes another image: {problem}")
+            fine = False
+        jobs.append((language.name, commands, folder, []))
+    lines = sum(map(len, programs.CASES[case](assemblers[0])[0].values()))
+    show(f"{case}: {lines} lines, {banks} banks", jobs, rounds)
+    return fine
+
+
+def show(title, jobs, rounds):
+    for _ in range(rounds):
+        for _, commands, folder, runs in jobs:
+            runs.append(Run(commands, folder))
+    print(f"{title}, {rounds} rounds")
+    print(f"  {'':10}{'start to end':>16}{'processor':>16}{'memory':>16}   as multiples of NESasm's")
+    first = None
+    for name, commands, folder, runs in jobs:
+        figures = [statistics.median(getattr(run, kind) for run in runs) for kind in ("wall", "processor")]
+        figures.append(peak_memory(commands, folder))
+        first = first or figures
+        ratios = "  ".join(f"{value / own:5.2f}" for value, own in zip(figures, first) if own)
+        print(f"  {name:10}{figures[0] * 1000:13.2f} ms{figures[1] * 1000:13.2f} ms{figures[2]:12.0f} KiB   {ratios}")
+
+
+def examples(nesasm, rounds, base):
+    """The two examples, which only NESasm can assemble."""
+    jobs = []
+    for project in sorted(EXAMPLES.iterdir()) if EXAMPLES.is_dir() else []:
+        sources = [path for path in project.rglob("*.asm")]
+        main = next((path for path in sources if "$FFFA" in path.read_text(errors="replace")), None)
+        if main is None:
+            continue
+        folder = base / "examples" / project.name
+        folder.mkdir(parents=True)
+        for path in project.rglob("*"):
+            if path.is_file():
+                shutil.copy(path, folder / path.name)
+        command = [nesasm, "--input", str(folder / main.name), "--output", "game.nes"]
+        if Run([command], folder).status == 0:
+            jobs.append((project.name, [command], folder, []))
+        else:
+            print(f"  {project.name} does not assemble")
+    if jobs:
+        show("examples", jobs, rounds)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("nesasm")
+    parser.add_argument("--rounds", type=int, default=11)
+    parser.add_argument("--case", choices=[*programs.CASES, "examples"])
+    parser.add_argument("--keep", type=Path, help="an empty folder for the generated programs")
+    arguments = parser.parse_args()
+    nesasm = str(Path(arguments.nesasm).resolve())
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    assemblers = [languages.NesAsm(nesasm), *languages.peers(shutil.which)]
+    fine = True
+    with tempfile.TemporaryDirectory() as name:
+        base = (arguments.keep or Path(name)).resolve()
+        for case in [arguments.case] if arguments.case else [*programs.CASES, "examples"]:
+            if case == "examples":
+                examples(nesasm, arguments.rounds, base)
+            else:
+                fine = measure(case, assemblers, arguments.rounds, base) and fine
+        os.chdir("/")
+    return 0 if fine else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "assembler/Options.h"
+
+#include <string>
+#include <vector>
+
+namespace nesasm {
+
+struct Assembly;
+
+/// A text file that goes with the image.
+struct SideFile {
+    std::string path;
+    std::string text;
+};
+
+/// The labels in the format that ends in .mlb (source: the label importer of the emulator that
+/// reads it). `output` is the path of the image.
+SideFile mlbFile(const Assembly& assembly, const std::string& output);
+
+/// The labels in the format that ends in .nl (source: its emulator's manual, "NL files format"):
+/// one file for RAM and one for each 16 KiB of PRG.
+std::vector<SideFile> nlFiles(const Assembly& assembly, const std::string& output);
+
+/// `path` with another ending, "game.mlb" for "game.nes".
+std::string withEnding(const std::string& path, std::string_view ending);
+
+} // namespace nesasm

@@ -1,0 +1,216 @@
+#include "assembler/Listing.h"
+
+#include "assembler/Characters.h"
+#include "assembler/Cycles.h"
+#include "assembler/Keywords.h"
+#include "assembler/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace nesasm {
+
+namespace {
+
+constexpr std::size_t kBytesInRow = 4;
+constexpr std::size_t kMostRows = 8;
+constexpr std::size_t kNumberWidth = 6;
+constexpr std::size_t kCyclesWidth = 3;
+
+std::string padded(std::string text, std::size_t width) {
+    text.insert(text.begin(), width - std::min(width, text.size()), ' ');
+    return text;
+}
+
+std::string filled(std::string text, std::size_t width) {
+    text.resize(std::max(width, text.size()), ' ');
+    return text;
+}
+
+/// Puts the lines of a run and its symbols into text.
+class ListingWriter {
+public:
+    ListingWriter(const Assembly& assembly, bool showsExpansions)
+        : m_assembly(assembly)
+        , m_records(assembly.records.all())
+        , m_showsExpansions(showsExpansions) {}
+
+    std::string text() {
+        for (std::size_t i = 0; i < m_records.size(); ++i) {
+            const LineRecord& record = m_records[i];
+            if (record.isListed && (m_showsExpansions || !isExpansion(record)))
+                addLine(i);
+        }
+        addSymbols();
+        return std::move(m_text);
+    }
+
+private:
+    bool isExpansion(const LineRecord& record) const {
+        return m_assembly.origins[record.origin].kind != Origin::Kind::File;
+    }
+
+    void addLine(std::size_t index) {
+        const LineRecord& record = m_records[index];
+        addFileLine(record);
+        const std::vector<std::uint8_t> bytes = bytesOf(index);
+        std::string cycles;
+        // One instruction is at most three bytes; longer data just may look like one.
+        if (record.isStatement && isInstruction(record) && !bytes.empty())
+            cycles = cyclesText(bytes[0]);
+        const LineRecord& place = placeOf(index);
+        const bool hasPlace = !bytes.empty() || (record.isStatement && !isBlankLine(record.text));
+        const std::size_t rows =
+            std::max<std::size_t>(1, (bytes.size() + kBytesInRow - 1) / kBytesInRow);
+        for (std::size_t row = 0; row < std::min(rows, kMostRows); ++row) {
+            std::string line = row == 0 ? padded(std::to_string(record.number), kNumberWidth)
+                                        : std::string(kNumberWidth, ' ');
+            line += isExpansion(record) ? '+' : ' ';
+            line += placeText(place, hasPlace, row * kBytesInRow);
+            line += filled(rowText(bytes, row), 3 * kBytesInRow + 1);
+            line += filled(row == 0 ? cycles : "", kCyclesWidth + 1);
+            if (row == 0)
+                line += sourceText(record.text);
+            addTrimmed(line);
+        }
+        if (rows > kMostRows)
+            addTrimmed(std::string(kNumberWidth + 1, ' ') + "... " + counted(bytes.size(), "byte"));
+    }
+
+    void addFileLine(const LineRecord& record) {
+        const Origin& origin = m_assembly.origins[record.origin];
+        if (origin.kind != Origin::Kind::File || record.origin == m_file)
+            return;
+        m_file = record.origin;
+        m_text += "--- " + printable(origin.file);
+        if (origin.parent != kNoOrigin)
+            m_text += ", included at " + printable(m_assembly.origins[origin.parent].file) + ":" +
+                      std::to_string(origin.callLine);
+        m_text += '\n';
+    }
+
+    /// The bytes of a line and, where expansions are not shown, of those that it led to.
+    std::vector<std::uint8_t> bytesOf(std::size_t index) const {
+        std::vector<std::uint8_t> bytes;
+        append(m_records[index], bytes);
+        if (m_showsExpansions)
+            return bytes;
+        for (std::size_t i = index + 1; i < m_records.size() && isExpansion(m_records[i]); ++i)
+            append(m_records[i], bytes);
+        return bytes;
+    }
+
+    /// The line whose bytes come first among those that bytesOf gives.
+    const LineRecord& placeOf(std::size_t index) const {
+        if (m_records[index].size != 0 || m_showsExpansions)
+            return m_records[index];
+        for (std::size_t i = index + 1; i < m_records.size() && isExpansion(m_records[i]); ++i)
+            if (m_records[i].size != 0)
+                return m_records[i];
+        return m_records[index];
+    }
+
+    void append(const LineRecord& record, std::vector<std::uint8_t>& bytes) const {
+        if (!record.isStatement || record.isRam)
+            return;
+        std::uint32_t bank = record.bank;
+        std::uint32_t offset = record.offset;
+        for (std::uint32_t left = record.size; left != 0; --left, ++offset) {
+            if (offset == kBankSize) {
+                ++bank;
+                offset = 0;
+            }
+            const std::uint8_t* const content = m_assembly.image.bytes(bank);
+            bytes.push_back(content == nullptr ? 0xFF : content[offset]);
+        }
+    }
+
+    static bool isBlankLine(const char* text) { return endsStatement(*skipBlanks(text)); }
+
+    /// True when the statement of the line is an instruction.
+    bool isInstruction(const LineRecord& record) const {
+        if (record.size == 0 || record.size > 3)
+            return false;
+        const char* p = skipBlanks(record.text);
+        for (bool isFirst = p == record.text; startsName(p); isFirst = false) {
+            const char* const end = wordEnd(p);
+            const std::string_view word(p, static_cast<std::size_t>(end - p));
+            if (*end != ':' && findKeyword(word).kind == Keyword::Kind::Instruction)
+                return true;
+            if (*end != ':' && !isFirst)
+                return false;
+            p = skipBlanks(*end == ':' ? end + 1 : end);
+        }
+        return false;
+    }
+
+    std::string placeText(const LineRecord& record, bool hasPlace, std::size_t behind) const {
+        if (!hasPlace)
+            return "          ";
+        std::string text = padded(record.isRam ? "" : std::to_string(record.bank), 3) + ":";
+        text +=
+            hexText((record.address + static_cast<std::uint32_t>(behind)) & 0xFFFFU, 4).substr(1);
+        return text + "  ";
+    }
+
+    static std::string rowText(const std::vector<std::uint8_t>& bytes, std::size_t row) {
+        std::string text;
+        const std::size_t end = std::min(bytes.size(), (row + 1) * kBytesInRow);
+        for (std::size_t i = row * kBytesInRow; i < end; ++i)
+            text += hexText(bytes[i], 2).substr(1) + " ";
+        return text;
+    }
+
+    static std::string sourceText(const char* text) {
+        return printable({text, static_cast<std::size_t>(lineEnd(text) - text)}, true);
+    }
+
+    void addTrimmed(std::string line) {
+        while (!line.empty() && isBlank(line.back()))
+            line.pop_back();
+        m_text += line += '\n';
+    }
+
+    void addSymbols() {
+        const SymbolTable& symbols = m_assembly.symbols;
+        std::vector<std::pair<std::string, SymbolId>> sorted;
+        for (SymbolId id = 1; id < symbols.size(); ++id)
+            if (symbols[id].isKnown)
+                sorted.emplace_back(shownName(id), id);
+        std::sort(sorted.begin(), sorted.end());
+        m_text += "\nSymbols: value, bank, uses, name, where it is defined\n";
+        for (const auto& [name, id] : sorted) {
+            const Symbol& symbol = symbols[id];
+            const auto value = static_cast<std::uint32_t>(symbol.value);
+            std::string line = padded(hexText(value, 4), 9) + " ";
+            line +=
+                padded(symbol.isLabel && symbol.bank >= 0 ? std::to_string(symbol.bank) : "", 3);
+            line += padded(std::to_string(symbol.uses), 6) + "  " + printable(name);
+            if (symbol.origin != kNoOrigin)
+                line += "  " + printable(m_assembly.origins[symbol.origin].file) + ":" +
+                        std::to_string(symbol.line);
+            m_text += line += '\n';
+        }
+    }
+
+    std::string shownName(SymbolId id) const {
+        const Symbol& symbol = m_assembly.symbols[id];
+        const bool isLocal = symbol.name.starts_with('.') && symbol.scope != 0;
+        return (isLocal ? std::string(m_assembly.symbols[symbol.scope].name) : std::string()) +
+               std::string(symbol.name);
+    }
+
+    const Assembly& m_assembly;
+    const std::vector<LineRecord>& m_records;
+    bool m_showsExpansions;
+    OriginId m_file = kNoOrigin;
+    std::string m_text;
+};
+
+} // namespace
+
+std::string listingText(const Assembly& assembly, bool showsExpansions) {
+    return ListingWriter(assembly, showsExpansions).text();
+}
+
+} // namespace nesasm

@@ -1,0 +1,2 @@
+sub.one:
+	rts
