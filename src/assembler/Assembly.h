@@ -46,7 +46,7 @@ struct Assembly {
     Conditionals conditionals;
     Image image;
     Deferred deferred;
-    LineRecords records; ///< while `recordsLines`
+    LineRecords records{arena, origins}; ///< while `recordsLines`
     std::vector<Macro> macros;
     std::vector<Definition> definitions; ///< only when unused symbols are to be reported
     std::uint32_t expansions = 0;

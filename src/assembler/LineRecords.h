@@ -1,5 +1,8 @@
 #pragma once
 
+#include "assembler/Arena.h"
+#include "assembler/Image.h"
+#include "assembler/Origins.h"
 #include "assembler/Position.h"
 #include "assembler/SourceStack.h"
 
@@ -7,8 +10,6 @@
 #include <vector>
 
 namespace nesasm {
-
-struct Assembly;
 
 /// One source line that was read, and the place of the bytes it made.
 struct LineRecord {
@@ -29,18 +30,25 @@ struct LineRecord {
 /// debuggers.
 class LineRecords {
 public:
-    /// The present line, before its statement; its text and origin are kept.
-    void begin(Assembly& assembly);
+    /// Texts that do not last are kept in `arena`, and the origins of all lines in `origins`.
+    LineRecords(Arena& arena, Origins& origins)
+        : m_arena(arena)
+        , m_origins(origins) {}
+
+    /// A line that is only read, from `file`.
+    void add(const Line& line, const SourceFile* file);
+    /// A line with a statement, before that is assembled.
+    void begin(const Line& line, const SourceFile* file, const Image& image);
     /// The same line, behind its statement.
-    void end(const Assembly& assembly);
-    /// A line that is only read.
-    void add(Assembly& assembly, const Line& line);
+    void end(const Image& image);
 
     void list(bool on) { m_isListed = on; }
 
     const std::vector<LineRecord>& all() const { return m_records; }
 
 private:
+    Arena& m_arena;
+    Origins& m_origins;
     std::vector<LineRecord> m_records;
     std::size_t m_current = 0;
     std::uint64_t m_totalBefore = 0;

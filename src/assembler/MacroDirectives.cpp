@@ -142,7 +142,7 @@ bool MacroDirectives::collect(Directive opening, Directive closing, const char* 
             return false;
         }
         if (m_assembly.recordsLines)
-            m_assembly.records.add(m_assembly, line);
+            m_assembly.records.add(line, frame.passage.file);
         const char* word = line.begin;
         const auto directive = directiveOf(line.begin, word);
         if (directive == opening)

@@ -69,14 +69,15 @@ void StatementAssembler::line() {
         assembleLine();
         return;
     }
+    const SourceFile* const file = m_assembly.sources.top().passage.file;
     if (m_assembly.conditionals.skips()) {
-        m_assembly.records.add(m_assembly, m_assembly.line);
+        m_assembly.records.add(m_assembly.line, file);
         assembleLine();
         return;
     }
-    m_assembly.records.begin(m_assembly);
+    m_assembly.records.begin(m_assembly.line, file, m_assembly.image);
     assembleLine();
-    m_assembly.records.end(m_assembly);
+    m_assembly.records.end(m_assembly.image);
 }
 
 void StatementAssembler::assembleLine() {
