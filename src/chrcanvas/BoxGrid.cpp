@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace kestrel {
 
-BoxGrid::BoxGrid(const std::vector<int>& counts, int boxesPerRow, int left, int boxSize)
-    : m_counts(counts)
+BoxGrid::BoxGrid(std::vector<int> counts, int boxesPerRow, int left, int boxSize)
+    : m_counts(std::move(counts))
     , m_boxesPerRow(std::max(1, boxesPerRow))
     , m_left(left)
     , m_boxSize(boxSize) {

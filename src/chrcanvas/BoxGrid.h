@@ -19,7 +19,7 @@ public:
 
     /// `counts` are the numbers of boxes of the palettes; `boxesPerRow` is at least 1. The boxes
     /// begin `left` units from the left and are `boxSize` wide and high.
-    BoxGrid(const std::vector<int>& counts, int boxesPerRow, int left, int boxSize);
+    BoxGrid(std::vector<int> counts, int boxesPerRow, int left, int boxSize);
 
     QSize size() const;
     int boxSize() const { return m_boxSize; }
