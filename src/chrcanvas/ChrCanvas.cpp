@@ -15,6 +15,7 @@ constexpr TileRenderer::Colors Greys = {0xFFFFFFFF, 0xFFB8B8B8, 0xFF626262, 0xFF
 constexpr int SmallestFittingZoom = 4;
 constexpr int LargestZoom = 64;
 constexpr QSize PreferredSize(360, 360);
+constexpr QSize SmallestSize(220, 120);
 
 } // namespace
 
@@ -94,6 +95,10 @@ QString ChrCanvas::accessibleValue() const {
 
 QSize ChrCanvas::sizeHint() const {
     return PreferredSize;
+}
+
+QSize ChrCanvas::minimumSizeHint() const {
+    return SmallestSize;
 }
 
 QSize ChrCanvas::pictureSize() const {

@@ -79,6 +79,7 @@ public:
     QAccessible::Role accessibleRole() const override { return QAccessible::Canvas; }
     QString accessibleValue() const override;
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     /// The user chose a colour here, by key or from a pixel; currentColorBox is it already.

@@ -54,7 +54,10 @@ QRect screenRect(const QWidget& widget, const QRect& rect) {
                          static_cast<int>(std::floor(rect.top() * scale)) - room);
     const QPoint end(static_cast<int>(std::ceil((rect.right() + 1) * scale)) + room,
                      static_cast<int>(std::ceil((rect.bottom() + 1) * scale)) + room);
-    return {topLeft, end - QPoint(1, 1)};
+    // What lies beside the widget belongs to its neighbours.
+    const QRect whole(0, 0, static_cast<int>(std::ceil(widget.width() * scale)),
+                      static_cast<int>(std::ceil(widget.height() * scale)));
+    return QRect(topLeft, end - QPoint(1, 1)) & whole;
 }
 
 int thinLine(const QWidget& widget) {

@@ -21,7 +21,8 @@ QSize screenSize(const QWidget& widget, const QSize& size);
 QPoint screenPosition(const QWidget& widget, const QPointF& position);
 
 /// The smallest rectangle in the toolkit's units that holds a rectangle of pixels, and the smallest
-/// of pixels that holds one of units. With room for how the widget's corner is rounded.
+/// of the widget's pixels that holds one of units. With room for how the widget's corner is
+/// rounded.
 QRect widgetRect(const QWidget& widget, const QRect& screen);
 QRect screenRect(const QWidget& widget, const QRect& rect);
 

@@ -20,6 +20,9 @@ namespace {
 constexpr TileRenderer::Colors Greys = {0xFFFFFFFF, 0xFFB8B8B8, 0xFF626262, 0xFF000000};
 constexpr int PreferredZoom = 3;
 constexpr int PreferredRows = 20;
+constexpr int SmallestRows = 8;
+/// Grey enough to be seen on each of the colours, faint enough to leave them what they are.
+constexpr QColor GridColor(0x80, 0x80, 0x80, 0x48);
 
 } // namespace
 
@@ -45,6 +48,11 @@ void TileCollection::setTileData(std::shared_ptr<TileData> tiles) {
 
 void TileCollection::setPalette(const PaletteProtocol& palette) {
     m_renderer = TileRenderer(paletteColors(palette));
+    viewport()->update();
+}
+
+void TileCollection::setGridShown(bool shown) {
+    m_grid = shown;
     viewport()->update();
 }
 
@@ -143,11 +151,18 @@ QString TileCollection::accessibleValue() const {
                : tr("%1, %2 columns and %3 rows").arg(first).arg(columns).arg(rows.size());
 }
 
-QSize TileCollection::sizeHint() const {
-    const int side = TileSide * PreferredZoom;
+QSize TileCollection::sizeFor(int zoom, int rows) const {
     const int around = 2 * frameWidth();
-    return {TilesPerRow * side + verticalScrollBar()->sizeHint().width() + around,
-            PreferredRows * side + around};
+    return {TilesPerRow * TileSide * zoom + verticalScrollBar()->sizeHint().width() + around,
+            rows * TileSide * zoom + around};
+}
+
+QSize TileCollection::sizeHint() const {
+    return sizeFor(PreferredZoom, PreferredRows);
+}
+
+QSize TileCollection::minimumSizeHint() const {
+    return sizeFor(1, SmallestRows);
 }
 
 QRect TileCollection::cellsOnScreen(const QRect& cells) const {
@@ -223,7 +238,9 @@ void TileCollection::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     countInScreenPixels(painter);
     for (const QRect& rect : event->region()) {
-        drawTiles(painter, screenRect(*viewport(), rect));
+        const QRect screen = screenRect(*viewport(), rect);
+        drawTiles(painter, screen);
+        drawGrid(painter, screen);
     }
     drawMark(painter);
 }
@@ -238,6 +255,26 @@ void TileCollection::drawTiles(QPainter& painter, const QRect& screen) {
                         }};
     m_painter.draw(painter, m_renderer, area, screen,
                    viewport()->palette().color(QPalette::Button));
+}
+
+void TileCollection::drawGrid(QPainter& painter, const QRect& screen) const {
+    if (!m_grid || m_zoom == 1) {
+        return;
+    }
+    const int size = tileSize();
+    const int width = thinLine(*viewport());
+    const QRect grid = cellsOnScreen({0, 0, TilesPerRow, rowCount()}) & screen;
+    for (int column = 1; column < TilesPerRow && !grid.isEmpty(); ++column) {
+        painter.fillRect(QRect(column * size - width, grid.top(), width, grid.height()) & grid,
+                         GridColor);
+    }
+    const int scrolled = verticalScrollBar()->value();
+    const int last = (grid.bottom() + scrolled) / size + 1;
+    for (int row = (grid.top() + scrolled) / size; row <= last && !grid.isEmpty(); ++row) {
+        painter.fillRect(QRect(grid.left(), row * size - scrolled - width, grid.width(), width) &
+                             grid,
+                         GridColor);
+    }
 }
 
 void TileCollection::drawMark(QPainter& painter) const {

@@ -39,6 +39,9 @@ public:
     using QAbstractScrollArea::setPalette;
     void setPalette(const PaletteProtocol& palette);
 
+    /// Shows faint lines between the tiles, or hides them.
+    void setGridShown(bool shown);
+
     /// Draws all tiles again, and selects the tile that selectTile() was asked for in vain.
     virtual void reloadTiles();
 
@@ -69,6 +72,7 @@ public:
     QAccessible::Role accessibleRole() const override { return QAccessible::Canvas; }
     QString accessibleValue() const override;
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
     /// The pointer is over another tile; -1 when it is over none.
@@ -99,7 +103,9 @@ private:
     void setHovered(int number);
     void repaintCells(const QRect& cells);
     void drawTiles(QPainter& painter, const QRect& screen);
+    void drawGrid(QPainter& painter, const QRect& screen) const;
     void drawMark(QPainter& painter) const;
+    QSize sizeFor(int zoom, int rows) const;
 
     TileCollectionDelegate* m_delegate = nullptr;
     std::shared_ptr<TileData> m_tiles;
@@ -110,6 +116,7 @@ private:
     int m_hovered = TileSelection::None;
     int m_zoom = 1;
     bool m_dragging = false;
+    bool m_grid = true;
 };
 
 } // namespace kestrel

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QRegion>
 
-#include <algorithm>
+#include <cstddef>
 
 namespace kestrel {
 
@@ -29,7 +29,9 @@ void TilePainter::draw(QPainter& painter, const TileRenderer& renderer, const Ti
                 reinterpret_cast<std::uint32_t*>(m_buffer.scanLine((row - cells.top()) * size));
             for (int column = cells.left(); column <= cells.right(); ++column) {
                 if (const TileBytes* tile = area.tileAt(column, row)) {
-                    renderer.draw(*tile, area.zoom, line + (column - cells.left()) * size, stride);
+                    renderer.draw(
+                        *tile, area.zoom,
+                        line + static_cast<std::ptrdiff_t>(size) * (column - cells.left()), stride);
                 } else {
                     empty += QRect(area.origin + QPoint(column, row) * size, QSize(size, size));
                 }

@@ -47,8 +47,10 @@ void TilePicture::apply(TileTransformation transformation) {
         break;
     case TileTransformation::flipVertically:
         for (int y = 0; y < m_height / 2; ++y) {
-            std::swap_ranges(m_pixels.begin() + y * m_width, m_pixels.begin() + (y + 1) * m_width,
-                             m_pixels.begin() + (m_height - 1 - y) * m_width);
+            const auto upper = m_pixels.begin() + static_cast<std::ptrdiff_t>(index(0, y));
+            const auto lower =
+                m_pixels.begin() + static_cast<std::ptrdiff_t>(index(0, m_height - 1 - y));
+            std::swap_ranges(upper, upper + m_width, lower);
         }
         break;
     case TileTransformation::rotate:

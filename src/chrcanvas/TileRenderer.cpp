@@ -6,8 +6,7 @@
 namespace kestrel {
 
 TileRenderer::TileRenderer(const Colors& colors)
-    : m_colors(colors)
-    , m_fourPixels() {
+    : m_colors(colors) {
     for (unsigned bits = 0; bits < m_fourPixels.size(); ++bits) {
         for (unsigned x = 0; x < 4; ++x) {
             const unsigned low = bits >> (3 - x) & 1U;

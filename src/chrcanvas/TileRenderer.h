@@ -28,7 +28,7 @@ private:
 
     Colors m_colors;
     std::array<FourPixels, 256>
-        m_fourPixels; ///< index: four bits of the high plane, four of the low
+        m_fourPixels{}; ///< index: four bits of the high plane, four of the low
 };
 
 } // namespace kestrel

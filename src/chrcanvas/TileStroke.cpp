@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace kestrel {
 
-TileStroke::TileStroke(TileData& tiles, const TileShape& shape, int value, int x, int y)
+TileStroke::TileStroke(TileData& tiles, TileShape shape, int value, int x, int y)
     : m_tiles(&tiles)
-    , m_shape(shape)
+    , m_shape(std::move(shape))
     , m_value(value)
     , m_x(x)
     , m_y(y) {

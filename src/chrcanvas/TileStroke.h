@@ -15,7 +15,7 @@ namespace kestrel {
 class TileStroke {
 public:
     /// Paints in `tiles`, which lives as long as the stroke, with `value`, 0 to 3.
-    TileStroke(TileData& tiles, const TileShape& shape, int value, int x, int y);
+    TileStroke(TileData& tiles, TileShape shape, int value, int x, int y);
 
     /// The tiles that the last step changed, each once, in ascending order.
     const std::vector<int>& changedTiles() const { return m_changed; }

@@ -1,6 +1,7 @@
 #include "graphics/GraphicsActions.h"
 
 #include "chrcanvas/ChrCanvas.h"
+#include "chrcanvas/TileCollection.h"
 #include "icons/Icons.h"
 
 #include <QAction>
@@ -38,13 +39,16 @@ QKeySequence withShift(Qt::Key key) {
 
 } // namespace
 
-GraphicsActions::GraphicsActions(ChrCanvas& canvas, QObject* parent)
+GraphicsActions::GraphicsActions(ChrCanvas& canvas, TileCollection& viewer, QObject* parent)
     : QObject(parent)
-    , m_canvas(&canvas) {
+    , m_canvas(&canvas)
+    , m_viewer(&viewer) {
     addTools();
     addSeparator(m_editActions);
     addTransformations();
-    addViewActions();
+    addGrids();
+    addSeparator(m_viewActions);
+    addZoom();
 }
 
 void GraphicsActions::addSeparator(QList<QAction*>& actions) {
@@ -129,27 +133,25 @@ void GraphicsActions::addTransformations() {
     }
 }
 
-void GraphicsActions::addViewActions() {
-    struct Grid {
-        Command command;
-        void (ChrCanvas::*show)(bool);
-    };
-    const Grid grids[] = {
-        {{"pixelGrid", QT_TR_NOOP("&Pixel Grid"), QT_TR_NOOP("Lines between the pixels"),
-          QKeySequence(Qt::CTRL | Qt::Key_G)},
-         &ChrCanvas::setPixelGridShown},
-        {{"tileGrid", QT_TR_NOOP("&Tile Grid"), QT_TR_NOOP("Lines between the tiles"),
-          withShift(Qt::Key_G)},
-         &ChrCanvas::setTileGridShown},
-    };
-    for (const Grid& grid : grids) {
-        QAction* action = makeAction(grid.command, this);
+void GraphicsActions::addGrids() {
+    const auto add = [this](const Command& command) {
+        QAction* action = makeAction(command, this);
         action->setCheckable(true);
         action->setChecked(true);
-        connect(action, &QAction::toggled, m_canvas, grid.show);
         m_viewActions.append(action);
-    }
-    addSeparator(m_viewActions);
+        return action;
+    };
+    const QAction* pixels =
+        add({"pixelGrid", QT_TR_NOOP("&Pixel Grid"), QT_TR_NOOP("Lines between the pixels"),
+             QKeySequence(Qt::CTRL | Qt::Key_G)});
+    connect(pixels, &QAction::toggled, m_canvas, &ChrCanvas::setPixelGridShown);
+    const QAction* tiles = add({"tileGrid", QT_TR_NOOP("&Tile Grid"),
+                                QT_TR_NOOP("Lines between the tiles"), withShift(Qt::Key_G)});
+    connect(tiles, &QAction::toggled, m_canvas, &ChrCanvas::setTileGridShown);
+    connect(tiles, &QAction::toggled, m_viewer, &TileCollection::setGridShown);
+}
+
+void GraphicsActions::addZoom() {
     struct Zoom {
         Command command;
         void (ChrCanvas::*change)();

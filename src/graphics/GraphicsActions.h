@@ -8,14 +8,16 @@ class QAction;
 namespace kestrel {
 
 class ChrCanvas;
+class TileCollection;
 
 /// The commands of the graphics pane: tools, transformations of the selected tiles, grids, zoom.
 class GraphicsActions : public QObject {
     Q_OBJECT
 
 public:
-    /// Commands for a pixel editor, which lives as long as they do; `parent` owns them.
-    GraphicsActions(ChrCanvas& canvas, QObject* parent);
+    /// Commands for a pixel editor and the tile viewer beside it, which live as long as they do;
+    /// `parent` owns them.
+    GraphicsActions(ChrCanvas& canvas, TileCollection& viewer, QObject* parent);
 
     /// For the Edit and the View menu and the row of tools, separators included.
     const QList<QAction*>& editActions() const { return m_editActions; }
@@ -24,10 +26,12 @@ public:
 private:
     void addTools();
     void addTransformations();
-    void addViewActions();
+    void addGrids();
+    void addZoom();
     void addSeparator(QList<QAction*>& actions);
 
     ChrCanvas* m_canvas;
+    TileCollection* m_viewer;
     QList<QAction*> m_editActions;
     QList<QAction*> m_viewActions;
 };

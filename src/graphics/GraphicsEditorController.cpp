@@ -262,7 +262,7 @@ void GraphicsEditorController::undoOrRedo(EditCommand command) {
         changed = command == EditCommand::undo ? editor.undo() : editor.redo();
         return changed;
     });
-    const TileShape shown = pixelEditor->editor().shape();
+    const TileShape& shown = pixelEditor->editor().shape();
     if (std::any_of(changed.begin(), changed.end(),
                     [&shown](int number) { return !shown.cellOf(number); })) {
         // What is undone out of sight is selected, so that it can be seen.

@@ -43,7 +43,7 @@ GraphicsEditorView::GraphicsEditorView(QWidget* parent)
     , m_fileName(new QLabel(this))
     , m_tileInfo(new QLabel(this))
     , m_message(new QLabel(this))
-    , m_actions(new GraphicsActions(*m_pixelEditor, this)) {
+    , m_actions(new GraphicsActions(*m_pixelEditor, *m_tileViewer, this)) {
     nameViews();
     QToolBar* toolBar = makeToolBar();
     layOut(toolBar);
@@ -64,9 +64,10 @@ void GraphicsEditorView::nameViews() {
     name(*m_pixelEditor, "pixelEditor", tr("Pixel editor"));
     name(*m_colorSelector, "colorSelector", tr("Colours to paint with"));
     name(*m_saveButton, "saveButton", tr("Save the tiles"));
-    name(*m_fileName, "graphicsFileName", tr("File shown"));
-    name(*m_tileInfo, "tileInfo", tr("Tile under the pointer"));
-    name(*m_message, "graphicsMessage", tr("Message"));
+    // Labels have no accessible names, which would be read out in place of what they say.
+    m_fileName->setObjectName(QStringLiteral("graphicsFileName"));
+    m_tileInfo->setObjectName(QStringLiteral("tileInfo"));
+    m_message->setObjectName(QStringLiteral("graphicsMessage"));
     m_saveButton->setToolTip(
         tr("Save the tiles (%1)")
             .arg(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText)));

@@ -3,6 +3,7 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <cstddef>
 
 namespace kestrel {
 
@@ -77,7 +78,8 @@ QImage TileClipboard::image(const TileClip& clip, const TileRenderer::Colors& co
     for (int row = 0; row < clip.rows; ++row) {
         auto* line = reinterpret_cast<std::uint32_t*>(image.scanLine(row * TileSide));
         for (int column = 0; column < clip.columns; ++column) {
-            renderer.draw(*tile++, 1, line + column * TileSide, stride);
+            renderer.draw(*tile++, 1, line + static_cast<std::ptrdiff_t>(TileSide) * column,
+                          stride);
         }
     }
     return image;
