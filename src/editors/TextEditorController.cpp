@@ -1,12 +1,16 @@
 #include "editors/TextEditorController.h"
 
 #include "editors/CodeEditorTextView.h"
+#include "editors/FindBar.h"
+#include "editors/GoToLineBar.h"
 #include "editors/SourceCodec.h"
+#include "editors/TextEditorActions.h"
 #include "model/FileProcessor.h"
 #include "model/FileReader.h"
 #include "model/Log.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
@@ -32,7 +36,11 @@ TextEditorController::TextEditorController(QWidget* parent)
     : QWidget(parent)
     , codeEditor(new CodeEditorTextView(this))
     , saveButton(new QPushButton(tr("Save"), this))
-    , m_nameLabel(new QLabel(this)) {
+    , m_nameLabel(new QLabel(this))
+    , m_findBar(new FindBar(*codeEditor, this))
+    , m_goToLineBar(new GoToLineBar(*codeEditor, this))
+    , m_actions(
+          std::make_unique<TextEditorActions>(*codeEditor, *m_findBar, *m_goToLineBar, *this)) {
     setObjectName(QStringLiteral("textEditor"));
     setAccessibleName(tr("Code editor"));
     m_nameLabel->setObjectName(QStringLiteral("textFileName"));
@@ -42,7 +50,14 @@ TextEditorController::TextEditorController(QWidget* parent)
     saveButton->setObjectName(QStringLiteral("saveButton"));
     saveButton->setAccessibleName(tr("Save"));
     saveButton->setToolTip(tr("Save this file (Ctrl+S)"));
+    buildLayout();
+    setFocusProxy(codeEditor);
+    viewDidLoad();
+}
 
+TextEditorController::~TextEditorController() = default;
+
+void TextEditorController::buildLayout() {
     auto* header = new QHBoxLayout;
     header->setContentsMargins(8, 4, 8, 4);
     header->addWidget(m_nameLabel, 1);
@@ -52,8 +67,8 @@ TextEditorController::TextEditorController(QWidget* parent)
     layout->setSpacing(0);
     layout->addLayout(header);
     layout->addWidget(codeEditor, 1);
-    setFocusProxy(codeEditor);
-    viewDidLoad();
+    layout->addWidget(m_findBar);
+    layout->addWidget(m_goToLineBar);
 }
 
 void TextEditorController::viewDidLoad() {
@@ -111,16 +126,26 @@ const std::optional<std::filesystem::path>& TextEditorController::path() const {
     return m_path;
 }
 
+void TextEditorController::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && m_findBar->isVisible()) {
+        m_findBar->closeBar();
+    } else if (event->key() == Qt::Key_Escape && m_goToLineBar->isVisible()) {
+        m_goToLineBar->closeBar();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
 void TextEditorController::savePane() {
     saveFile();
 }
 
 QList<QAction*> TextEditorController::editActions() const {
-    return {};
+    return m_actions->edit;
 }
 
 QList<QAction*> TextEditorController::viewActions() const {
-    return {};
+    return m_actions->view;
 }
 
 } // namespace kestrel

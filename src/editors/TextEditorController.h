@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 
 class QLabel;
@@ -14,6 +15,9 @@ class QPushButton;
 namespace kestrel {
 
 class CodeEditorTextView;
+class FindBar;
+class GoToLineBar;
+struct TextEditorActions;
 
 /// The pane for an assembly source file.
 class TextEditorController : public QWidget, public EditorPane {
@@ -21,6 +25,7 @@ class TextEditorController : public QWidget, public EditorPane {
 
 public:
     explicit TextEditorController(QWidget* parent = nullptr);
+    ~TextEditorController() override;
 
     QPointer<CodeEditorTextView> codeEditor;
     QPointer<QPushButton> saveButton;
@@ -41,13 +46,20 @@ public:
     QList<QAction*> editActions() const override;
     QList<QAction*> viewActions() const override;
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
+    void buildLayout();
     void viewDidLoad();
     void showText(const std::filesystem::path& path, const QString& text);
 
     std::optional<std::filesystem::path> m_path;
     bool m_byteOrderMark = false;
     QLabel* m_nameLabel;
+    FindBar* m_findBar;
+    GoToLineBar* m_goToLineBar;
+    std::unique_ptr<TextEditorActions> m_actions;
 };
 
 } // namespace kestrel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace kestrel {
+
+/// The bar below a text view that asks for a line and goes there.
+class GoToLineBar : public QWidget {
+    Q_OBJECT
+
+public:
+    /// A hidden bar for `view`, which must outlive it.
+    GoToLineBar(QPlainTextEdit& view, QWidget* parent);
+
+    /// Shows the bar with the caret's line.
+    void open();
+
+    /// Hides the bar and returns to the text.
+    void closeBar();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void go();
+
+    QPlainTextEdit& m_view;
+    QLineEdit* m_lineEdit;
+    QLabel* m_countLabel;
+};
+
+} // namespace kestrel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QList>
+
+class QAction;
+class QObject;
+
+namespace kestrel {
+
+class CodeEditorTextView;
+class FindBar;
+class GoToLineBar;
+
+/// The code editor's own commands for the window's menus.
+struct TextEditorActions {
+    /// Makes the actions as children of `owner`; the widgets must live as long as it.
+    TextEditorActions(CodeEditorTextView& editor, FindBar& findBar, GoToLineBar& goToLineBar,
+                      QObject& owner);
+
+    QList<QAction*> edit;
+    QList<QAction*> view;
+};
+
+} // namespace kestrel
