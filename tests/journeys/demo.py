@@ -1,0 +1,205 @@
+"""The way from an empty home folder to a running game: the project "Demo", made, filled and saved step by step."""
+from desktop import wait_for
+from support import PROGRAM
+
+COLOUR = 0x21  # the colour that is chosen in the first palette, the index of a light blue
+FILES = (("NES Text Assembly", "main.asm"), ("Graphics Data", "tiles.chr"), ("Palette Data", "colours.pal"))
+
+
+class DemoByMouse:
+    """Makes the project by mouse, and by keys where something is typed."""
+
+    def __init__(self, journey):
+        self.journey = journey
+        self.kestrel = journey.kestrel
+        self.desktop = journey.desktop
+        self.folder = journey.project_folder("Demo")
+
+    def steps(self):
+        """The steps in order. After each what it made is on disk."""
+        return [self.make_project, *[lambda file=file: self.make_file(*file) for file in FILES], self.write_program,
+                self.paint_tile, self.choose_colour]
+
+    def make_project(self):
+        self.kestrel.choose_command("File", "New Project...")
+        self.kestrel.finish_wizard("Demo")
+        self.kestrel.wait_for_row("Demo")
+        wait_for("the project's file", (self.folder / "Demo.kst").is_file)
+
+    def make_file(self, kind, name):
+        self.kestrel.choose_command("File", "New File...")
+        self.kestrel.choose_kind(kind)
+        self.kestrel.finish_wizard(name)
+        wait_for(f"{name} on disk", (self.folder / name).is_file)
+        if not self.kestrel.row(name):
+            self.kestrel.expand("Demo")
+        self.kestrel.wait_for_row(name)
+        wait_for(f"{name} in the saved tree",
+                 lambda: name in [child[0] for child in self.journey.structure("Demo")[2]])
+
+    def write_program(self):
+        self.kestrel.select("main.asm")
+        self.kestrel.type_code(PROGRAM)
+        self.save()
+        self.journey.wait_for_file(self.folder / "main.asm", PROGRAM.encode())
+
+    def paint_tile(self):
+        """Gives one pixel of the first tile the last colour."""
+        self.kestrel.select("tiles.chr")
+        pane = self.kestrel.wait_for_pane("Tile graphics")
+        colours = wait_for("the colours", lambda: [item for item in pane.find_all("list item")
+                                                   if item.name.startswith("Colour 3 ")])
+        self.desktop.click(colours[0])
+        left, top, width, height = pane.find("canvas", "Pixel editor").place()
+        # The picture of the tile stands in the middle.
+        self.desktop.xdotool("mousemove", "--sync", left + width // 2 - 8, top + height // 2 - 8, "click", 1)
+        self.save_tiles()
+
+    def save_tiles(self):
+        self.save()
+        wait_for("the painted tile on disk", lambda: any((self.folder / "tiles.chr").read_bytes()))
+
+    def choose_colour(self):
+        self.kestrel.select("colours.pal")
+        pane = self.kestrel.wait_for_pane("Palettes")
+        boxes = wait_for("all colours", lambda: [item for item in pane.find_all("list item")
+                                                 if item.name.startswith(f"Index ${COLOUR:02X},")])
+        # The first choice after the program's start changes nothing.
+        self.desktop.click(boxes[-1])
+        self.desktop.click(boxes[-1])
+        self.save_colour()
+
+    def save_colour(self):
+        self.save()
+        wait_for("the chosen colour on disk", lambda: COLOUR in (self.folder / "colours.pal").read_bytes())
+
+    def save(self):
+        self.kestrel.choose_command("File", "Save")
+
+    def choose_emulator(self, emulator):
+        self.kestrel.select("Demo")
+        self.kestrel.choose_emulator(emulator)
+        wait_for("the emulator to be saved", lambda: self.journey.settings("Demo")["emulator"] == str(emulator))
+
+    def build(self):
+        self.kestrel.focus_window()
+        self.kestrel.choose_command("Build", "Build")
+        return self.kestrel.wait_for_build()
+
+    def run(self):
+        self.kestrel.focus_window()
+        self.kestrel.choose_command("Build", "Run")
+
+
+class DemoByKeys(DemoByMouse):
+    """Makes the same by the keyboard alone."""
+
+    def make_project(self):
+        self.desktop.press("ctrl+shift+n")
+        self.kestrel.wait_for_dialog()
+        self.finish_wizard("Demo")
+        self.kestrel.wait_for_row("Demo")
+
+    def make_file(self, kind, name):
+        self.go_to("Demo")
+        self.desktop.press("ctrl+n")
+        dialog = self.kestrel.wait_for_dialog()
+        self.go_on_until(f"“{kind}” to be chosen", "Right", lambda: self.is_chosen(dialog, kind),
+                         lambda: [item.name for item in dialog.find_all("list item") if item.is_("selected")])
+        self.finish_wizard(name)
+        wait_for(f"{name} on disk", (self.folder / name).is_file)
+        if not self.kestrel.row(name):
+            self.desktop.press("Right")
+        self.kestrel.wait_for_row(name)
+
+    @staticmethod
+    def is_chosen(dialog, kind):
+        return any(item.is_("selected") for item in dialog.find_all(None, kind))
+
+    def finish_wizard(self, name):
+        self.desktop.press("Return")
+        wait_for("the name field to have the focus",
+                 lambda: self.kestrel.dialog().find("text", "Name").is_("focused"))
+        self.desktop.type(name)
+        self.desktop.press("Return")
+        self.kestrel.wait_for_no_dialog()
+
+    def go_to(self, name):
+        """Selects a row of the tree by arrow keys."""
+        if not self.has_focus("tree", "Projects"):
+            self.desktop.press("F6")
+            wait_for("the tree to have the focus", lambda: self.has_focus("tree", "Projects"))
+        self.desktop.press("Home")
+        wait_for("the first row to be selected", lambda: self.selected_rows() == [0])
+        self.go_on_until(f"“{name}” to be selected", "Down", lambda: self.kestrel.row(name).is_("selected"),
+                         self.selected_rows)
+
+    def selected_rows(self):
+        return [number for number, row in enumerate(self.kestrel.row_widgets()) if row.is_("selected")]
+
+    def go_on_until(self, what, key, condition, state):
+        """Presses the key again and again until the condition holds; each press changes the state."""
+        for _ in range(60):
+            if condition():
+                return
+            before = state()
+            self.desktop.press(key)
+            wait_for(f"{key} to act on the way to {what}", lambda before=before: state() != before)
+        raise AssertionError(f"pressed {key} in vain for {what}")
+
+    def go_into_pane(self, role, name):
+        """Moves the focus from the tree into the pane, and there to this widget."""
+        wait_for(f"“{name}” on the screen", lambda: self.kestrel.main_window().find(role, name))
+        self.desktop.press("F6")
+        wait_for("the tree to lose the focus", lambda: not self.has_focus("tree", "Projects"))
+        self.go_on_until(f"“{name}” to have the focus", "Tab", lambda: self.has_focus(role, name), self.focus)
+
+    def focus(self):
+        """What tells the focused widget from the others."""
+        return [(widget.role, widget.name, widget.place()) for widget in self.kestrel.main_window().find_all()
+                if widget.role != "table cell" and widget.role != "tree item" and widget.is_("focused")]
+
+    def has_focus(self, role, name):
+        widget = self.kestrel.main_window().find(role, name)
+        return widget is not None and (widget.is_("focused")
+                                       or any(item.is_("focused") for item in widget.find_all("list item")))
+
+    def write_program(self):
+        self.go_to("main.asm")
+        self.go_into_pane("text", "Source text")
+        self.desktop.type(PROGRAM)
+        wait_for("the program to be typed", lambda: self.kestrel.code() == PROGRAM)
+        self.save()
+        self.journey.wait_for_file(self.folder / "main.asm", PROGRAM.encode())
+
+    def paint_tile(self):
+        self.go_to("tiles.chr")
+        self.go_into_pane("canvas", "Pixel editor")
+        self.desktop.press("3", "space")
+        self.save_tiles()
+
+    def choose_colour(self):
+        self.go_to("colours.pal")
+        self.go_into_pane("list", "All colours")
+        self.desktop.press("Down", "Down", "Right", "space", "space")
+        self.save_colour()
+
+    def save(self):
+        self.desktop.press("ctrl+s")
+
+    def choose_emulator(self, emulator):
+        self.go_to("Demo")
+        self.go_into_pane("push button", "Choose emulator")
+        self.desktop.press("space")
+        self.kestrel.wait_for_dialog()
+        self.desktop.type(str(emulator))
+        self.desktop.press("Return")
+        self.kestrel.wait_for_no_dialog()
+        wait_for("the emulator to be saved", lambda: self.journey.settings("Demo")["emulator"] == str(emulator))
+
+    def build(self):
+        self.desktop.press("ctrl+b")
+        return self.kestrel.wait_for_build()
+
+    def run(self):
+        self.desktop.press("ctrl+r")

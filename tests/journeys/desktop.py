@@ -1,0 +1,187 @@
+"""A desktop of its own for one journey: display, window manager, mouse, keys, and what assistive technology sees.
+
+Nothing here waits for a time: every wait is for a condition, with a deadline after which the test fails and says what
+it waited for.
+"""
+import os
+import shutil
+import signal
+import subprocess
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402  the version must be asked for first
+
+DEADLINE = 90.0  # seconds; far above what is needed, so that a busy machine does not fail
+WIDTH, HEIGHT = 1280, 900
+
+
+class ProgramDied(Exception):
+    """The program under test ended while something was waited for."""
+
+
+class Waiting:
+    """What every wait looks at."""
+
+    #: Tells whether the program under test has ended; waiting on would be in vain then.
+    has_ended = staticmethod(lambda: False)
+
+
+def wait_for(what, condition):
+    """Asks until the condition gives something; that. Asking goes to other programs, so this does not spin."""
+    end = time.monotonic() + DEADLINE
+    while True:
+        ended = Waiting.has_ended()
+        try:
+            found = condition()
+        except (GLib.Error, AttributeError):  # what was asked about has just gone
+            found = None
+        if ended and not found:
+            raise ProgramDied(what)
+        if found:
+            return found
+        if time.monotonic() > end:
+            raise AssertionError(f"waited {DEADLINE:.0f} s in vain for {what}")
+
+
+class Widget:
+    """What assistive technology sees of one widget or row."""
+
+    def __init__(self, accessible):
+        self.accessible = accessible
+
+    @property
+    def name(self):
+        return self.accessible.get_name() or ""
+
+    @property
+    def role(self):
+        return self.accessible.get_role_name()
+
+    def is_(self, state):
+        """Whether it has a state, such as "showing", "enabled", "focused", "selected"."""
+        return self.accessible.get_state_set().contains(getattr(Atspi.StateType, state.upper()))
+
+    def children(self):
+        found = (self.accessible.get_child_at_index(i) for i in range(self.accessible.get_child_count()))
+        return [Widget(child) for child in found if child is not None]
+
+    def find_all(self, role=None, name=None, showing=True):
+        """The widgets below this one with this role and name, in order."""
+        result = []
+        for child in self.children():
+            if showing and child.role not in ("table cell", "tree item", "list item") and not child.is_("showing"):
+                continue
+            if (role is None or child.role == role) and (name is None or child.name == name):
+                result.append(child)
+            result += child.find_all(role, name, showing)
+        return result
+
+    def find(self, role=None, name=None, showing=True):
+        """The first of them, or nothing."""
+        return next(iter(self.find_all(role, name, showing)), None)
+
+    def place(self):
+        """Left, top, width and height on the screen."""
+        extents = self.accessible.get_extents(Atspi.CoordType.SCREEN)
+        return extents.x, extents.y, extents.width, extents.height
+
+    def centre(self):
+        left, top, width, height = self.place()
+        return left + width // 2, top + height // 2
+
+    def text(self):
+        """The text of a text widget."""
+        length = Atspi.Text.get_character_count(self.accessible)
+        return Atspi.Text.get_text(self.accessible, 0, length)
+
+
+class Desktop:
+    """Xvfb with openbox. start() and stop() go together."""
+
+    def __init__(self, folder):
+        self.log = folder / "desktop.log"
+        self.processes = []
+
+    def start(self):
+        missing = [name for name in ("Xvfb", "openbox", "xdotool", "import") if not shutil.which(name)]
+        if missing:
+            raise RuntimeError(f"not installed: {', '.join(missing)} (apt-get install xvfb openbox xdotool imagemagick)")
+        reading, writing = os.pipe()
+        # Without -noreset the server would start afresh whenever its last client leaves.
+        self.launch(["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-nolisten", "tcp",
+                     "-noreset"], pass_fds=(writing,))
+        os.close(writing)
+        with os.fdopen(reading) as pipe:
+            number = pipe.readline().strip()
+        if not number:
+            raise RuntimeError("Xvfb did not start: " + self.log.read_text(errors="replace"))
+        os.environ["DISPLAY"] = ":" + number
+        self.launch(["openbox", "--sm-disable"])
+        wait_for("the window manager", lambda: b"window id" in self.output("xprop", "-root",
+                                                                           "_NET_SUPPORTING_WM_CHECK"))
+        Atspi.init()
+
+    def launch(self, command, environment=None, **more):
+        with self.log.open("ab") as log:
+            process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=log, stderr=log,
+                                       start_new_session=True, env={**os.environ, **(environment or {})}, **more)
+        self.processes.append(process)
+        return process
+
+    def stop(self):
+        for process in reversed(self.processes):
+            for number in (signal.SIGTERM, signal.SIGKILL):
+                if process.poll() is None:
+                    os.killpg(process.pid, number)
+                try:
+                    process.wait(timeout=20)
+                    break
+                except subprocess.TimeoutExpired:
+                    continue
+        self.processes = []
+
+    @staticmethod
+    def output(*command):
+        return subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, timeout=DEADLINE,
+                              check=False).stdout
+
+    def xdotool(self, *arguments):
+        result = subprocess.run(["xdotool", *map(str, arguments)], stdin=subprocess.DEVNULL, capture_output=True,
+                                timeout=DEADLINE, check=False)
+        if result.returncode != 0:
+            raise RuntimeError(f"xdotool {arguments}: {result.stderr.decode(errors='replace')}")
+        return result.stdout.decode()
+
+    def press(self, *keys):
+        """Presses keys one after another, such as "ctrl+b" or "Return"."""
+        self.xdotool("key", "--clearmodifiers", "--delay", "1", *keys)
+
+    def type(self, text):
+        self.xdotool("type", "--clearmodifiers", "--delay", "1", "--", text)
+
+    def click(self, widget, button=1, times=1):
+        x, y = widget.centre()
+        self.xdotool("mousemove", "--sync", x, y, "click", "--repeat", times, "--delay", 10, button)
+
+    def search(self, name):
+        """The numbers of the visible windows whose titles hold this."""
+        return self.output("xdotool", "search", "--onlyvisible", "--name", name).decode().split()
+
+    def picture(self, left=0, top=0, width=WIDTH, height=HEIGHT):
+        """The pixels of a part of the screen as (red, green, blue), row by row."""
+        area = f"{width}x{height}+{left}+{top}"
+        data = self.output("import", "-window", "root", "-crop", area, "+repage", "-depth", "8", "rgb:-")
+        if len(data) != 3 * width * height:
+            raise RuntimeError(f"no picture of {area}")
+        return [[tuple(data[3 * (y * width + x):3 * (y * width + x) + 3]) for x in range(width)] for y in range(height)]
+
+    def colours(self, widget):
+        """How many pixels of each colour a widget has on the screen."""
+        counts = {}
+        for row in self.picture(*widget.place()):
+            for pixel in row:
+                counts[pixel] = counts.get(pixel, 0) + 1
+        return counts

@@ -1,0 +1,107 @@
+"""What the journeys share: a desktop and a home folder of their own, and small things that they work with.
+
+KESTREL_SOURCE    the checkout
+KESTREL_PROGRAMS  the folder of the built programs
+"""
+import json
+import os
+import subprocess
+import sys
+import unittest
+from pathlib import Path
+
+from desktop import Desktop, wait_for
+from kestrel import Kestrel
+
+SOURCE = Path(os.environ["KESTREL_SOURCE"])
+PROGRAMS = Path(os.environ["KESTREL_PROGRAMS"])
+
+# A whole program of the console that does nothing but stand still; it takes in tiles and colours.
+PROGRAM = """\
+ .inesprg 1
+ .ineschr 1
+ .bank 0
+ .org $C000
+Start:
+ jmp Start
+Colours:
+ .incbin "colours.pal"
+ .bank 1
+ .org $FFFA
+ .dw Start, Start, Start
+ .bank 2
+ .org 0
+ .incbin "tiles.chr"
+"""
+
+
+def contents(folder):
+    """The bytes of every file below the folder, by relative path."""
+    return {str(path.relative_to(folder)): path.read_bytes() for path in sorted(folder.rglob("*")) if path.is_file()}
+
+
+class JourneyTestCase(unittest.TestCase):
+    """A journey: the home folder is empty at its start."""
+
+    def setUp(self):
+        self.home = Path(os.environ["HOME"])
+        self.assertEqual(os.listdir(self.home), [], "the home folder is not empty")
+        self.desktop = Desktop(Path(os.environ["XDG_RUNTIME_DIR"]))
+        self.addCleanup(self.desktop.stop)
+        self.addCleanup(self.tell_of_failure)
+        self.desktop.start()
+        self.kestrel = Kestrel(self.desktop, PROGRAMS / "Kestrel")
+
+    def tell_of_failure(self):
+        """Keeps a picture of the screen when the journey failed, and shows what the programs wrote."""
+        result = self._outcome.result
+        failed = any(test is self for test, _ in result.failures + result.errors)
+        if failed and self.desktop.processes:
+            picture = Path(os.environ.get("TMPDIR", "/tmp")) / f"{self.id()}.png"
+            self.desktop.output("import", "-window", "root", str(picture))
+            print(f"The screen at the end is in {picture}\n{self.desktop.log.read_text(errors='replace')[-4000:]}",
+                  file=sys.stderr)
+
+    def project_folder(self, name):
+        return self.home / "Kestrel" / name
+
+    def json_of(self, path):
+        return json.loads(path.read_text(encoding="utf-8"))
+
+    def settings(self, name):
+        """The build settings of a project as they are saved."""
+        return self.json_of(self.project_folder(name) / ".project" / f"{name}-BuildSettings.cfg")
+
+    def listed(self, name, key):
+        """The names in one list of the saved build settings."""
+        return [entry["name"] for entry in self.settings(name)[key]]
+
+    def structure(self, name):
+        """The saved tree of a project as nested lists: [name, kind, [children]]."""
+        def shape(node):
+            return [node["name"], node["type"], [shape(child) for child in node["sub_items"]]]
+        stored = self.json_of(self.project_folder(name) / ".project" / f"{name}-ProjectStructure.cfg")
+        return shape(stored)
+
+    def assert_built_alike(self, name):
+        """The image that the window made is the one that kestrel-build makes."""
+        folder = self.project_folder(name)
+        image = folder / "output" / f"{name}.nes"
+        from_window = image.read_bytes()
+        image.unlink()
+        result = subprocess.run([PROGRAMS / "kestrel-build", folder / f"{name}.kst"], stdin=subprocess.DEVNULL,
+                                capture_output=True, text=True, timeout=120, check=False)
+        self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
+        self.assertEqual(image.read_bytes(), from_window)
+
+    def write_stand_in(self):
+        """An emulator that keeps a copy of the image that it is given, and the path of that copy."""
+        played = self.home / "played.nes"
+        script = self.home / "stand-in"
+        script.write_text(f'#!/bin/sh\ncp "$1" "{played}.new" && mv "{played}.new" "{played}"\n', encoding="utf-8")
+        script.chmod(0o755)
+        return script, played
+
+    def wait_for_file(self, path, holds=None):
+        """Until the file is there, and holds these bytes if any are given."""
+        wait_for(f"{path.name} on disk", lambda: path.is_file() and (holds is None or path.read_bytes() == holds))

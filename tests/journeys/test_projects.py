@@ -1,0 +1,75 @@
+"""Journeys through projects, files and the navigation tree."""
+from desktop import wait_for
+from support import JourneyTestCase, contents
+
+
+class ProjectsTest(JourneyTestCase):
+    def test_deleting_one_of_two_like_projects_leaves_the_other_untouched(self):
+        kestrel = self.kestrel
+        kestrel.start()
+        for name in ("First", "Second"):
+            kestrel.new_project(name)
+            kestrel.new_file("NES Text Assembly", "main.asm")
+            kestrel.new_file("Palette Data", "colours.pal")
+            kestrel.select(name)
+            self.desktop.press("ctrl+shift+g")
+            kestrel.select("Group")
+            self.desktop.press("ctrl+shift+g")
+            kestrel.expand("Group")
+            wait_for("a group in a group", lambda: kestrel.rows().count("Group") == 2)
+            # The next project's rows are told apart by there being no others.
+            if name == "First":
+                kestrel.collapse(name)
+        self.assertEqual(kestrel.rows()[0], "Second")
+        self.assertEqual(self.structure("Second"), [
+            "Second", "project", [
+                ["Group", "group", [["Group", "group", []]]],
+                ["colours.pal", "palette", []], ["main.asm", "text", []]]])
+        first, registry = self.project_folder("First"), self.home / "Kestrel" / ".projects"
+        before, second = contents(first), contents(self.project_folder("Second"))
+        kestrel.select("Second")
+        self.desktop.press("Delete")
+        wait_for("the project to go", lambda: "Second" not in kestrel.rows())
+        self.assertEqual(kestrel.rows()[0], "First")
+        self.assertEqual(contents(first), before)
+        self.assertEqual(contents(self.project_folder("Second")), second)  # its files stay on disk, too
+        self.assertEqual(kestrel.quit(), 0)
+        kestrel.start()
+        kestrel.wait_for_row("First")
+        self.assertNotIn("Second", kestrel.rows())
+        self.assertEqual(contents(first), before)
+
+    def test_files_that_vanish_turn_red_and_come_back(self):
+        kestrel = self.kestrel
+        kestrel.start()
+        kestrel.new_project("Demo")
+        kestrel.new_file("NES Text Assembly", "open.asm")
+        kestrel.new_file("NES Text Assembly", "gone.asm")
+        folder = self.project_folder("Demo")
+        kestrel.select("open.asm")
+        kestrel.type_code("; as it was typed\n")
+        self.desktop.press("ctrl+s")
+        self.wait_for_file(folder / "open.asm", b"; as it was typed\n")
+
+        (folder / "open.asm").write_bytes(b"; as another program has it\n")
+        (folder / "gone.asm").rename(folder / "elsewhere.asm")
+        self.assertFalse(kestrel.is_red("gone.asm"))  # nothing is noticed before the window is come back to
+        kestrel.leave_and_come_back()
+        wait_for("the row to turn red", lambda: kestrel.is_red("gone.asm"))
+        self.assertFalse(kestrel.is_red("open.asm"))
+        self.assertEqual(kestrel.code(), "; as it was typed\n")  # what is open is not read again
+        kestrel.select("gone.asm")
+        kestrel.wait_for_message("File does not exist at path")
+
+        (folder / "elsewhere.asm").rename(folder / "gone.asm")
+        kestrel.leave_and_come_back()
+        wait_for("the row to turn back", lambda: not kestrel.is_red("gone.asm"))
+        kestrel.wait_for_message("File does not exist at path")  # until a row is selected
+        kestrel.select("open.asm")
+        wait_for("the file to be read", lambda: kestrel.code() == "; as another program has it\n")
+
+        (folder / "Demo.kst").rename(folder / "Demo.away")
+        kestrel.leave_and_come_back()
+        kestrel.wait_for_message("File does not exist at path")
+        wait_for("the project's row to turn red", lambda: kestrel.is_red("Demo"))
+        self.assertEqual((folder / "open.asm").read_bytes(), b"; as another program has it\n")
