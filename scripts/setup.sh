@@ -5,7 +5,7 @@ say() { printf '== %s\n' "$*" >&2; }
 fail() { printf '== %s\n' "$*" >&2; exit 1; }
 
 build_packages=(g++ cmake ninja-build qt6-base-dev libqt6svg6 nlohmann-json3-dev libgtest-dev libgmock-dev libuchardet-dev python3)
-test_packages=(git util-linux xvfb xdotool openbox imagemagick fceux 64tass dasm cc65)
+test_packages=(git util-linux dbus at-spi2-core python3-gi gir1.2-atspi-2.0 xvfb xdotool openbox imagemagick fceux 64tass dasm cc65)
 check_packages=(clang clang-tidy clang-format libclang-rt-14-dev)
 
 # install_packages GROUP...: installs the Debian packages of these groups that are not there yet.

@@ -1,15 +1,15 @@
-// Loaded before the C library into the program under test: counts what the program does to the files below a folder
-// and kills it, as kill -9 does, right after a given operation.
-//   OPERATIONS_FOLDER  the folder whose files count
-//   OPERATIONS_COUNT   a file that grows by one byte with each operation
-//   KILL_AFTER         the number of the operation that is the last one; none when it is not set
+// Loaded before the C library into the program under test: counts what the program does to the
+// files below a folder and kills it, as kill -9 does, right after a given operation.
+//   OPERATIONS_FOLDERS  the folders whose files count, separated by colons
+//   OPERATIONS_COUNT    a file that grows by one byte with each operation
+//   KILL_AFTER          the number of the operation that is the last one; none when it is not set
 #include <atomic>
 #include <csignal>
 #include <cstdarg>
 #include <cstdlib>
-#include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sstream>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -21,9 +21,14 @@ template<typename Function> Function next(const char* name) {
 }
 
 bool counts(const char* path) {
-    const char* const folder = std::getenv("OPERATIONS_FOLDER");
-    return folder != nullptr && path != nullptr &&
-           std::strncmp(path, folder, std::strlen(folder)) == 0;
+    const char* const folders = std::getenv("OPERATIONS_FOLDERS");
+    std::istringstream list(folders == nullptr ? "" : folders);
+    for (std::string folder; path != nullptr && std::getline(list, folder, ':');) {
+        if (std::string(path).rfind(folder, 0) == 0) {
+            return true;
+        }
+    }
+    return false;
 }
 
 bool counts(int descriptor) {

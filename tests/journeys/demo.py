@@ -180,7 +180,7 @@ class DemoByKeys(DemoByMouse):
 
     def choose_colour(self):
         self.go_to("colours.pal")
-        self.go_into_pane("list", "All colours")
+        self.go_into_pane("list", "All colours of the console")
         self.desktop.press("Down", "Down", "Right", "space", "space")
         self.save_colour()
 

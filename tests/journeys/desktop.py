@@ -25,21 +25,21 @@ class ProgramDied(Exception):
 class Waiting:
     """What every wait looks at."""
 
-    #: Tells whether the program under test has ended; waiting on would be in vain then.
-    has_ended = staticmethod(lambda: False)
+    #: Gives the exit status of the program under test, nothing while it runs. After its end waiting is in vain.
+    exit_status = staticmethod(lambda: None)
 
 
 def wait_for(what, condition):
     """Asks until the condition gives something; that. Asking goes to other programs, so this does not spin."""
     end = time.monotonic() + DEADLINE
     while True:
-        ended = Waiting.has_ended()
+        status = Waiting.exit_status()
         try:
             found = condition()
         except (GLib.Error, AttributeError):  # what was asked about has just gone
             found = None
-        if ended and not found:
-            raise ProgramDied(what)
+        if status is not None and not found:
+            raise ProgramDied(f"exit status {status} while waiting for {what}")
         if found:
             return found
         if time.monotonic() > end:
@@ -120,8 +120,7 @@ class Desktop:
             raise RuntimeError("Xvfb did not start: " + self.log.read_text(errors="replace"))
         os.environ["DISPLAY"] = ":" + number
         self.launch(["openbox", "--sm-disable"])
-        wait_for("the window manager", lambda: b"window id" in self.output("xprop", "-root",
-                                                                           "_NET_SUPPORTING_WM_CHECK"))
+        wait_for("the window manager", lambda: self.output("xdotool", "get_num_desktops").strip().isdigit())
         Atspi.init()
 
     def launch(self, command, environment=None, **more):

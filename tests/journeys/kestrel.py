@@ -22,7 +22,7 @@ class Kestrel:
         self.process = self.desktop.launch([str(self.program), *map(str, files)], {
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_QPA_PLATFORM": "xcb", "QT_STYLE_OVERRIDE": "fusion",
             **(environment or {})})
-        Waiting.has_ended = lambda: self.process.poll() is not None
+        Waiting.exit_status = self.process.poll
         self.application = wait_for("Kestrel on the accessibility bus", self.find_application)
         wait_for("the main window", lambda: self.main_window() and self.main_window().is_("active"))
 
@@ -70,7 +70,8 @@ class Kestrel:
         return self.application.find("dialog") or self.application.find("file chooser")
 
     def wait_for_dialog(self):
-        return wait_for("a dialog", self.dialog)
+        """The dialog, once keys go to it."""
+        return wait_for("a dialog", lambda: next((dialog for dialog in [self.dialog()] if dialog.is_("active")), None))
 
     def wait_for_no_dialog(self):
         wait_for("the dialog to close", lambda: self.dialog() is None)
@@ -221,6 +222,27 @@ class Kestrel:
         if not self.row(name):
             self.desktop.press("Right")  # in a project that is closed still
         self.wait_for_row(name)
+
+    def import_file(self, path):
+        """Imports a file by typing its path in the file panel."""
+        self.desktop.press("ctrl+i")
+        self.wait_for_dialog()
+        self.desktop.type(str(path))
+        self.desktop.press("Return")
+        self.wait_for_no_dialog()
+        if not self.row(path.name):
+            self.desktop.press("Right")  # in a project that is closed still
+        self.wait_for_row(path.name)
+
+    def pick_file(self, button, name):
+        """Presses a plus button of the settings pane and picks a file of the project."""
+        self.press_button(button)
+        dialog = self.wait_for_dialog()
+        tree = wait_for("the picker", lambda: dialog.find("tree", "Files of the project"))
+        self.desktop.click(wait_for(f"“{name}” in the picker", lambda: next(
+            (row for row in tree.children() if row.name == name), None)))
+        self.press_button("Add", dialog)
+        self.wait_for_no_dialog()
 
     def choose_kind(self, kind):
         """Chooses the kind of a new file in the wizard."""

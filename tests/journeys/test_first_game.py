@@ -87,7 +87,8 @@ class FirstGameTest(JourneyTestCase):
         """Makes the project until the program dies; what was saved for sure by then, by path. Nothing when it lived to
         the end."""
         count.unlink(missing_ok=True)
-        fault = {"LD_PRELOAD": os.environ["KESTREL_KILL_LIBRARY"], "OPERATIONS_FOLDER": str(self.home / "Kestrel"),
+        fault = {"LD_PRELOAD": os.environ["KESTREL_KILL_LIBRARY"], 
+                 "OPERATIONS_FOLDERS": f"{self.home / 'Kestrel'}:{self.home / '.Kestrel'}",
                  "OPERATIONS_COUNT": str(count)}
         if number is not None:
             fault["KILL_AFTER"] = str(number)
@@ -109,8 +110,8 @@ class FirstGameTest(JourneyTestCase):
             self.assertTrue(path.is_file(), path)
             if path.read_bytes() != content:
                 self.assertIn(path.read_bytes(), self.next_contents(path, content), path)
-        for path in (self.home / "Kestrel").rglob("*"):
-            if path.suffix in (".kst", ".cfg") or path.name == "config":
+        for path in self.home.glob("*estrel/**/*"):
+            if path.suffix in (".kst", ".cfg"):
                 self.assertIsInstance(self.json_of(path), dict, path)
         self.kestrel.start()
         if saved:
