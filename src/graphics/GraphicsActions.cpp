@@ -145,8 +145,9 @@ void GraphicsActions::addGrids() {
         add({"pixelGrid", QT_TR_NOOP("&Pixel Grid"), QT_TR_NOOP("Lines between the pixels"),
              QKeySequence(Qt::CTRL | Qt::Key_G)});
     connect(pixels, &QAction::toggled, m_canvas, &ChrCanvas::setPixelGridShown);
-    const QAction* tiles = add({"tileGrid", QT_TR_NOOP("&Tile Grid"),
-                                QT_TR_NOOP("Lines between the tiles"), withShift(Qt::Key_G)});
+    const QAction* tiles =
+        add({"tileGrid", QT_TR_NOOP("&Tile Grid"), QT_TR_NOOP("Lines between the tiles"),
+             QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_G)});
     connect(tiles, &QAction::toggled, m_canvas, &ChrCanvas::setTileGridShown);
     connect(tiles, &QAction::toggled, m_viewer, &TileCollection::setGridShown);
 }

@@ -80,6 +80,10 @@ void GraphicsEditorView::nameViews() {
 QToolBar* GraphicsEditorView::makeToolBar() {
     auto* toolBar = new QToolBar(this);
     name(*toolBar, "graphicsTools", tr("Tools"));
+    // The toolkit's own button for the tools that a narrow row has no room for.
+    for (QWidget* more : toolBar->findChildren<QWidget*>(QStringLiteral("qt_toolbar_ext_button"))) {
+        more->setAccessibleName(tr("More tools"));
+    }
     toolBar->setIconSize(QSize(IconSide, IconSide));
     toolBar->addActions(m_actions->editActions());
     toolBar->addSeparator();
