@@ -117,7 +117,7 @@ TileBytes TilePicture::encodedTile(int column, int row) const {
         }
         const RowPlanes planes = encodeRow(pixels);
         bytes[static_cast<std::size_t>(y)] = planes.low;
-        bytes[static_cast<std::size_t>(y + TileSide)] = planes.high;
+        bytes[static_cast<std::size_t>(y) + std::size_t{TileSide}] = planes.high;
     }
     return bytes;
 }

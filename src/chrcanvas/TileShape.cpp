@@ -44,7 +44,8 @@ int TileShape::tileAt(int column, int row) const {
     if (column < 0 || row < 0 || column >= m_columns || row >= m_rows) {
         return NoTile;
     }
-    return m_cells[static_cast<std::size_t>(row * m_columns + column)];
+    const int cell = row * m_columns + column;
+    return m_cells[static_cast<std::size_t>(cell)];
 }
 
 int TileShape::firstCell() const {
