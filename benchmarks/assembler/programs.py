@@ -6,7 +6,7 @@ START = 0x8000
 IMPLIED = ["tax", "tay", "txa", "tya", "inx", "iny", "dex", "dey", "clc", "sec", "pha", "pla", "nop"]
 READS = ["lda", "ldx", "ldy", "adc", "cmp", "and", "ora", "eor", "sbc"]
 BRANCHES = ["bne", "beq", "bcc", "bcs", "bpl", "bmi"]
-MACRO_BODY = ["\tlda #{0}", "\tsta ${1}", "\tldx #{2}", "\tstx ${3}", "\tinx", "\tdey"]
+MACRO_BODY = ["\tlda #{0}", "\tsta {1}", "\tldx #{2}", "\tstx {3}", "\tinx", "\tdey"]
 MACRO_SIZE = 12
 
 
@@ -81,8 +81,8 @@ def macros(language, calls=20_000):
         lines += language.bank(bank, START)
         count = min(a_bank, calls - bank * a_bank)
         for _ in range(count):
-            values = [random_.randrange(256), f"{random_.randrange(0x200, 0x800):04X}",
-                      random_.randrange(256), f"{random_.randrange(0x200, 0x800):04X}"]
+            values = [random_.randrange(256), f"${random_.randrange(0x200, 0x800):04X}",
+                      random_.randrange(256), f"${random_.randrange(0x200, 0x800):04X}"]
             lines.append(language.macro_call.format(name="setup", arguments=",".join(map(str, values))))
         lines += language.end_bank(BANK - count * MACRO_SIZE)
     return {"main.asm": lines}, banks

@@ -24,11 +24,19 @@ std::uint32_t nextWritten(const WrittenMap& map, std::uint32_t offset) {
     return kBankSize;
 }
 
+/// Marks the offsets from `begin` up to `end`.
+void markWritten(WrittenMap& map, std::uint32_t begin, std::uint32_t end) {
+    while (begin < end) {
+        const std::uint32_t count = std::min(64 - begin % 64, end - begin);
+        map[begin / 64] |= (~std::uint64_t{0} >> (64 - count)) << (begin % 64);
+        begin += count;
+    }
+}
+
 } // namespace
 
 Image::Image()
     : m_banks(kBankCount)
-    , m_used(kBankCount)
     , m_places(kBankCount) {}
 
 std::uint32_t Image::sectionEnd() const {
@@ -73,7 +81,7 @@ bool Image::setAddress(std::uint32_t address) {
     leave();
     m_page = address >> 13U;
     m_offset = address & (kBankSize - 1);
-    m_used[m_bank] = true;
+    m_usedBanks = std::max(m_usedBanks, m_bank + 1);
     arrive();
     return true;
 }
@@ -100,9 +108,8 @@ void Image::leave() {
         return;
     }
     if (m_offset > m_runStart) {
-        m_used[m_bank] = true;
-        for (std::uint32_t offset = m_runStart; offset < m_offset; ++offset)
-            m_banks[m_bank]->written[offset / 64] |= std::uint64_t{1} << (offset % 64);
+        m_usedBanks = std::max(m_usedBanks, m_bank + 1);
+        markWritten(m_banks[m_bank]->written, m_runStart, m_offset);
     }
     m_runStart = m_offset;
     m_places[m_bank] = {m_offset, m_page};
@@ -181,13 +188,6 @@ void Image::patch(std::uint32_t number, std::uint32_t bank, std::uint32_t offset
         if (live.empty() || live[offset + i] <= number)
             target->bytes[offset + i] = bytes[i];
     }
-}
-
-std::uint32_t Image::bankCount() const {
-    std::uint32_t count = kBankCount;
-    while (count != 0 && !m_used[count - 1])
-        --count;
-    return count;
 }
 
 const std::uint8_t* Image::bytes(std::uint32_t bank) const {

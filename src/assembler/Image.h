@@ -79,7 +79,7 @@ public:
     /// To be called when the source has ended, before what follows.
     void finish() { leave(); }
     /// Banks in the file: the highest one used, plus one.
-    std::uint32_t bankCount() const;
+    std::uint32_t bankCount() const { return m_usedBanks; }
     /// The bytes of a bank, nullptr for one in which nothing was written.
     const std::uint8_t* bytes(std::uint32_t bank) const;
     std::uint32_t bytesWritten(std::uint32_t bank) const;
@@ -106,7 +106,7 @@ private:
     void arrive();
 
     std::vector<std::unique_ptr<Bank>> m_banks;
-    std::vector<bool> m_used;
+    std::uint32_t m_usedBanks = 0;                 ///< the highest bank used, plus one
     std::vector<Place> m_places;                   ///< of each bank, whichever section is in it
     std::array<std::uint32_t, 2> m_sectionBanks{}; ///< of .code and .data
     std::array<std::uint32_t, 2> m_ramOffsets{0, 0x200}; ///< of .zp and .bss
