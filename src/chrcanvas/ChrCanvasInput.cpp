@@ -195,7 +195,9 @@ void ChrCanvas::keyPressEvent(QKeyEvent* event) {
     }
     if (painting) {
         event->ignore();
-    } else if (key >= Qt::Key_0 && key < Qt::Key_0 + PixelValues) {
+        return;
+    }
+    if (key >= Qt::Key_0 && key < Qt::Key_0 + PixelValues) {
         setCurrentColorBox(key - Qt::Key_0);
         Q_EMIT colorPicked(m_colorBox);
     } else if (key == Qt::Key_P) {

@@ -26,7 +26,7 @@ QString indexDigits(std::uint8_t key) {
 }
 
 QString indexText(std::uint8_t key) {
-    const QString index = QLatin1Char('$') + indexDigits(key);
+    QString index = QLatin1Char('$') + indexDigits(key);
     if (masterIndex(key) == key) {
         return index;
     }

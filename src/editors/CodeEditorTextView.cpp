@@ -94,8 +94,10 @@ int CodeEditorTextView::startNumber(const QTextBlock& firstVisible) const {
 void CodeEditorTextView::keyPressEvent(QKeyEvent* event) {
     if (isReadOnly()) {
         LineNumberedTextView::keyPressEvent(event);
-    } else if (event->matches(QKeySequence::InsertParagraphSeparator) ||
-               event->matches(QKeySequence::InsertLineSeparator)) {
+        return;
+    }
+    if (event->matches(QKeySequence::InsertParagraphSeparator) ||
+        event->matches(QKeySequence::InsertLineSeparator)) {
         insertNewline();
         event->accept();
     } else if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier) {

@@ -23,15 +23,16 @@ LabelFont LabelFont::fitting(const QString& label, const QFont& font, qreal avai
     }
     QFont fitted = font;
     const qreal factor = available / width;
-    const int size = QFontInfo(font).pixelSize();
-    int fittedSize = size;
     if (factor < NarrowestStretch) {
-        fittedSize =
-            std::max(SmallestSize, static_cast<int>(std::floor(size * factor / NarrowestStretch)));
-        fitted.setPixelSize(fittedSize);
+        const int size = QFontInfo(font).pixelSize();
+        fitted.setPixelSize(
+            std::max(SmallestSize, static_cast<int>(std::floor(size * factor / NarrowestStretch))));
     }
-    // Glyphs may be hinted to whole pixels, so the result is measured, not computed.
-    for (int stretch = 100; stretch > 0; --stretch) {
+    // Glyphs may be hinted to whole pixels, so the result is measured; computed is only a start
+    // that lies somewhat above it.
+    const qreal unstretched = QFontMetricsF(fitted).horizontalAdvance(label);
+    const int start = static_cast<int>(std::ceil(100 * available / unstretched)) + 5;
+    for (int stretch = std::min(start, 100); stretch > 0; --stretch) {
         fitted.setStretch(stretch);
         const qreal fittedWidth = QFontMetricsF(fitted).horizontalAdvance(label);
         if (fittedWidth <= available) {

@@ -10,6 +10,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
+#include <map>
 
 namespace kestrel {
 
@@ -62,11 +63,18 @@ std::vector<LineNumberRulerView::Label> LineNumberRulerView::labels() const {
     const QFont viewFont = m_textView.font();
     const qreal offset = mapFrom(&m_textView, m_textView.viewport()->pos()).y();
     std::vector<Label> labels;
+    // In a font of one width all labels of one length fit alike.
+    std::map<qsizetype, LabelFont> fittedByLength;
     for (const ScreenLine& line : m_lines.visibleScreenLines()) {
         QString text = line.number ? QString::number(*line.number) : QStringLiteral("-");
-        LabelFont fitted = LabelFont::fitting(text, viewFont, LabelEdge);
+        auto fitted = fittedByLength.find(text.size());
+        if (fitted == fittedByLength.end()) {
+            fitted =
+                fittedByLength.emplace(text.size(), LabelFont::fitting(text, viewFont, LabelEdge))
+                    .first;
+        }
         labels.push_back(
-            {std::move(text), offset + line.top, std::move(fitted.font), fitted.width});
+            {std::move(text), offset + line.top, fitted->second.font, fitted->second.width});
     }
     return labels;
 }

@@ -37,11 +37,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
-private Q_SLOTS:
-    void lnv_framDidChange();
-    void lnv_textDidChange();
-
 private:
+    Q_SLOT void lnv_framDidChange();
+    Q_SLOT void lnv_textDidChange();
     void placeRuler();
     void followView(const QRect& rect, int dy);
 

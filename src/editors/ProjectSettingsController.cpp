@@ -268,7 +268,7 @@ void ProjectSettingsController::subtractEntry(const QObject* sender) {
     if (row < 0 || row >= static_cast<int>(files.size())) {
         return;
     }
-    const std::shared_ptr<ProjectItem> file = files[static_cast<std::size_t>(row)];
+    const std::shared_ptr<ProjectItem>& file = files[static_cast<std::size_t>(row)];
     // Of several files of one name the settings remove the first.
     const auto removed = std::find_if(files.begin(), files.end(), [&](const auto& entry) {
         return entry->itemName() == file->itemName();

@@ -39,7 +39,7 @@ LineEnd usualLineEnd(QStringView text) {
 
 QLatin1StringView textOf(LineEnd end) {
     const std::string_view bytes = bytesOf(end);
-    return QLatin1StringView(bytes.data(), std::ssize(bytes));
+    return {bytes.data(), std::ssize(bytes)};
 }
 
 /// A document's raw text has this between its blocks.

@@ -92,8 +92,10 @@ TileClip TileClipboard::tiles(const QImage& image, const TileRenderer::Colors& c
     for (int y = 0; y < clip.rows * TileSide; ++y) {
         const auto* line = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));
         for (int x = 0; x < clip.columns * TileSide; ++x) {
-            tiles.setPixel(static_cast<std::size_t>(y / TileSide * clip.columns + x / TileSide),
-                           x % TileSide, y % TileSide, nearestValue(line[x], colors));
+            const auto row = static_cast<std::size_t>(y / TileSide);
+            const auto column = static_cast<std::size_t>(x / TileSide);
+            tiles.setPixel(row * static_cast<std::size_t>(clip.columns) + column, x % TileSide,
+                           y % TileSide, nearestValue(line[x], colors));
         }
     }
     clip.tiles.reserve(tiles.tileCount());
