@@ -97,6 +97,7 @@ void ConsoleOutput::clear() {
     m_waiting.clear();
     if (m_console) {
         m_console->clear();
+        m_followsEnd = true; // nothing is left in which one could have scrolled up
     }
 }
 

@@ -37,6 +37,11 @@ void ChrCanvas::moveCursor(const QPoint& pixel) {
     Q_EMIT cursorMoved();
 }
 
+/// A second press soon after the first is a press like any other.
+void ChrCanvas::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
 void ChrCanvas::mousePressEvent(QMouseEvent* event) {
     if (m_editor.isDrawing()) {
         return;
@@ -190,7 +195,8 @@ void ChrCanvas::keyPressEvent(QKeyEvent* event) {
         return;
     }
     const int key = event->key();
-    if (moveCursorByKey(key, painting)) {
+    // A line that is being drawn goes on from where the pointer was.
+    if (!m_editor.isDrawing() && moveCursorByKey(key, painting)) {
         return;
     }
     if (painting) {

@@ -3,6 +3,7 @@
 #include "chrcanvas/PaletteColors.h"
 #include "chrcanvas/ScreenPixels.h"
 
+#include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -73,6 +74,7 @@ void TileCollection::reloadTiles() {
     }
     setHovered(TileSelection::None);
     tellValueChanged(*this);
+    Q_EMIT selectionChanged(); // of other tiles, if not of other numbers
 }
 
 void TileCollection::updateTiles(const std::vector<int>& tileNumbers) {
@@ -307,6 +309,20 @@ void TileCollection::scrollContentsBy(int /*dx*/, int dy) {
     } else {
         viewport()->update();
     }
+    if (m_hovered != TileSelection::None) {
+        const QPointF pointer = viewport()->mapFromGlobal(QCursor::pos());
+        setHovered(tileAt(pointer).value_or(TileSelection::None));
+    }
+}
+
+/// A second press soon after the first is a press like any other.
+void TileCollection::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
+
+void TileCollection::hideEvent(QHideEvent* event) {
+    m_dragging = false; // the release may never come
+    QAbstractScrollArea::hideEvent(event);
 }
 
 void TileCollection::mousePressEvent(QMouseEvent* event) {

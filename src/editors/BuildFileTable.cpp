@@ -14,7 +14,7 @@ constexpr int PlaceholderMargin = 8;
 bool isDelete(const QEvent& event) {
     const auto& key = static_cast<const QKeyEvent&>(event);
     return (key.key() == Qt::Key_Delete || key.key() == Qt::Key_Backspace) &&
-           key.modifiers().testFlag(Qt::NoModifier);
+           (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
 }
 
 } // namespace
@@ -77,7 +77,9 @@ bool BuildFileTable::event(QEvent* event) {
 
 void BuildFileTable::keyPressEvent(QKeyEvent* event) {
     if (isDelete(*event)) {
-        Q_EMIT deletePressed();
+        if (!event->isAutoRepeat()) { // held down it removes one file
+            Q_EMIT deletePressed();
+        }
         return;
     }
     QListView::keyPressEvent(event);

@@ -103,7 +103,8 @@ void CodeEditorTextView::keyPressEvent(QKeyEvent* event) {
     } else if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier) {
         insertTab();
         event->accept();
-    } else if (needsConversion(event->text()) &&
+    } else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter &&
+               needsConversion(event->text()) &&
                (event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) == 0) {
         insertText(event->text());
         event->accept();

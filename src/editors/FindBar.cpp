@@ -62,7 +62,7 @@ FindBar::FindBar(QPlainTextEdit& view, QWidget* parent)
 void FindBar::buildRow() {
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(8, 4, 8, 4);
-    auto* label = new QLabel(tr("&Find:"), this);
+    auto* label = new QLabel(tr("F&ind:"), this);
     label->setBuddy(m_termEdit);
     row->addWidget(label);
     m_termEdit->setObjectName(QStringLiteral("findTerm"));
@@ -93,7 +93,6 @@ void FindBar::buildRow() {
 
 void FindBar::open() {
     const QTextCursor cursor = m_view.textCursor();
-    m_start = cursor.selectionStart();
     const QString selected = cursor.selectedText();
     if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator)) {
         m_termEdit->setText(DocumentCharacters::fromDocument(selected));
@@ -144,7 +143,7 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
 void FindBar::termChanged() {
     m_search.reset();
     if (isVisible()) {
-        select(search().atOrAfter(m_start));
+        select(search().atOrAfter(m_view.textCursor().selectionStart()));
     }
 }
 
@@ -161,7 +160,6 @@ void FindBar::select(std::optional<int> match) {
         const int position = search().position(*match);
         cursor.setPosition(position);
         cursor.setPosition(position + search().length(), QTextCursor::KeepAnchor);
-        m_start = position;
     } else {
         cursor.setPosition(cursor.selectionStart());
     }

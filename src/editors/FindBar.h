@@ -54,7 +54,6 @@ private:
     QCheckBox* m_wholeWords;
     QTimer m_recount;
     std::optional<TextSearch> m_search;
-    int m_start = 0; // where the caret was before the term was typed
 };
 
 } // namespace kestrel

@@ -60,12 +60,17 @@ LineNumberRulerView::LineNumberRulerView(QAbstractScrollArea& textView, const Sc
 }
 
 std::vector<LineNumberRulerView::Label> LineNumberRulerView::labels() const {
+    return labelsOf(m_lines.visibleScreenLines());
+}
+
+std::vector<LineNumberRulerView::Label>
+LineNumberRulerView::labelsOf(const std::vector<ScreenLine>& lines) const {
     const QFont viewFont = m_textView.font();
     const qreal offset = mapFrom(&m_textView, m_textView.viewport()->pos()).y();
     std::vector<Label> labels;
     // In a font of one width all labels of one length fit alike.
     std::map<qsizetype, LabelFont> fittedByLength;
-    for (const ScreenLine& line : m_lines.visibleScreenLines()) {
+    for (const ScreenLine& line : lines) {
         QString text = line.number ? QString::number(*line.number) : QStringLiteral("-");
         auto fitted = fittedByLength.find(text.size());
         if (fitted == fittedByLength.end()) {
@@ -80,11 +85,25 @@ std::vector<LineNumberRulerView::Label> LineNumberRulerView::labels() const {
 }
 
 void LineNumberRulerView::drawHashMarksAndLabels(QPainter& painter) const {
+    draw(painter, labels(), rect());
+}
+
+/// Draws those of the labels that reach into `rect`.
+void LineNumberRulerView::draw(QPainter& painter, const std::vector<Label>& labels,
+                               const QRect& rect) const {
     painter.setPen(labelColor());
-    const qreal ascent = QFontMetricsF(m_textView.font()).ascent();
-    for (const Label& label : labels()) {
-        painter.setFont(label.font);
-        painter.drawText(QPointF(label.left(), label.top + ascent), label.text);
+    const QFontMetricsF metrics(m_textView.font());
+    for (const Label& label : labels) {
+        if (label.top <= rect.bottom() + 1 && label.top + metrics.height() >= rect.top()) {
+            painter.setFont(label.font);
+            painter.drawText(QPointF(label.left(), label.top + metrics.ascent()), label.text);
+        }
+    }
+}
+
+void LineNumberRulerView::showChanges() {
+    if (m_lines.visibleScreenLines() != m_painted) {
+        update();
     }
 }
 
@@ -101,7 +120,8 @@ QColor LineNumberRulerView::labelColor() const {
 void LineNumberRulerView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(event->rect(), backgroundColor());
-    drawHashMarksAndLabels(painter);
+    m_painted = m_lines.visibleScreenLines();
+    draw(painter, labelsOf(m_painted), event->rect());
 }
 
 void LineNumberRulerView::wheelEvent(QWheelEvent* event) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editors/ScreenLines.h"
+
 #include <QFont>
 #include <QString>
 #include <QWidget>
@@ -9,8 +11,6 @@
 class QAbstractScrollArea;
 
 namespace kestrel {
-
-class ScreenLines;
 
 /// The strip beside a text view that numbers its lines; the further parts of a wrapped line get a
 /// dash.
@@ -39,6 +39,9 @@ public:
     /// The labels of all that is visible, from top to bottom.
     std::vector<Label> labels() const;
 
+    /// Paints anew if other labels than those painted last belong here now.
+    void showChanges();
+
     /// Draws all labels.
     void drawHashMarksAndLabels(QPainter& painter) const;
 
@@ -51,8 +54,12 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    std::vector<Label> labelsOf(const std::vector<ScreenLine>& lines) const;
+    void draw(QPainter& painter, const std::vector<Label>& labels, const QRect& rect) const;
+
     QAbstractScrollArea& m_textView;
     const ScreenLines& m_lines;
+    std::vector<ScreenLine> m_painted;
 };
 
 } // namespace kestrel

@@ -40,6 +40,9 @@ LineNumberRulerView* LineNumberedTextView::lineNumberView() const {
 
 void LineNumberedTextView::setLineNumberView(LineNumberRulerView* ruler) {
     m_lineNumberView = ruler;
+    if (ruler != nullptr) {
+        ruler->show(); // a child that comes after its parent was shown stays hidden otherwise
+    }
     placeRuler();
 }
 
@@ -67,7 +70,10 @@ void LineNumberedTextView::lnv_framDidChange() {
 }
 
 void LineNumberedTextView::lnv_textDidChange() {
-    lnv_framDidChange();
+    // Most keys change no number and no line's place.
+    if (m_lineNumberView) {
+        m_lineNumberView->showChanges();
+    }
 }
 
 std::vector<ScreenLine> LineNumberedTextView::visibleScreenLines() const {
@@ -131,7 +137,7 @@ void LineNumberedTextView::placeRuler() {
 void LineNumberedTextView::followView(const QRect& rect, int dy) {
     if (dy != 0) {
         reload();
-    } else {
+    } else if (m_lineNumberView) {
         m_lineNumberView->update(0, rect.top(), LineNumberRulerView::Thickness, rect.height());
     }
 }

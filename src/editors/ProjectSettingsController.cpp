@@ -13,11 +13,11 @@
 #include "navigation/ProjectNavigationController.h"
 #include "newitem/AddNewItemFromProjectController.h"
 #include "newitem/Sheet.h"
+#include "panes/ElidedLabel.h"
 #include "panes/LightPalette.h"
 
 #include <QBoxLayout>
 #include <QEvent>
-#include <QLabel>
 #include <QScrollArea>
 
 #include <algorithm>
@@ -35,7 +35,7 @@ constexpr std::array<FileType, 3> Kinds = {FileType::text, FileType::graphics, F
 
 ProjectSettingsController::ProjectSettingsController(QWidget* parent)
     : QWidget(parent)
-    , m_projectLabel(new QLabel(this))
+    , m_projectLabel(new ElidedLabel(this))
     , m_outputField(new OutputField(this))
     , m_emulatorField(new EmulatorField(this))
     , m_filePicker(AddNewItemFromProjectController::openSheet)
@@ -66,8 +66,6 @@ ProjectSettingsController::~ProjectSettingsController() = default;
 
 void ProjectSettingsController::buildView() {
     m_projectLabel->setObjectName(QStringLiteral("projectLabel"));
-    m_projectLabel->setTextFormat(Qt::PlainText);
-    m_projectLabel->setWordWrap(true);
     QFont font = m_projectLabel->font();
     font.setBold(true);
     font.setPointSizeF(font.pointSizeF() * 1.2);
@@ -274,11 +272,17 @@ void ProjectSettingsController::subtractEntry(const QObject* sender) {
         return entry->itemName() == file->itemName();
     });
     const std::shared_ptr<ProjectItem> project = m_buildSettings->projectToBuild();
+    // The button is disabled while the list is made anew, and would lose the focus.
+    QPushButton* const button = m_lists[place]->subtractButton();
+    const bool byButton = button->hasFocus();
     m_buildSettings->removeFile(file);
     if (updateBuildSettings() && m_currentProject == project) {
         const auto next = static_cast<int>(removed - files.begin());
         const int rows = static_cast<int>(m_lists[place]->files().size());
         m_lists[place]->table()->selectRow(std::min(next, rows - 1));
+        if (byButton && button->isEnabled()) {
+            button->setFocus();
+        }
     }
 }
 

@@ -16,12 +16,12 @@
 #include <optional>
 
 class QBoxLayout;
-class QLabel;
 
 namespace kestrel {
 
 class AddNewItemFromProjectController;
 class BuildFileList;
+class ElidedLabel;
 class EmulatorField;
 class OutputField;
 class ProjectNavigationController;
@@ -129,7 +129,7 @@ private:
     std::shared_ptr<NESBuildSettings> m_buildSettings;
     std::array<BuildFileList*, PlaceCount> m_lists{};
     std::array<int, PlaceCount> m_selectedRows{-1, -1, -1};
-    QLabel* m_projectLabel;
+    ElidedLabel* m_projectLabel;
     QBoxLayout* m_listsLayout = nullptr;
     OutputField* m_outputField;
     EmulatorField* m_emulatorField;

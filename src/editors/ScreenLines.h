@@ -13,6 +13,8 @@ struct ScreenLine {
     std::optional<int> number;
     /// The top edge in the viewport's coordinates.
     qreal top = 0;
+
+    bool operator==(const ScreenLine&) const = default;
 };
 
 /// Tells a ruler what stands beside it.

@@ -105,8 +105,13 @@ void TextEditorController::showText(const std::filesystem::path& path, const QSt
         codeEditor->source().load(text);
         codeEditor->moveCursor(QTextCursor::Start);
         codeEditor->verticalScrollBar()->setValue(0);
+        m_goToLineBar->hide(); // it tells the former file's lines
     }
     codeEditor->reload();
+}
+
+QAbstractScrollArea* TextEditorController::codeEditorScrollView() const {
+    return codeEditor;
 }
 
 void TextEditorController::saveFile() {

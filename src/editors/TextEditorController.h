@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 
+class QAbstractScrollArea;
 class QLabel;
 class QPushButton;
 
@@ -27,6 +28,8 @@ public:
     explicit TextEditorController(QWidget* parent = nullptr);
     ~TextEditorController() override;
 
+    /// The code editor as what scrolls; the toolkit's text view is its own scroll view.
+    QAbstractScrollArea* codeEditorScrollView() const;
     QPointer<CodeEditorTextView> codeEditor;
     QPointer<QPushButton> saveButton;
 

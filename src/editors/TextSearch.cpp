@@ -38,7 +38,11 @@ TextSearch::TextSearch(const QTextDocument& document, const SearchTerm& term) {
     const QStringMatcher matcher(wanted, term.matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive);
     qsizetype place = matcher.indexIn(text);
     while (place >= 0) {
-        const bool counts = !term.wholeWords || isWholeWord(text, place, place + m_length);
+        // A stand-in for a character of the toolkit's looks like the second half of a pair.
+        const bool splitsPair =
+            place > 0 && text[place].isLowSurrogate() && text[place - 1].isHighSurrogate();
+        const bool counts =
+            !splitsPair && (!term.wholeWords || isWholeWord(text, place, place + m_length));
         if (counts) {
             m_positions.push_back(static_cast<int>(place));
         }

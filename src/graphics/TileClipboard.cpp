@@ -87,7 +87,11 @@ QImage TileClipboard::image(const TileClip& clip, const TileRenderer::Colors& co
 
 TileClip TileClipboard::tiles(const QImage& image, const TileRenderer::Colors& colors) {
     TileClip clip{std::min(image.width() / TileSide, TilesPerRow), image.height() / TileSide, {}};
-    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32);
+    const QImage pixels = image.copy(0, 0, clip.columns * TileSide, clip.rows * TileSide)
+                              .convertToFormat(QImage::Format_ARGB32);
+    if (pixels.isNull()) {
+        return {}; // no memory for it
+    }
     TileData tiles(static_cast<std::size_t>(clip.columns) * static_cast<std::size_t>(clip.rows));
     for (int y = 0; y < clip.rows * TileSide; ++y) {
         const auto* line = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));

@@ -20,7 +20,8 @@ public:
 
     /// The pane's own commands, in order, separators included; the same on every call, owned by the
     /// pane. They stand at the end of the Edit menu while the pane is shown. Their shortcuts act
-    /// while the pane is shown, so the pane must not add them to a widget of its own, too.
+    /// while the pane is shown, so a row of tools in the pane may hold the very same actions, but
+    /// no copies.
     virtual QList<QAction*> editActions() const { return {}; }
 
     /// The same for the View menu (zoom, grids).

@@ -178,6 +178,13 @@ TEST_F(BuildCommands, the_run_handler_and_the_location_given_to_run_project_are_
     EXPECT_FALSE(called);
 }
 
+TEST_F(BuildCommands, a_run_that_cannot_be_built_shows_the_builders_error_only) {
+    startWith("Game");
+    home.write("Kestrel/Game/main.asm", "; nothing");
+    run();
+    EXPECT_EQ(consoleText(), "\nCould not find main entry point for assembly file(s)");
+}
+
 TEST_F(BuildCommands, a_text_from_another_thread_waits_for_the_user_interface_thread) {
     start();
     std::thread([this] { controller->console(QStringLiteral("from afar")); }).join();

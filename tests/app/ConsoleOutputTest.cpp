@@ -90,6 +90,22 @@ TEST(ConsoleOutput, FollowsTheEndOfTextThatCameBeforeItWasShown) {
     EXPECT_EQ(bar->value(), bar->maximum());
 }
 
+TEST(ConsoleOutput, FollowsTheEndAgainOnceItWasClearedAtTheTop) {
+    ConsoleOutput console;
+    console.resize(300, 120);
+    console.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&console));
+    console.append(QStringLiteral("line\n").repeated(200));
+    finish(console);
+    QScrollBar* bar = console.console()->verticalScrollBar();
+    bar->setValue(0);
+    console.clear();
+    console.append(QStringLiteral("line\n").repeated(200));
+    finish(console);
+    ASSERT_GT(bar->maximum(), 0);
+    EXPECT_EQ(bar->value(), bar->maximum());
+}
+
 TEST(ConsoleOutput, NewTextSelectsNothing) {
     ConsoleOutput console;
     console.append(QStringLiteral("one"));

@@ -59,6 +59,22 @@ TEST_F(Instances, another_user_display_or_home_is_another_first) {
     EXPECT_EQ(startElsewhere({"/x"}, "someone else"), Role::first);
 }
 
+TEST_F(Instances, user_display_and_home_make_the_identity) {
+    const QByteArray identity = InstanceChannel::userIdentity();
+    for (const char* variable : {"HOME", "USER", "DISPLAY"}) {
+        const bool wasSet = qEnvironmentVariableIsSet(variable);
+        const QByteArray former = qgetenv(variable);
+        qputenv(variable, "/another");
+        EXPECT_NE(InstanceChannel::userIdentity(), identity) << variable;
+        if (wasSet) {
+            qputenv(variable, former);
+        } else {
+            qunsetenv(variable);
+        }
+    }
+    EXPECT_EQ(InstanceChannel::userIdentity(), identity);
+}
+
 TEST_F(Instances, a_predecessor_that_crashed_is_no_obstacle) {
     const pid_t child = ::fork();
     if (child == 0) {

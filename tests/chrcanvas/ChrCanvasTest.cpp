@@ -105,8 +105,7 @@ TEST_F(ChrCanvasTest, ADragPaintsALineWithoutGapsAndIsOneStep) {
     release(7, 6);
     const std::vector<std::string> drawn = {"30000000", "30000000", "03000000", "03000000",
                                             "00300000", "00300000", "00033333", "00000000"};
-    EXPECT_EQ(picture()[0], drawn[0]);
-    EXPECT_EQ(picture()[6], drawn[6]);
+    EXPECT_EQ(picture(), drawn);
     int painted = 0;
     for (const std::string& row : picture()) {
         painted += static_cast<int>(std::count(row.begin(), row.end(), '3'));
@@ -117,6 +116,29 @@ TEST_F(ChrCanvasTest, ADragPaintsALineWithoutGapsAndIsOneStep) {
     EXPECT_FALSE(m_view.editor().canUndo());
     m_view.edit([](TileEditor& editor) { return editor.redo(); });
     EXPECT_EQ(m_tiles->pixel(5, 7, 6), 3);
+}
+
+TEST_F(ChrCanvasTest, ASecondPressSoonAfterTheFirstPaintsToo) {
+    QTest::mouseDClick(m_view.viewport(), Qt::LeftButton, {}, at(1, 1));
+    m_view.edit([](TileEditor& editor) { return editor.undo(); });
+    // What arrives of a second press elsewhere, as long as it is near enough.
+    QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(at(2, 1)),
+                       QPointF(m_view.viewport()->mapToGlobal(at(2, 1))), Qt::LeftButton,
+                       Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_view.viewport(), &second);
+    move(4, 1);
+    release(4, 1);
+    EXPECT_EQ(m_tiles->pixel(5, 2, 1), 3);
+    EXPECT_EQ(m_tiles->pixel(5, 4, 1), 3);
+}
+
+TEST_F(ChrCanvasTest, AnArrowKeyDuringAStrokeLeavesItWhereItIs) {
+    press(1, 1);
+    key(Qt::Key_Down);
+    move(4, 1);
+    release(4, 1);
+    EXPECT_EQ(m_tiles->pixel(5, 1, 2), 0);
+    EXPECT_EQ(m_tiles->pixel(5, 4, 1), 3);
 }
 
 TEST_F(ChrCanvasTest, APixelThatHasTheColourAlreadyIsNotTold) {

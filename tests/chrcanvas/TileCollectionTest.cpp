@@ -86,6 +86,32 @@ TEST_F(TileCollectionTest, AClickSelectsOneTile) {
     EXPECT_EQ(selectedTile(), 37);
 }
 
+TEST_F(TileCollectionTest, ASecondPressSoonAfterTheFirstSelectsToo) {
+    click(5);
+    QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(middle(6)),
+                       QPointF(m_view.viewport()->mapToGlobal(middle(6))), Qt::LeftButton,
+                       Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_view.viewport(), &second);
+    EXPECT_EQ(selectedTile(), 6);
+}
+
+TEST_F(TileCollectionTest, ADragEndsWhenTheViewerIsHidden) {
+    QTest::mousePress(m_view.viewport(), Qt::LeftButton, {}, middle(5));
+    m_view.hide();
+    m_view.show();
+    QTest::mouseMove(m_view.viewport(), middle(22));
+    QTest::mouseMove(m_view.viewport(), middle(23));
+    EXPECT_EQ(selectedTile(), 5);
+}
+
+TEST_F(TileCollectionTest, NewTilesAreAnnouncedThoughTheSameNumberIsSelected) {
+    click(5);
+    const QSignalSpy changes(&m_view, &TileCollection::selectionChanged);
+    m_view.setTileData(randomTiles(16));
+    m_view.reloadTiles();
+    EXPECT_GE(changes.size(), 1);
+}
+
 TEST_F(TileCollectionTest, ADragSelectsARectangleReportedByRows) {
     QTest::mousePress(m_view.viewport(), Qt::LeftButton, {}, middle(22));
     QTest::mouseMove(m_view.viewport(), middle(6));

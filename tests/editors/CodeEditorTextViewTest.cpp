@@ -68,6 +68,12 @@ TEST_F(CodeEditor, ReturnBeforeOrInsideTheTabsCopiesThoseBeforeTheCaret) {
     EXPECT_EQ(text(), QStringLiteral("\t\n\t\tnop"));
 }
 
+TEST_F(CodeEditor, ReturnWithAltBreaksNoLine) {
+    load(QStringLiteral("\tnop"), 4);
+    key(Qt::Key_Return, Qt::AltModifier);
+    EXPECT_EQ(text(), QStringLiteral("\tnop"));
+}
+
 TEST_F(CodeEditor, TabsAfterOtherCharactersAreNotCopied) {
     load(QStringLiteral("\tlda\t\t#0"), 8);
     key(Qt::Key_Return);

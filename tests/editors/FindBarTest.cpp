@@ -187,6 +187,26 @@ TEST_F(EditorBars, WithoutATermFindNextAsksForOne) {
     EXPECT_TRUE(widget<QWidget>("findBar").isVisible());
 }
 
+TEST_F(EditorBars, TypingATermSearchesFromWhereTheCaretIsNow) {
+    load(QStringLiteral("lda sta lda sta"));
+    find(QStringLiteral("sta"));
+    EXPECT_EQ(place(), 4);
+    editor().moveCursor(QTextCursor::End);
+    editor().moveCursor(QTextCursor::StartOfLine);
+    widget<QLineEdit>("findTerm").clear();
+    QTest::keyClicks(&widget<QLineEdit>("findTerm"), QStringLiteral("lda"));
+    EXPECT_EQ(place(), 0);
+}
+
+TEST_F(EditorBars, FindNeverSelectsHalfOfACharacter) {
+    // The second half of U+1F428 looks like the stand-in for U+2028.
+    load(QStringLiteral("a\U0001F428b\u2028c"));
+    const TextSearch search(*editor().document(), {QString(QChar(0x2028)), false, false});
+    ASSERT_TRUE(search.atOrAfter(0));
+    EXPECT_EQ(search.position(*search.atOrAfter(0)), 4);
+    EXPECT_EQ(search.atOrAfter(5), search.atOrAfter(0)) << "there is no other";
+}
+
 TEST_F(EditorBars, TheCountFollowsEdits) {
     load(QStringLiteral("lda lda"));
     find(QStringLiteral("lda"));

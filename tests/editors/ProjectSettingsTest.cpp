@@ -206,6 +206,27 @@ TEST_F(ProjectSettingsTest, TheRowAfterTheRemovedOneIsSelected) {
     EXPECT_TRUE(exists("Kestrel/Demo/more.asm"));
 }
 
+TEST_F(ProjectSettingsTest, TheMinusButtonKeepsTheFocusWhileThereIsSomethingToRemove) {
+    addTo(pane().assemblyList(), "more.asm");
+    const BuildFileList* list = pane().assemblyList();
+    clickRow(list, 0);
+    list->subtractButton()->setFocus();
+    ASSERT_TRUE(list->subtractButton()->hasFocus());
+    QTest::keyClick(list->subtractButton(), Qt::Key_Space);
+    EXPECT_THAT(rows(list), ElementsAre("more.asm"));
+    EXPECT_TRUE(list->subtractButton()->hasFocus());
+}
+
+TEST_F(ProjectSettingsTest, AHeldDeleteKeyRemovesOneFile) {
+    addTo(pane().assemblyList(), "more.asm");
+    clickRow(pane().assemblyList(), 0);
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, Qt::KeypadModifier);
+    QApplication::sendEvent(pane().assemblyList()->table(), &press);
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(pane().assemblyList()->table(), &repeated);
+    EXPECT_THAT(rows(pane().assemblyList()), ElementsAre("more.asm"));
+}
+
 TEST_F(ProjectSettingsTest, TheDeleteKeyRemovesTheSelectedFile) {
     addTo(pane().paletteList(), "tiles.bin");
     clickRow(pane().paletteList(), 0);
