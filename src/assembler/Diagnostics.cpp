@@ -65,7 +65,7 @@ bool Diagnostics::isRepeated(const Position& position, bool isError) {
         return false;
     // What is noted must not come to stand for another place.
     origin.kept = true;
-    return !m_repeatedLines.emplace(position.origin, position.number).second;
+    return !m_repeatedLines.emplace(position.origin, position.number, isError).second;
 }
 
 std::vector<std::uint32_t> Diagnostics::linesWithErrors() const {

@@ -10,7 +10,7 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <tuple>
 #include <vector>
 
 namespace nesasm {
@@ -28,7 +28,7 @@ public:
                 const WarningSwitches& switches = {});
 
     /// In a macro expansion only the first error is kept: the others come from the same mistake. In
-    /// a repetition each line is reported once.
+    /// a repetition each line is reported once, and warned of once.
     void error(const Position& position, std::string text);
     /// Does nothing when that warning is off; counts as an error when the switches say so. Of each
     /// warning only the first fifty are shown.
@@ -76,7 +76,8 @@ private:
     std::size_t m_errors = 0;
     std::size_t m_warnings = 0;
     std::vector<std::uint32_t> m_errorLines;
-    std::set<std::pair<OriginId, std::uint32_t>> m_repeatedLines; ///< reported ones inside a .rept
+    /// Reported lines inside a .rept, and whether with an error: a warning hides no error.
+    std::set<std::tuple<OriginId, std::uint32_t, bool>> m_repeatedLines;
     std::vector<Message> m_messages;
 };
 
