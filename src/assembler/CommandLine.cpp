@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 namespace nesasm {
 
@@ -136,37 +137,52 @@ private:
     CommandLine& m_line;
 };
 
+/// Reads the first of `arguments`, with its value, and drops it. Returns "" or what is wrong.
+std::string readArgument(std::span<const std::string_view>& arguments, CommandLine& line,
+                         ValuedOptions& options) {
+    const std::string_view argument = arguments.front();
+    arguments = arguments.subspan(1);
+    if (argument == "--help" || argument == "--version") {
+        line.wish = argument == "--help" ? CommandLine::Wish::Help : CommandLine::Wish::Version;
+        return {};
+    }
+    if (argument == "-v" || argument == "--expand-macros") {
+        (argument == "-v" ? line.isVerbose : line.listsExpansions) = true;
+        return {};
+    }
+    // The value is the next argument; "--option=value" and "-Ifolder" are understood too.
+    std::string_view name = argument;
+    std::optional<std::string_view> value;
+    const std::size_t length = name.starts_with("--") ? name.find('=') : 2;
+    if (!ValuedOptions::knows(name) && name.starts_with('-') && length < name.size()) {
+        value = name.substr(name.starts_with("--") ? length + 1 : length);
+        name = name.substr(0, length);
+    }
+    if (!ValuedOptions::knows(name))
+        return "there is no option '" + std::string(argument) + "'";
+    if (!value) {
+        if (arguments.empty())
+            return std::string(name) + " needs a value";
+        value = arguments.front();
+        arguments = arguments.subspan(1);
+    }
+    return options.apply(name, *value);
+}
+
 } // namespace
 
 std::string readCommandLine(std::span<const std::string_view> arguments, CommandLine& line) {
     ValuedOptions options(line);
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        std::string_view name = arguments[i];
-        if (name == "--help" || name == "--version") {
-            line.wish = name == "--help" ? CommandLine::Wish::Help : CommandLine::Wish::Version;
-            return {};
-        }
-        if (name == "-v" || name == "--expand-macros") {
-            (name == "-v" ? line.isVerbose : line.listsExpansions) = true;
-            continue;
-        }
-        // The value is the next argument; "--option=value" and "-Ifolder" are understood too.
-        std::optional<std::string_view> value;
-        const std::size_t length = name.starts_with("--") ? name.find('=') : 2;
-        if (!ValuedOptions::knows(name) && name.starts_with('-') && length < name.size()) {
-            value = name.substr(name.starts_with("--") ? length + 1 : length);
-            name = name.substr(0, length);
-        }
-        if (!ValuedOptions::knows(name))
-            return "there is no option '" + std::string(arguments[i]) + "'";
-        if (!value) {
-            if (++i == arguments.size())
-                return std::string(name) + " needs a value";
-            value = arguments[i];
-        }
-        if (std::string problem = options.apply(name, *value); !problem.empty())
-            return problem;
+    line.wish = CommandLine::Wish::Assemble;
+    // What is behind a mistake is read too: the output should be known.
+    std::string problem;
+    while (!arguments.empty() && line.wish == CommandLine::Wish::Assemble) {
+        std::string another = readArgument(arguments, line, options);
+        if (problem.empty())
+            problem = std::move(another);
     }
+    if (!problem.empty() || line.wish != CommandLine::Wish::Assemble)
+        return problem;
     line.options.recordsLines =
         !line.listing.empty() || std::find(line.labels.begin(), line.labels.end(),
                                            CommandLine::Labels::Dbg) != line.labels.end();

@@ -25,7 +25,8 @@ struct CommandLine {
     Colours colours = Colours::Auto;
 };
 
-/// Reads the arguments behind the program's name. Returns "" or what is wrong, as a sentence.
+/// Reads the arguments behind the program's name. Returns "" or what is wrong first, as a sentence;
+/// `line` then holds what was understood all the same.
 std::string readCommandLine(std::span<const std::string_view> arguments, CommandLine& line);
 
 /// What --help prints.

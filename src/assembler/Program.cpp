@@ -76,28 +76,51 @@ int build(const CommandLine& line, const TextSink& sink) {
     return kBuilt;
 }
 
+/// Removes an older image at the output of a call that is refused, unless the call would read it.
+void removeRefusedImage(const CommandLine& line) {
+    if (line.output.empty())
+        return;
+    if (!line.options.input.empty()) {
+        // Only the sources tell which files are read; what they say does not matter here.
+        Assembler assembler(line.options, [](std::string_view) {});
+        assembler.run();
+        FileIdentity identity;
+        if (identify(line.output, identity) && assembler.hasRead(identity))
+            return;
+    }
+    removeOldImage(line.output);
+}
+
+int refuse(const CommandLine& line, const std::string& problem, const TextSink& sink) {
+    sink(printable("error: " + problem) + "\nNESasm --help lists the options.\n");
+    removeRefusedImage(line);
+    return kWrongUse;
+}
+
+int buildOrRefuse(const CommandLine& line, const std::string& problem, const TextSink& sink) {
+    try {
+        return problem.empty() ? build(line, sink) : refuse(line, problem, sink);
+    } catch (const std::bad_alloc&) {
+        if (problem.empty())
+            removeOldImage(line.output);
+        sink("error: there is not enough memory for this program\n");
+        return kWrongUse;
+    }
+}
+
 } // namespace
 
 int runProgram(std::span<const std::string_view> arguments, const Surroundings& surroundings,
                const TextSink& sink) {
     CommandLine line;
-    if (const std::string problem = readCommandLine(arguments, line); !problem.empty()) {
-        sink(printable("error: " + problem) + "\nNESasm --help lists the options.\n");
-        return kWrongUse;
-    }
-    if (line.wish != CommandLine::Wish::Assemble) {
+    const std::string problem = readCommandLine(arguments, line);
+    if (problem.empty() && line.wish != CommandLine::Wish::Assemble) {
         sink(line.wish == CommandLine::Wish::Help ? helpText() : std::string(kVersionLine));
         return kBuilt;
     }
     line.options.includeList = surroundings.includeList;
     line.options.colours = wantsColours(line.colours, surroundings);
-    try {
-        return build(line, sink);
-    } catch (const std::bad_alloc&) {
-        removeOldImage(line.output);
-        sink("error: there is not enough memory for this program\n");
-        return kWrongUse;
-    }
+    return buildOrRefuse(line, problem, sink);
 }
 
 } // namespace nesasm

@@ -209,6 +209,48 @@ TEST_F(ProgramTest, WrongUseGives2) {
     EXPECT_EQ(runNesasm(start).status, kWrongUse);
 }
 
+TEST_F(ProgramTest, WrongUseRemovesAnOlderImage) {
+    const std::string source = m_folder.write("a.asm", kGood).string();
+    const std::string image = at("a.nes").string();
+    const std::vector<std::vector<std::string>> calls{
+        {"--bogus", "--input", source, "--output", image},
+        {"--output", image, "--input", source, "--max-errors", "many"},
+        {"--output=" + image, "--input"},
+        {"--output", image},
+    };
+    for (const auto& call : calls) {
+        m_folder.write("a.nes", "NES\x1A and more");
+        ChildStart start;
+        start.arguments = call;
+        EXPECT_EQ(runNesasm(start).status, kWrongUse);
+        EXPECT_FALSE(fs::exists(image)) << call[0];
+    }
+    m_folder.write("a.nes", "my diary");
+    ChildStart start;
+    start.arguments = calls[0];
+    EXPECT_EQ(runNesasm(start).status, kWrongUse);
+    EXPECT_EQ(kestrel::test::contentOf(image), "my diary");
+}
+
+TEST_F(ProgramTest, WrongUseRemovesNoImageThatIsRead) {
+    const std::string image = m_folder.write("original.nes", "NES\x1A and more").string();
+    const std::string source = m_folder.write("a.asm", " .incbin \"original.nes\"\n").string();
+    for (const std::string& input : {source, image}) {
+        ChildStart start;
+        start.arguments = {"--output", image, "--bogus", "--input", input};
+        EXPECT_EQ(runNesasm(start).status, kWrongUse);
+        EXPECT_EQ(kestrel::test::contentOf(image), "NES\x1A and more");
+    }
+}
+
+TEST_F(ProgramTest, HelpRemovesNothing) {
+    m_folder.write("a.nes", "NES\x1A and more");
+    ChildStart start;
+    start.arguments = {"--output", at("a.nes").string(), "--help"};
+    EXPECT_EQ(runNesasm(start).status, kBuilt);
+    EXPECT_TRUE(fs::exists(at("a.nes")));
+}
+
 TEST_F(ProgramTest, HelpAndVersionGive0) {
     ChildStart start;
     start.arguments = {"--help"};
