@@ -117,6 +117,14 @@ std::string writeImageFile(const std::string& path, const std::vector<std::uint8
     return std::strerror(problem);
 }
 
+std::string writtenPath(const std::string& path) {
+    const std::string target = linkTarget(path);
+    const std::string folder = folderOf(target);
+    const std::unique_ptr<char, decltype(&std::free)> found(
+        realpath(folder.empty() ? "." : folder.c_str(), nullptr), &std::free);
+    return found ? joinPath(found.get(), target.substr(target.rfind('/') + 1)) : target;
+}
+
 void removeOldImage(const std::string& path) {
     const std::string target = linkTarget(path);
     const int descriptor = open(target.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);

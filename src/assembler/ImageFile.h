@@ -16,6 +16,10 @@ std::vector<std::uint8_t> imageFile(const Image& image);
 /// "" or why it could not be written, as part of a sentence.
 std::string writeImageFile(const std::string& path, const std::vector<std::uint8_t>& bytes);
 
+/// The file that writeImageFile would make for `path`, with links followed as far as they lead; the
+/// same for two paths that come to the same file.
+std::string writtenPath(const std::string& path);
+
 /// Removes an older image at `path`: a regular file, links followed, that begins with an iNES
 /// header's mark. Anything else is left alone.
 void removeOldImage(const std::string& path);

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <utility>
 
 namespace nesasm {
 
@@ -73,11 +74,18 @@ SideFile mlbFile(const Assembly& assembly, const std::string& output) {
     return file;
 }
 
+std::vector<std::string> nlPaths(const std::string& output, std::uint32_t banks) {
+    std::vector<std::string> paths{output + ".ram.nl"};
+    for (std::uint32_t bank = 0; bank < banks; ++bank)
+        paths.push_back(output + "." + hexDigits(bank, 1) + ".nl");
+    return paths;
+}
+
 std::vector<SideFile> nlFiles(const Assembly& assembly, const std::string& output) {
-    std::vector<SideFile> files{{output + ".ram.nl", {}}};
     const std::uint32_t prgSize = prgBankCount(assembly.image) * kBankSize;
-    for (std::uint32_t bank = 0; bank * kNlBankSize < prgSize; ++bank)
-        files.push_back({output + "." + hexDigits(bank, 1) + ".nl", {}});
+    std::vector<SideFile> files;
+    for (std::string& path : nlPaths(output, (prgSize + kNlBankSize - 1) / kNlBankSize))
+        files.push_back({std::move(path), {}});
     // An address may stand in a file once only; the same one in another 8 KiB of the same file
     // comes later and is left out.
     std::vector<std::map<std::uint32_t, bool>> taken(files.size());

@@ -2,7 +2,9 @@
 
 #include "assembler/Options.h"
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace nesasm {
@@ -22,6 +24,9 @@ SideFile mlbFile(const Assembly& assembly, const std::string& output);
 /// The labels in the format that ends in .nl (source: its emulator's manual, "NL files format"):
 /// one file for RAM and one for each 16 KiB of PRG.
 std::vector<SideFile> nlFiles(const Assembly& assembly, const std::string& output);
+
+/// The paths of those files when PRG has so many `banks` of 16 KiB.
+std::vector<std::string> nlPaths(const std::string& output, std::uint32_t banks);
 
 /// `path` with another ending, "game.mlb" for "game.nes".
 std::string withEnding(const std::string& path, std::string_view ending);

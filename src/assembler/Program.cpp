@@ -113,7 +113,9 @@ int buildOrRefuse(const CommandLine& line, const std::string& problem, const Tex
 int runProgram(std::span<const std::string_view> arguments, const Surroundings& surroundings,
                const TextSink& sink) {
     CommandLine line;
-    const std::string problem = readCommandLine(arguments, line);
+    std::string problem = readCommandLine(arguments, line);
+    if (problem.empty() && line.wish == CommandLine::Wish::Assemble)
+        problem = sharedOutput(line);
     if (problem.empty() && line.wish != CommandLine::Wish::Assemble) {
         sink(line.wish == CommandLine::Wish::Help ? helpText() : std::string(kVersionLine));
         return kBuilt;
