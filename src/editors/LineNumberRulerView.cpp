@@ -1,16 +1,14 @@
 #include "editors/LineNumberRulerView.h"
 
-#include "editors/LabelFont.h"
-#include "editors/ScreenLines.h"
-
 #include <QAbstractScrollArea>
 #include <QCoreApplication>
 #include <QPainter>
 #include <QPaintEvent>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
-#include <map>
+#include <iterator>
 
 namespace kestrel {
 
@@ -68,14 +66,16 @@ LineNumberRulerView::labelsOf(const std::vector<ScreenLine>& lines) const {
     const QFont viewFont = m_textView.font();
     const qreal offset = mapFrom(&m_textView, m_textView.viewport()->pos()).y();
     std::vector<Label> labels;
-    // In a font of one width all labels of one length fit alike.
-    std::map<qsizetype, LabelFont> fittedByLength;
+    if (m_fittedFont != viewFont) {
+        m_fittedFont = viewFont;
+        m_fittedByLength.clear();
+    }
     for (const ScreenLine& line : lines) {
         QString text = line.number ? QString::number(*line.number) : QStringLiteral("-");
-        auto fitted = fittedByLength.find(text.size());
-        if (fitted == fittedByLength.end()) {
+        auto fitted = m_fittedByLength.find(text.size());
+        if (fitted == m_fittedByLength.end()) {
             fitted =
-                fittedByLength.emplace(text.size(), LabelFont::fitting(text, viewFont, LabelEdge))
+                m_fittedByLength.emplace(text.size(), LabelFont::fitting(text, viewFont, LabelEdge))
                     .first;
         }
         labels.push_back(
@@ -85,19 +85,15 @@ LineNumberRulerView::labelsOf(const std::vector<ScreenLine>& lines) const {
 }
 
 void LineNumberRulerView::drawHashMarksAndLabels(QPainter& painter) const {
-    draw(painter, labels(), rect());
+    draw(painter, labels());
 }
 
-/// Draws those of the labels that reach into `rect`.
-void LineNumberRulerView::draw(QPainter& painter, const std::vector<Label>& labels,
-                               const QRect& rect) const {
+void LineNumberRulerView::draw(QPainter& painter, const std::vector<Label>& labels) const {
     painter.setPen(labelColor());
-    const QFontMetricsF metrics(m_textView.font());
+    const qreal ascent = QFontMetricsF(m_textView.font()).ascent();
     for (const Label& label : labels) {
-        if (label.top <= rect.bottom() + 1 && label.top + metrics.height() >= rect.top()) {
-            painter.setFont(label.font);
-            painter.drawText(QPointF(label.left(), label.top + metrics.ascent()), label.text);
-        }
+        painter.setFont(label.font);
+        painter.drawText(QPointF(label.left(), label.top + ascent), label.text);
     }
 }
 
@@ -117,11 +113,23 @@ QColor LineNumberRulerView::labelColor() const {
     return readableGray(backgroundColor());
 }
 
+/// Those of the lines painted last of which a part lies in `rect`.
+std::vector<ScreenLine> LineNumberRulerView::reachingInto(const QRect& rect) const {
+    const qreal offset = mapFrom(&m_textView, m_textView.viewport()->pos()).y();
+    const qreal height = QFontMetricsF(m_textView.font()).height();
+    std::vector<ScreenLine> lines;
+    std::ranges::copy_if(m_painted, std::back_inserter(lines), [&](const ScreenLine& line) {
+        const qreal top = offset + line.top;
+        return top <= rect.bottom() + 1 && top + height >= rect.top();
+    });
+    return lines;
+}
+
 void LineNumberRulerView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(event->rect(), backgroundColor());
     m_painted = m_lines.visibleScreenLines();
-    draw(painter, labelsOf(m_painted), event->rect());
+    draw(painter, labelsOf(reachingInto(event->rect())));
 }
 
 void LineNumberRulerView::wheelEvent(QWheelEvent* event) {

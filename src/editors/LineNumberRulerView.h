@@ -1,11 +1,13 @@
 #pragma once
 
+#include "editors/LabelFont.h"
 #include "editors/ScreenLines.h"
 
 #include <QFont>
 #include <QString>
 #include <QWidget>
 
+#include <map>
 #include <vector>
 
 class QAbstractScrollArea;
@@ -55,11 +57,16 @@ protected:
 
 private:
     std::vector<Label> labelsOf(const std::vector<ScreenLine>& lines) const;
-    void draw(QPainter& painter, const std::vector<Label>& labels, const QRect& rect) const;
+    std::vector<ScreenLine> reachingInto(const QRect& rect) const;
+    void draw(QPainter& painter, const std::vector<Label>& labels) const;
 
     QAbstractScrollArea& m_textView;
     const ScreenLines& m_lines;
     std::vector<ScreenLine> m_painted;
+    /// What the labels of each length are drawn in while the view has that font: in a font of one
+    /// width they all fit alike.
+    mutable std::map<qsizetype, LabelFont> m_fittedByLength;
+    mutable QFont m_fittedFont;
 };
 
 } // namespace kestrel
