@@ -6,6 +6,7 @@
 #include "assembler/Text.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace nesasm {
@@ -36,6 +37,7 @@ public:
         , m_showsExpansions(showsExpansions) {}
 
     std::string text() {
+        findOwners();
         for (std::size_t i = 0; i < m_records.size(); ++i) {
             const LineRecord& record = m_records[i];
             if (record.isListed && (m_showsExpansions || !isExpansion(record)))
@@ -46,6 +48,34 @@ public:
     }
 
 private:
+    /// The bytes of a line as they are in the image; nullopt for those that a later line wrote
+    /// over.
+    using Bytes = std::vector<std::optional<std::uint8_t>>;
+
+    /// Calls `use` with the bank and the offset of each byte that the line made.
+    template<typename Use> static void forEachByte(const LineRecord& record, const Use& use) {
+        if (!record.isStatement || record.isRam)
+            return;
+        std::uint32_t bank = record.bank;
+        std::uint32_t offset = record.offset;
+        for (std::uint32_t left = record.size; left != 0; --left, ++offset) {
+            if (offset == kBankSize) {
+                ++bank;
+                offset = 0;
+            }
+            use(bank, offset);
+        }
+    }
+
+    void findOwners() {
+        m_owners.resize(m_assembly.image.bankCount());
+        for (std::size_t i = 0; i < m_records.size(); ++i)
+            forEachByte(m_records[i], [&](std::uint32_t bank, std::uint32_t offset) {
+                m_owners[bank].resize(kBankSize);
+                m_owners[bank][offset] = static_cast<std::uint32_t>(i);
+            });
+    }
+
     bool isExpansion(const LineRecord& record) const {
         return m_assembly.origins[record.origin].kind != Origin::Kind::File;
     }
@@ -53,11 +83,11 @@ private:
     void addLine(std::size_t index) {
         const LineRecord& record = m_records[index];
         addFileLine(record);
-        const std::vector<std::uint8_t> bytes = bytesOf(index);
+        const Bytes bytes = bytesOf(index);
         std::string cycles;
         // One instruction is at most three bytes; longer data just may look like one.
-        if (record.isStatement && isInstruction(record) && !bytes.empty())
-            cycles = cyclesText(bytes[0]);
+        if (record.isStatement && isInstruction(record) && !bytes.empty() && bytes[0])
+            cycles = cyclesText(*bytes[0]);
         const LineRecord& place = placeOf(index);
         const bool hasPlace = !bytes.empty() || (record.isStatement && !isBlankLine(record.text));
         const std::size_t rows =
@@ -90,13 +120,13 @@ private:
     }
 
     /// The bytes of a line and, where expansions are not shown, of those that it led to.
-    std::vector<std::uint8_t> bytesOf(std::size_t index) const {
-        std::vector<std::uint8_t> bytes;
-        append(m_records[index], bytes);
+    Bytes bytesOf(std::size_t index) const {
+        Bytes bytes;
+        append(index, bytes);
         if (m_showsExpansions)
             return bytes;
         for (std::size_t i = index + 1; i < m_records.size() && isExpansion(m_records[i]); ++i)
-            append(m_records[i], bytes);
+            append(i, bytes);
         return bytes;
     }
 
@@ -110,19 +140,13 @@ private:
         return m_records[index];
     }
 
-    void append(const LineRecord& record, std::vector<std::uint8_t>& bytes) const {
-        if (!record.isStatement || record.isRam)
-            return;
-        std::uint32_t bank = record.bank;
-        std::uint32_t offset = record.offset;
-        for (std::uint32_t left = record.size; left != 0; --left, ++offset) {
-            if (offset == kBankSize) {
-                ++bank;
-                offset = 0;
-            }
-            const std::uint8_t* const content = m_assembly.image.bytes(bank);
-            bytes.push_back(content == nullptr ? 0xFF : content[offset]);
-        }
+    void append(std::size_t index, Bytes& bytes) const {
+        forEachByte(m_records[index], [&](std::uint32_t bank, std::uint32_t offset) {
+            if (m_owners[bank][offset] == index)
+                bytes.emplace_back(m_assembly.image.bytes(bank)[offset]);
+            else
+                bytes.emplace_back();
+        });
     }
 
     static bool isBlankLine(const char* text) { return endsStatement(*skipBlanks(text)); }
@@ -153,11 +177,11 @@ private:
         return text + "  ";
     }
 
-    static std::string rowText(const std::vector<std::uint8_t>& bytes, std::size_t row) {
+    static std::string rowText(const Bytes& bytes, std::size_t row) {
         std::string text;
         const std::size_t end = std::min(bytes.size(), (row + 1) * kBytesInRow);
         for (std::size_t i = row * kBytesInRow; i < end; ++i)
-            text += hexText(bytes[i], 2).substr(1) + " ";
+            text += (bytes[i] ? hexText(*bytes[i], 2).substr(1) : "..") + " ";
         return text;
     }
 
@@ -203,6 +227,8 @@ private:
     const Assembly& m_assembly;
     const std::vector<LineRecord>& m_records;
     bool m_showsExpansions;
+    /// For each byte of each bank the line that wrote it last; empty where nothing was written.
+    std::vector<std::vector<std::uint32_t>> m_owners;
     OriginId m_file = kNoOrigin;
     std::string m_text;
 };
