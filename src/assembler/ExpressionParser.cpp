@@ -234,6 +234,9 @@ bool ExpressionParser::word() {
         if ((startsName(next) || isDigit(*next) || *next == '$') && findFunction(name, which))
             return fail(begin, std::string(name) + " needs its operand in parentheses");
     }
+    if (*m_p == '(' && *begin != '.')
+        return fail(begin, "there is no function " + quoted(name) +
+                               "; there are LOW, HIGH, BANK, PAGE and SIZEOF");
     const SymbolId id = m_assembly.intern(name);
     ++m_assembly.symbols[id].uses;
     return push(OpCode::Value, id, begin);

@@ -1,0 +1,4 @@
+table:
+	lda #LO(table)
+	ldx #HI(table)
+	.db hibyte(table)
