@@ -1,6 +1,7 @@
 #include "assembler/ExpressionParser.h"
 
 #include "assembler/Characters.h"
+#include "assembler/Remedies.h"
 #include "assembler/Text.h"
 
 #include <utility>
@@ -355,10 +356,11 @@ std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const c
     if (result.status == Evaluation::Status::Known)
         return result.value;
     if (result.status == Evaluation::Status::Unknown && !m_assembly.isIncomplete) {
-        const std::string name(m_assembly.symbols[result.symbol].name);
+        const Symbol& symbol = m_assembly.symbols[result.symbol];
         m_assembly.error(m_assembly.line.begin + result.column,
-                         "the value of '" + name + "' is not known here, but " + what +
-                             " needs it at once: define it further up");
+                         "the value of " + quoted(symbol.name) + " is not known here, but " + what +
+                             " needs it at once: define it further up" +
+                             (symbol.isDefined ? "" : remedyForSymbol(m_assembly, symbol)));
     }
     return std::nullopt;
 }

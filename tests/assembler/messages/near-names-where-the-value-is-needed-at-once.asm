@@ -1,0 +1,4 @@
+DEBUG = 1
+	.if DEBUGG
+	nop
+	.endif
