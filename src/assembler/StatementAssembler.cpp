@@ -22,6 +22,14 @@ bool isDirectiveAt(const char* p, Directive directive) {
            keyword.id == static_cast<std::uint8_t>(directive) && *end != ':';
 }
 
+/// True when an instruction or a directive with its dot stands at `p`: what comes before it is
+/// meant as a label.
+bool isStatementAt(const char* p) {
+    const Keyword::Kind kind =
+        startsName(p) ? findKeyword(view(p, wordEnd(p))).kind : Keyword::Kind::None;
+    return kind == Keyword::Kind::Instruction || (kind == Keyword::Kind::Directive && *p == '.');
+}
+
 /// How a remedy begins that leaves no doubt about what was meant.
 constexpr std::string_view kAdvice = "; use ";
 
@@ -253,11 +261,14 @@ void StatementAssembler::reportUnknown(std::string_view word, const char* p,
     const bool isSymbol = id != 0 && m_assembly.symbols[id].isDefined;
     const std::string remedy = isSymbol ? "" : remedyForWord(m_assembly, word);
     const std::string labelRemedy = label.empty() ? "" : remedyForWord(m_assembly, label);
-    if (label.empty() && endsStatement(*skipBlanks(p + word.size()))) {
-        if (!remedy.starts_with(kAdvice))
-            text += "; an indented label needs a colon behind it";
-        text += remedy;
+    const char* const next = skipBlanks(p + word.size());
+    if (label.empty())
         m_definitions.markBroken(word);
+    if (label.empty() && (endsStatement(*next) || isStatementAt(next))) {
+        if (!remedy.starts_with(kAdvice))
+            text += isDotted ? "; an indented local label needs a colon behind it"
+                             : "; an indented label needs a colon behind it";
+        text += remedy;
     } else if (!remedy.empty()) {
         text += remedy;
     } else if (!labelRemedy.empty()) {

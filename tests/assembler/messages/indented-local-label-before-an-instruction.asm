@@ -1,0 +1,3 @@
+start:
+	.loop lda #1
+	jmp .loop
