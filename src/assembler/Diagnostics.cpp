@@ -206,7 +206,8 @@ void Diagnostics::finish() {
     flush();
     if (m_tooMany)
         m_sink("stopped here: " + counted(m_largestErrorCount, "error") +
-               " are the limit (--max-errors changes it)\n");
+               (m_largestErrorCount == 1 ? " is" : " are") +
+               " the limit (--max-errors changes it)\n");
     if (m_errors == 0 && m_warnings == 0)
         return;
     for (std::size_t i = 0; i < kWarningCount; ++i)
