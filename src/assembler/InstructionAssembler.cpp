@@ -286,7 +286,11 @@ void InstructionAssembler::reportMode(const Instruction& instruction, Shape shap
         text = name + " takes no operand";
     else
         text = name + " does not have the addressing mode " + quoted(shapeText(shape));
-    fail(operand, text + "; it can be written: " + modesText(instruction));
+    text += "; it can be written: " + modesText(instruction);
+    if ((shape == Shape::PlainX && instruction.has(Mode::ZeroPageX)) ||
+        (shape == Shape::PlainY && instruction.has(Mode::ZeroPageY)))
+        text += "; an address in the zero page needs a < before it";
+    fail(operand, std::move(text));
 }
 
 bool InstructionAssembler::fail(const char* at, std::string text) {

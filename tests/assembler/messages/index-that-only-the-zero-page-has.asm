@@ -1,0 +1,4 @@
+scroll = $10
+	stx scroll,y
+	sty scroll,x
+	stx scroll,x
