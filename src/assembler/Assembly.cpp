@@ -48,10 +48,11 @@ bool Assembly::expectEnd(const char* p) {
 
 void Assembly::reportExcess(std::size_t excess, const char* p) {
     if (!image.isRam()) {
-        if (!m_overflows.empty() && m_overflows.back().bank == image.bank())
+        if (!m_overflows.empty() && m_overflows.back().bank == image.bank() &&
+            !m_overflows.back().isOver)
             m_overflows.back().excess += excess;
         else
-            m_overflows.push_back({keep(p), image.bank(), excess});
+            m_overflows.push_back({keep(p), image.bank(), excess, false});
         return;
     }
     if (std::exchange(sectionErrorReported, true))
@@ -61,6 +62,11 @@ void Assembly::reportExcess(std::size_t excess, const char* p) {
         p,
         name +
             " only reserves RAM: code and data belong behind .code or .data (use .ds to reserve)");
+}
+
+void Assembly::noteMove() {
+    if (!m_overflows.empty())
+        m_overflows.back().isOver = true;
 }
 
 void Assembly::noteOverwriting() {

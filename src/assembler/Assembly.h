@@ -92,6 +92,9 @@ struct Assembly {
     /// Notes that `excess` bytes did not fit into the bank or section.
     void reportExcess(std::size_t excess, const char* p);
 
+    /// Notes that .org has moved the place: what does not fit from now on is another overflow.
+    void noteMove();
+
     /// Notes bytes that the present statement wrote over others.
     void noteOverwriting();
 
@@ -104,6 +107,7 @@ private:
         Position position;
         std::uint32_t bank;
         std::size_t excess;
+        bool isOver; ///< the place has been moved away from the end
     };
     std::vector<Overflow> m_overflows;
     /// Bytes in a row that were written over others.

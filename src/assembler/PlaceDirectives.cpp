@@ -45,6 +45,7 @@ void PlaceDirectives::address(const char* p) {
     const auto value = m_parser.parseKnown(p, "the address of .org", 0, 0xFFFF);
     if (!value || !m_assembly.expectEnd(p))
         return;
+    m_assembly.noteMove();
     if (!m_assembly.image.setAddress(static_cast<std::uint32_t>(*value)))
         m_assembly.error(
             start, "the address " + hexText(static_cast<unsigned>(*value)) + " lies outside of " +
