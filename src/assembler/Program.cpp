@@ -6,6 +6,7 @@
 #include "assembler/SideFiles.h"
 #include "assembler/Text.h"
 
+#include <algorithm>
 #include <new>
 #include <string>
 
@@ -38,17 +39,17 @@ bool isFree(const std::string& path, const Assembler& assembler, const TextSink&
 
 /// Writes what goes with the image. False when something could not be written; that was said.
 bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const TextSink& sink) {
-    for (const SideFile& file : sideFiles(assembler.assembly(), line)) {
-        if (!isFree(file.path, assembler, sink))
-            return false;
-        if (const std::string problem =
-                writeImageFile(file.path, {file.text.begin(), file.text.end()});
-            !problem.empty()) {
-            sink(unwritable(file.path, problem));
+    const std::vector<SideFile> files = sideFiles(assembler.assembly(), line);
+    return std::ranges::all_of(files, [&](const SideFile& file) {
+        if (!isFree(file.path, assembler, sink)) {
             return false;
         }
-    }
-    return true;
+        const std::string problem = writeImageFile(file.path, {file.text.begin(), file.text.end()});
+        if (!problem.empty()) {
+            sink(unwritable(file.path, problem));
+        }
+        return problem.empty();
+    });
 }
 
 int build(const CommandLine& line, const TextSink& sink) {
