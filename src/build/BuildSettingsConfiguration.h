@@ -35,6 +35,20 @@ public:
     virtual void addNewFile(const std::shared_ptr<ProjectItem>& projectItem) = 0;
 
     virtual void saveBuildSettings() = 0;
+
+    /// The list that holds the files of this kind; null for a kind that is in none.
+    ProjectItems* listFor(FileType type) {
+        switch (type) {
+        case FileType::text:
+            return &assemblyFiles();
+        case FileType::graphics:
+            return &graphicFiles();
+        case FileType::palette:
+            return &paletteFiles();
+        default:
+            return nullptr;
+        }
+    }
 };
 
 } // namespace kestrel

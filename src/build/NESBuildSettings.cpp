@@ -153,17 +153,4 @@ std::vector<std::filesystem::path> NESBuildSettings::assemblyFilesWithAbsolutePa
     return extractAbsolutePath(FileType::text, *m_projectToBuild);
 }
 
-ProjectItems* NESBuildSettings::listFor(FileType type) {
-    switch (type) {
-    case FileType::text:
-        return &m_assemblyFiles;
-    case FileType::graphics:
-        return &m_graphicFiles;
-    case FileType::palette:
-        return &m_paletteFiles;
-    default:
-        return nullptr;
-    }
-}
-
 } // namespace kestrel

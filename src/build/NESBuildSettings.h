@@ -57,8 +57,6 @@ public:
     std::vector<std::filesystem::path> assemblyFilesWithAbsolutePaths() override;
 
 private:
-    ProjectItems* listFor(FileType type);
-
     std::shared_ptr<ProjectItem> m_projectToBuild;
     std::optional<std::filesystem::path> m_pathToEmulator;
     ProjectItems m_assemblyFiles;

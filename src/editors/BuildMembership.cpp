@@ -17,23 +17,10 @@ int BuildMembership::placeOf(const ProjectItem& file, const ProjectItems& files)
     return found == files.end() ? -1 : static_cast<int>(found - files.begin());
 }
 
-ProjectItems* BuildMembership::listFor(FileType kind, BuildSettingsConfiguration& settings) {
-    switch (kind) {
-    case FileType::text:
-        return &settings.assemblyFiles();
-    case FileType::graphics:
-        return &settings.graphicFiles();
-    case FileType::palette:
-        return &settings.paletteFiles();
-    default:
-        return nullptr;
-    }
-}
-
 void BuildMembership::moveTo(FileType kind, const std::shared_ptr<ProjectItem>& file,
                              BuildSettingsConfiguration& settings) {
     for (const FileType each : {FileType::text, FileType::graphics, FileType::palette}) {
-        ProjectItems& files = *listFor(each, settings);
+        ProjectItems& files = *settings.listFor(each);
         if (each != kind) {
             std::erase_if(files, [&](const auto& entry) { return isSameFile(*file, *entry); });
         } else if (placeOf(*file, files) < 0) {

@@ -13,9 +13,6 @@ public:
     /// The place of the file in `files`; -1 when it is not there.
     static int placeOf(const ProjectItem& file, const ProjectItems& files);
 
-    /// The list for files of this kind; null for a kind that is not built.
-    static ProjectItems* listFor(FileType kind, BuildSettingsConfiguration& settings);
-
     /// Lists the file under `kind`, at the end unless it stands there already, and in no other
     /// list. The node's own kind is not looked at.
     static void moveTo(FileType kind, const std::shared_ptr<ProjectItem>& file,

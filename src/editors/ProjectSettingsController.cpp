@@ -159,8 +159,7 @@ bool ProjectSettingsController::updateBuildSettings() {
     m_outputField->setFolder(QString::fromStdString(pathText(*outputFolder)));
     m_emulatorField->setEmulator(builder.pathToEmulator());
     for (std::size_t place = 0; place < PlaceCount; ++place) {
-        m_lists[place]->setFiles(*BuildMembership::listFor(Kinds[place], *m_buildSettings),
-                                 m_currentProject);
+        m_lists[place]->setFiles(*m_buildSettings->listFor(Kinds[place]), m_currentProject);
     }
     return true;
 }
@@ -246,7 +245,7 @@ void ProjectSettingsController::fileWasPicked(Place place,
 /// Shows the lists as the settings have them; a list that is shown so already keeps its selection.
 void ProjectSettingsController::showLists() {
     for (std::size_t place = 0; place < PlaceCount; ++place) {
-        const ProjectItems& files = *BuildMembership::listFor(Kinds[place], *m_buildSettings);
+        const ProjectItems& files = *m_buildSettings->listFor(Kinds[place]);
         if (m_lists[place]->files() != files) {
             m_lists[place]->setFiles(files, m_currentProject);
         }

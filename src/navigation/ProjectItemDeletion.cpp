@@ -12,20 +12,6 @@ namespace kestrel {
 
 namespace {
 
-/// The list that holds the files of this kind; null for a kind that is in none.
-ProjectItems* listFor(NESBuildSettings& settings, FileType type) {
-    switch (type) {
-    case FileType::text:
-        return &settings.assemblyFiles();
-    case FileType::graphics:
-        return &settings.graphicFiles();
-    case FileType::palette:
-        return &settings.paletteFiles();
-    default:
-        return nullptr;
-    }
-}
-
 bool isListed(const ProjectItems& projects, const std::string& name) {
     return std::any_of(projects.begin(), projects.end(),
                        [&](const auto& other) { return other && other->itemName() == name; });
@@ -66,7 +52,7 @@ ProjectItemDeletion::deleteProject(ProjectNavigationController& tree, const Proj
 
 void ProjectItemDeletion::removeFromBuildSettings(const std::shared_ptr<ProjectItem>& item) {
     NESBuildSettings settings(m_project);
-    if (const ProjectItems* list = listFor(settings, item->itemFileType())) {
+    if (const ProjectItems* list = settings.listFor(item->itemFileType())) {
         const auto found = std::find_if(list->begin(), list->end(), [&](const auto& entry) {
             return entry->itemName() == item->itemName();
         });
@@ -83,7 +69,7 @@ void ProjectItemDeletion::putBackIntoBuildSettings() const {
         return;
     }
     NESBuildSettings settings(m_project);
-    if (ProjectItems* list = listFor(settings, m_settingsEntry->itemFileType())) {
+    if (ProjectItems* list = settings.listFor(m_settingsEntry->itemFileType())) {
         const std::size_t place = std::min(m_settingsPlace, list->size());
         list->insert(list->begin() + static_cast<std::ptrdiff_t>(place), m_settingsEntry);
         settings.saveBuildSettings();
