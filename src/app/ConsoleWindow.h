@@ -1,13 +1,13 @@
 #pragma once
 
-#include <QMainWindow>
+#include "app/SecondaryWindow.h"
 
 namespace kestrel {
 
 class ConsoleOutput;
 
 /// The window of the console. There is one, however much is written; closing it only hides it.
-class ConsoleWindow : public QMainWindow {
+class ConsoleWindow : public SecondaryWindow {
     Q_OBJECT
 
 public:
@@ -15,9 +15,6 @@ public:
 
     /// What the window shows.
     ConsoleOutput* consoleOutput() const { return m_consoleOutput; }
-
-    /// Shows the window before all others and makes it the one that gets the keys.
-    void comeToFront();
 
 private:
     ConsoleOutput* m_consoleOutput;

@@ -1,6 +1,5 @@
 #include "app/UserGuideWindow.h"
 
-#include <QAction>
 #include <QFile>
 #include <QTextBrowser>
 
@@ -13,11 +12,7 @@ static void registerGuide() {
 namespace kestrel {
 
 UserGuideWindow::UserGuideWindow(QWidget* parent)
-    : QMainWindow(parent) {
-    setObjectName(QStringLiteral("userGuideWindow"));
-    setAccessibleName(tr("User guide"));
-    setWindowTitle(tr("Kestrel User Guide"));
-    setAttribute(Qt::WA_QuitOnClose, false);
+    : SecondaryWindow(QStringLiteral("userGuideWindow"), tr("Kestrel User Guide"), parent) {
     registerGuide();
     auto* text = new QTextBrowser(this);
     text->setObjectName(QStringLiteral("userGuideText"));
@@ -31,21 +26,6 @@ UserGuideWindow::UserGuideWindow(QWidget* parent)
     }
     setCentralWidget(text);
     resize(720, 640);
-    auto* hide = new QAction(tr("Close"), this);
-    hide->setObjectName(QStringLiteral("closeUserGuideAction"));
-    hide->setShortcuts({QKeySequence(QKeySequence::Close), QKeySequence(Qt::Key_Escape)});
-    connect(hide, &QAction::triggered, this, &QWidget::close);
-    addAction(hide);
-}
-
-void UserGuideWindow::comeToFront() {
-    if (isMinimized()) {
-        showNormal();
-    } else {
-        show();
-    }
-    raise();
-    activateWindow();
 }
 
 } // namespace kestrel

@@ -1,18 +1,15 @@
 #pragma once
 
-#include <QMainWindow>
+#include "app/SecondaryWindow.h"
 
 namespace kestrel {
 
 /// Shows the user guide, which the program carries with it.
-class UserGuideWindow : public QMainWindow {
+class UserGuideWindow : public SecondaryWindow {
     Q_OBJECT
 
 public:
     explicit UserGuideWindow(QWidget* parent = nullptr);
-
-    /// Shows the window before all others.
-    void comeToFront();
 };
 
 } // namespace kestrel

@@ -1,0 +1,34 @@
+#include "app/SecondaryWindow.h"
+
+#include <QAction>
+
+namespace kestrel {
+
+SecondaryWindow::SecondaryWindow(const QString& objectName, const QString& title, QWidget* parent)
+    : QMainWindow(parent) {
+    setObjectName(objectName);
+    setAccessibleName(title);
+    setWindowTitle(title);
+    // The program ends with the main window, even while this one is still there.
+    setAttribute(Qt::WA_QuitOnClose, false);
+    auto* hide = new QAction(tr("Close"), this);
+    hide->setObjectName(QStringLiteral("closeAction"));
+    hide->setShortcuts({QKeySequence(QKeySequence::Close), QKeySequence(Qt::Key_Escape)});
+    connect(hide, &QAction::triggered, this, &QWidget::close);
+    addAction(hide);
+}
+
+void SecondaryWindow::comeToFront() {
+    if (isMinimized()) {
+        showNormal();
+    } else {
+        show();
+    }
+    raise();
+    activateWindow();
+    if (centralWidget() != nullptr) {
+        centralWidget()->setFocus();
+    }
+}
+
+} // namespace kestrel

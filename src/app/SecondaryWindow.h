@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QMainWindow>
+
+namespace kestrel {
+
+/// A window beside the main one. Closing it only hides it, and the program does not go on for it.
+class SecondaryWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// Shows the window before all others and makes it the one that gets the keys.
+    void comeToFront();
+
+protected:
+    /// Named `objectName`; `title` is its accessible name, too, until another is set.
+    SecondaryWindow(const QString& objectName, const QString& title, QWidget* parent);
+};
+
+} // namespace kestrel
