@@ -23,8 +23,9 @@ namespace kestrel {
 namespace {
 
 bool isMainThread() {
-    return QCoreApplication::instance() != nullptr &&
-           QThread::currentThread() == QCoreApplication::instance()->thread();
+    // Asked for once: at the end of the program it goes while workers may still run.
+    const QCoreApplication* application = QCoreApplication::instance();
+    return application != nullptr && QThread::currentThread() == application->thread();
 }
 
 /// Calls `task` with the controller, if it is still there: at once on the user-interface thread,
@@ -209,7 +210,8 @@ void MainWindowController::console(const QString& output) {
     }
     makeConsole();
     if (m_consoleOutputController) {
-        m_consoleOutputController->append(QLatin1Char('\n') + output);
+        m_consoleOutputController->append(QStringLiteral("\n"));
+        m_consoleOutputController->append(output); // shared, not copied: it may be gigabytes
     }
     showConsole();
 }

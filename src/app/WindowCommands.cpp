@@ -72,16 +72,8 @@ void WindowCommands::openProject() {
         const std::filesystem::path path(QFile::encodeName(file).toStdString());
         if (controller && !controller->importNewProjectFromFile(path)) {
             // Asked for by name, a file that is no project shall not be passed over in silence.
-            auto* box = new QMessageBox(
-                QMessageBox::Warning, tr("Open Project"),
-                tr("“%1” could not be opened as a project.").arg(QDir::toNativeSeparators(file)),
-                QMessageBox::Ok, m_editor.window());
-            box->setTextFormat(Qt::PlainText);
-            box->setObjectName(QStringLiteral("openProjectProblem"));
-            box->setAccessibleName(tr("Open Project"));
-            box->setAttribute(Qt::WA_DeleteOnClose);
-            box->setWindowModality(Qt::WindowModal);
-            box->open();
+            controller->console(
+                tr("“%1” could not be opened as a project.").arg(QDir::toNativeSeparators(file)));
         }
     });
     panel->open();

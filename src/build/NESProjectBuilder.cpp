@@ -24,12 +24,10 @@ BuildError buildError(std::string description) {
     return {"", 100, std::move(description)};
 }
 
-/// Whether the image of a project of this name lies in the output folder itself. An empty name is
-/// fine: the image is called ".nes" then.
+/// Whether the image of a project of this name lies in the output folder itself. An empty name and
+/// one of dots are fine, since ".nes" follows.
 bool namesImage(const std::string& projectName) {
-    const bool dots =
-        !projectName.empty() && projectName.find_first_not_of('.') == std::string::npos;
-    return !dots && projectName.find('/') == std::string::npos &&
+    return projectName.find('/') == std::string::npos &&
            projectName.find('\0') == std::string::npos;
 }
 

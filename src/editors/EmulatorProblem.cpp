@@ -33,6 +33,11 @@ QString ofDesktopEntry(const std::filesystem::path& file) {
 } // namespace
 
 QString EmulatorProblem::of(const std::filesystem::path& emulator) {
+    // A bare name is looked for where the system keeps its programs.
+    if (!emulator.has_parent_path() && emulator.extension() != ".desktop" &&
+        !QStandardPaths::findExecutable(QString::fromStdString(emulator.string())).isEmpty()) {
+        return {};
+    }
     if (!existsAt(emulator)) {
         return say("This emulator cannot be started: there is no such file.");
     }

@@ -71,7 +71,6 @@ void FindBar::buildRow() {
     m_termEdit->setMinimumWidth(80);
     row->addWidget(m_termEdit, 1);
     m_countLabel->setObjectName(QStringLiteral("findCount"));
-    m_countLabel->setAccessibleName(tr("Matches"));
     m_countLabel->setTextFormat(Qt::PlainText);
     row->addWidget(m_countLabel);
     connect(addButton(*row, QStringLiteral("findPreviousButton"), tr("Find previous (Shift+F3)"),

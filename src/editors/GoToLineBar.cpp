@@ -33,7 +33,6 @@ GoToLineBar::GoToLineBar(QPlainTextEdit& view, QWidget* parent)
         new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), this));
     row->addWidget(m_lineEdit);
     m_countLabel->setObjectName(QStringLiteral("goToLineCount"));
-    m_countLabel->setAccessibleName(tr("Number of lines"));
     row->addWidget(m_countLabel);
     auto* button = new QPushButton(tr("&Go"), this);
     button->setObjectName(QStringLiteral("goToLineButton"));

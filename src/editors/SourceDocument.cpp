@@ -104,7 +104,11 @@ bool SourceDocument::update(const QString& text) {
     }
     const Lines former = linesOf(formerText);
     const Lines present = linesOf(text);
-    const CommonLines common = commonLines(former, present);
+    // A lone CR before an empty line that ends in LF reads as one line end, but is two lines of the
+    // document. Then its lines have other numbers, and all are replaced.
+    const CommonLines common = std::ssize(former) == m_document.blockCount()
+                                   ? commonLines(former, present)
+                                   : CommonLines();
     const auto firstAfter = std::ssize(former) - common.after;
     QTextCursor cursor(&m_document);
     cursor.beginEditBlock();

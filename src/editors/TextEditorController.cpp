@@ -44,7 +44,6 @@ TextEditorController::TextEditorController(QWidget* parent)
     setObjectName(QStringLiteral("textEditor"));
     setAccessibleName(tr("Code editor"));
     m_nameLabel->setObjectName(QStringLiteral("textFileName"));
-    m_nameLabel->setAccessibleName(tr("File shown"));
     m_nameLabel->setTextFormat(Qt::PlainText);
     m_nameLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     saveButton->setObjectName(QStringLiteral("saveButton"));

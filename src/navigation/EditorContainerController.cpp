@@ -5,6 +5,7 @@
 #include "model/FileProcessor.h"
 #include "model/Log.h"
 #include "model/Paths.h"
+#include "model/ProjectFiles.h"
 #include "model/ProjectItemFactory.h"
 #include "model/ProjectNavigationSettingItem.h"
 #include "model/ProjectRegistry.h"
@@ -388,6 +389,13 @@ bool EditorContainerController::addProjectToEditor(const std::shared_ptr<Project
     }
     if (const auto present =
             findSameProject(m_projectNavigationController->allItems(), *newProject)) {
+        // Made again by name, one that lost its project file gets a new one.
+        if (!existsAt(projectFileLocation(present->itemPath(), present->itemName()))) {
+            if (!FileProcessor::createFilesForNewProject(present)) {
+                return false;
+            }
+            m_projectNavigationController->reloadFileStatusForNavigationContent();
+        }
         m_projectNavigationController->select(present);
         return true;
     }

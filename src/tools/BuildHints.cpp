@@ -40,7 +40,8 @@ std::optional<std::string> setUpHint(BuildSettingsConfiguration& settings) {
     if (settings.outputFilePath()->empty()) {
         return "The build settings name no output folder.";
     }
-    if (!project.itemName().empty() && !SourceLocation::isPlainName(project.itemName())) {
+    if (project.itemName().find('/') != std::string::npos ||
+        project.itemName().find('\0') != std::string::npos) {
         return "The project's name " + shown(project.itemName()) +
                " cannot be the name of an image file.";
     }

@@ -70,11 +70,32 @@ TEST_F(BuildCommands, with_no_project_selected_both_commands_say_so_and_nothing_
     start();
     build();
     EXPECT_EQ(consoleText(), "\nPlease select a project to build");
+    controller->console(QStringLiteral("old"));
     window().activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window()));
     run();
-    EXPECT_EQ(consoleText(), "\nPlease select a project to build");
+    EXPECT_EQ(consoleText(), "\nPlease select a project to build") << "cleared, then written";
     EXPECT_EQ(controller->projectBuilder(), nullptr);
+}
+
+TEST_F(BuildCommands, without_a_project_an_image_is_not_run_and_nothing_is_said) {
+    start();
+    controller->runProject("/x.nes", nullptr);
+    EXPECT_EQ(controller->projectBuilder(), nullptr);
+    EXPECT_EQ(controller->windowController(), nullptr);
+}
+
+TEST_F(BuildCommands, a_build_asked_for_without_a_project_tells_its_caller) {
+    start();
+    bool told = false;
+    controller->buildProject([&](const std::optional<std::filesystem::path>& image,
+                                 const std::optional<BuildError>& error) {
+        told = true;
+        EXPECT_FALSE(image);
+        EXPECT_EQ(error, (BuildError{"", 100, "Please select a project to build"}));
+    });
+    EXPECT_TRUE(told);
+    controller->buildProject(nullptr); // nobody waits for that
 }
 
 TEST_F(BuildCommands, a_build_shows_the_assemblers_output_and_then_the_closing_line) {

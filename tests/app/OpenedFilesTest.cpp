@@ -5,6 +5,7 @@
 
 #include <QFileOpenEvent>
 
+#include <algorithm>
 #include <fstream>
 
 namespace kestrel {
@@ -19,8 +20,11 @@ TEST_F(OpenedFiles, a_project_file_opened_before_the_main_window_exists_is_ignor
     AppDelegate early;
     const auto game = layOut("Game");
     early.openFiles({game});
-    start();
+    controller = makeMainWindow(early, centre);
+    early.applicationDidFinishLaunching(controller);
+    QCoreApplication::processEvents();
     EXPECT_TRUE(projects().empty());
+    controller.reset();
 }
 
 TEST_F(OpenedFiles, of_three_the_second_without_a_structure_entry_is_left_out_and_order_is_kept) {
@@ -39,6 +43,24 @@ TEST_F(OpenedFiles, unreadable_and_missing_files_are_left_out_silently) {
     start();
     delegate->openFiles({home.path() / "gone.kst", home.write("a.kst", "not json"),
                          home.write("b.kst", ""), home.path(), "/dev/null"});
+    EXPECT_TRUE(projects().empty());
+    EXPECT_TRUE(log.lines().empty());
+}
+
+TEST_F(OpenedFiles, a_structure_that_is_no_node_is_left_out_with_a_line_in_the_log) {
+    start();
+    const auto bad = home.write("Bad/Bad.kst", R"({"ProjectStructure":"tree.cfg"})");
+    home.write("Bad/tree.cfg", R"({"name":"Bad"})");
+    delegate->openFiles({bad, layOut("Good")});
+    EXPECT_THAT(projects(), ElementsAre("Good"));
+    EXPECT_FALSE(controller->importNewProjectFromFile(bad));
+    const auto lines = log.lines();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "FAILLLEED"), 2);
+}
+
+TEST_F(OpenedFiles, an_empty_list_changes_nothing) {
+    start();
+    delegate->openFiles({});
     EXPECT_TRUE(projects().empty());
     EXPECT_TRUE(log.lines().empty());
 }
@@ -89,6 +111,9 @@ TEST_F(OpenedFiles, importing_without_an_editor_reads_the_file_and_adds_nothing)
     bare->awakeFromNib();
     EXPECT_EQ(bare->editorController(), nullptr);
     EXPECT_TRUE(bare->importNewProjectFromFile(game));
+    AppDelegate early;
+    early.applicationDidFinishLaunching(bare);
+    early.openFiles({game});
     EXPECT_TRUE(FileProcessor::loadRecentlyConfiguredProjects().empty());
 }
 

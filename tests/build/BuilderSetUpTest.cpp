@@ -54,11 +54,28 @@ TEST_F(BuilderSetUp, fails_without_a_project_folder) {
 
 TEST_F(BuilderSetUp, fails_when_the_name_does_not_name_a_file_in_the_output_folder) {
     for (const std::string& name :
-         {std::string("../evil"), std::string("a/b"), std::string("/"), std::string("."),
-          std::string(".."), std::string("..."), std::string("a\0b", 3)}) {
+         {std::string("../evil"), std::string("a/b"), std::string("/"), std::string("a\0b", 3)}) {
         m_project.project->setItemName(name);
         EXPECT_EQ(failure(), setUpFailed) << name;
     }
+}
+
+TEST_F(BuilderSetUp, takes_a_name_of_dots_since_an_ending_follows) {
+    for (const std::string name : {".", "..", "..."}) {
+        m_project.project->setItemName(name);
+        Outcome outcome;
+        m_project.makeBuilder()->build(outcome.buildHandler());
+        ASSERT_TRUE(waitUntil([&] { return outcome.calls() > 0; }));
+        EXPECT_EQ(outcome.image(), m_project.folder() / "output" / (name + ".nes"));
+        EXPECT_FALSE(outcome.error());
+    }
+}
+
+TEST_F(BuilderSetUp, looks_for_the_main_file_where_it_lies_and_not_at_what_was_gathered_before) {
+    m_project.settings->assemblyFiles().clear();
+    m_project.addSource("other.asm", "nop\n");
+    m_project.home.write("Game/tmp/other.asm", vectors);
+    EXPECT_EQ(failure(), noMainFile);
 }
 
 TEST_F(BuilderSetUp, fails_when_a_folder_cannot_be_made_and_logs_only_the_systems_reason) {

@@ -113,11 +113,14 @@ TEST_F(NESBuildSettingsTest, loads_everything_that_the_file_holds) {
 
 TEST_F(NESBuildSettingsTest, an_output_folder_that_is_a_number_loads_nothing_at_all) {
     writeFile(R"({"output_folder":5,"emulator":"/usr/bin/emu","code_assembly_files":[)" +
-              entry("a.asm", "text") + "]}");
+              entry("a.asm", "text") + R"(],"graphic_files":[)" + entry("t.chr", "graphics") +
+              R"(],"palette_files":[)" + entry("p.pal", "palette") + "]}");
     NESBuildSettings settings(m_project);
     EXPECT_FALSE(settings.outputFilePath());
     EXPECT_FALSE(settings.pathToEmulator());
     EXPECT_THAT(settings.assemblyFiles(), IsEmpty());
+    EXPECT_THAT(settings.graphicFiles(), IsEmpty());
+    EXPECT_THAT(settings.paletteFiles(), IsEmpty());
     EXPECT_EQ(settings.projectPath(), m_home.path() / "Game");
 }
 
@@ -158,6 +161,9 @@ TEST_F(NESBuildSettingsTest, an_entry_that_is_no_node_is_skipped_and_the_order_k
               entry("a.asm", "text") + R"(,{"name":"x"},)" + entry("b.asm", "text") + "]}");
     NESBuildSettings settings(m_project);
     EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("a.asm", "b.asm"));
+    settings.saveBuildSettings();
+    EXPECT_EQ(stored()["code_assembly_files"].size(), 2U) << "it goes at the next save";
+    EXPECT_TRUE(existsAt(file().string() + ".bak"));
 }
 
 TEST_F(NESBuildSettingsTest, a_file_that_cannot_be_parsed_leaves_what_the_record_holds) {
@@ -256,7 +262,11 @@ TEST_F(NESBuildSettingsTest, adding_a_group_to_a_project_is_logged_and_leaves_th
         NESBuildSettings::add(node("x", type), m_project);
     }
     EXPECT_FALSE(existsAt(file()));
-    EXPECT_EQ(m_log.lines(), std::vector<std::string>(3, "Cannot add file to build settings"));
+    const std::string text = R"({"output_folder":"/elsewhere","emulator":""})";
+    writeFile(text);
+    NESBuildSettings::add(node("x", FileType::group), m_project);
+    EXPECT_EQ(contentOf(file()), text);
+    EXPECT_EQ(m_log.lines(), std::vector<std::string>(4, "Cannot add file to build settings"));
 }
 
 TEST_F(NESBuildSettingsTest, of_two_entries_with_one_name_only_the_first_is_removed) {
@@ -277,6 +287,14 @@ TEST_F(NESBuildSettingsTest, a_file_is_removed_from_the_list_of_its_kind_only) {
     settings.removeFile(node("same", FileType::graphics));
     EXPECT_THAT(settings.graphicFiles(), IsEmpty());
     EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("same"));
+}
+
+TEST_F(NESBuildSettingsTest, removing_what_is_in_no_list_still_rewrites_the_file) {
+    NESBuildSettings settings(m_project);
+    settings.assemblyFiles() = {node("a.asm", FileType::text)};
+    settings.removeFile(node("b.asm", FileType::text));
+    EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("a.asm"));
+    EXPECT_EQ(stored()["code_assembly_files"].size(), 1U);
 }
 
 TEST_F(NESBuildSettingsTest, removing_a_group_changes_nothing_but_still_rewrites_the_file) {
@@ -309,6 +327,9 @@ TEST_F(NESBuildSettingsTest, a_structure_that_cannot_be_read_is_nothing) {
     EXPECT_EQ(settings.fetchProjectFileStructure(), nullptr);
     m_home.write("Game/.project/Game-ProjectStructure.cfg", "[]");
     EXPECT_EQ(settings.fetchProjectFileStructure(), nullptr);
+    m_home.write("Game/.project/Game-ProjectStructure.cfg", "{}");
+    EXPECT_EQ(settings.fetchProjectFileStructure(), nullptr) << "an object, but no node";
+    m_home.write("Game/.project/Game-ProjectStructure.cfg", "[]");
     EXPECT_FALSE(NESBuildSettings::fetchProjectFileStructureConfigurationFile(*m_project));
 }
 

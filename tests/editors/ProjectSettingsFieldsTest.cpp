@@ -127,6 +127,10 @@ TEST_F(ProjectSettingsFields, WhateverIsConfirmedIsSetAndALineSaysWhatIsWrongWit
     EXPECT_EQ(problem(), "This emulator cannot be started: there is no such file.");
     pane().emulatorField()->setEmulator(home.path());
     EXPECT_EQ(problem(), "This emulator cannot be started: this is no program.");
+    pane().emulatorField()->setEmulator("sh");
+    EXPECT_EQ(problem(), "") << "a bare name is found among the system's programs";
+    pane().emulatorField()->setEmulator("no-such-emulator-here");
+    EXPECT_EQ(problem(), "This emulator cannot be started: there is no such file.");
 }
 
 TEST_F(ProjectSettingsFields, AProjectWithoutEmulatorLeavesTheFieldAsItWasAndSaysSo) {

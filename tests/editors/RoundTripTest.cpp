@@ -142,6 +142,38 @@ TEST_F(RoundTrip, EditsChangeWhatTheModelSaysAndUndoGivesTheFirstBytes) {
     }
 }
 
+TEST_F(RoundTrip, AnUpdateAfterEditsGivesTheNewTextAndOneUndoTheEditedOne) {
+    for (int i = 0; i < 2000; ++i) {
+        m_editor.source().load(randomText(m_random, below(30)));
+        LineModel edited(m_editor.source().text());
+        for (int j = below(4); j >= 0; --j) {
+            edit(edited);
+        }
+        const QString before = edited.text();
+        LineModel present(before);
+        const int place = present.randomPosition(m_random);
+        present.replace(place, place, randomText(m_random, below(5)));
+        const bool changed = m_editor.source().update(present.text());
+        ASSERT_EQ(changed, present.text() != before);
+        ASSERT_EQ(m_editor.source().text(), present.text()) << "case " << i;
+        if (changed) {
+            m_editor.undo();
+            ASSERT_EQ(m_editor.source().text(), before) << "undo, case " << i;
+        }
+    }
+}
+
+TEST_F(RoundTrip, AnUpdateFindsItsLinesWhereALoneReturnNowMeetsALineFeed) {
+    m_editor.source().load(QStringLiteral("x\ry\nz"));
+    m_editor.select(2, 3);
+    QTest::keyClick(&m_editor, Qt::Key_Delete);
+    ASSERT_EQ(m_editor.source().text(), QStringLiteral("x\r\nz"));
+    EXPECT_TRUE(m_editor.source().update(QStringLiteral("x\ry\nz")));
+    EXPECT_EQ(m_editor.source().text(), QStringLiteral("x\ry\nz"));
+    m_editor.undo();
+    EXPECT_EQ(m_editor.source().text(), QStringLiteral("x\r\nz"));
+}
+
 TEST_F(RoundTrip, AnUpdateGivesTheNewTextAndOneUndoTheFormer) {
     for (int i = 0; i < 2000; ++i) {
         const QString first = randomText(m_random, below(30));

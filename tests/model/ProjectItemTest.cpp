@@ -67,8 +67,9 @@ TEST(ProjectItem, ChildrenThatSomebodyHoldsOutliveTheTreeWithTheirOwnChildren) {
 
 TEST(ProjectItem, TheIdentityIsTheHashOfTheNamePlusTheNumberOfTheKind) {
     const auto base = static_cast<std::uint64_t>(std::hash<std::string>()("name"));
-    for (const FileType type : {FileType::project, FileType::group, FileType::text,
-                                FileType::palette, FileType::graphics}) {
+    for (const FileType type :
+         {FileType::project, FileType::group, FileType::empty, FileType::unknown, FileType::text,
+          FileType::palette, FileType::graphics}) {
         const auto node = makeNode("name", "/x", type, FilePathType::noPath);
         EXPECT_EQ(static_cast<std::uint64_t>(node->uniqueID()),
                   base + static_cast<std::uint64_t>(type));

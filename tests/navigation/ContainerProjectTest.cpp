@@ -91,6 +91,19 @@ TEST_F(ContainerProject, OneThatIsInTheTreeAlreadyIsSelectedInsteadOfAddedTwice)
     EXPECT_THAT(names(second->subItems()), ElementsAre("a.asm"));
 }
 
+TEST_F(ContainerProject, OneThatLostItsProjectFileGetsItBackWhenItIsMadeAgainByName) {
+    makeProject("First");
+    makeProject("Second", {fileOf("Second", "a.asm", FileType::text)});
+    start();
+    const auto file = home.path() / "Kestrel/Second/Second.kst";
+    std::filesystem::remove(file);
+    EXPECT_TRUE(container->addProjectToEditor(newNode("Second")));
+    EXPECT_TRUE(existsAt(file));
+    EXPECT_THAT(names(tree().allItems()), ElementsAre("First", "Second"));
+    EXPECT_EQ(savedStructure(root(1)), "Second\n  a.asm\n");
+    EXPECT_EQ(panes()->projectSettings->currentProject(), root(1));
+}
+
 TEST_F(ContainerProject, OneThatIsRegisteredTwiceIsOneTreeSoThatNoRowOverwritesTheOthersChanges) {
     const Node game = makeProject("Game", {fileOf("Game", "a.asm", FileType::text)});
     ASSERT_TRUE(FileProcessor::saveToRecentlyConfiguredProjects(game));

@@ -229,6 +229,8 @@ TEST_F(NavigationDelete, WithoutAnOutlineViewNothingGoesAndTheLogSaysSo) {
     EXPECT_THAT(tree->delete_(), IsEmpty());
     tree->reportSelection();
     EXPECT_THAT(log.lines(), ElementsAre("NSOutlineView not set for ProjectNavigationController"));
+    tree->reloadFileStatusForNavigationContent();
+    EXPECT_EQ(log.lines().back(), "Outline view is nil");
 }
 
 TEST_F(NavigationDelete, ARootThatIsNoProjectCannotBeDeletedByTheUser) {

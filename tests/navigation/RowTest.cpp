@@ -1,3 +1,4 @@
+#include "icons/Icons.h"
 #include "navigation/NavigationFixture.h"
 #include "navigation/ProjectNavigationItem.h"
 #include "navigation/ProjectNavigationRowPainter.h"
@@ -190,9 +191,17 @@ TEST_F(NavigationRows, TheIconsAreThoseOfTheProgram) {
     const Node folder = group("Group");
     const Node file = text("file");
     const Node game = project("Game", {folder, file});
-    show({game});
-    for (const Node& node : {game, folder, file}) {
-        EXPECT_FALSE(painter().viewForItem(index(node))->imageForItem()->isNull());
+    const Node empty = makeNode("empty", FileType::empty);
+    show({game, empty});
+    const auto picture = [](const QIcon& icon) { return icon.pixmap(16, 16).toImage(); };
+    const std::vector<std::pair<Node, QStringView>> expected{{folder, u"navigationGroup"},
+                                                             {game, u"navigationProject"},
+                                                             {file, u"navigationFile"},
+                                                             {empty, u"navigationFile"}};
+    for (const auto& [node, name] : expected) {
+        const auto shown = painter().viewForItem(index(node))->imageForItem();
+        ASSERT_FALSE(shown->isNull());
+        EXPECT_EQ(picture(*shown), picture(iconNamed(name))) << node->itemName();
     }
     EXPECT_EQ(painter().viewForItem({}), nullptr);
 }

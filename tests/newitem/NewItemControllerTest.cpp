@@ -20,6 +20,20 @@ std::vector<std::pair<FileType, QString>> kinds(const NewItemController& request
 
 using Kinds = std::vector<std::pair<FileType, QString>>;
 
+TEST(CreateNewFileController, ShowsTheIconOfEachKind) {
+    const auto picture = [](const QIcon& icon) { return icon.pixmap(32, 32).toImage(); };
+    const CreateNewFileController files("/somewhere");
+    const CreateNewProjectController projects("/somewhere");
+    const std::vector<QStringView> names{u"createNewASMFileIcon", u"createNewPaletteIcon",
+                                         u"createNewGraphicsIcon"};
+    ASSERT_EQ(files.newItems().size(), names.size());
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        EXPECT_EQ(picture(files.newItems()[i].icon), picture(iconNamed(names[i]))) << i;
+    }
+    ASSERT_EQ(projects.newItems().size(), 1U);
+    EXPECT_EQ(picture(projects.newItems()[0].icon), picture(iconNamed(u"consoleNES")));
+}
+
 TEST(CreateNewFileController, OffersAssemblyPaletteAndGraphicsInThisOrder) {
     const CreateNewFileController request("/somewhere");
     EXPECT_EQ(request.path(), "/somewhere");

@@ -10,6 +10,8 @@
 namespace kestrel {
 namespace {
 
+static_assert(Sheet::EndResponse == 1000);
+
 class SheetOnAWindow : public ::testing::Test {
 public:
     ~SheetOnAWindow() override {
