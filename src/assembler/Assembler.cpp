@@ -42,8 +42,17 @@ void Assembler::checkHeader() {
     const std::uint32_t present = m_assembly->image.bankCount();
     if (announced == present || m_assembly->diagnostics.errorCount() != 0)
         return;
+    const Position& place = m_assembly->headerPosition;
+    if (place.order == 0) {
+        m_assembly->diagnostics.warning(
+            Warning::UnusedBankGap, place,
+            "the header announces no banks, but the file holds " + counted(present, "bank") +
+                " of 8 KiB; .inesprg (program, 16 KiB each) and .ineschr (tiles, 8 KiB each) "
+                "belong at the start of the source");
+        return;
+    }
     m_assembly->diagnostics.warning(
-        Warning::UnusedBankGap, m_assembly->headerPosition,
+        Warning::UnusedBankGap, place,
         "the header announces " + counted(announced, "bank") + " of 8 KiB (.inesprg " +
             std::to_string(header.prg) + ", .ineschr " + std::to_string(header.chr) +
             "), but the file holds " + std::to_string(present) +

@@ -100,6 +100,8 @@ void Assembly::reportPlaces() {
 std::string foundText(const char* p) {
     if (isLineEnd(*p) || *p == ';')
         return "the end of the statement";
+    if (*p == '\'')
+        return "a single quote";
     const char* end = p;
     if (isWordPart(*p)) {
         end = wordEnd(p);

@@ -1,6 +1,8 @@
 #include "assembler/CommandLine.h"
 
 #include "assembler/Characters.h"
+#include "assembler/NearNames.h"
+#include "assembler/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -48,13 +50,14 @@ std::string addDefinition(std::string_view text, Options& options) {
     const auto value =
         sign == text.size() ? std::optional<std::int32_t>(1) : valueOf(text.substr(sign + 1));
     if (!isSymbolName(name))
-        return "-D needs the name of a symbol, not '" + std::string(name) + "'";
+        return "-D needs the name of a symbol, not " + quoted(name);
     if (!value)
-        return "-D " + std::string(name) + " needs a number behind the =";
+        return "-D " + std::string(name) + " needs a number behind the =, as in $20, not " +
+               quoted(text.substr(sign + 1));
     const bool isTaken = std::any_of(options.definitions.begin(), options.definitions.end(),
                                      [&](const auto& known) { return known.first == name; });
     if (isTaken)
-        return "-D gives '" + std::string(name) + "' a value twice";
+        return "-D gives " + quoted(name) + " a value twice";
     options.definitions.emplace_back(name, *value);
     return {};
 }
@@ -66,10 +69,16 @@ public:
         : m_line(line) {}
 
     static bool knows(std::string_view name) {
-        static constexpr std::array<std::string_view, 9> kNames{
-            "--input",      "--output", "-I",        "-D",      "-W",
-            "--max-errors", "--color",  "--listing", "--labels"};
         return std::find(kNames.begin(), kNames.end(), name) != kNames.end();
+    }
+    /// What to say of an option that there is not.
+    static std::string unknown(std::string_view option) {
+        NearNames near(option.substr(0, option.find('=')));
+        for (const std::string_view name : kNames)
+            near.consider(name);
+        for (const std::string_view name : {"--help", "--version", "--expand-macros", "-v"})
+            near.consider(name);
+        return "there is no option " + quoted(option) + near.question();
     }
 
     std::string apply(std::string_view name, std::string_view value) {
@@ -93,6 +102,10 @@ public:
     }
 
 private:
+    static constexpr std::array<std::string_view, 9> kNames{"--input", "--output",  "-I",
+                                                            "-D",      "-W",        "--max-errors",
+                                                            "--color", "--listing", "--labels"};
+
     static std::string setOnce(std::string_view name, std::string& target, std::string_view value) {
         if (!target.empty())
             return std::string(name) + " is given twice";
@@ -109,7 +122,7 @@ private:
         else if (value == "dbg")
             format = Labels::Dbg;
         else
-            return "--labels takes mlb, nl or dbg, not '" + std::string(value) + "'";
+            return "--labels takes mlb, nl or dbg, not " + quoted(value);
         std::vector<Labels>& labels = m_line.labels;
         if (std::find(labels.begin(), labels.end(), format) == labels.end())
             labels.push_back(format);
@@ -123,13 +136,13 @@ private:
         else if (value == "never")
             m_line.colours = CommandLine::Colours::Never;
         else
-            return "--color takes auto, always or never, not '" + std::string(value) + "'";
+            return "--color takes auto, always or never, not " + quoted(value);
         return {};
     }
     std::string setLimit(std::string_view value) {
         const auto limit = numberOf(value, 10);
         if (!limit || *limit < 0)
-            return "--max-errors takes a number, 0 for no limit, not '" + std::string(value) + "'";
+            return "--max-errors takes a number, 0 for no limit, not " + quoted(value);
         m_line.options.largestErrorCount = static_cast<std::size_t>(*limit);
         return {};
     }
@@ -159,7 +172,7 @@ std::string readArgument(std::span<const std::string_view>& arguments, CommandLi
         name = name.substr(0, length);
     }
     if (!ValuedOptions::knows(name))
-        return "there is no option '" + std::string(argument) + "'";
+        return ValuedOptions::unknown(argument);
     if (!value) {
         if (arguments.empty())
             return std::string(name) + " needs a value";

@@ -22,6 +22,14 @@ Conditionals::Answer Conditionals::otherwise(std::size_t outer) {
     return answer;
 }
 
+Position Conditionals::innermost() const {
+    const Open& open = m_open.back();
+    Position position = open.position;
+    if (!open.text.empty())
+        position.line = open.text.data();
+    return position;
+}
+
 Conditionals::Answer Conditionals::close(std::size_t outer) {
     if (m_open.size() <= outer)
         return Answer::NoIf;

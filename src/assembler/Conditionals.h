@@ -3,6 +3,8 @@
 #include "assembler/Position.h"
 
 #include <cstddef>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace nesasm {
@@ -16,11 +18,16 @@ public:
     /// True when the present line is in a branch not taken.
     bool skips() const { return !m_open.empty() && m_open.back().state != State::Taken; }
 
-    void open(bool condition, const Position& position) {
-        m_open.push_back({condition ? State::Taken : State::Waiting, false, position});
+    /// `text` keeps the line that `position` points into when the next line overwrites it; it is
+    /// empty for other lines, else its last byte is a line end.
+    void open(bool condition, const Position& position, std::string text) {
+        m_open.push_back(
+            {condition ? State::Taken : State::Waiting, false, position, std::move(text)});
     }
     /// An .if inside a branch not taken: none of its branches is taken.
-    void openSkipped(const Position& position) { m_open.push_back({State::Over, false, position}); }
+    void openSkipped(const Position& position, std::string text) {
+        m_open.push_back({State::Over, false, position, std::move(text)});
+    }
 
     /// True when an .elseif at this place has to have its condition evaluated.
     bool wantsCondition(std::size_t outer) const {
@@ -33,7 +40,8 @@ public:
     Answer close(std::size_t outer);
 
     std::size_t depth() const { return m_open.size(); }
-    const Position& innermost() const { return m_open.back().position; }
+    /// Where the innermost one begins; valid until another is opened or closed.
+    Position innermost() const;
     void dropTo(std::size_t depth) {
         while (m_open.size() > depth)
             m_open.pop_back();
@@ -49,6 +57,7 @@ private:
         State state;
         bool elseSeen;
         Position position;
+        std::string text;
     };
 
     std::vector<Open> m_open;

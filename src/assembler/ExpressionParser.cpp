@@ -11,6 +11,8 @@ namespace nesasm {
 namespace {
 
 constexpr int kDeepestNesting = 100;
+constexpr const char* kTooDeep =
+    "the expression is nested more than 100 deep; give a part of it a name with =";
 constexpr std::uint64_t kLargestLiteral = 0xFFFFFFFFU;
 
 bool endsOddNumber(char c) {
@@ -154,7 +156,7 @@ bool ExpressionParser::unary(bool lowHigh) {
             return fail(at, "a value was expected, not '" + std::string(1, *at) +
                                 "'; LOW() and HIGH() take a byte of a value");
         if (++m_nesting > kDeepestNesting)
-            return fail(at, "the expression is nested too deeply");
+            return fail(at, kTooDeep);
         ++m_p;
         const bool fine = *at == '+'
                               ? unary(false)
@@ -170,7 +172,7 @@ bool ExpressionParser::unary(bool lowHigh) {
 bool ExpressionParser::applyPrefix(OpCode code) {
     const char* const at = m_p++;
     if (++m_nesting > kDeepestNesting)
-        return fail(at, "the expression is nested too deeply");
+        return fail(at, kTooDeep);
     const bool fine = unary(false) && push(code, 0, at);
     --m_nesting;
     return fine;
@@ -210,7 +212,7 @@ bool ExpressionParser::primary() {
 bool ExpressionParser::parenthesized() {
     const char* const at = m_p++;
     if (++m_nesting > kDeepestNesting)
-        return fail(at, "the expression is nested too deeply");
+        return fail(at, kTooDeep);
     if (!binary(1))
         return false;
     --m_nesting;
@@ -322,7 +324,7 @@ bool ExpressionParser::character() {
 
 bool ExpressionParser::push(OpCode code, std::uint32_t argument, const char* at) {
     if (code <= OpCode::SizeOf && ++m_stack > kLargestStack)
-        return fail(at, "the expression is too complicated");
+        return fail(at, "the expression is too complicated; give a part of it a name with =");
     if (code >= OpCode::Multiply)
         --m_stack;
     const auto column = static_cast<std::uint32_t>(at - m_assembly.line.begin);

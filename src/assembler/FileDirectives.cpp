@@ -42,7 +42,7 @@ std::string FileDirectives::openInput(const std::string& name) {
         return problem;
     const std::string_view kept = m_assembly.arena.keepLine(name);
     enter(*file, kept, false);
-    m_assembly.headerPosition = {nullptr, 1, 0, m_assembly.sources.top().origin, 0};
+    m_assembly.headerPosition = {file->text().data(), 1, 0, m_assembly.sources.top().origin, 0};
     if (found->caseDiffers)
         m_assembly.diagnostics.warning(Warning::FileCase,
                                        {nullptr, 0, 0, m_assembly.sources.top().origin, 0},

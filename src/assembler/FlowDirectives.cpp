@@ -43,13 +43,14 @@ void FlowDirectives::condition(Directive directive, const char* at, const char* 
     default:
         break;
     }
-    Position position = m_assembly.at(at);
+    const Position position = m_assembly.at(at);
+    std::string text;
     if (m_assembly.line.isShortLived)
-        position.line = nullptr;
+        text.assign(position.line, lineEnd(position.line)).append(1, '\n');
     if (conditionals.skips())
-        conditionals.openSkipped(position);
+        conditionals.openSkipped(position, std::move(text));
     else
-        conditionals.open(isTrue(directive, p), position);
+        conditionals.open(isTrue(directive, p), position, std::move(text));
 }
 
 bool FlowDirectives::isTrue(Directive directive, const char* p) {

@@ -41,8 +41,6 @@ struct Instruction {
     constexpr bool has(Mode mode) const { return opcode(mode) != kNoOpcode; }
 };
 
-inline constexpr std::size_t kInstructionCount = 56;
-
 constexpr Instruction
 makeInstruction(std::string_view name,
                 std::initializer_list<std::pair<Mode, std::uint8_t>> encodings) {
@@ -55,7 +53,7 @@ makeInstruction(std::string_view name,
 
 /// All instructions in alphabetical order.
 // clang-format off
-inline constexpr std::array<Instruction, kInstructionCount> instructionTable{
+inline constexpr std::array<Instruction, 56> instructionTable{
     makeInstruction("ADC", {{Mode::Immediate, 0x69}, {Mode::ZeroPage, 0x65},
         {Mode::ZeroPageX, 0x75}, {Mode::Absolute, 0x6D}, {Mode::AbsoluteX, 0x7D},
         {Mode::AbsoluteY, 0x79}, {Mode::IndirectX, 0x61}, {Mode::IndirectY, 0x71}}),

@@ -138,7 +138,7 @@ bool MacroDirectives::collect(Directive opening, Directive closing, const char* 
         }
         Line line;
         if (const auto problem = sources.next(line); problem != SourceStack::Next::Line) {
-            reportRunaway(m_assembly, problem);
+            reportRunaway(m_assembly, line, problem);
             return false;
         }
         if (m_assembly.recordsLines)
@@ -216,9 +216,9 @@ void MacroDirectives::repeat(const char* at, const char* p) {
     enter(Origin::Kind::Repeat, body, {}).repetitions = static_cast<std::uint32_t>(*count) - 1;
 }
 
-void reportRunaway(Assembly& assembly, SourceStack::Next problem) {
-    const Frame& frame = assembly.sources.top();
-    const Position position{nullptr, frame.line, 0, frame.origin, assembly.line.order + 1};
+void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next problem) {
+    const auto column = static_cast<std::uint32_t>(skipBlanks(line.begin) - line.begin);
+    const Position position{line.begin, line.number, column, line.origin, line.order};
     assembly.diagnostics.fatal(
         position, problem == SourceStack::Next::TooLong
                       ? "with its arguments put in, this line of a macro is too long"

@@ -46,7 +46,7 @@ private:
     ExpressionParser& m_parser;
 };
 
-/// Reports that a macro or repetition asks for too much, and stops the run.
-void reportRunaway(Assembly& assembly, SourceStack::Next problem);
+/// Reports that a macro or repetition asks for too much with `line`, and stops the run.
+void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next problem);
 
 } // namespace nesasm

@@ -56,7 +56,7 @@ void StatementAssembler::run() {
             endFrame();
             break;
         default:
-            reportRunaway(m_assembly, next);
+            reportRunaway(m_assembly, m_assembly.line, next);
             break;
         }
     }

@@ -138,7 +138,7 @@ fs::path GoldenCase::beside(const char* ending) const {
 
 std::optional<GoldenCase::Setting> GoldenCase::setting(std::vector<std::string>& problems) const {
     const std::string stem = m_source.stem().string();
-    Setting result{stem + ".asm", "@/out/" + stem + ".nes", "elsewhere", "@/project", {}};
+    Setting result{stem + ".asm", "@/out/" + stem + ".nes", "elsewhere", "@/project", {}, {}};
     std::istringstream lines(read(beside(".run")).value_or(""));
     for (std::string line; std::getline(lines, line);) {
         const std::size_t colon = line.find(": ");
@@ -154,6 +154,8 @@ std::optional<GoldenCase::Setting> GoldenCase::setting(std::vector<std::string>&
             result.include = value;
         } else if (key == "argument") {
             result.arguments.push_back(value);
+        } else if (key == "call") {
+            result.call.push_back(value);
         } else {
             problems.push_back("the .run file has a line that is not understood: " + line);
             return std::nullopt;
@@ -258,11 +260,9 @@ void GoldenCase::compareOutput(const std::string& output, const std::optional<st
     const std::string start = stem + ".nes: " + std::to_string(image->size()) + " bytes, mapper " +
                               std::to_string((flags7 & 0xF0U) | flags6 >> 4U) + ", PRG ";
     std::string rest = output;
-    const std::string headerWarning = "[unused-bank-gap]\n1 warning\n";
-    const std::size_t at = rest.find(headerWarning);
-    if (at != std::string::npos && at < rest.find('\n')) {
-        rest.erase(0, at + headerWarning.size());
-    }
+    static const std::regex headerWarning(
+        "^[^\n]*\\[unused-bank-gap\\]\n[^\n]*\n[\t ]*\\^\n1 warning\n");
+    rest = std::regex_replace(rest, headerWarning, "", std::regex_constants::format_first_only);
     if (!rest.starts_with("@/out/" + start) || rest.find('\n') != rest.size() - 1) {
         problems.push_back("expected is one line that starts with \"@/out/" + start + "\", got:\n" +
                            output);
@@ -284,6 +284,12 @@ std::vector<std::string> GoldenCase::problemsWith(const fs::path& program) const
     std::vector<std::string> arguments{"--input", placed(run->input), "--output",
                                        placed(run->output)};
     for (const std::string& argument : run->arguments) {
+        arguments.push_back(placed(argument));
+    }
+    if (!run->call.empty()) {
+        arguments.clear();
+    }
+    for (const std::string& argument : run->call) {
         arguments.push_back(placed(argument));
     }
     const ProgramRun result =

@@ -34,6 +34,7 @@ private:
         std::string folder;  ///< the current folder of the assembler, below the fresh folder
         std::string include; ///< the value of NES_INCLUDE; "@" stands for the fresh folder
         std::vector<std::string> arguments; ///< further arguments
+        std::vector<std::string> call;      ///< all arguments, when it is not empty
     };
 
     std::filesystem::path beside(const char* ending) const;

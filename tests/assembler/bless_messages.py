@@ -19,11 +19,11 @@ CASES = Path(__file__).resolve().parent
 
 def settings(source):
     found = {"input": [source.name], "output": [f"@/out/{source.stem}.nes"], "folder": ["elsewhere"],
-             "include": ["@/project"], "argument": []}
+             "include": ["@/project"], "argument": [], "call": []}
     file = source.with_suffix(".run")
     for line in file.read_text().splitlines() if file.is_file() else []:
         key, _, value = line.partition(": ")
-        found[key] = found[key] + [value] if key == "argument" else [value]
+        found[key] = found[key] + [value] if key in ("argument", "call") else [value]
     return found
 
 
@@ -43,6 +43,8 @@ def output_of(program, source):
                 shutil.copy(entry, target)
         values = {key: [text.replace("@", name) for text in texts] for key, texts in settings(source).items()}
         command = [program, "--input", values["input"][0], "--output", values["output"][0], *values["argument"]]
+        if values["call"]:
+            command = [program, *values["call"]]
         run = subprocess.run(command, cwd=folder / settings(source)["folder"][0], stdout=subprocess.PIPE,
                              env={"NES_INCLUDE": values["include"][0]}, check=False)
         beside = {each.name: re.sub(rb"mtime=0x[0-9A-F]+", b"mtime=0x0", each.read_bytes())

@@ -3,9 +3,10 @@
 
     check_manual.py NESASM [--self-test]
 
-The manual names every directive, instruction, function, operator, option and warning; every message that a golden case
-expects is in its table; its examples make the bytes that stand below them. The manual page names every option and
-warning. The self-test takes lines out of the manual and expects each loss to be noticed.
+The manual names every directive, instruction, function, operator, option and warning; every text of a message in the
+sources stands in its part about messages, and each row there is a message that a golden case shows; its examples make
+the bytes, or the messages, that stand below them. The manual page names every option and warning. The self-test takes
+lines out of the manual and expects each loss to be noticed.
 """
 import re
 import subprocess
@@ -16,6 +17,13 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 OPERATORS = ["-", "+", "~", "!", "*", "/", "%", "<<", ">>", "<", "<=", ">", ">=", "=", "==", "!=", "<>", "&", "^",
              r"\|", "&&", r"\|\|"]
+# Sources whose texts go into files, or stand in the manual's table of warnings, or are advice behind a semicolon.
+NO_MESSAGES = {"DbgFile.cpp", "DebugLabels.cpp", "LabelFiles.cpp", "Listing.cpp", "Warnings.h", "ForeignWords.cpp"}
+# What a value is for, names of options, of files and of variables, a part of the summary, a part of advice.
+NO_TEXT = re.compile(r"the \w+ of \.\w+|the fill byte|--[a-z- ]+|\S+|\(off by default\)|, without the dot|"
+                     r"LOW\(\) or HIGH\(\) takes one byte of it")
+# A golden case cannot run out of memory or bring a film; the unit tests see to these.
+NO_CASE = {"there is not enough memory for this program", "it is larger than 256 MiB"}
 
 
 def source(name):
@@ -50,10 +58,73 @@ def missing_names(manual, program):
     return [f"the manual does not name {name}`" for name in missing]
 
 
-def missing_messages(manual):
+def literals(text):
+    """The string literals of C++ source; those that the compiler joins are one."""
+    found, end = [], None
+    for token in re.finditer(r"""//[^\n]*|R"\(.*?\)"|"((?:[^"\\\n]|\\.)*)"|'(?:[^'\\]|\\.)+'|\#include[^\n]*""", text,
+                             re.DOTALL):
+        if token[1] is None:
+            continue
+        if end is not None and not text[end:token.start()].strip():
+            found[-1] += token[1]
+        else:
+            found.append(token[1])
+        end = token.end()
+    return found
+
+
+def said_in_sources():
+    """The texts that messages are made of, with the file of each; names, advice and what is said elsewhere left out."""
+    for file in sorted((ROOT / "src/assembler").glob("*.[ch]*")):
+        if file.name in NO_MESSAGES:
+            continue
+        for literal in literals(file.read_text()):
+            text = re.sub(r'\\(["\\])', r"\1", literal.replace(r"\n", " ").replace(r"\x1b", ""))
+            # Advice follows a semicolon or asks something.
+            cut = re.split(r";(?: |$)|^: |: is there|: does this|\?", text)[0]
+            if pieces_of(cut):
+                yield file.name, text, cut
+
+
+def pieces_of(text):
+    """The parts of a text between what differs, without those that say nothing alone."""
+    pieces = [piece.strip().strip("'").strip() for piece in text.removeprefix("error: ").split("...")]
+    return [piece for piece in pieces if len(re.findall("[A-Za-z]{2,}", piece)) >= 2 and not NO_TEXT.fullmatch(piece)]
+
+
+def rows_of(manual):
+    """The left cells of the tables in the part about messages."""
     rows = re.findall(r"^\| `(.*?)` \| .+ \|$", manual[manual.index("## Messages"):], re.MULTILINE)
-    forms = [re.compile(".*?".join(map(re.escape, row.replace(r"\|", "|").split("...")))) for row in rows]
-    problems, count = [], 0
+    return [row.replace(r"\|", "|") for row in rows]
+
+
+def form_of(row):
+    return re.compile(".*?".join(map(re.escape, row.split("..."))))
+
+
+def missing_messages(manual):
+    part = re.sub(r"^```.*?^```$", "", manual[manual.index("## Messages"):], flags=re.MULTILINE | re.DOTALL)
+    spans = rows_of(manual) + [re.sub(r"\s+", " ", span) for span in re.findall(r"`([^`]+)`", part)]
+    parts = [piece for span in spans for piece in span.split("...")]
+    texts = list(said_in_sources())
+
+    def is_in_manual(text):
+        return all(any(piece in part for part in parts) for piece in pieces_of(text))
+
+    problems = [f"{file}: the manual does not have this text of a message: {text}" for file, text, cut in texts
+                if not is_in_manual(text) and not is_in_manual(cut)]
+    # What is left over in the manual: no message has it any more.
+    for row in rows_of(manual):
+        for piece in (piece.strip().strip("'").strip() for piece in row.split("...")):
+            if len(piece.split()) > 2 and not any(cut.strip() in piece or piece in text for _, text, cut in texts):
+                problems.append(f"no message of the sources has this text of the manual: {piece}")
+    return problems if len(texts) > 100 else ["the messages of the sources were not understood"]
+
+
+def rows_without_a_case(manual):
+    """Every row shows up in a golden case, and every message of a golden case in a row."""
+    forms = {row: form_of(row) for row in rows_of(manual)}
+    unseen, problems, count = set(forms) - set(NO_CASE), [], 0
     for file in sorted((ROOT / "tests/assembler").glob("*/*.out")):
         lines = file.read_text(errors="replace").split("\n")
         for line, quoted in zip(lines, lines[1:] + [""]):
@@ -62,28 +133,52 @@ def missing_messages(manual):
             if not found or re.search(r'\.(error|fail|assert|warning)\b.*"', quoted):
                 continue
             count += 1
-            if not any(form.match(found[1]) for form in forms):
+            matching = [row for row, form in forms.items() if form.match(found[1])]
+            if not matching:
                 problems.append(f"{file.name}: the manual does not have this message: {found[1]}")
+            reason = found[1].split(": ", 1)[-1]
+            unseen -= {*matching, *(row for row, form in forms.items() if form.match(reason))}
+    problems += [f"no golden case shows this message: {row}" for row in sorted(unseen)]
     return problems if count > 100 else ["no messages were found"]
 
 
+def dot_picture():
+    """A PCX picture of 8 x 8 pixels, the top left one of colour 3."""
+    header = bytearray(128)
+    header[0:4] = 10, 5, 1, 8
+    header[8], header[10], header[65], header[66] = 7, 7, 1, 8
+    return bytes(header) + bytes([3, 0xC0 + 7, 0, 0xC0 + 56, 0])
+
+
+def assembled(text, program):
+    """What the assembler says of an example, and the bytes behind its header."""
+    with tempfile.TemporaryDirectory() as folder:
+        Path(folder, "game.asm").write_text(text)
+        Path(folder, "more.asm").write_text("answer: .db 42\n")
+        Path(folder, "data.bin").write_bytes(bytes([1, 2, 3, 4, 5]))
+        Path(folder, "dot.pcx").write_bytes(dot_picture())
+        run = subprocess.run([program, "--input", "game.asm", "--output", "game.nes"], cwd=folder, env={},
+                             capture_output=True, text=True, check=False)
+        return run.stdout, Path(folder, "game.nes").read_bytes()[16:] if run.returncode == 0 else b""
+
+
 def wrong_examples(manual, program):
-    examples = re.findall(r"```asm\n((?:(?!```).*\n)*)```\n\n(.*)\n", manual)
+    examples = re.findall(r"```asm\n((?:(?!```).*\n)*)```\n\n(.*)\n(?:\n```text\n((?:(?!```).*\n)*)```\n)?", manual)
     problems = [] if len(examples) >= 10 else ["there are hardly any examples"]
-    for text, result in examples:
+    for text, result, messages in examples:
+        said, image = assembled(text, program)
+        if result == "says" and messages:
+            if said != messages:
+                problems.append(f"the example says\n{said}instead of\n{messages}")
+            continue
         found = re.fullmatch(r"gives `([0-9A-F ]+)`", result)
         if not found:
             problems.append(f"no bytes stand below the example that begins {text.splitlines()[0]!r}")
             continue
         wanted = bytes.fromhex(found[1])
-        with tempfile.TemporaryDirectory() as folder:
-            Path(folder, "game.asm").write_text(text)
-            run = subprocess.run([program, "--input", "game.asm", "--output", "game.nes"], cwd=folder, env={},
-                                 capture_output=True, text=True, check=False)
-            image = Path(folder, "game.nes").read_bytes()[16:] if run.returncode == 0 else b""
         used = image.rstrip(b"\xFF") if "bank 1" not in text else image[:len(wanted)]
         if used != wanted.rstrip(b"\xFF"):
-            problems.append(f"the example makes {used[:64].hex(' ').upper()} instead of {found[1]}\n{text}{run.stdout}")
+            problems.append(f"the example makes {used[:64].hex(' ').upper()} instead of {found[1]}\n{text}{said}")
     return problems
 
 
@@ -99,13 +194,17 @@ def missing_in_page(page, program):
 
 
 def problems_with(manual, page, program):
-    return (missing_names(manual, program) + missing_messages(manual) + wrong_examples(manual, program) +
+    return (missing_names(manual, program) + missing_messages(manual) + rows_without_a_case(manual) +
+            wrong_examples(manual, program) +
             missing_in_page(page, program))
 
 
 def self_test(manual, page, program):
     losses = [(manual.replace("`.align`", ""), page), (manual.replace("`odd-number`", ""), page),
               (manual.replace("| `division by zero` |", "| `x` |"), page), (manual.replace("gives `EA`", "gives `EB`"), page),
+              (manual.replace("| `division by zero` |", "| `division by zero` |\n| `no such message here` |"), page),
+              (manual.replace("`it is a folder`", "`x`"), page), (manual.replace("not known here", "unknown"), page),
+              (manual.replace("--labels takes mlb", "--labels wants mlb"), page), (manual.replace("called at game.asm:6", ""), page),
               (manual.replace("`--max-errors", "`"), page), (manual, page.replace("Sy overwrite", "")),
               (manual, page.replace("Fl Fl listing", ""))]
     return [f"loss {number} was not noticed" for number, loss in enumerate(losses) if not problems_with(*loss, program)]

@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <new>
 #include <sys/stat.h>
+#include <utility>
 
 namespace nesasm::test {
 
@@ -278,6 +280,22 @@ TEST_F(ProgramTest, ColoursAreForTerminals) {
     EXPECT_FALSE(said("never", true, false));
     EXPECT_FALSE(said("auto", false, false));
     EXPECT_FALSE(said("always", false, false));
+}
+
+TEST_F(ProgramTest, MemoryThatIsNotEnoughIsToldAndLeavesNoOldImage) {
+    const auto source = m_folder.write("a.asm", kBad).string();
+    const auto output = m_folder.write("a.nes", "NES\x1A of yesterday").string();
+    const std::string_view arguments[]{"--input", source, "--output", output};
+    std::string text;
+    bool isFirst = true;
+    const TextSink sink = [&](std::string_view part) {
+        if (std::exchange(isFirst, false))
+            throw std::bad_alloc();
+        text += part;
+    };
+    EXPECT_EQ(runProgram(arguments, {}, sink), kWrongUse);
+    EXPECT_EQ(text, "error: there is not enough memory for this program\n");
+    EXPECT_FALSE(std::filesystem::exists(output));
 }
 
 TEST_F(ProgramTest, VerboseSaysHowFullEachBankIs) {

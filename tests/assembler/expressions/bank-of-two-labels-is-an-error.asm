@@ -1,0 +1,3 @@
+first:	nop
+second:	nop
+	.db BANK(first + second)

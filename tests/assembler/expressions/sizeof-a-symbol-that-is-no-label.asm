@@ -1,0 +1,2 @@
+SPEED = 3
+	.db SIZEOF(SPEED)

@@ -1,0 +1,1 @@
+	.db SIZEOF(3)

@@ -1,0 +1,2 @@
+	.incbin "/dev/zero"
+	.include "/dev/null"

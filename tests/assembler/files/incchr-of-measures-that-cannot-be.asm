@@ -1,0 +1,1 @@
+	.incchr "tile.pcx"

@@ -1,0 +1,3 @@
+	jmp .loop
+.near:
+	jmp .neer

@@ -1,0 +1,6 @@
+db .macro
+	nop
+	.endm
+.put .macro
+	nop
+	.endm

@@ -1,0 +1,3 @@
+	.rsset $FFFE
+first	.rs 2
+second	.rs 1

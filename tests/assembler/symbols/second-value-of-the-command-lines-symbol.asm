@@ -1,0 +1,2 @@
+LEVEL = 2
+	nop
