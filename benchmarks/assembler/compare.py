@@ -6,12 +6,16 @@
 Generates the same programs in the languages of dasm, 64tass, acme and cc65 (those that are installed), has all of them
 assemble each program in turn, round after round, and prints the medians of the time from start to end, of the
 processor's time and of the memory at its peak, with their ratios to NESasm's. The images are compared byte for byte.
-The two examples exist in NESasm's language only.
+The two examples exist in NESasm's language only. What the programs say goes into a pipe, as it does for those who start
+an assembler from another program. A short program is run twenty times as often; who takes longer than LONGEST seconds
+is stopped and left out.
 """
 import argparse
 import os
 import resource
+import select
 import shutil
+import signal
 import statistics
 import subprocess
 import sys
@@ -24,26 +28,45 @@ import programs
 
 TIME = shutil.which("time")
 SLOW = 5
+LONGEST = 120
+SHORT = 0.005
 EXAMPLES = Path(__file__).resolve().parents[2] / "examples"
 
 
 class Run:
-    """What one run took: seconds from start to end and of processor time."""
+    """What one run took: seconds from start to end and of processor time; what the programs said."""
 
     def __init__(self, commands, folder):
         self.wall = self.processor = 0.0
         self.status = 0
+        self.output = b""
         os.chdir(folder)
         environment = {"PATH": os.environ.get("PATH", "")}
         for command in commands:
+            reader, writer = os.pipe()
             start = time.perf_counter()
             process = os.posix_spawn(command[0], command, environment, file_actions=[
-                (os.POSIX_SPAWN_OPEN, 1, "output.log", os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o644),
-                (os.POSIX_SPAWN_DUP2, 1, 2)])
+                (os.POSIX_SPAWN_DUP2, writer, 1), (os.POSIX_SPAWN_DUP2, writer, 2)])
+            os.close(writer)
+            self.output += said(reader, process)
             _, status, usage = os.wait4(process, 0)
             self.wall += time.perf_counter() - start
+            os.close(reader)
             self.processor += usage.ru_utime + usage.ru_stime
             self.status = self.status or status
+
+
+def said(reader, process):
+    """What a process writes until it ends; it is stopped when that takes too long."""
+    output, end = b"", time.monotonic() + LONGEST
+    while True:
+        left = end - time.monotonic()
+        if left <= 0 or not select.select([reader], [], [], left)[0]:
+            os.kill(process, signal.SIGKILL)
+            return output + f"\nstopped after {LONGEST} seconds\n".encode()
+        if not (chunk := os.read(reader, 1 << 16)):
+            return output
+        output += chunk
 
 
 def peak_memory(commands, folder):
@@ -79,8 +102,9 @@ def measure(case, assemblers, rounds, base):
         sources, banks = programs.CASES[case](language)
         write(language.sources(sources), folder)
         commands = language.commands(folder, "main.asm", banks)
-        if Run(commands, folder).status != 0:
-            print(f"  {language.name} does not assemble this: {(folder / 'output.log').read_text(errors='replace')[:300]}")
+        run = Run(commands, folder)
+        if run.status != 0:
+            print(f"  {language.name} does not assemble this: {run.output.decode(errors='replace')[-300:]}")
             fine = fine and language.name != "NESasm"
             continue
         image = language.image(folder)
@@ -88,17 +112,19 @@ def measure(case, assemblers, rounds, base):
         if problem := difference(expected, image):
             print(f"  {language.name} makes another image: {problem}")
             fine = False
-        jobs.append((language.name, commands, folder, []))
+        # Who takes seconds need not be measured as often.
+        jobs.append((language.name, commands, folder, [run] if run.wall > SLOW else []))
     lines = sum(map(len, programs.CASES[case](assemblers[0])[0].values()))
     show(f"{case}: {lines} lines, {banks} banks", jobs, rounds)
     return fine
 
 
 def show(title, jobs, rounds):
+    if jobs and Run(*jobs[0][1:3]).wall < SHORT:
+        rounds *= 20
     for number in range(rounds):
         first = number % len(jobs) if jobs else 0
         for _, commands, folder, runs in jobs[first:] + jobs[:first]:
-            # Who takes seconds need not be measured as often.
             if sum(run.wall for run in runs) < SLOW:
                 runs.append(Run(commands, folder))
     print(f"{title}, {rounds} rounds")
@@ -141,6 +167,7 @@ def main():
     parser.add_argument("--case", choices=[*programs.CASES, "examples"])
     parser.add_argument("--keep", type=Path, help="an empty folder for the generated programs")
     arguments = parser.parse_args()
+    sys.stdout.reconfigure(line_buffering=True)
     nesasm = str(Path(arguments.nesasm).resolve())
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     assemblers = [languages.NesAsm(nesasm), *languages.peers(shutil.which)]

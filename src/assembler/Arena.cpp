@@ -9,7 +9,7 @@ std::string_view Arena::keepLine(std::string_view text) {
     const std::size_t needed = text.size() + 1;
     if (needed > m_left) {
         const std::size_t size = std::max(needed, kBlockSize);
-        m_blocks.push_back(std::make_unique<char[]>(size));
+        m_blocks.push_back(std::make_unique_for_overwrite<char[]>(size));
         m_free = m_blocks.back().get();
         m_left = size;
     }

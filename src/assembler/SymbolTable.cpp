@@ -7,7 +7,8 @@ namespace nesasm {
 
 namespace {
 
-constexpr std::size_t kFirstSlotCount = 4096;
+/// Small, since most programs are, and clearing memory is a good part of assembling a small one.
+constexpr std::size_t kFirstSlotCount = 512;
 constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15U;
 
 std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) {
