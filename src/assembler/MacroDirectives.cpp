@@ -97,6 +97,8 @@ std::optional<Directive> MacroDirectives::directiveOf(const char* begin, const c
         if (!startsName(p) && *p != '\\')
             return std::nullopt;
         const char* const end = bodyWordEnd(p);
+        if (end == p)
+            return std::nullopt; // a backslash at the end of the line
         if (*end == ':') {
             p = end + 1;
             continue;

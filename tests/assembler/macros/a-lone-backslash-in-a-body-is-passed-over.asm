@@ -1,0 +1,9 @@
+odd .macro
+\
+	nop
+	.endm
+	.db 1
+	.rept 0
+\
+	.endr
+	.db 2
