@@ -14,6 +14,8 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402  the version must be asked for first
 
+from changes import Changes  # noqa: E402
+
 DEADLINE = 90.0  # seconds; far above what is needed, so that a busy machine does not fail
 WIDTH, HEIGHT = 1280, 900
 
@@ -25,25 +27,36 @@ class ProgramDied(Exception):
 class Waiting:
     """What every wait looks at."""
 
-    #: Gives the exit status of the program under test, nothing while it runs. After its end waiting is in vain.
-    exit_status = staticmethod(lambda: None)
+    #: The program under test, if there is one. After its end waiting is in vain.
+    process = None
 
 
-def wait_for(what, condition):
-    """Asks until the condition gives something; that. Asking goes to other programs, so this does not spin."""
+def wait_for(what, condition, rest=None):
+    """Asks until the condition gives something; that. Between two questions it calls `rest` with the program that may
+    end meanwhile and the seconds that are left. Without one the condition must ask another program and wait for its
+    answer, so that this does not spin: for files there is wait_for_files()."""
     end = time.monotonic() + DEADLINE
     while True:
-        status = Waiting.exit_status()
+        status = Waiting.process.poll() if Waiting.process else None
         try:
             found = condition()
         except (GLib.Error, AttributeError):  # what was asked about has just gone
             found = None
-        if status is not None and not found:
-            raise ProgramDied(f"exit status {status} while waiting for {what}")
         if found:
             return found
-        if time.monotonic() > end:
+        if status is not None:
+            raise ProgramDied(f"exit status {status} while waiting for {what}")
+        left = end - time.monotonic()
+        if left <= 0:
             raise AssertionError(f"waited {DEADLINE:.0f} s in vain for {what}")
+        if rest:
+            rest(Waiting.process, left)
+
+
+def wait_for_files(what, condition):
+    """The same for a condition that looks only at files in the home folder: asks again whenever one has changed."""
+    with Changes(os.environ["HOME"]) as changes:
+        return wait_for(what, condition, changes.wait)
 
 
 class Widget:
@@ -104,6 +117,7 @@ class Desktop:
     def __init__(self, folder):
         self.log = folder / "desktop.log"
         self.processes = []
+        self.keys_only = False  # whether a use of the mouse is an error
 
     def start(self):
         missing = [name for name in ("Xvfb", "openbox", "xdotool", "import") if not shutil.which(name)]
@@ -148,6 +162,8 @@ class Desktop:
                               check=False).stdout
 
     def xdotool(self, *arguments):
+        if self.keys_only and not {"mousemove", "click", "mousedown"}.isdisjoint(arguments):
+            raise AssertionError(f"the mouse is used on a way by keyboard alone: {arguments}")
         result = subprocess.run(["xdotool", *map(str, arguments)], stdin=subprocess.DEVNULL, capture_output=True,
                                 timeout=DEADLINE, check=False)
         if result.returncode != 0:
@@ -164,6 +180,9 @@ class Desktop:
     def click(self, widget, button=1, times=1):
         x, y = widget.centre()
         self.xdotool("mousemove", "--sync", x, y, "click", "--repeat", times, "--delay", 10, button)
+
+    def point_at(self, widget):
+        self.xdotool("mousemove", "--sync", *widget.centre())
 
     def search(self, name):
         """The numbers of the visible windows whose titles hold this."""

@@ -1,9 +1,13 @@
 """The program Kestrel, worked as a person does: by mouse and keys, and by what is on the screen."""
 import os
+import select
+import signal
+import subprocess
+from pathlib import Path
 
 from gi.repository import Atspi
 
-from desktop import Waiting, Widget, wait_for
+from desktop import Waiting, Widget, wait_for, wait_for_files
 
 ROW_ROLES = ("tree item", "list item", "table cell")
 
@@ -22,7 +26,7 @@ class Kestrel:
         self.process = self.desktop.launch([str(self.program), *map(str, files)], {
             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_QPA_PLATFORM": "xcb", "QT_STYLE_OVERRIDE": "fusion",
             **(environment or {})})
-        Waiting.exit_status = self.process.poll
+        Waiting.process = self.process
         self.application = wait_for("Kestrel on the accessibility bus", self.find_application)
         wait_for("the main window", lambda: self.main_window() and self.main_window().is_("active"))
 
@@ -35,14 +39,37 @@ class Kestrel:
         return None
 
     def quit(self):
+        """Quits by the key, with the main window in front; the exit status."""
         self.focus_window()
-        self.desktop.press("ctrl+q")
-        self.process.wait(timeout=90)
-        return self.process.returncode
+        return self.quit_by_key()
 
-    def kill(self):
-        self.process.kill()
-        self.process.wait()
+    def quit_by_key(self):
+        """Quits from whichever window is in front; the exit status."""
+        self.desktop.press("ctrl+q")
+        return self.process.wait(timeout=90)
+
+    def died(self):
+        """Whether it was killed: when it is about to end, its end is waited for."""
+        try:
+            return self.process.wait(timeout=20) == -signal.SIGKILL
+        except subprocess.TimeoutExpired:
+            return False
+
+    def end_what_it_left(self):
+        """Ends the programs that it had started and that outlived it."""
+        for number in [int(path.name) for path in Path("/proc").iterdir() if path.name.isdigit()]:
+            try:
+                if os.getsid(number) != self.process.pid:
+                    continue
+                process = os.pidfd_open(number)
+            except ProcessLookupError:
+                continue
+            try:
+                signal.pidfd_send_signal(process, signal.SIGKILL)
+            except ProcessLookupError:
+                pass  # it has ended meanwhile
+            select.select([process], [], [])
+            os.close(process)
 
     # Windows
 
@@ -150,7 +177,7 @@ class Kestrel:
         """Types the whole text of a file that is shown and saves it."""
         self.type_code(text)
         self.desktop.press("ctrl+s")
-        wait_for(f"{path.name} to be saved", lambda: path.read_text(encoding="utf-8") == text)
+        wait_for_files(f"{path.name} to be saved", lambda: path.read_text(encoding="utf-8") == text)
 
     def wait_for_message(self, text):
         """Until the message pane shows this."""
@@ -256,8 +283,3 @@ class Kestrel:
         self.desktop.type(name)
         self.desktop.press("Return")
         self.wait_for_no_dialog()
-
-
-def environment_program(name):
-    """A built program, by its name."""
-    return os.path.join(os.environ["KESTREL_PROGRAMS"], name)

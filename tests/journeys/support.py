@@ -10,11 +10,14 @@ import sys
 import unittest
 from pathlib import Path
 
-from desktop import Desktop, wait_for
+from desktop import Desktop, wait_for_files
 from kestrel import Kestrel
 
 SOURCE = Path(os.environ["KESTREL_SOURCE"])
 PROGRAMS = Path(os.environ["KESTREL_PROGRAMS"])
+
+# The lists of the build settings, one for each kind of file.
+LISTS = ("code_assembly_files", "graphic_files", "palette_files")
 
 # A whole program of the console that does nothing but stand still; it takes in tiles and colours.
 PROGRAM = """\
@@ -94,14 +97,12 @@ class JourneyTestCase(unittest.TestCase):
         self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
         self.assertEqual(image.read_bytes(), from_window)
 
-    def write_stand_in(self):
-        """An emulator that keeps a copy of the image that it is given, and the path of that copy."""
-        played = self.home / "played.nes"
-        script = self.home / "stand-in"
+    @staticmethod
+    def write_stand_in(script, played):
+        """An emulator that keeps a copy of the image that it is given."""
         script.write_text(f'#!/bin/sh\ncp "$1" "{played}.new" && mv "{played}.new" "{played}"\n', encoding="utf-8")
         script.chmod(0o755)
-        return script, played
 
     def wait_for_file(self, path, holds=None):
         """Until the file is there, and holds these bytes if any are given."""
-        wait_for(f"{path.name} on disk", lambda: path.is_file() and (holds is None or path.read_bytes() == holds))
+        wait_for_files(f"{path.name} on disk", lambda: path.is_file() and (holds is None or path.read_bytes() == holds))
