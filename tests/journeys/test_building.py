@@ -1,6 +1,8 @@
 """Journeys to an image and to an emulator that shows it."""
+import re
 import subprocess
 import sys
+from pathlib import Path
 
 from desktop import wait_for
 from support import PROGRAM, PROGRAMS, SOURCE, JourneyTestCase
@@ -21,10 +23,12 @@ class BuildingTest(JourneyTestCase):
         kestrel.select("main.asm")
         kestrel.save_code(folder / "main.asm", PROGRAM.replace(" jmp Start", " jmp #"))
         text = kestrel.build()
-        self.assertIn("main.asm:6:", text)
         lines = text.split("\n")
         shown = lines.index(" jmp #")
-        self.assertEqual(lines[shown + 1].strip(), "^")
+        place = re.fullmatch(r"main\.asm:6:(\d+): error: .+", lines[shown - 1])
+        self.assertIsNotNone(place, lines[shown - 1])
+        self.assertEqual(int(place[1]), len(" jmp #") + 1)  # where a value is missing
+        self.assertEqual(lines[shown + 1], " " * (int(place[1]) - 1) + "^")
         self.assertFalse((folder / "output" / "Demo.nes").exists())
         kestrel.close_console()
         kestrel.save_code(folder / "main.asm", PROGRAM)
@@ -34,38 +38,54 @@ class BuildingTest(JourneyTestCase):
         self.assert_built_alike("Demo")
 
     def test_an_example_from_the_command_line_runs_in_an_emulator(self):
-        projects = []
-        for name in ("Skylark", "Lanternfall"):
-            result = subprocess.run([SOURCE / "scripts" / "instantiate-example", SOURCE / "examples" / name],
-                                    env={"HOME": str(self.home), "PATH": "/usr/bin:/bin",
-                                         "KESTREL_BUILD": str(PROGRAMS / "kestrel-build")},
-                                    capture_output=True, text=True, timeout=120, check=False)
-            self.assertEqual(result.returncode, 0, result.stderr)
-            projects.append(result.stdout.strip())
+        skylark, lanternfall = (self.instantiate(name) for name in ("Skylark", "Lanternfall"))
         kestrel = self.kestrel
-        kestrel.start(projects[0])
-        kestrel.wait_for_row("Skylark")
+        kestrel.start(skylark)
+        # The title is drawn over the sky, in two colours at least.
+        self.build_and_play("Skylark", lambda picture: len(picture.shares(80, 54, 176, 66)) >= 3)
         # A second start hands its project to the running program and ends.
-        second = self.desktop.launch([str(PROGRAMS / "Kestrel"), projects[1]])
+        second = self.desktop.launch([str(PROGRAMS / "Kestrel"), lanternfall])
         self.assertEqual(second.wait(timeout=90), 0)
-        kestrel.wait_for_row("Lanternfall")
-        kestrel.select("Skylark")
+        # Large letters on one colour.
+        self.build_and_play("Lanternfall", lambda picture: picture.shares(40, 56, 216, 72)[0] < 0.8)
+        self.assertEqual(kestrel.quit(), 0)
+
+    def instantiate(self, name):
+        """Makes a project of an example; its file."""
+        result = subprocess.run([SOURCE / "scripts" / "instantiate-example", SOURCE / "examples" / name],
+                                env={"HOME": str(self.home), "PATH": "/usr/bin:/bin",
+                                     "KESTREL_BUILD": str(PROGRAMS / "kestrel-build")},
+                                capture_output=True, text=True, timeout=120, check=False)
+        self.assertEqual(result.returncode, 0, result.stderr)
+        return result.stdout.strip()
+
+    def build_and_play(self, name, is_title):
+        """Builds and runs a project in a real emulator until its title is on the screen, and ends the emulator."""
+        kestrel = self.kestrel
+        kestrel.focus_window()
+        kestrel.select(name)
         kestrel.choose_emulator("/usr/games/fceux")
-        self.assertEqual(self.settings("Skylark")["emulator"], "/usr/games/fceux")
-        kestrel.build()
-        self.assert_built_alike("Skylark")
+        self.assertEqual(self.settings(name)["emulator"], "/usr/games/fceux")
+        self.assertNotIn("error:", kestrel.build())
+        self.assert_built_alike(name)
         kestrel.focus_window()
         self.desktop.press("ctrl+r")
-        wait_for("the game on the screen", self.game_is_shown)
+        number = wait_for(f"the title of {name} on the screen", lambda: self.shown_game(is_title))
+        program = Path("/proc") / self.desktop.xdotool("getwindowpid", number).strip() / "cmdline"
+        self.assertIn(str(self.project_folder(name) / "output" / f"{name}.nes"), program.read_text().split("\0"))
+        self.desktop.xdotool("windowactivate", "--sync", number)
+        self.desktop.press("alt+F4")
+        wait_for("the emulator to close", lambda: not self.desktop.search("FCEUX"))
 
-    def game_is_shown(self):
-        """Whether the emulator's window shows several colours, each on more than a thin line."""
+    def shown_game(self, is_title):
+        """The number of the emulator's window once it shows a title, and all in all several colours, each on more than
+        a thin line."""
         for number in self.desktop.search("FCEUX"):
             data = self.desktop.output("import", "-window", number, "-depth", "8", "ppm:-")
             try:
                 picture = Picture(data)
             except (ValueError, IndexError):  # the window is not there whole yet
                 continue
-            if len([share for share in picture.shares() if share > 0.005]) >= 4:
-                return True
-        return False
+            if len([share for share in picture.shares() if share > 0.005]) >= 4 and is_title(picture):
+                return number
+        return None

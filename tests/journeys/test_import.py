@@ -1,5 +1,5 @@
 """Journey of files that lie elsewhere into a project, its build, and out again."""
-from desktop import wait_for
+from desktop import wait_for, wait_for_files
 from support import PROGRAM, JourneyTestCase
 
 
@@ -24,7 +24,7 @@ class ImportTest(JourneyTestCase):
                                   ("Add graphics file", "tiles.chr", "graphic_files"),
                                   ("Add palette file", "colours.pal", "palette_files")):
             kestrel.pick_file(button, name)
-            wait_for(f"{name} in the saved settings", lambda name=name, key=key: self.listed("Demo", key) == [name])
+            wait_for_files(f"{name} in the saved settings", lambda name=name, key=key: self.listed("Demo", key) == [name])
         self.assertEqual(sorted(child[:2] for child in self.structure("Demo")[2]),
                          [["colours.pal", "palette"], ["main.asm", "text"], ["tiles.chr", "graphics"]])
         kestrel.build()
@@ -33,6 +33,8 @@ class ImportTest(JourneyTestCase):
         self.assertIn(files["colours.pal"], image.read_bytes())
         self.assert_built_alike("Demo")
         kestrel.focus_window()
+        kestrel.select("main.asm")
+        wait_for("the program in the code editor", lambda: kestrel.code() == PROGRAM)
         kestrel.select("tiles.chr")
         kestrel.wait_for_pane("Tile graphics")
         kestrel.select("colours.pal")

@@ -1,5 +1,5 @@
 """Journeys through projects, files and the navigation tree."""
-from desktop import wait_for
+from desktop import wait_for, wait_for_files
 from support import JourneyTestCase, contents
 
 
@@ -7,9 +7,13 @@ class ProjectsTest(JourneyTestCase):
     def test_deleting_one_of_two_like_projects_leaves_the_other_untouched(self):
         kestrel = self.kestrel
         kestrel.start()
+        finished = {}
         for name in ("First", "Second"):
             kestrel.new_project(name)
             kestrel.new_file("NES Text Assembly", "main.asm")
+            kestrel.select("main.asm")
+            kestrel.save_code(self.project_folder(name) / "main.asm", f"; of {name}\n")
+            kestrel.select(name)
             kestrel.new_file("Palette Data", "colours.pal")
             kestrel.select(name)
             self.desktop.press("ctrl+shift+g")
@@ -17,6 +21,10 @@ class ProjectsTest(JourneyTestCase):
             self.desktop.press("ctrl+shift+g")
             kestrel.expand("Group")
             wait_for("a group in a group", lambda: kestrel.rows().count("Group") == 2)
+            wait_for_files("the groups in the saved tree", lambda name=name: ["Group", "group", [
+                ["Group", "group", []]]] in self.structure(name)[2])
+            finished[name] = contents(self.project_folder(name))
+            self.assertEqual(finished[name]["main.asm"], f"; of {name}\n".encode())
             # The next project's rows are told apart by there being no others.
             if name == "First":
                 kestrel.collapse(name)
@@ -25,19 +33,24 @@ class ProjectsTest(JourneyTestCase):
             "Second", "project", [
                 ["Group", "group", [["Group", "group", []]]],
                 ["colours.pal", "palette", []], ["main.asm", "text", []]]])
-        first, registry = self.project_folder("First"), self.home / "Kestrel" / ".projects"
-        before, second = contents(first), contents(self.project_folder("Second"))
+        self.assertEqual(self.registered(), ["First", "Second"])
         kestrel.select("Second")
         self.desktop.press("Delete")
         wait_for("the project to go", lambda: "Second" not in kestrel.rows())
         self.assertEqual(kestrel.rows()[0], "First")
-        self.assertEqual(contents(first), before)
-        self.assertEqual(contents(self.project_folder("Second")), second)  # its files stay on disk, too
+        self.assertEqual(self.registered(), ["First"])
+        self.assertEqual(contents(self.project_folder("First")), finished["First"])
+        self.assertEqual(contents(self.project_folder("Second")), finished["Second"])  # its files stay on disk, too
         self.assertEqual(kestrel.quit(), 0)
         kestrel.start()
         kestrel.wait_for_row("First")
         self.assertNotIn("Second", kestrel.rows())
-        self.assertEqual(contents(first), before)
+        self.assertEqual(contents(self.project_folder("First")), finished["First"])
+
+    def registered(self):
+        """The names of the projects that the next start shows, in the order in which they were made."""
+        stored = self.json_of(self.home / ".Kestrel" / "AllProjects.cfg")
+        return [entry["ProjectName"] for key, entry in stored.items() if key != "version"]
 
     def test_files_that_vanish_turn_red_and_come_back(self):
         kestrel = self.kestrel
