@@ -11,8 +11,7 @@ std::string branchText(std::int32_t target, std::uint32_t next) {
     const std::int64_t excess = distance < 0 ? -128 - distance : distance - 127;
     return "the branch is out of range by " + counted(static_cast<std::size_t>(excess), "byte") +
            " (its target lies " + std::to_string(distance) +
-           " bytes from the next instruction, -128 to 127 can be reached); branch on the opposite "
-           "condition over a JMP to the target instead";
+           " bytes from the next instruction, -128 to 127 can be reached)";
 }
 
 } // namespace
@@ -27,8 +26,8 @@ std::string misfitText(Field field, std::int32_t value, std::uint32_t next) {
                " does not fit into a word (-32768 to 65535) and was cut";
     case Field::Immediate:
         return "the value " + valueText(value) + " does not fit into a byte (-256 to 255)" +
-               (value > 0 ? "; without the # it is an address, and " : "; ") +
-               "LOW() or HIGH() takes one byte of it";
+               (value > 0 ? "; leave out the # to use it as an address, or " : "; ") +
+               "take one byte of it with #LOW() or #HIGH()";
     case Field::ZeroPage:
         return "the address " + valueText(value) + " is not in the zero page ($00 to $FF)";
     case Field::Absolute:

@@ -1,6 +1,9 @@
 #include "assembler/FieldWriter.h"
 
+#include "assembler/WrittenOperand.h"
+
 #include <array>
+#include <string>
 
 namespace nesasm {
 
@@ -20,6 +23,28 @@ const char* zeroPageRemedy(const Position& position, std::int32_t value) {
                                         : "";
 }
 
+/// What to write instead of a branch that does not reach.
+std::string branchRemedy(const Position& position) {
+    const Instruction* const branch = instructionBefore(position);
+    const std::string target = writtenOperand(position);
+    Mode mode = Mode::Relative;
+    // For a JMP a parenthesis has another meaning, and * another value.
+    if (branch == nullptr || !branch->has(mode) || target.empty() ||
+        target.find_first_of("(*") != std::string::npos)
+        return "; branch on the opposite condition over a JMP to the target instead";
+    constexpr unsigned kConditionBit = 0x20;
+    const Instruction* const opposite =
+        findOpcode(static_cast<std::uint8_t>(branch->opcode(mode) ^ kConditionBit), mode);
+    return "; write " + std::string(opposite->name) + " *+5 and below it JMP " + target +
+           " instead";
+}
+
+std::string remedyFor(Field field, const Position& position, std::int32_t value) {
+    if (field == Field::Relative)
+        return branchRemedy(position);
+    return field == Field::ZeroPage ? zeroPageRemedy(position, value) : "";
+}
+
 } // namespace
 
 void checkField(Diagnostics& diagnostics, const Position& position, Field field, std::int32_t value,
@@ -28,9 +53,8 @@ void checkField(Diagnostics& diagnostics, const Position& position, Field field,
         if (field == Field::Byte || field == Field::Word)
             diagnostics.warning(Warning::ValueTruncated, position, misfitText(field, value, next));
         else
-            diagnostics.error(
-                position, misfitText(field, value, next) +
-                              (field == Field::ZeroPage ? zeroPageRemedy(position, value) : ""));
+            diagnostics.error(position,
+                              misfitText(field, value, next) + remedyFor(field, position, value));
         return;
     }
     if (field == Field::JumpIndirect && isPageEnd(value))

@@ -76,13 +76,17 @@ std::optional<std::string> FileDirectives::find(std::string_view name, const cha
     const std::string folder = folderOf(m_assembly.sources.top().passage.file->path());
     const auto found = m_assembly.finder.find(name, folder, isSource);
     if (!found) {
-        missing(name, "there is no such file in any of the folders searched", at);
+        missing(name,
+                "there is no such file in any of the folders searched; is the name right, and does "
+                "the file lie beside the source or in a folder given with -I?",
+                at);
         return std::nullopt;
     }
     if (found->caseDiffers)
-        m_assembly.warn(Warning::FileCase, at,
-                        "the file is spelled '" + found->path.substr(found->path.rfind('/') + 1) +
-                            "' on the disk: the build fails where letter case counts");
+        m_assembly.warn(
+            Warning::FileCase, at,
+            "the file is spelled '" + found->path.substr(found->path.rfind('/') + 1) +
+                "' on the disk: the build fails where letter case counts; spell it so here");
     return found->path;
 }
 

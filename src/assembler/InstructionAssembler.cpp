@@ -290,6 +290,8 @@ void InstructionAssembler::reportMode(const Instruction& instruction, Shape shap
     if ((shape == Shape::PlainX && instruction.has(Mode::ZeroPageX)) ||
         (shape == Shape::PlainY && instruction.has(Mode::ZeroPageY)))
         text += "; an address in the zero page needs a < before it";
+    else if (shape == Shape::Immediate && !instruction.has(Mode::Implied))
+        text += "; with a # it is a value, but " + name + " needs an address";
     fail(operand, std::move(text));
 }
 

@@ -1,6 +1,7 @@
 #include "assembler/OperandHints.h"
 
 #include "assembler/Text.h"
+#include "assembler/WrittenOperand.h"
 
 #include <optional>
 
@@ -44,10 +45,12 @@ void OperandHints::look(const Instruction& instruction, Mode mode,
                         std::span<const Operation> operations, const char* operand) {
     if (m_hash && mode == Mode::Absolute && instruction.has(Mode::Immediate) &&
         looksImmediate(operations, m_assembly.symbols)) {
+        const std::string name(instruction.name);
+        const std::string written = writtenOperand(m_assembly.at(operand));
+        const std::string shown = written.empty() ? "n" : written;
         m_assembly.warn(Warning::MissingHash, operand,
-                        "without a # this is an address, not a value; for the value write " +
-                            std::string(instruction.name) + " #..., for the address " +
-                            std::string(instruction.name) + " <...");
+                        "without a # this is an address, not a value; for the value write " + name +
+                            " #" + shown + ", for the address " + name + " <" + shown);
         return;
     }
     if (!m_zeroPage)

@@ -3,28 +3,13 @@
 #include "assembler/Characters.h"
 #include "assembler/Definitions.h"
 #include "assembler/FieldWriter.h"
-#include "assembler/InstructionTable.h"
-#include "assembler/Keywords.h"
 #include "assembler/Remedies.h"
 #include "assembler/Text.h"
+#include "assembler/WrittenOperand.h"
 
 #include <algorithm>
 
 namespace nesasm {
-
-namespace {
-
-/// The word before the operand at `position`.
-const char* mnemonicOf(const Position& position) {
-    const char* p = position.line + position.column;
-    while (p > position.line && isBlank(p[-1]))
-        --p;
-    while (p > position.line && isWordPart(p[-1]))
-        --p;
-    return p;
-}
-
-} // namespace
 
 Resolver::Resolver(Assembly& assembly)
     : m_assembly(assembly)
@@ -148,16 +133,16 @@ bool Resolver::isAccumulator(const DeferredField& field) {
     if (symbol.isDefined || !equalsIgnoringCase(symbol.name, "a"))
         return false;
     const Position& position = field.expression.position;
-    const char* const mnemonic = mnemonicOf(position);
-    const Keyword keyword =
-        findKeyword({mnemonic, static_cast<std::size_t>(wordEnd(mnemonic) - mnemonic)});
-    if (keyword.kind != Keyword::Kind::Instruction)
+    const Instruction* const instruction = instructionBefore(position);
+    if (instruction == nullptr)
         return false;
-    const Instruction& instruction = instructionTable[keyword.id];
+    const std::string name(instruction->name);
     m_assembly.diagnostics.error(
         position,
-        std::string(instruction.name) +
-            " does not work on the accumulator; it can be written: " + modesText(instruction));
+        name + " does not work on the accumulator; it can be written: " + modesText(*instruction) +
+            (name == "INC"   ? "; for A use CLC and ADC #1"
+             : name == "DEC" ? "; for A use SEC and SBC #1"
+                             : ""));
     return true;
 }
 

@@ -19,9 +19,9 @@ OPERATORS = ["-", "+", "~", "!", "*", "/", "%", "<<", ">>", "<", "<=", ">", ">="
              r"\|", "&&", r"\|\|"]
 # Sources whose texts go into files, or stand in the manual's table of warnings, or are advice behind a semicolon.
 NO_MESSAGES = {"DbgFile.cpp", "DebugLabels.cpp", "LabelFiles.cpp", "Listing.cpp", "Warnings.h", "ForeignWords.cpp"}
-# What a value is for, names of options, of files and of variables, a part of the summary, a part of advice.
-NO_TEXT = re.compile(r"the \w+ of \.\w+|the fill byte|--[a-z- ]+|\S+|\(off by default\)|, without the dot|"
-                     r"LOW\(\) or HIGH\(\) takes one byte of it")
+# What a value is for, names of options, of files and of variables, a part of the summary, parts of advice.
+NO_TEXT = re.compile(r"the \w+ of \.\w+|the fill byte|--[a-z- ]+|\S+|\(off by default\)|, without the dot|needs an address|"
+                     r"\*\+5 and below it JMP|take one byte of it with #LOW\(\) or #HIGH\(\)")
 # A golden case cannot run out of memory or bring a film; the unit tests see to these.
 NO_CASE = {"there is not enough memory for this program", "it is larger than 256 MiB"}
 
