@@ -3,7 +3,7 @@
 #include "app/MainWindowController.h"
 #include "app/Window.h"
 #include "model/FileProcessor.h"
-#include "model/ProjectItemFactory.h"
+#include "model/StructureFile.h"
 #include "navigation/EditorContainerController.h"
 
 #include <QAction>
@@ -21,7 +21,7 @@ void openFile(EditorContainerController& editor, const std::filesystem::path& pa
     if (!structure) {
         return;
     }
-    if (const auto project = ProjectItemFactory::process(*structure, nullptr)) {
+    if (const auto project = StructureFile::project(*structure, path.parent_path())) {
         editor.addProjectToEditor(project);
     }
 }

@@ -7,7 +7,7 @@
 #include "build/NESBuildSettings.h"
 #include "build/NESProjectBuilder.h"
 #include "model/FileProcessor.h"
-#include "model/ProjectItemFactory.h"
+#include "model/StructureFile.h"
 #include "navigation/EditorContainerController.h"
 #include "navigation/ProjectNavigationController.h"
 
@@ -101,7 +101,7 @@ bool MainWindowController::importNewProjectFromFile(const std::filesystem::path&
     if (!structure) {
         return false;
     }
-    const auto project = ProjectItemFactory::process(*structure, nullptr);
+    const auto project = StructureFile::project(*structure, kstFilePath.parent_path());
     if (!project) {
         return false;
     }

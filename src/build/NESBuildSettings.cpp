@@ -5,8 +5,8 @@
 #include "model/Log.h"
 #include "model/Paths.h"
 #include "model/ProjectFiles.h"
-#include "model/ProjectItemFactory.h"
 #include "model/ProjectNavigationSettingItem.h"
+#include "model/StructureFile.h"
 
 #include <algorithm>
 #include <utility>
@@ -101,7 +101,7 @@ NESBuildSettings::fetchProjectFileStructureConfigurationFile(const ProjectItem& 
 
 std::shared_ptr<ProjectItem> NESBuildSettings::fetchProjectFileStructure() {
     const auto dictionary = fetchProjectFileStructureConfigurationFile(*m_projectToBuild);
-    return dictionary ? ProjectItemFactory::process(*dictionary, nullptr) : nullptr;
+    return dictionary ? StructureFile::project(*dictionary, m_projectToBuild->itemPath()) : nullptr;
 }
 
 void NESBuildSettings::add(const std::shared_ptr<ProjectItem>& newItem,

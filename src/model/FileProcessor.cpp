@@ -4,7 +4,6 @@
 #include "model/FileReader.h"
 #include "model/FileWriter.h"
 #include "model/Paths.h"
-#include "model/ProjectItemFactory.h"
 #include "model/ProjectNavigationSettingItem.h"
 #include "model/ProjectRegistry.h"
 #include "model/StructureFile.h"
@@ -56,7 +55,7 @@ std::shared_ptr<ProjectItem> loadProject(const ProjectRegistry::Entry& entry) {
         return nullptr;
     }
     if (const auto structure = readObject(joined(entry.path, *structurePath))) {
-        if (auto project = ProjectItemFactory::process(*structure, nullptr)) {
+        if (auto project = StructureFile::project(*structure, entry.path)) {
             return project;
         }
     }

@@ -75,6 +75,18 @@ std::optional<Dictionary> StructureFile::fetch(const ProjectItem& project) {
     return structure;
 }
 
+std::shared_ptr<ProjectItem> StructureFile::project(const Dictionary& structure,
+                                                    const std::filesystem::path& projectFolder) {
+    auto root = ProjectItemFactory::process(structure, nullptr);
+    if (root && !root->itemPath().is_absolute()) {
+        const std::filesystem::path below = root->itemPath().lexically_normal();
+        const bool isFolderItself = below.empty() || below == "." || below == "./";
+        root->setItemPath(isFolderItself ? std::filesystem::path(pathText(projectFolder))
+                                         : joined(projectFolder, below.native()));
+    }
+    return root;
+}
+
 bool StructureFile::understoodWhole(const std::filesystem::path& path) {
     if (!existsAt(path)) {
         return true;

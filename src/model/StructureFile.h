@@ -17,6 +17,12 @@ public:
     /// The object in the structure file; nothing when it cannot be read or is no object.
     static std::optional<Dictionary> fetch(const ProjectItem& project);
 
+    /// The project whose tree `structure` holds, read from a structure file of the project in
+    /// `projectFolder`; nothing when it cannot be read. A root whose path is not absolute counts
+    /// from that folder: taken as it is, what is saved would go below the working directory.
+    static std::shared_ptr<ProjectItem> project(const Dictionary& structure,
+                                                const std::filesystem::path& projectFolder);
+
     /// Whether replacing the file at `path` by the tree that was read from it would lose nothing:
     /// it is not there, or all it holds is known, of the right type and said once.
     static bool understoodWhole(const std::filesystem::path& path);

@@ -6,7 +6,6 @@
 #include "model/Log.h"
 #include "model/Paths.h"
 #include "model/ProjectFiles.h"
-#include "model/ProjectItemFactory.h"
 #include "model/ProjectNavigationSettingItem.h"
 #include "model/ProjectRegistry.h"
 #include "model/StructureFile.h"
@@ -37,7 +36,7 @@ constexpr int SmallestPanesWidth = 280;
 /// The tree in the project's structure file; nothing when it cannot be read.
 std::shared_ptr<ProjectItem> storedTree(const ProjectItem& project) {
     const auto structure = NESBuildSettings::fetchProjectFileStructureConfigurationFile(project);
-    return structure ? ProjectItemFactory::process(*structure, nullptr) : nullptr;
+    return structure ? StructureFile::project(*structure, project.itemPath()) : nullptr;
 }
 
 /// Makes the project and its structure file hold what either of them does. A file that cannot be
@@ -58,18 +57,6 @@ bool isRegistered(const ProjectItem& project) {
         return entry.name == project.itemName() &&
                pathText(entry.path) == pathText(project.itemPath());
     });
-}
-
-/// Lets all rows of a project that the registry lists twice show the same nodes: two trees over one
-/// structure file would overwrite each other's changes.
-void shareRepeatedProjects(ProjectItems& projects) {
-    ProjectItems shown;
-    for (std::shared_ptr<ProjectItem>& project : projects) {
-        if (const auto former = findSameProject(shown, *project)) {
-            project = former;
-        }
-        shown.push_back(project);
-    }
 }
 
 } // namespace
@@ -129,6 +116,8 @@ void EditorContainerController::prepare(QWidget* destination) {
         if (auto* tree = qobject_cast<ProjectNavigationController*>(split->widget(i))) {
             m_projectNavigationController = tree;
             tree->setProjectNavigationDelegate(this);
+            connect(tree, &ProjectNavigationController::selectedRowChosenAgain, this,
+                    &EditorContainerController::selectedRowWasChosenAgain);
         } else if (auto* panes = qobject_cast<CommonEditorControllers*>(split->widget(i))) {
             m_commonController = panes;
         }
@@ -212,6 +201,22 @@ void EditorContainerController::projectNavigation(
         break;
     case FileType::empty:
         break;
+    }
+    if (itemSelected == m_projectNavigationController->selectedItem()) {
+        m_shownPane.noteSelection(itemSelected, *m_commonController);
+    }
+}
+
+/// A message may stand in front of the selected row's pane: an imported file's, say, which is shown
+/// without being selected.
+void EditorContainerController::selectedRowWasChosenAgain() {
+    if (!m_commonController ||
+        m_commonController->currentWidget() != m_commonController->emptyController) {
+        return;
+    }
+    const auto item = m_projectNavigationController->selectedItem();
+    if (!m_shownPane.comeBack(item, selectedProject(), *m_commonController)) {
+        projectNavigation(item);
     }
 }
 

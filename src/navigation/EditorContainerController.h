@@ -5,6 +5,7 @@
 #include "navigation/NotificationCentre.h"
 #include "navigation/ProjectItemDeletion.h"
 #include "navigation/ProjectNavigationDelegate.h"
+#include "navigation/ShownPane.h"
 #include "newitem/FilePanel.h"
 #include "newitem/SheetQueue.h"
 
@@ -119,6 +120,7 @@ private:
                      const std::shared_ptr<ProjectItem>& parent,
                      const std::shared_ptr<ProjectItem>& project);
     void fileWasChosen(const std::filesystem::path& file);
+    void selectedRowWasChosenAgain();
     void saveWithContainerAsParent(const std::shared_ptr<ProjectItem>& inserted);
 
     NotificationCentre& m_centre;
@@ -127,6 +129,7 @@ private:
     std::unique_ptr<CreateNewFileController> m_newFileController;
     std::unique_ptr<CreateNewProjectController> m_newProjectController;
     FilePanel m_filePanel = openFilePanel;
+    ShownPane m_shownPane;
     std::vector<ProjectItemDeletion> m_deletions;
     SheetQueue m_afterSheets{*this};
     NotificationCentre::Connection m_commands; ///< the last to be made, the first to go

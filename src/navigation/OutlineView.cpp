@@ -3,6 +3,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOption>
@@ -28,6 +29,11 @@ OutlineView::OutlineView(QWidget* parent)
     connect(this, &QTreeView::expanded, this, [this](const QModelIndex& index) {
         if (index.flags().testFlag(Qt::ItemNeverHasChildren)) {
             collapse(index);
+        }
+    });
+    connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+        if (m_pressedOnSelectedRow && index == selectedIndex()) {
+            Q_EMIT selectedRowChosenAgain();
         }
     });
 }
@@ -199,7 +205,18 @@ void OutlineView::keyPressEvent(QKeyEvent* event) {
         event->accept();
     } else {
         QTreeView::keyPressEvent(event);
+        const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (isReturn && currentIndex().isValid() && currentIndex() == selectedIndex()) {
+            Q_EMIT selectedRowChosenAgain();
+        }
     }
+}
+
+void OutlineView::mousePressEvent(QMouseEvent* event) {
+    const QModelIndex selected = selectedIndex();
+    m_pressedOnSelectedRow = event->button() == Qt::LeftButton && selected.isValid() &&
+                             indexAt(event->pos()) == selected;
+    QTreeView::mousePressEvent(event);
 }
 
 void OutlineView::scrollContentsBy(int dx, int dy) {

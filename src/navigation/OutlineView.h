@@ -47,11 +47,15 @@ Q_SIGNALS:
     /// pointer or, by keyboard, the selected one; invalid on the empty area.
     void contextMenuWanted(const QModelIndex& index, const QPoint& position);
 
+    /// The row that is selected already was clicked, or Return was pressed on it.
+    void selectedRowChosenAgain();
+
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void drawBranches(QPainter* painter, const QRect& rect,
                       const QModelIndex& index) const override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
@@ -63,6 +67,7 @@ private:
 
     QString m_emptyText;
     bool m_fittingColumn = false;
+    bool m_pressedOnSelectedRow = false; ///< where the left button went down last
 };
 
 } // namespace kestrel

@@ -106,6 +106,8 @@ void ProjectNavigationController::setOutlineView(OutlineView* outlineView) {
     setFocusProxy(outlineView);
     connect(outlineView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &ProjectNavigationController::selectionDidChange);
+    connect(outlineView, &OutlineView::selectedRowChosenAgain, this,
+            &ProjectNavigationController::selectedRowChosenAgain);
     if (m_menu != nullptr) {
         outlineView->addAction(m_menu->action(ProjectNavigationMenuClickedOptions::delete_));
         connect(outlineView, &OutlineView::contextMenuWanted, this,

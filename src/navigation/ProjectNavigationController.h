@@ -115,6 +115,8 @@ public:
 Q_SIGNALS:
     /// The selected row is another one, or there is none any more.
     void selectedRowChanged();
+    /// The row that is selected already was chosen once more, by mouse or by Return.
+    void selectedRowChosenAgain();
 
 protected:
     void showEvent(QShowEvent* event) override;

@@ -27,4 +27,14 @@ std::shared_ptr<ProjectItem> findSameProject(const ProjectItems& projects,
     return found != projects.end() ? *found : nullptr;
 }
 
+void shareRepeatedProjects(ProjectItems& projects) {
+    ProjectItems shown;
+    for (std::shared_ptr<ProjectItem>& project : projects) {
+        if (const auto former = findSameProject(shown, *project)) {
+            project = former;
+        }
+        shown.push_back(project);
+    }
+}
+
 } // namespace kestrel

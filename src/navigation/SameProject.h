@@ -11,4 +11,8 @@ namespace kestrel {
 std::shared_ptr<ProjectItem> findSameProject(const ProjectItems& projects,
                                              const ProjectItem& project);
 
+/// Lets all rows of a project that the registry lists twice show the same nodes: two trees over one
+/// structure file would overwrite each other's changes.
+void shareRepeatedProjects(ProjectItems& projects);
+
 } // namespace kestrel

@@ -65,6 +65,25 @@ TEST_F(OpenedFiles, an_empty_list_changes_nothing) {
     EXPECT_TRUE(log.lines().empty());
 }
 
+TEST_F(OpenedFiles,
+       a_relative_root_counts_from_the_project_files_folder_and_not_from_the_working_one) {
+    const auto file = layOut("Game");
+    const auto structure = folder("Game") / ".project/Game-ProjectStructure.cfg";
+    auto stored = parseJson(contentOf(structure)).value();
+    stored["path"] = "";
+    std::ofstream(structure) << stored.dump();
+    const TemporaryFolder working;
+    const std::filesystem::path former = std::filesystem::current_path();
+    start();
+    std::filesystem::current_path(working.path());
+    delegate->openFiles({file});
+    EXPECT_TRUE(controller->importNewProjectFromFile(file)); // the same one, so it is selected
+    std::filesystem::current_path(former);
+    EXPECT_THAT(projects(), ElementsAre("Game"));
+    EXPECT_EQ(tree().selectedItem()->itemPath(), folder("Game"));
+    EXPECT_TRUE(std::filesystem::is_empty(working.path()));
+}
+
 TEST_F(OpenedFiles, a_project_that_is_in_the_tree_already_is_selected_instead_of_added_again) {
     registerProject("Game");
     registerProject("Other");

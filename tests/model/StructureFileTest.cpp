@@ -55,6 +55,21 @@ TEST_F(StructureFileTest, FetchesAnObjectOnly) {
     EXPECT_EQ(StructureFile::fetch(*m_project), parseJson(R"({"a":1})"));
 }
 
+TEST_F(StructureFileTest, ARootWithoutAnAbsolutePathCountsFromTheProjectsFolder) {
+    const auto folderOf = [&](const std::string& path) {
+        Dictionary structure = m_project->toDictionary();
+        structure["path"] = path;
+        return StructureFile::project(structure, m_folder.path() / "")->itemPath();
+    };
+    for (const std::string path : {"", ".", "./", "./."}) {
+        EXPECT_EQ(folderOf(path), m_folder.path()) << path;
+    }
+    EXPECT_EQ(folderOf("sub/game"), m_folder.path() / "sub/game");
+    EXPECT_EQ(folderOf("../game"), m_folder.path() / "../game");
+    EXPECT_EQ(folderOf("/elsewhere/game"), "/elsewhere/game");
+    EXPECT_EQ(StructureFile::project(parseJson("{}").value(), m_folder.path()), nullptr);
+}
+
 TEST_F(StructureFileTest, SavesTheTreeCompactAndMakesTheFolder) {
     addChild(m_project, makeText("a.asm", "/a"));
     EXPECT_TRUE(StructureFile::save(*m_project));

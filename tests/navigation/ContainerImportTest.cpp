@@ -46,6 +46,46 @@ TEST_F(ContainerImport, ItsKindIsSaidToBeUnspecifiedAtOnceAndWhenItIsSelected) {
     EXPECT_EQ(tree().currentlySelectedProject(), root());
 }
 
+TEST_F(ContainerImport, AClickOnTheRowThatIsStillSelectedBringsItsPaneBackAsItWas) {
+    makeProject("Game", {fileOf("Game", "a.asm", FileType::text)});
+    start();
+    click("a.asm");
+    QTest::keyClicks(typing->edit, QStringLiteral("lda "));
+    answer = foreign;
+    command(Option::importFile);
+    ASSERT_EQ(shown(), panes()->emptyController);
+    click("a.asm");
+    EXPECT_EQ(shown(), typing);
+    EXPECT_EQ(typing->edit->toPlainText(), QStringLiteral("lda a.asm"));
+    EXPECT_EQ(typing->loads, 1);
+    click("a.asm"); // with its pane in sight nothing happens
+    EXPECT_EQ(typing->loads, 1);
+}
+
+TEST_F(ContainerImport, ReturnOnTheRowThatIsStillSelectedBringsItsPaneBack) {
+    makeProject("Game");
+    start();
+    ASSERT_EQ(shown(), panes()->projectSettings);
+    answer = foreign;
+    command(Option::importFile);
+    ASSERT_EQ(shown(), panes()->emptyController);
+    QTest::keyClick(&view(), Qt::Key_Return);
+    EXPECT_EQ(shown(), panes()->projectSettings);
+    EXPECT_EQ(panes()->projectSettings->currentProject(), root());
+}
+
+TEST_F(ContainerImport, AnotherSelectedRowIsNotMistakenForTheOneWhosePaneItWas) {
+    makeProject("Game", {fileOf("Game", "a.asm", FileType::text), group("Parts")});
+    start();
+    click("a.asm");
+    click("Parts");
+    answer = foreign;
+    command(Option::importFile);
+    click("Parts");
+    EXPECT_EQ(shown(), panes()->emptyController);
+    EXPECT_EQ(message(), "Folder selected");
+}
+
 TEST_F(ContainerImport, TheSheetStandsOnTheMainWindowAndAsksForAPath) {
     makeProject("Game");
     start();

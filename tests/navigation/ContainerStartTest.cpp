@@ -63,6 +63,27 @@ TEST_F(ContainerStart, TheStructureFileOfTheProjectsOwnNameWins) {
     EXPECT_THAT(names(root()->subItems()), ElementsAre("a.asm"));
 }
 
+TEST_F(ContainerStart,
+       AStructureWithARelativeRootIsSavedInTheProjectsFolderAndNotWhereKestrelRuns) {
+    const Node project = makeProject("Game", {group("Parts")});
+    Dictionary structure = project->toDictionary();
+    structure["path"] = ".";
+    home.write("Kestrel/Game/.project/Game-ProjectStructure.cfg", *serialiseJson(structure));
+    const TemporaryFolder working;
+    const std::filesystem::path former = std::filesystem::current_path();
+    std::filesystem::current_path(working.path());
+    start();
+    EXPECT_EQ(root()->itemPath(), project->itemPath());
+    EXPECT_EQ(shown(), panes()->projectSettings);
+    command(Option::newGroup);
+    makeFile(0, "new.asm");
+    std::filesystem::current_path(former);
+    EXPECT_TRUE(std::filesystem::is_empty(working.path()));
+    EXPECT_TRUE(exists("Kestrel/Game/new.asm"));
+    EXPECT_EQ(savedStructure(project), "Game\n  new.asm\n  Group\n  Parts\n");
+    EXPECT_THAT(savedAssemblyFiles(project), ElementsAre("new.asm"));
+}
+
 TEST_F(ContainerStart, TheTreeTakes240PixelsAndAWiderWindowGivesTheRestToThePanes) {
     start();
     EXPECT_EQ(tree().width(), 240);
@@ -137,6 +158,26 @@ TEST_F(ContainerStart, ComingBackSaysSoWhenTheProjectFileWentMeanwhile) {
     EXPECT_EQ(shown(), typing);
     std::filesystem::remove(home.path() / "Kestrel/Game/Game.kst");
     becomeActive();
+    EXPECT_EQ(shown(), panes()->emptyController);
+    EXPECT_EQ(message(), "File does not exist at path");
+}
+
+TEST_F(ContainerStart, AFileThatIsBackIsShownByAClickOnItsSelectedRow) {
+    makeProject("Game", {fileOf("Game", "a.asm", FileType::text)});
+    start();
+    const auto file = home.path() / "Kestrel/Game/a.asm";
+    std::filesystem::rename(file, home.path() / "away");
+    click("a.asm");
+    ASSERT_EQ(message(), "File does not exist at path");
+    EXPECT_THAT(log.lines(), testing::Contains("File could not be found for code editor").Times(1));
+    std::filesystem::rename(home.path() / "away", file);
+    click("a.asm");
+    EXPECT_EQ(shown(), typing);
+    EXPECT_EQ(typing->loads, 1);
+    // Gone behind a message it is not shown, and the message says why.
+    panes()->displayError(QStringLiteral("other"));
+    std::filesystem::rename(file, home.path() / "away");
+    click("a.asm");
     EXPECT_EQ(shown(), panes()->emptyController);
     EXPECT_EQ(message(), "File does not exist at path");
 }
