@@ -74,9 +74,13 @@ class DemoByMouse:
         self.save()
         wait_for_files("the painted tile on disk", lambda: any((self.folder / "tiles.chr").read_bytes()))
         self.leave_canvas()
-        wait_for("the pixel on the screen", lambda: any(
-            count > 20 for colour, count in self.tile_colours().items() if colour not in empty))
-        self.painted = self.tile_colours()
+        self.painted = wait_for("the pixel on the screen", lambda: self.with_one_pixel(empty, self.tile_colours()))
+
+    @staticmethod
+    def with_one_pixel(empty, colours):
+        """The colours, if they differ from those of the empty tile by a square that went from one to a new one."""
+        return colours if any(count > 20 and count == empty[old] - colours.get(old, 0) for new, count in colours.items()
+                              if new not in empty for old in empty) else None
 
     def paint_pixel(self):
         pane = self.kestrel.wait_for_pane("Tile graphics")
@@ -93,10 +97,10 @@ class DemoByMouse:
         self.desktop.press("F6")
 
     def tile_colours(self):
-        """How many pixels of each colour the pixel editor shows once there is a picture in it."""
+        """How many pixels of each colour the pixel editor shows; nothing before two looks have seen the same."""
         canvas = self.kestrel.wait_for_pane("Tile graphics").find("canvas", "Pixel editor")
         colours = self.desktop.colours(canvas)
-        return colours if len(colours) > 2 else None
+        return colours if len(colours) > 2 and colours == self.desktop.colours(canvas) else {}
 
     def choose_colour(self):
         self.open("colours.pal")

@@ -8,6 +8,7 @@ import shutil
 import signal
 import subprocess
 import time
+from collections import Counter
 
 import gi
 
@@ -194,12 +195,9 @@ class Desktop:
         data = self.output("import", "-window", "root", "-crop", area, "+repage", "-depth", "8", "rgb:-")
         if len(data) != 3 * width * height:
             raise RuntimeError(f"no picture of {area}")
-        return [[tuple(data[3 * (y * width + x):3 * (y * width + x) + 3]) for x in range(width)] for y in range(height)]
+        pixels = list(zip(data[0::3], data[1::3], data[2::3]))
+        return [pixels[y * width:(y + 1) * width] for y in range(height)]
 
     def colours(self, widget):
         """How many pixels of each colour a widget has on the screen."""
-        counts = {}
-        for row in self.picture(*widget.place()):
-            for pixel in row:
-                counts[pixel] = counts.get(pixel, 0) + 1
-        return counts
+        return Counter(pixel for row in self.picture(*widget.place()) for pixel in row)
