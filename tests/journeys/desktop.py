@@ -118,6 +118,7 @@ class Desktop:
     def __init__(self, folder):
         self.log = folder / "desktop.log"
         self.processes = []
+        self.clicked = None  # where the last click was
         self.keys_only = False  # whether a use of the mouse is an error
 
     def start(self):
@@ -125,18 +126,23 @@ class Desktop:
         if missing:
             raise RuntimeError(f"not installed: {', '.join(missing)} (apt-get install xvfb openbox xdotool imagemagick)")
         reading, writing = os.pipe()
-        # Without -noreset the server would start afresh whenever its last client leaves.
+        # Without -noreset the server would start afresh whenever its last client leaves; with -r no key repeats,
+        # however late its release comes.
         self.launch(["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-nolisten", "tcp",
-                     "-noreset"], pass_fds=(writing,))
+                     "-noreset", "-r"], pass_fds=(writing,))
         os.close(writing)
         with os.fdopen(reading) as pipe:
             number = pipe.readline().strip()
         if not number:
             raise RuntimeError("Xvfb did not start: " + self.log.read_text(errors="replace"))
         os.environ["DISPLAY"] = ":" + number
-        self.launch(["openbox", "--sm-disable"])
-        wait_for("the window manager", lambda: self.output("xdotool", "get_num_desktops").strip().isdigit())
+        # A window that is mapped before the manager is ready gets neither title bar nor focus.
+        ready = self.log.with_name("window-manager-ready")
+        self.launch(["openbox", "--sm-disable", "--startup", f"touch {ready}"])
+        wait_for("the window manager", ready.exists)
         Atspi.init()
+        # A busy program may take longer to answer than the 0.8 s after which a question counts as answered by nothing.
+        Atspi.set_timeout(int(DEADLINE * 1000), int(DEADLINE * 1000))
 
     def launch(self, command, environment=None, **more):
         with self.log.open("ab") as log:
@@ -178,9 +184,14 @@ class Desktop:
     def type(self, text):
         self.xdotool("type", "--clearmodifiers", "--delay", "1", "--", text)
 
-    def click(self, widget, button=1, times=1):
+    def click(self, widget):
+        """Clicks on the middle of a widget; never twice in a row on the very same place, which would be a double click
+        when it came quickly."""
         x, y = widget.centre()
-        self.xdotool("mousemove", "--sync", x, y, "click", "--repeat", times, "--delay", 10, button)
+        if self.clicked == (x, y):
+            x += min(8, widget.place()[2] // 4)
+        self.xdotool("mousemove", "--sync", x, y, "click", 1)
+        self.clicked = (x, y)
 
     def point_at(self, widget):
         self.xdotool("mousemove", "--sync", *widget.centre())

@@ -101,7 +101,9 @@ class Kestrel:
         return wait_for("a dialog", lambda: next((dialog for dialog in [self.dialog()] if dialog.is_("active")), None))
 
     def wait_for_no_dialog(self):
+        """Until the dialog is closed and keys go to the main window again."""
         wait_for("the dialog to close", lambda: self.dialog() is None)
+        wait_for("the main window to have the keys", lambda: self.main_window().is_("active"))
 
     # The navigation tree
 
@@ -143,7 +145,7 @@ class Kestrel:
 
     def window_number(self):
         """The X server's number of the main window."""
-        numbers = self.desktop.xdotool("search", "--onlyvisible", "--pid", self.process.pid, "--name",
+        numbers = self.desktop.xdotool("search", "--all", "--onlyvisible", "--pid", self.process.pid, "--name",
                                        "Kestrel$").split()
         return numbers[0]
 
@@ -209,7 +211,7 @@ class Kestrel:
 
     def close_console(self):
         """Hides the console by its key."""
-        self.wait_for_window("Console")
+        wait_for("the console in front", lambda: self.window("Console").is_("active"))
         self.desktop.press("Escape")
         wait_for("the console to close", lambda: self.window("Console") is None)
 
@@ -233,7 +235,9 @@ class Kestrel:
         return self.wait_for_build()
 
     def wait_for_build(self):
+        """Until the last line is there and the console, which comes to the front with each line, is in front."""
         wait_for("the build to end", lambda: "Internal Error when building" in self.console_text())
+        wait_for("the console in front", lambda: self.window("Console").is_("active"))
         return self.console_text()
 
     def new_project(self, name):
@@ -279,7 +283,7 @@ class Kestrel:
     def finish_wizard(self, name):
         dialog = self.wait_for_dialog()
         self.press_button("Next", dialog)
-        wait_for("the name field", lambda: self.dialog().find("text", "Name"))
+        wait_for("the name field to have the focus", lambda: self.dialog().find("text", "Name").is_("focused"))
         self.desktop.type(name)
         self.desktop.press("Return")
         self.wait_for_no_dialog()
