@@ -21,7 +21,7 @@ constexpr QSize SmallestSize(220, 120);
 
 ChrCanvas::ChrCanvas(QWidget* parent)
     : QAbstractScrollArea(parent)
-    , m_renderer(Greys) {
+    , m_painter(Greys) {
     install();
     m_editor.setSelectedTiles({0});
     setFocusPolicy(Qt::StrongFocus);
@@ -56,7 +56,7 @@ void ChrCanvas::setCurrentColorBox(int colorBox) {
 
 void ChrCanvas::redraw() {
     if (m_palette) {
-        m_renderer = TileRenderer(paletteColors(*m_palette));
+        m_painter.setColors(paletteColors(*m_palette));
     }
     const QSize size = pictureSize();
     m_cursor = QPoint(std::clamp(m_cursor.x(), 0, std::max(0, size.width() - 1)),

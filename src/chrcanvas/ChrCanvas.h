@@ -4,7 +4,6 @@
 #include "chrcanvas/PaletteProtocol.h"
 #include "chrcanvas/TileEditor.h"
 #include "chrcanvas/TilePainter.h"
-#include "chrcanvas/TileRenderer.h"
 #include "chrcanvas/ViewAccessibility.h"
 
 #include <QAbstractScrollArea>
@@ -128,7 +127,6 @@ private:
     ChrCanvasProtocol* m_delegate = nullptr;
     std::shared_ptr<PaletteProtocol> m_palette;
     TileEditor m_editor;
-    TileRenderer m_renderer;
     TilePainter m_painter;
     QPoint m_cursor;
     int m_colorBox = 0;

@@ -31,15 +31,17 @@ void ChrCanvas::paintEvent(QPaintEvent* event) {
 
 void ChrCanvas::drawTiles(QPainter& painter, const QRect& screen) {
     const TileShape& shape = m_editor.shape();
-    const TileArea area{origin(), shape.columns(), shape.rows(), m_zoom,
-                        [this, &shape](int column, int row) -> const TileBytes* {
-                            const int number = shape.tileAt(column, row);
-                            return number == TileShape::NoTile
-                                       ? nullptr
-                                       : &tileData()->tile(static_cast<std::size_t>(number));
-                        }};
-    m_painter.draw(painter, m_renderer, area, screen,
-                   viewport()->palette().color(QPalette::Button));
+    TileArea area;
+    area.origin = origin();
+    area.columns = shape.columns();
+    area.rows = shape.rows();
+    area.zoom = m_zoom;
+    area.tileAt = [this, &shape](int column, int row) -> const TileBytes* {
+        const int number = shape.tileAt(column, row);
+        return number == TileShape::NoTile ? nullptr
+                                           : &tileData()->tile(static_cast<std::size_t>(number));
+    };
+    m_painter.draw(painter, area, screen, viewport()->palette().color(QPalette::Button));
 }
 
 void ChrCanvas::drawGrids(QPainter& painter, const QRect& screen) const {

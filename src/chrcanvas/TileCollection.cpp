@@ -29,7 +29,7 @@ constexpr QColor GridColor(0x80, 0x80, 0x80, 0x48);
 
 TileCollection::TileCollection(QWidget* parent)
     : QAbstractScrollArea(parent)
-    , m_renderer(Greys) {
+    , m_painter(Greys) {
     install();
     m_selection.set(0);
     setFocusPolicy(Qt::StrongFocus);
@@ -48,7 +48,7 @@ void TileCollection::setTileData(std::shared_ptr<TileData> tiles) {
 }
 
 void TileCollection::setPalette(const PaletteProtocol& palette) {
-    m_renderer = TileRenderer(paletteColors(palette));
+    m_painter.setColors(paletteColors(palette));
     viewport()->update();
 }
 
@@ -240,43 +240,24 @@ void TileCollection::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     countInScreenPixels(painter);
     for (const QRect& rect : event->region()) {
-        const QRect screen = screenRect(*viewport(), rect);
-        drawTiles(painter, screen);
-        drawGrid(painter, screen);
+        drawTiles(painter, screenRect(*viewport(), rect));
     }
     drawMark(painter);
 }
 
 void TileCollection::drawTiles(QPainter& painter, const QRect& screen) {
-    const TileArea area{QPoint(0, -verticalScrollBar()->value()), TilesPerRow, rowCount(), m_zoom,
-                        [this](int column, int row) -> const TileBytes* {
-                            const int number = row * TilesPerRow + column;
-                            return number < tileCount()
-                                       ? &m_tiles->tile(static_cast<std::size_t>(number))
-                                       : nullptr;
-                        }};
-    m_painter.draw(painter, m_renderer, area, screen,
-                   viewport()->palette().color(QPalette::Button));
-}
-
-void TileCollection::drawGrid(QPainter& painter, const QRect& screen) const {
-    if (!m_grid || m_zoom == 1) {
-        return;
-    }
-    const int size = tileSize();
-    const int width = thinLine(*viewport());
-    const QRect grid = cellsOnScreen({0, 0, TilesPerRow, rowCount()}) & screen;
-    for (int column = 1; column < TilesPerRow && !grid.isEmpty(); ++column) {
-        painter.fillRect(QRect(column * size - width, grid.top(), width, grid.height()) & grid,
-                         GridColor);
-    }
-    const int scrolled = verticalScrollBar()->value();
-    const int last = (grid.bottom() + scrolled) / size + 1;
-    for (int row = (grid.top() + scrolled) / size; row <= last && !grid.isEmpty(); ++row) {
-        painter.fillRect(QRect(grid.left(), row * size - scrolled - width, grid.width(), width) &
-                             grid,
-                         GridColor);
-    }
+    TileArea area;
+    area.origin = QPoint(0, -verticalScrollBar()->value());
+    area.columns = TilesPerRow;
+    area.rows = rowCount();
+    area.zoom = m_zoom;
+    area.tileAt = [this](int column, int row) -> const TileBytes* {
+        const int number = row * TilesPerRow + column;
+        return number < tileCount() ? &m_tiles->tile(static_cast<std::size_t>(number)) : nullptr;
+    };
+    area.lineWidth = m_grid && m_zoom > 1 ? thinLine(*viewport()) : 0;
+    area.lineColor = GridColor;
+    m_painter.draw(painter, area, screen, viewport()->palette().color(QPalette::Button));
 }
 
 void TileCollection::drawMark(QPainter& painter) const {

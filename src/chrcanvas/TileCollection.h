@@ -4,7 +4,6 @@
 #include "chrcanvas/TileCollectionDelegate.h"
 #include "chrcanvas/TileData.h"
 #include "chrcanvas/TilePainter.h"
-#include "chrcanvas/TileRenderer.h"
 #include "chrcanvas/TileSelection.h"
 #include "chrcanvas/ViewAccessibility.h"
 
@@ -105,13 +104,11 @@ private:
     void setHovered(int number);
     void repaintCells(const QRect& cells);
     void drawTiles(QPainter& painter, const QRect& screen);
-    void drawGrid(QPainter& painter, const QRect& screen) const;
     void drawMark(QPainter& painter) const;
     QSize sizeFor(int zoom, int rows) const;
 
     TileCollectionDelegate* m_delegate = nullptr;
     std::shared_ptr<TileData> m_tiles;
-    TileRenderer m_renderer;
     TilePainter m_painter;
     TileSelection m_selection;
     std::optional<int> m_pending;

@@ -73,13 +73,13 @@ QImage TileClipboard::image(const TileClip& clip, const TileRenderer::Colors& co
         return image;
     }
     const TileRenderer renderer(colors);
-    const auto stride = static_cast<std::size_t>(image.bytesPerLine()) / sizeof(std::uint32_t);
-    auto tile = clip.tiles.begin();
-    for (int row = 0; row < clip.rows; ++row) {
-        auto* line = reinterpret_cast<std::uint32_t*>(image.scanLine(row * TileSide));
-        for (int column = 0; column < clip.columns; ++column) {
-            renderer.draw(*tile++, 1, line + static_cast<std::ptrdiff_t>(TileSide) * column,
-                          stride);
+    auto tiles = clip.tiles.begin();
+    for (int row = 0; row < clip.rows; ++row, tiles += clip.columns) {
+        for (int y = 0; y < TileSide; ++y) {
+            auto* line = reinterpret_cast<std::uint32_t*>(image.scanLine(row * TileSide + y));
+            for (int column = 0; column < clip.columns; ++column, line += TileSide) {
+                renderer.drawRow(tiles[column], y, line);
+            }
         }
     }
     return image;

@@ -81,24 +81,34 @@ TEST(TileData, KnowsWhichNumbersItHas) {
     EXPECT_FALSE(tiles.contains(-1));
 }
 
-TEST(TileRenderer, DrawsEachPixelAsASquareOfItsColour) {
+TEST(TileRenderer, DrawsEachPixelOfARowEnlargedInItsColour) {
     const TileData tiles(randomBytes(16, 9));
-    const TileRenderer renderer({0xFF112233, 0xFF445566, 0xFF778899, 0xFFAABBCC});
-    for (const int zoom : {1, 2, 3, 7}) {
-        const auto side = static_cast<std::size_t>(8 * zoom);
-        const std::size_t stride = side + 3;
-        std::vector<std::uint32_t> image(stride * (side + 1), 0x01020304);
-        renderer.draw(tiles.tile(0), zoom, image.data(), stride);
-        for (std::size_t y = 0; y < side + 1; ++y) {
-            for (std::size_t x = 0; x < stride; ++x) {
-                const bool inside = x < side && y < side;
-                const auto value = static_cast<std::size_t>(
-                    tiles.pixel(0, static_cast<int>(x) / zoom % 8, static_cast<int>(y) / zoom % 8));
-                ASSERT_EQ(image[y * stride + x], inside ? renderer.colors()[value] : 0x01020304U)
+    constexpr TileRenderer::Colors Colors = {0xFF112233, 0xFF445566, 0xFF778899, 0xFFAABBCC};
+    TileRenderer renderer(Colors);
+    for (const int zoom : {1, 2, 3, 7, 64, 1}) {
+        renderer.set(Colors, zoom);
+        EXPECT_EQ(renderer.zoom(), zoom);
+        const auto width = static_cast<std::size_t>(8 * zoom);
+        for (int y = 0; y < 8; ++y) {
+            std::vector<std::uint32_t> line(width + 5, 0x01020304);
+            renderer.drawRow(tiles.tile(0), y, line.data());
+            for (std::size_t x = 0; x < line.size(); ++x) {
+                const auto value =
+                    static_cast<std::size_t>(tiles.pixel(0, static_cast<int>(x) / zoom % 8, y));
+                ASSERT_EQ(line[x], x < width ? Colors[value] : 0x01020304U)
                     << "zoom " << zoom << " at " << x << ", " << y;
             }
         }
     }
+}
+
+TEST(TileRenderer, OtherColoursAreDrawnAtTheSameZoom) {
+    const TileData tiles(std::string(16, '\xFF'));
+    TileRenderer renderer({0, 1, 2, 3}, 2);
+    renderer.set({4, 5, 6, 7}, 2);
+    std::vector<std::uint32_t> line(16);
+    renderer.drawRow(tiles.tile(0), 0, line.data());
+    EXPECT_EQ(line, std::vector<std::uint32_t>(16, 7));
 }
 
 } // namespace

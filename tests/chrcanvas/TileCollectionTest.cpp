@@ -9,10 +9,12 @@
 #include <QAccessible>
 #include <QAccessibleInterface>
 #include <QImage>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <cstdlib>
 #include <random>
 
 namespace kestrel::test {
@@ -258,6 +260,41 @@ TEST_F(TileCollectionTest, DrawsEachPixelOfATileAsWholePixelsOfTheScreen) {
         }
     }
     EXPECT_GT(checked, 5000);
+}
+
+TEST_F(TileCollectionTest, LinesBetweenTheTilesLetTheirColoursShineThrough) {
+    show(37);
+    m_view.resize(300, 400);
+    m_view.selectTile(36);
+    QImage expected = m_view.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    m_view.setGridShown(true);
+    const QImage shown = m_view.viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const int size = m_view.zoom() * 8;
+    const int width = m_view.devicePixelRatioF() < 2 ? 1 : 2;
+    expected.setDevicePixelRatio(1);
+    QPainter painter(&expected);
+    constexpr QColor Grey(0x80, 0x80, 0x80, 0x48);
+    const int end = 16 * size; // the mark on tile 36 lies further down
+    for (int column = 1; column < 16; ++column) {
+        painter.fillRect(column * size - width, 0, width, 2 * size, Grey);
+    }
+    for (int row = 1; row <= 2; ++row) {
+        painter.fillRect(0, row * size - width, end, width, Grey);
+    }
+    painter.end();
+    int lines = 0;
+    for (int y = 0; y < 2 * size; ++y) {
+        for (int x = 0; x < shown.width(); ++x) {
+            const QRgb is = shown.pixel(x, y);
+            const QRgb wanted = expected.pixel(x, y);
+            ASSERT_LE(std::abs(qRed(is) - qRed(wanted)), 1) << x << ", " << y;
+            ASSERT_LE(std::abs(qGreen(is) - qGreen(wanted)), 1) << x << ", " << y;
+            ASSERT_LE(std::abs(qBlue(is) - qBlue(wanted)), 1) << x << ", " << y;
+            ASSERT_EQ(qAlpha(is), 255);
+            lines += x % size >= size - width && is != 0xFFFFFFFF && is != 0xFF000000 ? 1 : 0;
+        }
+    }
+    EXPECT_GT(lines, 100);
 }
 
 TEST_F(TileCollectionTest, AShortLastRowAndEmptyDataAreDrawnWithoutTiles) {
