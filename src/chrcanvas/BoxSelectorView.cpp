@@ -1,18 +1,10 @@
 #include "chrcanvas/BoxSelectorView.h"
 
-#include "chrcanvas/BoxPainter.h"
 #include "chrcanvas/ColorWords.h"
 
 #include <QAccessible>
 #include <QEvent>
-#include <QFocusEvent>
 #include <QFontMetrics>
-#include <QHelpEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPainter>
-#include <QPaintEvent>
-#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
@@ -22,8 +14,7 @@ namespace kestrel {
 namespace {
 
 constexpr int SmallestBox = 18;
-/// The room before a palette's label, for the arrow of the picked one, and after it.
-constexpr int LabelStart = 16;
+/// The room after a palette's label.
 constexpr int LabelEnd = 6;
 
 std::vector<int> countsOf(const std::vector<std::vector<ColorEntry>>& shown) {
@@ -204,47 +195,6 @@ void BoxSelectorView::report(QAccessibleEvent& event) {
     QAccessible::updateAccessibility(&event);
 }
 
-void BoxSelectorView::moveCursor(PaletteBox box) {
-    const PaletteBox former = std::exchange(m_cursor, box);
-    if (former != box) {
-        repaintBox(former);
-        repaintBox(box);
-        if (hasFocus()) {
-            tellAssistants(QAccessible::Focus, box);
-            Q_EMIT pointedAt(boxDescription(box));
-        }
-    }
-}
-
-void BoxSelectorView::setHovered(std::optional<PaletteBox> box) {
-    const std::optional<PaletteBox> former = std::exchange(m_hovered, box);
-    if (former == box) {
-        return;
-    }
-    if (former) {
-        repaintBox(*former);
-    }
-    if (box) {
-        repaintBox(*box);
-    }
-    Q_EMIT pointedAt(box ? boxDescription(*box) : QString());
-}
-
-void BoxSelectorView::repaintBox(PaletteBox box) {
-    if (holds(box)) {
-        constexpr int gap = BoxGrid::Gap;
-        update(grid().rect(box).adjusted(-gap, -gap, gap, gap));
-    }
-}
-
-void BoxSelectorView::repaintPalette(int paletteNumber) {
-    const QRect rect = grid().paletteRect(paletteNumber);
-    if (!rect.isEmpty()) {
-        constexpr int gap = BoxGrid::Gap;
-        update(rect.adjusted(-rect.left(), -gap, gap, gap));
-    }
-}
-
 QString BoxSelectorView::paletteLabel(int /*paletteNumber*/) const {
     return {};
 }
@@ -307,66 +257,6 @@ int BoxSelectorView::heightForWidth(int width) const {
     return gridFor(width).size().height();
 }
 
-bool BoxSelectorView::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip) {
-        return QWidget::event(event);
-    }
-    const QPoint point = static_cast<QHelpEvent*>(event)->pos();
-    if (const auto box = grid().boxAt(point)) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), boxDescription(*box), this,
-                           grid().rect(*box));
-    } else {
-        QToolTip::hideText();
-        event->ignore();
-    }
-    return true;
-}
-
-void BoxSelectorView::paintEvent(QPaintEvent* event) {
-    QPainter painter(this);
-    BoxPainter boxes(painter, font(), palette().color(QPalette::WindowText));
-    paintBoxes(boxes, event->region());
-    for (int number = 0; number < grid().paletteCount(); ++number) {
-        paintLabel(painter, number);
-    }
-    if (grid().paletteCount() > 1) {
-        boxes.pickedPalette(grid().paletteRect(m_picked.number), LabelStart);
-    }
-    if (holds(m_picked)) {
-        boxes.picked(grid().rect(m_picked));
-    }
-    if (m_hovered && holds(*m_hovered)) {
-        boxes.hover(grid().rect(*m_hovered));
-    }
-    if (hasFocus() && holds(m_cursor)) {
-        boxes.cursor(grid().rect(m_cursor));
-    }
-}
-
-void BoxSelectorView::paintBoxes(BoxPainter& boxes, const QRegion& region) {
-    for (int number = 0; number < grid().paletteCount(); ++number) {
-        for (int box = 0; box < grid().boxCount(number); ++box) {
-            const QRect rect = grid().rect({number, box});
-            if (region.intersects(rect)) {
-                const ColorEntry entry = shownEntry({number, box});
-                boxes.box(rect, entry.color, boxText(entry), isToBeAvoided(entry.key));
-            }
-        }
-    }
-}
-
-void BoxSelectorView::paintLabel(QPainter& painter, int paletteNumber) {
-    const QString label = paletteLabel(paletteNumber);
-    if (label.isEmpty()) {
-        return;
-    }
-    const QRect boxes = grid().paletteRect(paletteNumber);
-    painter.setFont(font());
-    painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawText(QRect(LabelStart, boxes.top(), boxes.left() - LabelStart, boxes.height()),
-                     Qt::AlignLeft | Qt::AlignVCenter, label);
-}
-
 void BoxSelectorView::resizeEvent(QResizeEvent* /*event*/) {
     m_grid = gridFor(width());
 }
@@ -376,85 +266,6 @@ void BoxSelectorView::changeEvent(QEvent* event) {
         layOut();
     }
     QWidget::changeEvent(event);
-}
-
-void BoxSelectorView::mousePressEvent(QMouseEvent* event) {
-    const auto box = grid().boxAt(event->position().toPoint());
-    if (event->button() != Qt::LeftButton || !box) {
-        event->ignore();
-        return;
-    }
-    choose(*box);
-}
-
-void BoxSelectorView::mouseMoveEvent(QMouseEvent* event) {
-    setHovered(grid().boxAt(event->position().toPoint()));
-}
-
-void BoxSelectorView::leaveEvent(QEvent* event) {
-    setHovered(std::nullopt);
-    QWidget::leaveEvent(event);
-}
-
-std::optional<PaletteBox> BoxSelectorView::cursorAfter(int key) const {
-    const BoxPosition at = grid().position(m_cursor);
-    switch (key) {
-    case Qt::Key_Left:
-        return grid().boxAt(BoxPosition{at.x - 1, at.y});
-    case Qt::Key_Right:
-        return grid().boxAt(BoxPosition{at.x + 1, at.y});
-    case Qt::Key_Up:
-        return grid().boxAt(BoxPosition{at.x, at.y - 1});
-    case Qt::Key_Down:
-        return grid().boxAt(BoxPosition{at.x, at.y + 1});
-    case Qt::Key_Home:
-        return grid().boxAt(BoxPosition{0, at.y});
-    default:
-        return grid().lastInRow(at.y);
-    }
-}
-
-void BoxSelectorView::keyPressEvent(QKeyEvent* event) {
-    constexpr Qt::KeyboardModifiers commands =
-        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::ShiftModifier;
-    if ((event->modifiers() & commands) != Qt::NoModifier) {
-        event->ignore();
-        return;
-    }
-    switch (event->key()) {
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (holds(m_cursor)) {
-            choose(m_cursor);
-        }
-        return;
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-        if (const auto box = cursorAfter(event->key())) {
-            moveCursor(*box);
-        }
-        return;
-    default:
-        QWidget::keyPressEvent(event);
-    }
-}
-
-void BoxSelectorView::focusInEvent(QFocusEvent* event) {
-    QWidget::focusInEvent(event);
-    repaintBox(m_cursor);
-    tellAssistants(QAccessible::Focus, m_cursor);
-    Q_EMIT pointedAt(boxDescription(m_cursor));
-}
-
-void BoxSelectorView::focusOutEvent(QFocusEvent* event) {
-    QWidget::focusOutEvent(event);
-    repaintBox(m_cursor);
-    Q_EMIT pointedAt({});
 }
 
 } // namespace kestrel

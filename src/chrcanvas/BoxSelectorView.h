@@ -95,6 +95,9 @@ Q_SIGNALS:
     void pointedAt(const QString& description);
 
 private:
+    /// The room before a palette's label, for the arrow of the picked one.
+    static constexpr int LabelStart = 16;
+
     BoxGrid gridFor(int width) const;
     ColorEntry shownEntry(PaletteBox box) const;
     void layOut();
