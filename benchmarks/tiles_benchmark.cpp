@@ -1,17 +1,22 @@
 // Tiles of the largest file (2040 KiB) beside those of a small one (8 KiB), and beside copying as
-// many bytes as the visible picture has: loading, repainting, scrolling, selecting, a stroke of
-// 1,000 samples with both views following.
+// many bytes as the visible picture has: opening a file in the pane, loading, repainting,
+// scrolling, selecting, a stroke of 1,000 samples with both views following.
 #include "chrcanvas/ChrCanvas.h"
 #include "chrcanvas/ConsoleDataFactory.h"
 #include "chrcanvas/TileCollection.h"
+#include "graphics/GraphicsEditorController.h"
+#include "model/ProjectNavigationSettingItem.h"
 
 #include <benchmark/benchmark.h>
 #include <QApplication>
 #include <QImage>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QTemporaryDir>
 
 #include <cstring>
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <random>
 
@@ -74,6 +79,27 @@ public:
 private:
     std::string m_bytes;
 };
+
+/// From the click in the tree to the shown picture, reading of the file included.
+void open(benchmark::State& state) {
+    const QTemporaryDir folder;
+    const std::filesystem::path path = folder.path().toStdString();
+    std::ofstream(path / "tiles.chr", std::ios::binary)
+        << randomBytes(static_cast<std::size_t>(state.range(0)));
+    const auto file = std::make_shared<ProjectNavigationSettingItem>(
+        "tiles.chr", path, FileType::graphics, ProjectType::nes);
+    file->setItemPathType(FilePathType::absolute);
+    GraphicsEditorController pane;
+    pane.resize(1000, 760);
+    pane.show();
+    Views::show();
+    for ([[maybe_unused]] auto step : state) {
+        pane.loadFile(file, nullptr, [&state](const std::optional<ErrorValue>&) {
+            state.SkipWithError("not opened");
+        });
+        Views::show();
+    }
+}
 
 void load(benchmark::State& state) {
     Views views(static_cast<std::size_t>(state.range(0)));
@@ -152,6 +178,7 @@ void stroke(benchmark::State& state) {
     }
 }
 
+BENCHMARK(open)->Arg(SmallTiles)->Arg(LargestTiles)->Unit(benchmark::kMicrosecond);
 BENCHMARK(load)->Arg(SmallTiles)->Arg(LargestTiles)->Unit(benchmark::kMicrosecond);
 BENCHMARK(copyVisiblePicture)->Unit(benchmark::kMicrosecond);
 BENCHMARK(repaintViewer)->Arg(SmallTiles)->Arg(LargestTiles)->Unit(benchmark::kMicrosecond);
