@@ -2,8 +2,10 @@
 
 #include "chrcanvas/ChrCanvas.h"
 #include "chrcanvas/ColorSelector.h"
+#include "chrcanvas/ThinFrame.h"
 #include "chrcanvas/TileCollection.h"
 #include "graphics/GraphicsActions.h"
+#include "panes/ElidedLabel.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -40,8 +42,8 @@ GraphicsEditorView::GraphicsEditorView(QWidget* parent)
     , m_pixelEditor(new ChrCanvas(this))
     , m_colorSelector(new ColorSelector(this))
     , m_saveButton(new QPushButton(tr("Save"), this))
-    , m_fileName(new QLabel(this))
-    , m_tileInfo(new QLabel(this))
+    , m_fileName(new ElidedLabel(this))
+    , m_tileInfo(new ElidedLabel(this))
     , m_message(new QLabel(this))
     , m_actions(new GraphicsActions(*m_pixelEditor, *m_tileViewer, this)) {
     nameViews();
@@ -71,8 +73,6 @@ void GraphicsEditorView::nameViews() {
     m_saveButton->setToolTip(
         tr("Save the tiles (%1)")
             .arg(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText)));
-    m_fileName->setTextFormat(Qt::PlainText);
-    m_tileInfo->setTextFormat(Qt::PlainText);
     m_message->setTextFormat(Qt::PlainText);
     m_message->setWordWrap(true);
 }
@@ -100,21 +100,16 @@ QToolBar* GraphicsEditorView::makeToolBar() {
 }
 
 void GraphicsEditorView::layOut(QToolBar* toolBar) {
-    auto* left = new QWidget(this);
-    auto* leftColumn = new QVBoxLayout(left);
-    leftColumn->setContentsMargins(0, 0, 0, 0);
-    leftColumn->addWidget(m_tileViewer, 1);
-    leftColumn->addWidget(m_tileInfo);
     auto* right = new QWidget(this);
     auto* rightColumn = new QVBoxLayout(right);
     rightColumn->setContentsMargins(0, 0, 0, 0);
-    rightColumn->addWidget(m_pixelEditor, 1);
+    rightColumn->addWidget(new ThinFrame(*m_pixelEditor, right), 1);
     m_colorSelector->setMaximumWidth(SelectorWidth);
     rightColumn->addWidget(m_colorSelector);
     auto* splitter = new QSplitter(this);
     splitter->setObjectName(QStringLiteral("graphicsSplitter"));
     splitter->setChildrenCollapsible(false);
-    splitter->addWidget(left);
+    splitter->addWidget(new ThinFrame(*m_tileViewer, splitter));
     splitter->addWidget(right);
     splitter->setStretchFactor(1, 1);
     auto* top = new QHBoxLayout;
@@ -124,6 +119,7 @@ void GraphicsEditorView::layOut(QToolBar* toolBar) {
     column->addLayout(top);
     column->addWidget(toolBar);
     column->addWidget(splitter, 1);
+    column->addWidget(m_tileInfo);
     column->addWidget(m_message);
 }
 

@@ -11,6 +11,7 @@ namespace kestrel {
 
 class ChrCanvas;
 class ColorSelector;
+class ElidedLabel;
 class GraphicsActions;
 class TileCollection;
 
@@ -44,8 +45,8 @@ private:
     ChrCanvas* m_pixelEditor;
     ColorSelector* m_colorSelector;
     QPushButton* m_saveButton;
-    QLabel* m_fileName;
-    QLabel* m_tileInfo;
+    ElidedLabel* m_fileName;
+    ElidedLabel* m_tileInfo;
     QLabel* m_message;
     GraphicsActions* m_actions;
 };

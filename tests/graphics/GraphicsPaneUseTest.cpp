@@ -1,6 +1,7 @@
 // The graphics pane as it is used: by mouse and keys, through its menus, with the clipboard.
 #include "chrcanvas/ChrCanvas.h"
 #include "chrcanvas/ColorSelector.h"
+#include "chrcanvas/ThinFrame.h"
 #include "chrcanvas/TileCollection.h"
 #include "graphics/GraphicsEditorController.h"
 #include "model/ProjectNavigationSettingItem.h"
@@ -17,6 +18,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <cmath>
 #include <random>
 
 namespace kestrel::test {
@@ -256,6 +258,42 @@ TEST_F(GraphicsPaneUse, IsWhiteOnADarkThemeToo) {
     const auto* label = m_pane.findChild<QLabel*>(QStringLiteral("graphicsFileName"));
     EXPECT_LT(label->palette().color(QPalette::WindowText).lightness(), 100);
     QApplication::setPalette(former);
+}
+
+TEST_F(GraphicsPaneUse, TheFramesAroundBothViewsAreWholeAtEverySize) {
+    const double scale = m_pane.devicePixelRatioF();
+    const int thickness = scale < 2 ? 1 : 2;
+    for (int more = 0; more < 6; ++more) {
+        m_pane.resize(900 + more, 600 + more);
+        QCoreApplication::processEvents();
+        const QImage screen = m_pane.grab().toImage();
+        const auto frames = m_pane.findChildren<ThinFrame*>();
+        ASSERT_EQ(frames.size(), 2);
+        for (const ThinFrame* frame : frames) {
+            const QPointF corner = QPointF(frame->mapTo(&m_pane, QPoint())) * scale;
+            const QRect outside(QPoint(static_cast<int>(std::round(corner.x())),
+                                       static_cast<int>(std::round(corner.y()))),
+                                QSize(static_cast<int>(frame->width() * scale),
+                                      static_cast<int>(frame->height() * scale)));
+            const QRect inside = outside.adjusted(thickness, thickness, -thickness, -thickness);
+            const QColor color = frame->palette().color(QPalette::Mid);
+            int missing = 0;
+            for (int y = outside.top(); y <= outside.bottom(); ++y) {
+                for (int x = outside.left(); x <= outside.right(); ++x) {
+                    missing += !inside.contains(x, y) && screen.pixelColor(x, y) != color ? 1 : 0;
+                }
+            }
+            EXPECT_EQ(missing, 0) << more;
+        }
+    }
+}
+
+TEST_F(GraphicsPaneUse, LongTextsDoNotWidenThePane) {
+    const int former = m_pane.minimumSizeHint().width();
+    load(std::string(200, 'w') + ".chr", m_bytes);
+    QTest::mouseMove(m_pane.tileViewer->viewport(), m_pane.tileViewer->tileRect(101).center());
+    EXPECT_EQ(m_pane.minimumSizeHint().width(), former);
+    EXPECT_LT(former, 460);
 }
 
 TEST_F(GraphicsPaneUse, TellsTileAndOffsetUnderThePointer) {
