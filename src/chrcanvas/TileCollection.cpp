@@ -68,9 +68,9 @@ int TileCollection::rowCount() const {
 void TileCollection::reloadTiles() {
     layOut();
     viewport()->update();
-    if (const std::optional<int> pending = std::exchange(m_pending, std::nullopt);
-        pending && *pending < tileCount()) {
-        selectTile(*pending);
+    if (const std::optional<int> waiting = std::exchange(m_waiting, std::nullopt);
+        waiting && *waiting < tileCount()) {
+        selectTile(*waiting);
     }
     setHovered(TileSelection::None);
     tellValueChanged(*this);
@@ -90,10 +90,10 @@ void TileCollection::selectTile(int number) {
         return;
     }
     if (number >= tileCount()) {
-        m_pending = number;
+        m_waiting = number;
         return;
     }
-    m_pending.reset();
+    m_waiting.reset();
     TileSelection selection;
     selection.set(number);
     choose(selection);

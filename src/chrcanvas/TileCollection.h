@@ -50,6 +50,8 @@ public:
     /// Selects one tile as if it had been clicked, the delegate is told. A number that no tile has
     /// waits, unreported, for the next reloadTiles(); what is selected stays till then.
     virtual void selectTile(int number);
+    /// Lets no number wait any longer: the tiles that it was meant for do not come.
+    void forgetWaitingTile() { m_waiting.reset(); }
 
     /// Selects the rectangle between two cells of the grid, which are counted like tiles; the
     /// delegate is told. Nothing happens unless both lie in rows that have tiles.
@@ -111,7 +113,7 @@ private:
     std::shared_ptr<TileData> m_tiles;
     TilePainter m_painter;
     TileSelection m_selection;
-    std::optional<int> m_pending;
+    std::optional<int> m_waiting;
     int m_hovered = TileSelection::None;
     int m_zoom = 1;
     bool m_dragging = false;

@@ -110,6 +110,9 @@ void GraphicsEditorController::loadFile(const std::shared_ptr<ProjectItem>& file
     m_project = project;
     m_view->setFileName(file ? QString::fromStdString(file->itemName()) : QString());
     if (!readTiles()) {
+        if (tileViewer) {
+            tileViewer->forgetWaitingTile();
+        }
         if (completionHandler) {
             completionHandler(
                 ErrorValue{{}, 0, "Data type is incorrect or file is corrupt at path"});

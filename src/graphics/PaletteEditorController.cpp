@@ -63,6 +63,15 @@ PaletteEditorController::PaletteEditorController(QWidget* parent)
     viewDidLoad();
 }
 
+PaletteEditorController::~PaletteEditorController() {
+    for (BoxSelectorView* selector : std::initializer_list<BoxSelectorView*>{
+             colorSelector, paletteSelector, generalSelectableColors}) {
+        if (selector != nullptr && selector->delegate() == this) {
+            selector->setDelegate(nullptr);
+        }
+    }
+}
+
 void PaletteEditorController::viewDidLoad() {
     if (generalSelectableColors) {
         generalSelectableColors->setStartingBox(0);

@@ -34,6 +34,7 @@ class PaletteEditorController : public QWidget,
 
 public:
     explicit PaletteEditorController(QWidget* parent = nullptr);
+    ~PaletteEditorController() override;
 
     QPointer<ColorSelector> colorSelector;
     QPointer<PaletteSelector> paletteSelector;

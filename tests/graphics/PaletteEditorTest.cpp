@@ -1,3 +1,4 @@
+#include "chrcanvas/MasterColors.h"
 #include "graphics/PaletteEditorController.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryFolder.h"
@@ -5,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QClipboard>
+#include <QImage>
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -105,6 +107,21 @@ TEST_F(PaletteEditor, AFileOfThirtyTwoZerosShowsEightPalettesOfIndexZero) {
     EXPECT_EQ(pane.colorSelector->palettes().size(), 1U);
     EXPECT_EQ(fileName(), QStringLiteral("game.pal"));
     EXPECT_TRUE(log.lines().empty());
+
+    const RgbColor grey = masterColor(0).color;
+    const QImage image = pane.paletteSelector->grab().toImage();
+    for (int number = 0; number < 8; ++number) {
+        for (int box = 0; box < 4; ++box) {
+            const QRect rect = pane.paletteSelector->boxRect({number, box});
+            ASSERT_FALSE(rect.isEmpty());
+            const QPointF inside = rect.bottomLeft() + QPoint(4, -4);
+            EXPECT_EQ(image.pixelColor((inside * image.devicePixelRatio()).toPoint()),
+                      QColor(grey.red, grey.green, grey.blue))
+                << number << ", " << box;
+            EXPECT_TRUE(pane.paletteSelector->boxDescription({number, box})
+                            .contains(QStringLiteral("index $00")));
+        }
+    }
 }
 
 TEST_F(PaletteEditor, PaletteThreeBoxTwoAndAMasterColourChangeByteFourteen) {
@@ -230,6 +247,46 @@ TEST_F(PaletteEditor, SavingWritesExactlyThirtyTwoBytes) {
     std::filesystem::remove(path);
     pane.savePane();
     EXPECT_EQ(onDisk(), countingFile());
+    std::filesystem::remove(path);
+    save();
+    EXPECT_EQ(std::filesystem::file_size(path), 32U);
+    EXPECT_EQ(onDisk(), countingFile());
+}
+
+TEST_F(PaletteEditor, AClickOnThePaletteThatIsInTheColourSelectorDoesNotCopyItAgain) {
+    show(countingFile());
+    // Another palette in its place would go if it were copied.
+    const auto other = std::make_shared<NESPalette>();
+    for (const int number : {0, 5}) {
+        clickPalette(number);
+        ASSERT_EQ(pane.colorSelector->paletteSelected(),
+                  pane.palettes[static_cast<std::size_t>(number)]);
+        pane.colorSelector->setPalette(0, other);
+        clickPalette(number);
+        clickPalette(number, 3);
+        EXPECT_EQ(pane.colorSelector->paletteSelected(), other) << number;
+    }
+    clickPalette(6);
+    EXPECT_EQ(pane.colorSelector->paletteSelected(), pane.palettes[6]);
+}
+
+TEST_F(PaletteEditor, APaneThatGoesTakesItsSelectorsBack) {
+    ColorSelector colors;
+    PaletteSelector list;
+    GeneralColorSelector grid;
+    PaletteEditorController another;
+    {
+        PaletteEditorController passing;
+        passing.colorSelector = &colors;
+        passing.paletteSelector = &list;
+        passing.generalSelectableColors = &grid;
+        passing.viewDidLoad();
+        EXPECT_EQ(colors.delegate(), &passing);
+        grid.setDelegate(&another);
+    }
+    EXPECT_EQ(colors.delegate(), nullptr);
+    EXPECT_EQ(list.delegate(), nullptr);
+    EXPECT_EQ(grid.delegate(), &another) << "what others took over is theirs";
 }
 
 TEST_F(PaletteEditor, SavingWithoutAFileDoesNothing) {
