@@ -41,8 +41,10 @@ bool Assembly::expectEnd(const char* p) {
     if (endsStatement(*p))
         return true;
     const bool isIndex = (lowered(*p) == 'x' || lowered(*p) == 'y') && !isWordPart(p[1]);
-    error(p, "the statement should end here, but " + foundText(p) + " follows" +
-                 (isIndex ? "; a comma belongs before an index" : ""));
+    const char* const remedy = isIndex     ? "; a comma belongs before an index"
+                               : *p == ':' ? "; a colon stands only where a label is defined"
+                                           : commentRemedy(p);
+    error(p, "the statement should end here, but " + foundText(p) + " follows" + remedy);
     return false;
 }
 
@@ -95,6 +97,12 @@ void Assembly::reportPlaces() {
                                 std::to_string(each.bytes.bank) + " from offset " +
                                 hexText(each.bytes.offset) +
                                 " on had been written before: the later bytes win");
+}
+
+const char* commentRemedy(const char* p) {
+    const bool isForeign = (*p == '#' && (isBlank(p[1]) || p[1] == '#')) ||
+                           (*p == '/' && (p[1] == '/' || p[1] == '*'));
+    return isForeign ? "; a comment begins with a ;" : "";
 }
 
 std::string foundText(const char* p) {

@@ -118,6 +118,9 @@ private:
     std::vector<Overwriting> m_overwritings;
 };
 
+/// Advice for somebody who begins a comment at `p` as other languages do, "" for anything else.
+const char* commentRemedy(const char* p);
+
 /// What stands at `p`, for a message: "'x'", or "the end of the line".
 std::string foundText(const char* p);
 

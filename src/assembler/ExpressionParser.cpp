@@ -40,7 +40,8 @@ bool endsOddNumber(char c) {
 /// What to do about a letter behind the digits of a number.
 std::string numberRemedy(unsigned base, char letter) {
     if (base != 10)
-        return {};
+        return base == 2 ? "; behind % only 0 and 1 are digits"
+                         : "; behind $ only 0 to 9 and A to F are digits";
     if (lowered(letter) == 'b')
         return "; a binary number begins with %, as in %1010";
     const bool isHexadecimal =
@@ -205,7 +206,9 @@ bool ExpressionParser::primary() {
             m_p,
             "a string can stand only in .db and as a file name; a single character is written 'c'");
     default:
-        return fail(m_p, "a value was expected, but " + foundText(m_p) + " was found");
+        // The operator before it may be half of a comment's mark.
+        return fail(m_p, "a value was expected, but " + foundText(m_p) + " was found" +
+                             (*m_p == '/' ? commentRemedy(m_p - 1) : ""));
     }
 }
 

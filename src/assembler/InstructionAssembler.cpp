@@ -287,6 +287,8 @@ void InstructionAssembler::reportMode(const Instruction& instruction, Shape shap
     else
         text = name + " does not have the addressing mode " + quoted(shapeText(shape));
     text += "; it can be written: " + modesText(instruction);
+    if (shape != Shape::None && instruction.has(Mode::Implied))
+        text += commentRemedy(operand);
     if ((shape == Shape::PlainX && instruction.has(Mode::ZeroPageX)) ||
         (shape == Shape::PlainY && instruction.has(Mode::ZeroPageY)))
         text += "; an address in the zero page needs a < before it";

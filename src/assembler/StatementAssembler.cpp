@@ -282,8 +282,10 @@ void StatementAssembler::reportUnknown(std::string_view word, const char* p,
 /// `label`, without a colon, stands before what is wrong; it may be a misspelled word.
 void StatementAssembler::reportUnexpected(const char* p, std::string_view label) {
     if (label.empty()) {
-        m_assembly.error(p, "a label, an instruction or a directive was expected, but " +
-                                foundText(p) + " was found");
+        m_assembly.error(
+            p, "a label, an instruction or a directive was expected, but " + foundText(p) +
+                   " was found" +
+                   (isDigit(*p) ? "; a name does not begin with a digit" : commentRemedy(p)));
         return;
     }
     if (m_assembly.isIncomplete)

@@ -1,0 +1,5 @@
+# first
+// second
+	nop // third
+	lda #5 # fourth
+	lda $10 // fifth

@@ -1,0 +1,6 @@
+loop:
+	lda #$FG
+	lda #%102
+	bne loop:
+2nd:
+	rts
