@@ -9,6 +9,7 @@ import signal
 import subprocess
 import time
 from collections import Counter
+from pathlib import Path
 
 import gi
 
@@ -138,11 +139,22 @@ class Desktop:
         os.environ["DISPLAY"] = ":" + number
         # A window that is mapped before the manager is ready gets neither title bar nor focus.
         ready = self.log.with_name("window-manager-ready")
-        self.launch(["openbox", "--sm-disable", "--startup", f"touch {ready}"])
+        self.launch(["openbox", "--sm-disable", "--startup", f"touch {ready}", "--config-file", self.configuration()])
         wait_for("the window manager", ready.exists)
         Atspi.init()
         # A busy program may take longer to answer than the 0.8 s after which a question counts as answered by nothing.
         Atspi.set_timeout(int(DEADLINE * 1000), int(DEADLINE * 1000))
+
+    def configuration(self):
+        """The window manager's usual configuration, but without the window that comes back flying: for part of a
+        second it has the keys but is not where it will be, and a click goes past it."""
+        usual = Path("/etc/xdg/openbox/rc.xml").read_text(encoding="utf-8")
+        flying = "<animateIconify>yes</animateIconify>"
+        if flying not in usual:
+            raise RuntimeError("openbox is configured in another way than expected")
+        path = self.log.with_name("openbox.xml")
+        path.write_text(usual.replace(flying, flying.replace("yes", "no")), encoding="utf-8")
+        return str(path)
 
     def launch(self, command, environment=None, **more):
         with self.log.open("ab") as log:

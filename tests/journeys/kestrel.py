@@ -3,6 +3,7 @@ import os
 import select
 import signal
 import subprocess
+from collections import Counter
 from pathlib import Path
 
 from gi.repository import Atspi
@@ -137,11 +138,14 @@ class Kestrel:
         wait_for(f"“{name}” to close", lambda: not self.row(name).is_("expanded"))
 
     def is_red(self, name):
-        """Whether the name of a row is painted in a red."""
+        """Whether the name of a row is painted in a red; nothing while no name is on the screen."""
         left, top, width, height = self.wait_for_row(name).place()
         # The icon stands at the left.
-        pixels = self.desktop.picture(left + 24, top, max(1, min(width, 230) - 24), height)
-        return sum(red > 100 + max(green, blue) for row in pixels for red, green, blue in row) > 10
+        rows = self.desktop.picture(left + 24, top, max(1, min(width, 230) - 24), height)
+        counts = Counter(pixel for row in rows for pixel in row)
+        if counts.total() - counts.most_common(1)[0][1] < 10:  # all of it is background
+            return None
+        return sum(count for (red, green, blue), count in counts.items() if red > 100 + max(green, blue)) > 10
 
     def window_number(self):
         """The X server's number of the main window."""

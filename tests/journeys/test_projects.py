@@ -66,17 +66,17 @@ class ProjectsTest(JourneyTestCase):
 
         (folder / "open.asm").write_bytes(b"; as another program has it\n")
         (folder / "gone.asm").rename(folder / "elsewhere.asm")
-        self.assertFalse(kestrel.is_red("gone.asm"))  # nothing is noticed before the window is come back to
+        self.assertIs(kestrel.is_red("gone.asm"), False)  # nothing is noticed before the window is come back to
         kestrel.leave_and_come_back()
         wait_for("the row to turn red", lambda: kestrel.is_red("gone.asm"))
-        self.assertFalse(kestrel.is_red("open.asm"))
+        self.assertIs(kestrel.is_red("open.asm"), False)
         self.assertEqual(kestrel.code(), "; as it was typed\n")  # what is open is not read again
         kestrel.select("gone.asm")
         kestrel.wait_for_message("File does not exist at path")
 
         (folder / "elsewhere.asm").rename(folder / "gone.asm")
         kestrel.leave_and_come_back()
-        wait_for("the row to turn back", lambda: not kestrel.is_red("gone.asm"))
+        wait_for("the row to turn back", lambda: kestrel.is_red("gone.asm") is False)
         kestrel.wait_for_message("File does not exist at path")  # until a row is selected
         kestrel.select("open.asm")
         wait_for("the file to be read", lambda: kestrel.code() == "; as another program has it\n")
