@@ -4,6 +4,8 @@
 #include "assembler/PcxReader.h"
 #include "assembler/Text.h"
 
+#include <algorithm>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -14,6 +16,17 @@ namespace {
 constexpr std::size_t kDeepestInclude = 64;
 constexpr std::size_t kMostNamesInRing = 8;
 constexpr std::size_t kTileSize = 16;
+/// What looking for a file in a repetition counts for.
+constexpr std::uint64_t kWorkOfSearch = 8000;
+/// What a byte of a data file counts for.
+constexpr std::uint64_t kWorkOfByte = 4;
+/// What a byte of a packed picture counts for beyond being read: it may stand for 63 pixels.
+constexpr std::uint64_t kWorkOfPackedByte = 16;
+
+std::string otherCaseText(const std::string& path) {
+    return "the file is spelled '" + path.substr(path.rfind('/') + 1) +
+           "' on the disk: the build fails where letter case counts";
+}
 
 } // namespace
 
@@ -46,7 +59,7 @@ std::string FileDirectives::openInput(const std::string& name) {
     if (found->caseDiffers)
         m_assembly.diagnostics.warning(Warning::FileCase,
                                        {nullptr, 0, 0, m_assembly.sources.top().origin, 0},
-                                       "the file is spelled '" + found->path + "' on the disk");
+                                       otherCaseText(found->path));
     return {};
 }
 
@@ -73,21 +86,32 @@ std::optional<std::string_view> FileDirectives::fileName(const char*& p) {
 
 std::optional<std::string> FileDirectives::find(std::string_view name, const char* at,
                                                 bool isSource) {
+    if (m_assembly.sources.top().countsAsWork && !countWork(kWorkOfSearch, at))
+        return std::nullopt;
     const std::string folder = folderOf(m_assembly.sources.top().passage.file->path());
     const auto found = m_assembly.finder.find(name, folder, isSource);
     if (!found) {
+        const bool isAbsolute = name[0] == '/' || name[0] == '\\';
         missing(name,
-                "there is no such file in any of the folders searched; is the name right, and does "
-                "the file lie beside the source or in a folder given with -I?",
+                isAbsolute
+                    ? "there is no such file"
+                    : "there is no such file in any of the folders searched; is the name right, "
+                      "and does the file lie beside the source or in a folder given with -I?",
                 at);
         return std::nullopt;
     }
     if (found->caseDiffers)
-        m_assembly.warn(
-            Warning::FileCase, at,
-            "the file is spelled '" + found->path.substr(found->path.rfind('/') + 1) +
-                "' on the disk: the build fails where letter case counts; spell it so here");
+        m_assembly.warn(Warning::FileCase, at, otherCaseText(found->path) + "; spell it so here");
     return found->path;
+}
+
+bool FileDirectives::countWork(std::uint64_t work, const char* at) {
+    if (m_assembly.sources.addWork(work))
+        return true;
+    m_assembly.diagnostics.fatal(m_assembly.at(at),
+                                 "files are read too often, or too many bytes of them: look for a "
+                                 "repetition or a macro that reads one again and again");
+    return false;
 }
 
 void FileDirectives::missing(std::string_view name, const std::string& why, const char* at) {
@@ -182,29 +206,51 @@ void FileDirectives::binary(const char* p) {
     const auto path = find(*name, at, false);
     if (!path)
         return;
-    FileContents contents;
-    if (const std::string problem = m_assembly.files.data(*path, contents); !problem.empty()) {
+    DataFile file;
+    if (const std::string problem = m_assembly.files.open(*path, file); !problem.empty()) {
         missing(*name, problem, at);
         return;
     }
-    const std::string size = quoted(*name) + " holds " + counted(contents.size, "byte");
-    if (static_cast<std::size_t>(offset) > contents.size) {
+    const std::string size = quoted(*name) + " holds " + counted(file.size(), "byte");
+    if (static_cast<std::size_t>(offset) > file.size()) {
         m_assembly.error(numbers[0], "the offset lies beyond the file's end: " + size);
         return;
     }
-    const std::size_t left = contents.size - static_cast<std::size_t>(offset);
+    const std::size_t left = file.size() - static_cast<std::size_t>(offset);
     if (length && static_cast<std::size_t>(*length) > left) {
         m_assembly.error(numbers[1], "the length goes beyond the file's end: " + size);
         return;
     }
-    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(contents.bytes.get()) + offset;
     const std::size_t count = length ? static_cast<std::size_t>(*length) : left;
     if (count % kTileSize != 0 && name->size() > 4 &&
         equalsIgnoringCase(name->substr(name->size() - 4), ".chr"))
         m_assembly.warn(Warning::OddChrSize, at,
                         "these " + counted(count, "byte") + " of " + quoted(*name) +
                             " are no whole tiles: a tile takes 16 bytes, and 8 KiB of tiles 8192");
-    put(bytes, count, at);
+    putPart(file, static_cast<std::size_t>(offset), count, *name, at);
+}
+
+/// Puts `count` bytes of a file from `offset` on; those that no image can hold are not even read.
+void FileDirectives::putPart(const DataFile& file, std::size_t offset, std::size_t count,
+                             std::string_view name, const char* at) {
+    constexpr std::size_t kMostBytes = std::size_t{kBankCount} * kBankSize;
+    if (m_assembly.image.isRam()) {
+        m_assembly.reportExcess(count, at);
+        return;
+    }
+    if (count > kMostBytes) {
+        reportBeyondLastBank(count, at);
+        return;
+    }
+    if (!countWork(count * kWorkOfByte, at))
+        return;
+    const auto bytes = std::make_unique_for_overwrite<std::uint8_t[]>(count);
+    std::size_t got = 0;
+    const std::string problem = file.read(offset, reinterpret_cast<char*>(bytes.get()), count, got);
+    if (!problem.empty())
+        missing(name, problem, at);
+    else
+        put(bytes.get(), got, at);
 }
 
 void FileDirectives::tiles(const char* p) {
@@ -220,6 +266,10 @@ void FileDirectives::tiles(const char* p) {
         missing(*name, problem, at);
         return;
     }
+    const std::uint64_t unpacking =
+        std::min<std::uint64_t>(contents.size * kWorkOfPackedByte, kMostPicturePixels);
+    if (!countWork(contents.size + unpacking, at))
+        return;
     std::vector<std::uint8_t> bytes;
     if (const std::string problem = readPcxTiles(contents.view(), bytes); !problem.empty())
         m_assembly.error(at, "the picture '" + std::string(*name) + "' cannot be used: " + problem);
@@ -231,9 +281,12 @@ void FileDirectives::put(const std::uint8_t* bytes, std::size_t count, const cha
     if (m_assembly.image.isRam())
         m_assembly.reportExcess(count, at);
     else if (!m_assembly.image.emitAcrossBanks(bytes, count))
-        m_assembly.error(at, "these " + counted(count, "byte") +
-                                 " go beyond the last bank, number " +
-                                 std::to_string(kBankCount - 1));
+        reportBeyondLastBank(count, at);
+}
+
+void FileDirectives::reportBeyondLastBank(std::size_t count, const char* at) {
+    m_assembly.error(at, "these " + counted(count, "byte") + " go beyond the last bank, number " +
+                             std::to_string(kBankCount - 1));
 }
 
 } // namespace nesasm

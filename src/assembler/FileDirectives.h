@@ -25,11 +25,15 @@ private:
     std::optional<std::string_view> fileName(const char*& p);
     std::optional<std::string> find(std::string_view name, const char* at, bool isSource);
     void include(const char* p);
+    bool countWork(std::uint64_t work, const char* at);
     bool isTooDeep(std::string_view name, const char* at);
     void enter(const SourceFile& file, std::string_view name, bool wasRead);
     void binary(const char* p);
     void tiles(const char* p);
+    void putPart(const DataFile& file, std::size_t offset, std::size_t count, std::string_view name,
+                 const char* at);
     void put(const std::uint8_t* bytes, std::size_t count, const char* at);
+    void reportBeyondLastBank(std::size_t count, const char* at);
     void missing(std::string_view name, const std::string& why, const char* at);
 
     Assembly& m_assembly;

@@ -33,11 +33,39 @@ FileKind fileKind(const std::string& path);
 /// The identity of the file at `path`, links followed; false when there is none.
 bool identify(const std::string& path, FileIdentity& identity);
 
+/// One regular file that is open for reading, of which a part may be wanted only.
+class DataFile {
+public:
+    DataFile() = default;
+    DataFile(const DataFile&) = delete;
+    DataFile& operator=(const DataFile&) = delete;
+    DataFile(DataFile&&) = delete;
+    DataFile& operator=(DataFile&&) = delete;
+    ~DataFile();
+
+    /// Opens the file at `path`, once. Anything but a regular file (a folder, a device, a pipe) is
+    /// refused without waiting for it. Returns "" or why it could not be opened, as part of a
+    /// sentence.
+    std::string open(const std::string& path);
+
+    std::size_t size() const { return m_size; }
+    const FileIdentity& identity() const { return m_identity; }
+
+    /// Reads up to `count` bytes from `offset` on and sets `got` to how many there were. Returns ""
+    /// or why not.
+    std::string read(std::size_t offset, char* bytes, std::size_t count, std::size_t& got) const;
+
+private:
+    int m_descriptor = -1;
+    std::size_t m_size = 0;
+    FileIdentity m_identity;
+};
+
 /// Files above this size are refused: no source or data of an NES game comes near it.
 inline constexpr std::size_t kLargestFile = std::size_t{256} << 20U;
 
-/// Reads the regular file at `path`. Anything else (a folder, a device, a pipe) is refused without
-/// waiting for it. Returns "" or why it could not be read, as part of a sentence.
+/// Reads the whole of the regular file at `path`. Returns "" or why it could not be read, as
+/// DataFile::open does.
 std::string readFile(const std::string& path, FileContents& contents);
 
 } // namespace nesasm

@@ -21,9 +21,21 @@ const SourceFile* FileStore::source(const std::string& path, std::string& proble
 
 std::string FileStore::data(const std::string& path, FileContents& contents) {
     std::string problem = readFile(path, contents);
-    if (problem.empty() && !hasRead(contents.identity))
-        m_identities.push_back(contents.identity);
+    if (problem.empty())
+        remember(contents.identity);
     return problem;
+}
+
+std::string FileStore::open(const std::string& path, DataFile& file) {
+    std::string problem = file.open(path);
+    if (problem.empty())
+        remember(file.identity());
+    return problem;
+}
+
+void FileStore::remember(const FileIdentity& identity) {
+    if (!hasRead(identity))
+        m_identities.push_back(identity);
 }
 
 bool FileStore::hasRead(const FileIdentity& identity) const {

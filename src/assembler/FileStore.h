@@ -19,10 +19,15 @@ public:
     /// The bytes of the file at `path`; returns "" or the problem.
     std::string data(const std::string& path, FileContents& contents);
 
+    /// Opens the file at `path`, of which a part is wanted; returns "" or the problem.
+    std::string open(const std::string& path, DataFile& file);
+
     /// True when `identity` is one of the files read.
     bool hasRead(const FileIdentity& identity) const;
 
 private:
+    void remember(const FileIdentity& identity);
+
     std::vector<std::unique_ptr<SourceFile>> m_sources;
     std::vector<FileIdentity> m_identities;
 };

@@ -21,7 +21,8 @@ struct Options {
     bool colours = false;
     bool recordsLines = false; ///< for a listing or for a debugger
     /// The bytes of source text, and 100 for each line, that macros, repetitions and files included
-    /// again may come to. A source that asks for more would run for long and fill no more image.
+    /// again may come to, and what files cost that are sought and read again and again. A source
+    /// that asks for more would run for long and fill no more image.
     std::uint64_t mostWork = std::uint64_t{1} << 29U;
 };
 

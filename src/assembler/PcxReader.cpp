@@ -7,7 +7,6 @@ namespace nesasm {
 namespace {
 
 constexpr std::size_t kHeaderSize = 128;
-constexpr std::uint64_t kMostPixels = std::uint64_t{1} << 25U; ///< beyond the largest image
 constexpr std::size_t kTileSize = 16;
 
 struct Picture {
@@ -47,7 +46,7 @@ std::string readHeader(std::string_view file, Picture& picture) {
     if (picture.width % 8 != 0 || picture.height % 8 != 0)
         return "its width and height must be multiples of 8, but it is " +
                std::to_string(picture.width) + " x " + std::to_string(picture.height) + " pixels";
-    if (std::uint64_t{picture.bytesPerLine} * picture.height > kMostPixels)
+    if (std::uint64_t{picture.bytesPerLine} * picture.height > kMostPicturePixels)
         return "it holds more tiles than an image can";
     return {};
 }

@@ -71,6 +71,13 @@ public:
         return top().cursor == top().passage.text.data() + top().passage.text.size();
     }
 
+    /// Counts what a statement does beyond its own line. False when that is more than a source may
+    /// ask for.
+    bool addWork(std::uint64_t work) {
+        m_work += work;
+        return m_work <= m_mostWork;
+    }
+
     /// Reads the next line of the top frame, beginning its next repetition where there is one.
     Next next(Line& line);
 

@@ -192,6 +192,41 @@ TEST_F(GeneratedSources, hugeRepetitionOfCodeIsOneErrorAndEndsSoon) {
     expectError(assemble("\t.rept 2000000000\n\tnop\n\t.endr\n"), "main.asm:");
 }
 
+TEST_F(GeneratedSources, ofAHugeFileOnlyTheBytesWantedAreRead) {
+    fs::resize_file(m_folder.write("project/huge.bin", "ab"), 200 * million);
+    // Were the whole file read each time, this would take hours.
+    expectImage(assemble("\t.rept 8192\n\t.incbin \"huge.bin\",1,1\n\t.endr\n"),
+                "size 8208\n0:0000: 62*8192\n");
+}
+
+TEST_F(GeneratedSources, hugeFileIsNotReadWhenNoImageCanHoldIt) {
+    fs::resize_file(m_folder.write("project/huge.bin", "ab"), 200 * million);
+    expectError(assemble("\t.rept 65535\n\t.incbin \"huge.bin\"\n\t.endr\n"),
+                "these 209715200 bytes go beyond the last bank");
+}
+
+TEST_F(GeneratedSources, largeFilesReadAgainAndAgainAreAnErrorThatComesSoon) {
+    fs::resize_file(m_folder.write("project/large.bin", "ab"), 5 * million);
+    // Repeated by .rept, and written out by the thousand.
+    const std::string again = "\t.bank 0\n\t.org $8000\n\t.incbin \"large.bin\"\n";
+    expectError(assemble("\t.rept 65535\n" + again + "\t.endr\n"), "files are read too often");
+    expectError(assemble(repeated(again, 20000)), "files are read too often");
+}
+
+TEST_F(GeneratedSources, hugePicturesReadAgainAndAgainAreAnErrorThatComesSoon) {
+    fs::resize_file(m_folder.write("project/huge.pcx", "\x0A"), 200 * million);
+    const ProgramRun run = assemble("\t.rept 65535\n\t.incchr \"huge.pcx\"\n\t.endr\n");
+    expectError(run, "files are read too often");
+    EXPECT_THAT(run.output, HasSubstr("the picture 'huge.pcx' cannot be used"));
+}
+
+TEST_F(GeneratedSources, filesThatAreNotThereAreSoughtNoMoreThanSoOften) {
+    const ProgramRun run =
+        assemble(repeated("\t.rept 65535\n\t.incbin \"none.bin\"\n\t.endr\n", 2));
+    expectError(run, "files are read too often");
+    EXPECT_THAT(run.output, HasSubstr("there is no such file"));
+}
+
 TEST_F(GeneratedSources, enormousReservationIsAnError) {
     expectError(assemble("\t.ds $7FFFFFFF\n"), "main.asm:1:");
     expectError(assemble("\t.bss\n\t.ds $7FFFFFFF\n"), "main.asm:2:");

@@ -1,0 +1,1 @@
+	.include "/nowhere/at/all.asm"
