@@ -12,6 +12,12 @@ namespace nesasm {
 
 namespace {
 
+std::string withSlashes(std::string_view name) {
+    std::string path(name);
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
 /// The one entry of `folder` that is `name` but for letter case; the exact one is preferred.
 std::optional<std::string> matchingEntry(const std::string& folder, std::string_view name) {
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(
@@ -89,19 +95,24 @@ FileFinder::FileFinder(std::vector<std::string> includeFolders, std::string_view
 }
 
 std::optional<FileFinder::Found> FileFinder::findInput(const std::string& name) {
-    if (name.find('/') != std::string::npos)
-        return find(name, {}, false);
+    const bool isBare = name.find('/') == std::string::npos;
     std::vector<std::string> paths;
-    for (const std::string& folder : m_environmentFolders)
-        paths.push_back(joinPath(folder, name));
-    const std::size_t fromEnvironment = paths.size();
-    paths.push_back(name);
+    if (isBare) {
+        for (const std::string& folder : m_environmentFolders)
+            paths.push_back(joinPath(folder, name));
+        paths.push_back(name);
+    } else {
+        paths = candidates(withSlashes(name), {});
+    }
+    // A bare name is looked for in the folders of NES_INCLUDE first, a path last.
+    const std::size_t firstOfEnvironment = isBare ? 0 : 1 + m_includeFolders.size();
+    const std::size_t endOfEnvironment = isBare ? m_environmentFolders.size() : paths.size();
     for (const bool ignoringCase : {false, true}) {
         for (std::size_t i = 0; i < paths.size(); ++i) {
             auto found = firstOf({paths[i]}, ignoringCase);
             if (!found || !found->isRegular)
                 continue;
-            m_searchesCurrentFolder = i >= fromEnvironment;
+            m_searchesCurrentFolder = i < firstOfEnvironment || i >= endOfEnvironment;
             return found;
         }
     }
@@ -110,8 +121,7 @@ std::optional<FileFinder::Found> FileFinder::findInput(const std::string& name) 
 
 std::optional<FileFinder::Found>
 FileFinder::find(std::string_view name, const std::string& includingFolder, bool isSource) const {
-    std::string path(name);
-    std::replace(path.begin(), path.end(), '\\', '/');
+    const std::string path = withSlashes(name);
     if (path.empty() || path.find('\0') != std::string::npos)
         return std::nullopt;
     std::vector<std::vector<std::string>> searches{candidates(path, includingFolder)};

@@ -90,6 +90,45 @@ TEST_F(FileFinderTest, TheInputComesFromTheEnvironmentFirst) {
     EXPECT_FALSE(FileFinder({}, path("e")).findInput("no-such-file.asm"));
 }
 
+/// Makes `folder` the current one until the end of its scope.
+class CurrentFolder {
+public:
+    explicit CurrentFolder(const std::filesystem::path& folder)
+        : m_former(std::filesystem::current_path()) {
+        std::filesystem::current_path(folder);
+    }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
+    CurrentFolder(CurrentFolder&&) = delete;
+    CurrentFolder& operator=(CurrentFolder&&) = delete;
+    ~CurrentFolder() { std::filesystem::current_path(m_former); }
+
+private:
+    std::filesystem::path m_former;
+};
+
+TEST_F(FileFinderTest, TheCurrentFolderIsLeftOutOnlyWhenTheInputComesFromTheEnvironment) {
+    write("e/src/game.asm");
+    write("here/stray.asm");
+    write("here/own/game.asm");
+    write("option/given/game.asm");
+    write("e/flat.asm");
+    const CurrentFolder current(m_folder.path() / "here");
+    const auto takesStray = [&](const std::string& input) {
+        FileFinder finder({path("option")}, path("e"));
+        EXPECT_TRUE(finder.findInput(input)) << input;
+        return !found(finder, "stray.asm").empty();
+    };
+    EXPECT_FALSE(takesStray("src/game.asm"));
+    EXPECT_FALSE(takesStray("SRC/Game.asm"));
+    EXPECT_FALSE(takesStray("nowhere/flat.asm"));
+    EXPECT_FALSE(takesStray("flat.asm"));
+    EXPECT_TRUE(takesStray("own/game.asm"));
+    EXPECT_TRUE(takesStray("given/game.asm"));
+    EXPECT_TRUE(takesStray("stray.asm"));
+    EXPECT_TRUE(takesStray(path("e/src/game.asm")));
+}
+
 } // namespace
 
 } // namespace nesasm

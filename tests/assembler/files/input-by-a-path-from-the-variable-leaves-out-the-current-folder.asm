@@ -1,0 +1,1 @@
+	.fail "not this one"
