@@ -20,9 +20,15 @@ using Memory = DebugLabel::Memory;
 constexpr std::size_t kLongestNlLine = 512;
 constexpr std::uint32_t kNlBankSize = 0x4000;
 
-std::string_view mlbType(Memory memory) {
+/// Of the header's byte 6: the RAM at $6000 to $7FFF keeps its contents (source: nesdev wiki,
+/// "INES").
+constexpr std::uint32_t kBatteryFlag = 2;
+
+std::string_view mlbType(Memory memory, const Header& header) {
     static constexpr std::array<std::string_view, 5> kTypes{
         "NesPrgRom", "NesChrRom", "NesInternalRam", "NesWorkRam", "NesMemory"};
+    if (memory == Memory::WorkRam && (header.mirroring & kBatteryFlag) != 0)
+        return "NesSaveRam";
     return kTypes[static_cast<std::size_t>(memory)];
 }
 
@@ -63,7 +69,9 @@ std::string withEnding(const std::string& path, std::string_view ending) {
 SideFile mlbFile(const Assembly& assembly, const std::string& output) {
     SideFile file{withEnding(output, ".mlb"), {}};
     for (const DebugLabel& label : debugLabels(assembly)) {
-        file.text.append(mlbType(label.memory)).append(":").append(hexDigits(label.offset, 4));
+        file.text.append(mlbType(label.memory, assembly.image.header))
+            .append(":")
+            .append(hexDigits(label.offset, 4));
         if (label.size > 1)
             file.text += "-" + hexDigits(label.offset + label.size - 1, 4);
         file.text += ":" + label.name;
