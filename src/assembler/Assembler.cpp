@@ -40,8 +40,12 @@ void Assembler::checkHeader() {
     const Header& header = m_assembly->image.header;
     const std::uint32_t announced = header.prg * 2 + header.chr;
     const std::uint32_t present = m_assembly->image.bankCount();
-    if (announced == present || m_assembly->diagnostics.errorCount() != 0)
+    if (m_assembly->diagnostics.errorCount() != 0)
         return;
+    if (announced == present) {
+        checkVectors();
+        return;
+    }
     const Position& place = m_assembly->headerPosition;
     if (place.order == 0) {
         m_assembly->diagnostics.warning(
@@ -58,6 +62,20 @@ void Assembler::checkHeader() {
             "), but the file holds " + std::to_string(present) +
             (present < announced ? "; is a .bank missing?"
                                  : "; .inesprg or .ineschr must be larger"));
+}
+
+/// A program whose last bank is empty has no vectors: they went into another bank.
+void Assembler::checkVectors() {
+    const std::uint32_t prgBanks = m_assembly->image.header.prg * 2;
+    if (prgBanks == 0 || m_assembly->image.bytesWritten(prgBanks - 1) != 0)
+        return;
+    const std::string last = std::to_string(prgBanks - 1);
+    m_assembly->diagnostics.warning(
+        Warning::UnusedBankGap, m_assembly->headerPosition,
+        "nothing was written in bank " + last +
+            ", the last of the program, where the vectors belong: .org never changes the bank; is "
+            "a .bank " +
+            last + " missing?");
 }
 
 const Image& Assembler::image() const {

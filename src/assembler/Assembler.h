@@ -42,6 +42,7 @@ public:
 
 private:
     void checkHeader();
+    void checkVectors();
 
     Options m_options;
     TextSink m_sink;

@@ -4,6 +4,9 @@
 	.bank 0
 	.org $C000
 	.ds 8192
+	.bank 1
+	.org $FFFA
+	.dw 0,$C000,0
 	.bank 2
 	.org $0000
 	.ds 16
