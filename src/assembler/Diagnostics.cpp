@@ -54,7 +54,7 @@ void Diagnostics::error(const Position& position, std::string text) {
 }
 
 /// True when what would be reported there has been: by another error of the same macro expansion,
-/// or of the same line in an earlier repetition.
+/// or of the same place in an earlier repetition.
 bool Diagnostics::isRepeated(const Position& position, bool isError) {
     if (position.origin == kNoOrigin)
         return false;
@@ -65,7 +65,8 @@ bool Diagnostics::isRepeated(const Position& position, bool isError) {
         return false;
     // What is noted must not come to stand for another place.
     origin.kept = true;
-    return !m_repeatedLines.emplace(position.origin, position.number, isError).second;
+    return !m_repeatedPlaces.emplace(position.origin, position.number, position.column, isError)
+                .second;
 }
 
 std::vector<std::uint32_t> Diagnostics::linesWithErrors() const {

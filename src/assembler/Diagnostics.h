@@ -28,7 +28,7 @@ public:
                 const WarningSwitches& switches = {});
 
     /// In a macro expansion only the first error is kept: the others come from the same mistake. In
-    /// a repetition each line is reported once, and warned of once.
+    /// a repetition each place is reported once, and warned of once.
     void error(const Position& position, std::string text);
     /// Does nothing when that warning is off; counts as an error when the switches say so. Of each
     /// warning only the first fifty are shown.
@@ -76,8 +76,9 @@ private:
     std::size_t m_errors = 0;
     std::size_t m_warnings = 0;
     std::vector<std::uint32_t> m_errorLines;
-    /// Reported lines inside a .rept, and whether with an error: a warning hides no error.
-    std::set<std::tuple<OriginId, std::uint32_t, bool>> m_repeatedLines;
+    /// Reported places (line and column) inside a .rept, and whether with an error: a warning hides
+    /// no error.
+    std::set<std::tuple<OriginId, std::uint32_t, std::uint32_t, bool>> m_repeatedPlaces;
     std::vector<Message> m_messages;
 };
 

@@ -1,0 +1,3 @@
+	.rept 3
+	.dw foo, bar
+	.endr
