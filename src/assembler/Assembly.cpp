@@ -36,15 +36,25 @@ Position Assembly::keep(const char* p) {
     return position;
 }
 
-bool Assembly::expectEnd(const char* p) {
+void Assembly::markBroken(std::string_view name) {
+    Symbol& symbol = symbols[intern(name)];
+    if (!symbol.isDefined)
+        symbol.isDefined = symbol.isBroken = true;
+}
+
+bool Assembly::expectEnd(const char* p, std::string_view remedy) {
     p = skipBlanks(p);
     if (endsStatement(*p))
         return true;
     const bool isIndex = (lowered(*p) == 'x' || lowered(*p) == 'y') && !isWordPart(p[1]);
-    const char* const remedy = isIndex     ? "; a comma belongs before an index"
-                               : *p == ':' ? "; a colon stands only where a label is defined"
-                                           : commentRemedy(p);
-    error(p, "the statement should end here, but " + foundText(p) + " follows" + remedy);
+    std::string text = "the statement should end here, but " + foundText(p) + " follows";
+    if (!remedy.empty())
+        text += remedy;
+    else if (isIndex)
+        text += "; a comma belongs before an index";
+    else
+        text += *p == ':' ? "; a colon stands only where a label is defined" : commentRemedy(p);
+    error(p, std::move(text));
     return false;
 }
 
@@ -93,10 +103,10 @@ void Assembly::reportPlaces() {
                               ", beginning here; move something into another .bank");
     for (const Overwriting& each : m_overwritings)
         diagnostics.warning(Warning::Overwrite, each.position,
-                            counted(each.bytes.count, "byte") + " of bank " +
-                                std::to_string(each.bytes.bank) + " from offset " +
+                            counted(each.bytes.count, "byte") + ", from bank " +
+                                std::to_string(each.bytes.bank) + " offset " +
                                 hexText(each.bytes.offset) +
-                                " on had been written before: the later bytes win");
+                                " on, had been written before: the later bytes win");
 }
 
 const char* commentRemedy(const char* p) {

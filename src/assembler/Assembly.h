@@ -81,8 +81,13 @@ struct Assembly {
         return symbols.intern(name, scope, line.isShortLived ? &arena : nullptr);
     }
 
-    /// Reports what stands at `p` unless the statement ends there. True when it does.
-    bool expectEnd(const char* p);
+    /// A symbol of this name was meant to be defined, but that was an error, which is reported: it
+    /// is not reported again where the symbol is used.
+    void markBroken(std::string_view name);
+
+    /// Reports what stands at `p` unless the statement ends there. True when it does. `remedy` is
+    /// added to the message: a part of a sentence that begins with ";".
+    bool expectEnd(const char* p, std::string_view remedy = {});
 
     /// Puts bytes into the image at the present place; what does not fit is reported.
     void emit(const std::uint8_t* bytes, std::size_t count, const char* p) {

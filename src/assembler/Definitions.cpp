@@ -29,11 +29,11 @@ void Definitions::assign(std::string_view name, const char* at, const char* p) {
     const char* const start = skipBlanks(p);
     p = start;
     if (!m_parser.parse(p)) {
-        markBroken(name);
+        m_assembly.markBroken(name);
         return;
     }
     if (!m_assembly.expectEnd(p)) {
-        markBroken(name);
+        m_assembly.markBroken(name);
         return;
     }
     const Evaluation result = m_parser.evaluateNow();
@@ -43,7 +43,7 @@ void Definitions::assign(std::string_view name, const char* at, const char* p) {
     }
     Symbol& symbol = m_assembly.symbols[id];
     if (result.status == Evaluation::Status::Broken) {
-        markBroken(name);
+        m_assembly.markBroken(name);
         return;
     }
     const DeferredExpression expression = m_parser.defer(start);
@@ -60,7 +60,7 @@ void Definitions::reserve(std::string_view name, const char* at, const char* p) 
     const auto count = m_parser.parseKnown(p, "the count of .rs", 0, 0x10000);
     if (!count || !m_assembly.expectEnd(p)) {
         if (!name.empty())
-            markBroken(name);
+            m_assembly.markBroken(name);
         return;
     }
     if (!name.empty()) {
@@ -73,12 +73,6 @@ void Definitions::reserve(std::string_view name, const char* at, const char* p) 
         m_assembly.error(at, "the variables reserved with .rs go beyond the address $FFFF");
     else
         m_assembly.reserveCounter += *count;
-}
-
-void Definitions::markBroken(std::string_view name) {
-    Symbol& symbol = m_assembly.symbols[m_assembly.intern(name)];
-    if (!symbol.isDefined)
-        symbol.isDefined = symbol.isBroken = true;
 }
 
 void Definitions::predefine(std::string_view name, std::int32_t value) {

@@ -21,10 +21,6 @@ public:
     /// NAME .rs count, with `p` behind the directive; an empty name only reserves.
     void reserve(std::string_view name, const char* at, const char* p);
 
-    /// A name that was to be defined, by a statement that was reported as wrong: it is not reported
-    /// again where it is used.
-    void markBroken(std::string_view name);
-
     /// A symbol of the command line.
     void predefine(std::string_view name, std::int32_t value);
 

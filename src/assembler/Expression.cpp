@@ -131,7 +131,7 @@ const char* applyUnary(OpCode code, Value& value) {
         break;
     default:
         if (value.bank == kNoBank)
-            return "BANK() needs a label; there is none in this expression";
+            return "BANK() needs a label that lies in a bank; there is none in this expression";
         if (value.bank == kSeveralBanks)
             return "BANK() needs one label; there are several in this expression";
         number = value.bank;

@@ -4,6 +4,7 @@
 #include "assembler/Remedies.h"
 #include "assembler/Text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace nesasm {
@@ -360,14 +361,29 @@ std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const c
     const Evaluation result = evaluateNow();
     if (result.status == Evaluation::Status::Known)
         return result.value;
-    if (result.status == Evaluation::Status::Unknown && !m_assembly.isIncomplete) {
-        const Symbol& symbol = m_assembly.symbols[result.symbol];
-        m_assembly.error(m_assembly.line.begin + result.column,
-                         "the value of " + quoted(symbol.name) + " is not known here, but " + what +
-                             " needs it at once: define it further up" +
-                             (symbol.isDefined ? "" : remedyForSymbol(m_assembly, symbol)));
-    }
+    if (result.status == Evaluation::Status::Unknown && !m_assembly.isIncomplete)
+        m_assembly.error(m_assembly.line.begin + result.column, unknownText(result, what));
     return std::nullopt;
+}
+
+/// Why the symbol that `result` names has no value, or no size, where `what` needs it.
+std::string ExpressionParser::unknownText(const Evaluation& result, const char* what) const {
+    const Symbol& symbol = m_assembly.symbols[result.symbol];
+    const bool isSize =
+        std::any_of(m_operations.begin(), m_operations.end(), [&](const auto& each) {
+            return each.code == OpCode::SizeOf && each.column == result.column;
+        });
+    if (isSize && symbol.isDefined && !symbol.isLabel)
+        return noSizeText(symbol);
+    std::string text = isSize ? "the size of " : "the value of ";
+    text.append(quoted(symbol.name)).append(" is not known here, but ").append(what);
+    text += " needs it at once: ";
+    if (!symbol.isDefined)
+        return text.append("define it further up").append(remedyForSymbol(m_assembly, symbol));
+    return text +=
+           isSize
+               ? "it is known when the label's own line has ended"
+               : "it is made from a symbol that is defined only below it; move that one above it";
 }
 
 std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const char* what,

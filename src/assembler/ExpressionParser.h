@@ -69,6 +69,7 @@ private:
     bool hexadecimal();
     bool digits(unsigned base, const char* begin);
     bool character();
+    std::string unknownText(const Evaluation& result, const char* what) const;
     bool push(OpCode code, std::uint32_t argument, const char* at);
     bool fail(const char* at, std::string text);
 

@@ -50,7 +50,8 @@ void MacroDirectives::defineNamedBehind(const char* p) {
 }
 
 void MacroDirectives::define(std::string_view name, const char* at, const char* p) {
-    m_assembly.expectEnd(p);
+    if (!m_assembly.expectEnd(p, "; a macro's arguments have no names: \\1 to \\9 stand for them"))
+        markArgumentNames(p);
     const bool isFine = mayDefine(name, at);
     if (m_assembly.line.isShortLived)
         name = m_assembly.arena.keepLine(name);
@@ -62,6 +63,19 @@ void MacroDirectives::define(std::string_view name, const char* at, const char* 
     m_assembly.macros.push_back(macro);
     if (findKeyword(name).kind != Keyword::Kind::None)
         m_assembly.macroHidesKeyword = true;
+}
+
+/// The words behind a macro's name were meant as names of its arguments: that the body uses them is
+/// no further mistake.
+void MacroDirectives::markArgumentNames(const char* p) {
+    for (p = skipBlanks(p); *p == ',' || startsName(p); p = skipBlanks(p)) {
+        if (*p == ',') {
+            ++p;
+            continue;
+        }
+        m_assembly.markBroken(wordAt(p));
+        p = wordEnd(p);
+    }
 }
 
 bool MacroDirectives::mayDefine(std::string_view name, const char* at) {

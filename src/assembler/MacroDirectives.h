@@ -40,6 +40,7 @@ private:
     bool collect(Directive opening, Directive closing, const char* at, Passage& body);
     bool isTooDeep(const char* at);
     Frame& enter(Origin::Kind kind, const Passage& body, std::string_view name);
+    void markArgumentNames(const char* p);
     bool mayDefine(std::string_view name, const char* at);
 
     Assembly& m_assembly;

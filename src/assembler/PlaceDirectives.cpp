@@ -5,6 +5,13 @@
 
 namespace nesasm {
 
+namespace {
+
+/// Where the program's addresses begin.
+constexpr std::uint32_t kPrgStart = 0x8000;
+
+} // namespace
+
 PlaceDirectives::PlaceDirectives(Assembly& assembly, ExpressionParser& parser)
     : m_assembly(assembly)
     , m_parser(parser) {}
@@ -46,11 +53,13 @@ void PlaceDirectives::address(const char* p) {
     if (!value || !m_assembly.expectEnd(p))
         return;
     m_assembly.noteMove();
-    if (!m_assembly.image.setAddress(static_cast<std::uint32_t>(*value)))
-        m_assembly.error(
-            start, "the address " + hexText(static_cast<unsigned>(*value)) + " lies outside of " +
-                       (m_assembly.image.section() == Section::Bss ? ".bss, which ends at $800"
-                                                                   : ".zp, which ends at $100"));
+    const auto target = static_cast<std::uint32_t>(*value);
+    if (m_assembly.image.setAddress(target))
+        return;
+    const bool isBss = m_assembly.image.section() == Section::Bss;
+    m_assembly.error(start, "the address " + hexText(target) + " lies outside of " +
+                                (isBss ? ".bss, which ends at $800" : ".zp, which ends at $100") +
+                                (target >= kPrgStart ? "; .code leads back to the program" : ""));
 }
 
 void PlaceDirectives::section(Directive directive, const char* p) {

@@ -77,6 +77,11 @@ std::string remedyForWord(const Assembly& assembly, std::string_view word) {
     return near.question();
 }
 
+std::string noSizeText(const Symbol& symbol) {
+    return quoted(symbol.name) +
+           " is no label: it has no size; SIZEOF() gives the bytes on a label's own line";
+}
+
 std::string remedyForSymbol(const Assembly& assembly, const Symbol& symbol) {
     const SymbolTable& symbols = assembly.symbols;
     if (isRegisterName(symbol.name))

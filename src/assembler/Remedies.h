@@ -11,6 +11,9 @@ namespace nesasm {
 /// sentence that begins with ";", "" when nothing is known.
 std::string remedyForWord(const Assembly& assembly, std::string_view word);
 
+/// Why SIZEOF() cannot take this symbol.
+std::string noSizeText(const Symbol& symbol);
+
 /// What helps somebody who used a symbol that is defined nowhere; of the same form.
 std::string remedyForSymbol(const Assembly& assembly, const Symbol& symbol);
 

@@ -97,10 +97,7 @@ bool Resolver::compute(const DeferredExpression& expression, Evaluation& result)
 void Resolver::reportUnknown(const Position& position, const Symbol& symbol) {
     Diagnostics& diagnostics = m_assembly.diagnostics;
     if (symbol.isKnown)
-        diagnostics.error(
-            position,
-            quoted(symbol.name) +
-                " is no label: it has no size; SIZEOF() gives the bytes on a label's own line");
+        diagnostics.error(position, noSizeText(symbol));
     else if (symbol.isDefined)
         diagnostics.error(position,
                           quoted(symbol.name) +

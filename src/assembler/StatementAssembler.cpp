@@ -1,6 +1,7 @@
 #include "assembler/StatementAssembler.h"
 
 #include "assembler/Characters.h"
+#include "assembler/ForeignWords.h"
 #include "assembler/Remedies.h"
 #include "assembler/Text.h"
 
@@ -28,6 +29,36 @@ bool isStatementAt(const char* p) {
     const Keyword::Kind kind =
         startsName(p) ? findKeyword(view(p, wordEnd(p))).kind : Keyword::Kind::None;
     return kind == Keyword::Kind::Instruction || (kind == Keyword::Kind::Directive && *p == '.');
+}
+
+/// True when what stands at `next`, behind a keyword, can only mean that the keyword was taken for
+/// the name of a symbol: = e, .equ e, .rs e.
+bool givesValue(const char* next) {
+    if (*next == '=')
+        return next[1] != '=';
+    // This is asked for every instruction, so the two names are compared letter by letter.
+    next += *next == '.' ? 1 : 0;
+    if (lowered(next[0]) == 'e' && lowered(next[1]) == 'q' && lowered(next[2]) == 'u')
+        next += 3;
+    else if (lowered(next[0]) == 'r' && lowered(next[1]) == 's')
+        next += 2;
+    else
+        return false;
+    // An operand of that name would have an operator, a comma or nothing behind it.
+    const char* const value = skipBlanks(next);
+    return value != next && (isWordStart(*value) || isDigit(*value) || *value == '$' ||
+                             *value == '\'' || *value == '(');
+}
+
+/// What helps somebody who began a statement with the sign at `p`, as other assemblers have it.
+std::string_view signRemedy(const char* p) {
+    if (isDigit(*p))
+        return "; a name does not begin with a digit";
+    if (*p == '*' && *skipBlanks(p + 1) == '=')
+        return "; .org sets the address";
+    if (*p == '#' && isWordStart(p[1]))
+        return "; a directive begins with a dot";
+    return commentRemedy(p);
 }
 
 /// How a remedy begins that leaves no doubt about what was meant.
@@ -160,7 +191,10 @@ bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
         return true;
     }
     if (keyword.kind == Keyword::Kind::Directive) {
-        directive(static_cast<Directive>(keyword.id), p, end);
+        if (givesValue(next) && mayNameSymbol(p))
+            reportKeyword(word, p, true);
+        else
+            directive(static_cast<Directive>(keyword.id), p, end);
         return true;
     }
     if (!isKeyword || m_assembly.macroHidesKeyword) {
@@ -169,9 +203,24 @@ bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
             return true;
         }
     }
-    if (isKeyword)
+    if (isKeyword && givesValue(next) && mayNameSymbol(p))
+        reportKeyword(word, p, false);
+    else if (isKeyword)
         m_instructions.assemble(instructionTable[keyword.id], p, end);
     return isKeyword;
+}
+
+/// False when a forgotten value explains better what stands behind the keyword at `p`: it has a
+/// dot, or an empty argument of a macro may be what is missing.
+bool StatementAssembler::mayNameSymbol(const char* p) const {
+    return *p != '.' && !m_assembly.line.isShortLived;
+}
+
+/// `word` is a directive or an instruction and was taken for the name of a symbol.
+void StatementAssembler::reportKeyword(std::string_view word, const char* p, bool isDirective) {
+    m_assembly.markBroken(word);
+    m_assembly.error(p, quoted(word) + (isDirective ? " is a directive" : " is an instruction") +
+                            "; as a symbol it needs a colon directly behind it, or another name");
 }
 
 /// Assembles the statement when `next`, behind the name, gives it a value of another kind than a
@@ -263,12 +312,17 @@ void StatementAssembler::reportUnknown(std::string_view word, const char* p,
     const std::string labelRemedy = label.empty() ? "" : remedyForWord(m_assembly, label);
     const char* const next = skipBlanks(p + word.size());
     if (label.empty())
-        m_definitions.markBroken(word);
+        m_assembly.markBroken(word);
     if (label.empty() && (endsStatement(*next) || isStatementAt(next))) {
-        if (!remedy.starts_with(kAdvice))
-            text += isDotted ? "; an indented local label needs a colon behind it"
-                             : "; an indented label needs a colon behind it";
-        text += remedy;
+        const bool isForeign = isDotted && !isSymbol && !foreignWordAdvice(word.substr(1)).empty();
+        if (remedy.starts_with(kAdvice))
+            text += remedy;
+        else if (isForeign)
+            text += remedy + "; an indented local label of this name needs a colon behind it";
+        else
+            text.append(isDotted ? "; an indented local label needs a colon behind it"
+                                 : "; an indented label needs a colon behind it")
+                .append(remedy);
     } else if (!remedy.empty()) {
         text += remedy;
     } else if (!labelRemedy.empty()) {
@@ -282,10 +336,8 @@ void StatementAssembler::reportUnknown(std::string_view word, const char* p,
 /// `label`, without a colon, stands before what is wrong; it may be a misspelled word.
 void StatementAssembler::reportUnexpected(const char* p, std::string_view label) {
     if (label.empty()) {
-        m_assembly.error(
-            p, "a label, an instruction or a directive was expected, but " + foundText(p) +
-                   " was found" +
-                   (isDigit(*p) ? "; a name does not begin with a digit" : commentRemedy(p)));
+        m_assembly.error(p, "a label, an instruction or a directive was expected, but " +
+                                foundText(p) + " was found" + std::string(signRemedy(p)));
         return;
     }
     if (m_assembly.isIncomplete)

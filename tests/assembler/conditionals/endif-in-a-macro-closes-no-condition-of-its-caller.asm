@@ -1,0 +1,6 @@
+shut .macro
+	.endif
+	.endm
+	.if 1
+	shut
+	.endif

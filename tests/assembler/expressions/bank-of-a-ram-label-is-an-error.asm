@@ -1,0 +1,4 @@
+	.bss
+lives: .ds 1
+	.code
+	.db BANK(lives)

@@ -1,0 +1,6 @@
+main:
+	bne .end
+	.proc
+	.define
+	.endproc
+	.end
