@@ -55,9 +55,10 @@ def wait_for(what, condition, rest=None):
             rest(Waiting.process, left)
 
 
-def wait_for_files(what, condition):
-    """The same for a condition that looks only at files in the home folder: asks again whenever one has changed."""
-    with Changes(os.environ["HOME"]) as changes:
+def wait_for_files(what, condition, folder=None):
+    """The same for a condition that looks only at files below a folder, the home folder when none is given: asks again
+    whenever one of them has changed."""
+    with Changes(folder or os.environ["HOME"]) as changes:
         return wait_for(what, condition, changes.wait)
 
 
@@ -140,7 +141,7 @@ class Desktop:
         # A window that is mapped before the manager is ready gets neither title bar nor focus.
         ready = self.log.with_name("window-manager-ready")
         self.launch(["openbox", "--sm-disable", "--startup", f"touch {ready}", "--config-file", self.configuration()])
-        wait_for("the window manager", ready.exists)
+        wait_for_files("the window manager", ready.exists, ready.parent)
         Atspi.init()
         # A busy program may take longer to answer than the 0.8 s after which a question counts as answered by nothing.
         Atspi.set_timeout(int(DEADLINE * 1000), int(DEADLINE * 1000))
