@@ -11,8 +11,7 @@ constexpr unsigned Combinations = 256;
 } // namespace
 
 TileRenderer::TileRenderer(const Colors& colors, int zoom)
-    : m_colors(colors)
-    , m_zoom(0) {
+    : m_colors(colors) {
     set(colors, zoom);
 }
 

@@ -34,7 +34,7 @@ private:
     std::uint32_t* copy(unsigned bits, std::uint32_t* out) const;
 
     Colors m_colors;
-    int m_zoom;
+    int m_zoom = 0;
     /// Four enlarged pixels, as zoom() blocks, for each four bits of the high plane and four of the
     /// low one.
     std::vector<FourPixels> m_table;
