@@ -5,6 +5,7 @@
 #include "assembler/Remedies.h"
 #include "assembler/Text.h"
 
+#include <array>
 #include <utility>
 
 namespace nesasm {
@@ -31,12 +32,19 @@ bool isStatementAt(const char* p) {
     return kind == Keyword::Kind::Instruction || (kind == Keyword::Kind::Directive && *p == '.');
 }
 
+/// Whether givesValue() can hold where this byte stands. It is asked for every instruction.
+constexpr std::array<bool, 256> kMayGiveValue = [] {
+    std::array<bool, 256> table{};
+    for (const char c : {'=', '.', 'e', 'E', 'r', 'R'})
+        table[static_cast<unsigned char>(c)] = true;
+    return table;
+}();
+
 /// True when what stands at `next`, behind a keyword, can only mean that the keyword was taken for
 /// the name of a symbol: = e, .equ e, .rs e.
 bool givesValue(const char* next) {
     if (*next == '=')
         return next[1] != '=';
-    // This is asked for every instruction, so the two names are compared letter by letter.
     next += *next == '.' ? 1 : 0;
     if (lowered(next[0]) == 'e' && lowered(next[1]) == 'q' && lowered(next[2]) == 'u')
         next += 3;
@@ -185,13 +193,14 @@ bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
     const char* const end = p + word.size();
     const char* const next = skipBlanks(end);
     const bool isKeyword = keyword.kind != Keyword::Kind::None;
+    const bool mayGiveValue = kMayGiveValue[static_cast<unsigned char>(*next)];
     if ((*next == '.' || (!isKeyword && lowered(*next) == 'm')) &&
         isDirectiveAt(next, Directive::Macro)) {
         m_macros.define(word, p, wordEnd(next));
         return true;
     }
     if (keyword.kind == Keyword::Kind::Directive) {
-        if (givesValue(next) && mayNameSymbol(p))
+        if (mayGiveValue && namesSymbol(p, next))
             reportKeyword(word, p, true);
         else
             directive(static_cast<Directive>(keyword.id), p, end);
@@ -203,17 +212,17 @@ bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
             return true;
         }
     }
-    if (isKeyword && givesValue(next) && mayNameSymbol(p))
+    if (isKeyword && mayGiveValue && namesSymbol(p, next))
         reportKeyword(word, p, false);
     else if (isKeyword)
         m_instructions.assemble(instructionTable[keyword.id], p, end);
     return isKeyword;
 }
 
-/// False when a forgotten value explains better what stands behind the keyword at `p`: it has a
-/// dot, or an empty argument of a macro may be what is missing.
-bool StatementAssembler::mayNameSymbol(const char* p) const {
-    return *p != '.' && !m_assembly.line.isShortLived;
+/// True when the keyword at `p`, with `next` behind it, was taken for the name of a symbol, unless
+/// a forgotten value explains it better: behind a dot, or where a macro's argument may be empty.
+bool StatementAssembler::namesSymbol(const char* p, const char* next) const {
+    return *p != '.' && !m_assembly.line.isShortLived && givesValue(next);
 }
 
 /// `word` is a directive or an instruction and was taken for the name of a symbol.

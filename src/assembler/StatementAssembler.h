@@ -37,7 +37,7 @@ private:
     bool isKnownWord(std::string_view word, const char* p);
     bool isNamed(std::string_view name, const char* at, const char* next);
     void directive(Directive directive, const char* at, const char* p);
-    bool mayNameSymbol(const char* p) const;
+    bool namesSymbol(const char* p, const char* next) const;
     void reportKeyword(std::string_view word, const char* p, bool isDirective);
     void reportUnknown(std::string_view word, const char* p, std::string_view label);
     void reportUnexpected(const char* p, std::string_view label);
