@@ -7,12 +7,12 @@
 #include "model/Paths.h"
 #include "model/ProjectFiles.h"
 #include "model/ProjectNavigationSettingItem.h"
-#include "model/ProjectRegistry.h"
 #include "model/StructureFile.h"
 #include "navigation/NewFileWriter.h"
 #include "navigation/ProjectNavigationController.h"
 #include "navigation/ProjectNavigationMenuClickedOptions.h"
 #include "navigation/SameProject.h"
+#include "navigation/StoredProject.h"
 #include "newitem/CreateNewFileController.h"
 #include "newitem/CreateNewProjectController.h"
 #include "newitem/Sheet.h"
@@ -32,32 +32,6 @@ constexpr int TreeWidth = 240;
 constexpr int PanesWidth = 760;
 constexpr int SmallestTreeWidth = 120;
 constexpr int SmallestPanesWidth = 280;
-
-/// The tree in the project's structure file; nothing when it cannot be read.
-std::shared_ptr<ProjectItem> storedTree(const ProjectItem& project) {
-    const auto structure = NESBuildSettings::fetchProjectFileStructureConfigurationFile(project);
-    return structure ? StructureFile::project(*structure, project.itemPath()) : nullptr;
-}
-
-/// Makes the project and its structure file hold what either of them does. A file that cannot be
-/// understood stays until the next save, which keeps a backup of it.
-void uniteWithStructureFile(const std::shared_ptr<ProjectItem>& project) {
-    if (!StructureFile::adoptExisting(project)) {
-        return;
-    }
-    const auto stored = storedTree(*project);
-    if (stored && stored->toDictionary() != project->toDictionary()) {
-        StructureFile::save(*project);
-    }
-}
-
-bool isRegistered(const ProjectItem& project) {
-    const auto entries = ProjectRegistry::entries();
-    return std::any_of(entries.begin(), entries.end(), [&](const ProjectRegistry::Entry& entry) {
-        return entry.name == project.itemName() &&
-               pathText(entry.path) == pathText(project.itemPath());
-    });
-}
 
 } // namespace
 
@@ -127,7 +101,7 @@ void EditorContainerController::prepare(QWidget* destination) {
 void EditorContainerController::viewDidLoad() {
     ProjectItems projects = FileProcessor::loadRecentlyConfiguredProjects();
     for (std::shared_ptr<ProjectItem>& project : projects) {
-        if (auto tree = storedTree(*project)) {
+        if (auto tree = StoredProject::tree(*project)) {
             project = std::move(tree);
         }
     }
@@ -407,11 +381,12 @@ bool EditorContainerController::addProjectToEditor(const std::shared_ptr<Project
     if (!FileProcessor::createFilesForNewProject(newProject)) {
         return false;
     }
-    uniteWithStructureFile(newProject);
+    StoredProject::uniteWith(newProject);
     NESBuildSettings settings(newProject);
     m_projectNavigationController->add(newProject);
     settings.addNewFile(newProject);
-    return isRegistered(*newProject) || FileProcessor::saveToRecentlyConfiguredProjects(newProject);
+    return StoredProject::isRegistered(*newProject) ||
+           FileProcessor::saveToRecentlyConfiguredProjects(newProject);
 }
 
 void EditorContainerController::delete_() {
