@@ -1,7 +1,6 @@
 // How a selector draws itself.
 #include "chrcanvas/BoxPainter.h"
 #include "chrcanvas/BoxSelectorView.h"
-#include "chrcanvas/ColorWords.h"
 
 #include <QPainter>
 #include <QPaintEvent>
@@ -35,7 +34,7 @@ void BoxSelectorView::paintBoxes(BoxPainter& boxes, const QRegion& region) {
             const QRect rect = grid().rect({number, box});
             if (region.intersects(rect)) {
                 const ColorEntry entry = shownEntry({number, box});
-                boxes.box(rect, entry.color, boxText(entry), isToBeAvoided(entry.key));
+                boxes.box(rect, entry.color, boxText({number, box}, entry), isCrossedOut(entry));
             }
         }
     }

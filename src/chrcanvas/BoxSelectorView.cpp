@@ -199,7 +199,11 @@ QString BoxSelectorView::paletteLabel(int /*paletteNumber*/) const {
     return {};
 }
 
-QString BoxSelectorView::boxText(const ColorEntry& entry) const {
+bool BoxSelectorView::isCrossedOut(const ColorEntry& entry) const {
+    return isToBeAvoided(entry.key);
+}
+
+QString BoxSelectorView::boxText(PaletteBox /*box*/, const ColorEntry& entry) const {
     return indexDigits(entry.key);
 }
 

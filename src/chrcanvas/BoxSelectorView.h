@@ -71,7 +71,9 @@ protected:
     /// The text before a palette's boxes; none at first.
     virtual QString paletteLabel(int paletteNumber) const;
     /// The text on a box.
-    virtual QString boxText(const ColorEntry& entry) const;
+    virtual QString boxText(PaletteBox box, const ColorEntry& entry) const;
+    /// Whether the text on a box is crossed out: colours that are to be avoided are.
+    virtual bool isCrossedOut(const ColorEntry& entry) const;
     /// A box's place and index in words: "Colour 2 of 4, index $16".
     virtual QString placeAndIndex(PaletteBox box, const QString& index) const;
 

@@ -18,8 +18,18 @@ ColorSelector::ColorSelector(QWidget* parent)
     setAccessibleName(tr("Colours of the palette"));
 }
 
-QString ColorSelector::boxText(const ColorEntry& entry) const {
-    return QLatin1Char('$') + BoxSelectorView::boxText(entry);
+void ColorSelector::setShowsNumbers(bool showsNumbers) {
+    m_showsNumbers = showsNumbers;
+    QWidget::update();
+}
+
+QString ColorSelector::boxText(PaletteBox box, const ColorEntry& entry) const {
+    return m_showsNumbers ? QString::number(box.box)
+                          : QLatin1Char('$') + BoxSelectorView::boxText(box, entry);
+}
+
+bool ColorSelector::isCrossedOut(const ColorEntry& entry) const {
+    return !m_showsNumbers && BoxSelectorView::isCrossedOut(entry);
 }
 
 } // namespace kestrel

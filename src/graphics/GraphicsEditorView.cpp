@@ -24,6 +24,8 @@ namespace {
 
 constexpr int IconSide = 16;
 constexpr int SelectorWidth = 200;
+/// Puts the file's name and the button where the other editors have them.
+constexpr QMargins PaneMargins(8, 4, 8, 8);
 
 void name(QWidget& widget, const char* objectName, const QString& accessibleName) {
     widget.setObjectName(QString::fromLatin1(objectName));
@@ -105,6 +107,7 @@ void GraphicsEditorView::layOut(QToolBar* toolBar) {
     rightColumn->setContentsMargins(0, 0, 0, 0);
     rightColumn->addWidget(new ThinFrame(*m_pixelEditor, right), 1);
     m_colorSelector->setMaximumWidth(SelectorWidth);
+    m_colorSelector->setShowsNumbers(true);
     rightColumn->addWidget(m_colorSelector);
     auto* splitter = new QSplitter(this);
     splitter->setObjectName(QStringLiteral("graphicsSplitter"));
@@ -116,6 +119,7 @@ void GraphicsEditorView::layOut(QToolBar* toolBar) {
     top->addWidget(m_fileName, 1);
     top->addWidget(m_saveButton);
     auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(PaneMargins);
     column->addLayout(top);
     column->addWidget(toolBar);
     column->addWidget(splitter, 1);

@@ -6,15 +6,20 @@
 #include "panes/ElidedLabel.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QKeySequence>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QStyle>
+
+#include <algorithm>
 
 namespace kestrel {
 
 namespace {
 
-constexpr int Margin = 16;
+constexpr int Margin = 8;
+constexpr int ColumnSpacing = 24;
 
 } // namespace
 
@@ -37,34 +42,35 @@ void PaletteEditorView::buildHeader(QBoxLayout& layout) {
         tr("Save the palettes (%1)")
             .arg(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText)));
     auto* header = new QHBoxLayout;
-    header->setContentsMargins(Margin, Margin, Margin, 0);
+    header->setContentsMargins(Margin, Margin / 2, Margin, Margin / 2);
     header->addWidget(m_fileName, 1);
     header->addWidget(m_saveButton);
     layout.addLayout(header);
 }
 
 void PaletteEditorView::buildSelectors(QBoxLayout& layout) {
-    auto* scrollArea = new QScrollArea(this);
-    scrollArea->setObjectName(QStringLiteral("paletteScrollArea"));
-    scrollArea->setFrameShape(QFrame::NoFrame);
-    scrollArea->setWidgetResizable(true);
-    scrollArea->setFocusPolicy(Qt::NoFocus);
+    m_scrollArea = new QScrollArea(this);
+    m_scrollArea->setObjectName(QStringLiteral("paletteScrollArea"));
+    m_scrollArea->setFrameShape(QFrame::NoFrame);
+    m_scrollArea->setWidgetResizable(true);
+    m_scrollArea->setFocusPolicy(Qt::NoFocus);
     m_selectors = new QWidget;
-    scrollArea->setWidget(m_selectors);
-    layout.addWidget(scrollArea, 1);
+    m_scrollArea->setWidget(m_selectors);
+    m_selectors->installEventFilter(this);
+    layout.addWidget(m_scrollArea, 1);
 
     m_paletteSelector = new PaletteSelector(m_selectors);
     m_colorSelector = new ColorSelector(m_selectors);
     m_generalSelectableColors = new GeneralColorSelector(m_selectors);
 
     m_columns = new QBoxLayout(QBoxLayout::LeftToRight, m_selectors);
-    m_columns->setContentsMargins(Margin, Margin / 2, Margin, Margin);
-    m_columns->setSpacing(2 * Margin);
+    m_columns->setContentsMargins(Margin, Margin, Margin, Margin);
+    m_columns->setSpacing(ColumnSpacing);
     QBoxLayout* palettes = column(m_selectors, tr("Palettes"), m_paletteSelector);
     palettes->addStretch();
     m_columns->addLayout(palettes);
     QBoxLayout* colors = column(m_selectors, tr("Colours of the palette"), m_colorSelector);
-    colors->addSpacing(Margin);
+    colors->addSpacing(2 * Margin);
     colors->addLayout(column(m_selectors, tr("All colours"), m_generalSelectableColors));
     colors->addStretch();
     m_columns->addLayout(colors, 1);
@@ -76,9 +82,9 @@ void PaletteEditorView::buildDescription(QBoxLayout& layout) {
     description->setTextFormat(Qt::PlainText);
     description->setWordWrap(true);
     description->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    description->setContentsMargins(Margin, 0, Margin, Margin / 2);
+    description->setContentsMargins(Margin, 0, Margin, Margin);
     // Room for two lines, so that nothing moves when the text changes.
-    description->setMinimumHeight(2 * fontMetrics().lineSpacing() + Margin / 2);
+    description->setMinimumHeight(2 * fontMetrics().lineSpacing() + Margin);
     layout.addWidget(description);
     for (const BoxSelectorView* selector : std::initializer_list<const BoxSelectorView*>{
              m_paletteSelector, m_colorSelector, m_generalSelectableColors}) {
@@ -120,8 +126,23 @@ void PaletteEditorView::setFileName(const QString& name, bool changed) {
 
 void PaletteEditorView::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    const int sideBySide = m_paletteSelector->sizeHint().width() +
-                           m_generalSelectableColors->minimumSizeHint().width() + 5 * Margin;
+    arrangeColumns();
+}
+
+bool PaletteEditorView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::LayoutRequest) {
+        arrangeColumns(); // the selectors have other palettes and so another size
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void PaletteEditorView::arrangeColumns() {
+    const QSize palettes = m_columns->itemAt(0)->minimumSize();
+    const QSize colors = m_columns->itemAt(1)->minimumSize();
+    int sideBySide = palettes.width() + ColumnSpacing + colors.width() + 2 * Margin;
+    if (std::max(palettes.height(), colors.height()) + 2 * Margin > m_scrollArea->height()) {
+        sideBySide += style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    }
     m_columns->setDirection(width() < sideBySide ? QBoxLayout::TopToBottom
                                                  : QBoxLayout::LeftToRight);
 }

@@ -5,6 +5,7 @@
 
 class QBoxLayout;
 class QPushButton;
+class QScrollArea;
 
 namespace kestrel {
 
@@ -31,11 +32,14 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildHeader(QBoxLayout& layout);
     void buildSelectors(QBoxLayout& layout);
     void buildDescription(QBoxLayout& layout);
+    /// Puts the columns side by side where they fit, else one below the other.
+    void arrangeColumns();
     QBoxLayout* column(QWidget* parent, const QString& heading, QWidget* selector);
 
     QPointer<ElidedLabel> m_fileName;
@@ -43,6 +47,7 @@ private:
     QPointer<PaletteSelector> m_paletteSelector;
     QPointer<ColorSelector> m_colorSelector;
     QPointer<GeneralColorSelector> m_generalSelectableColors;
+    QPointer<QScrollArea> m_scrollArea;
     QPointer<QWidget> m_selectors;
     QPointer<QBoxLayout> m_columns;
 };

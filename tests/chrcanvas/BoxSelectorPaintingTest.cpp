@@ -117,6 +117,21 @@ TEST(BoxSelectorPainting, EveryMasterColourIsShownWithItsIndexOnIt) {
     }
 }
 
+TEST(BoxSelectorPainting, NumbersInPlaceOfIndexesLeaveNothingOfTheIndexes) {
+    const auto shown = [](std::uint8_t key, bool showsNumbers) {
+        ColorSelector view;
+        view.setShowsNumbers(showsNumbers);
+        view.setPalettes({evenPalette(key)});
+        makeWhiteAndShow(view);
+        return imageOf(view, 1);
+    };
+    // Both are black, and only one is to be avoided.
+    EXPECT_EQ(colorOf(0x0D), colorOf(0x0E));
+    EXPECT_NE(shown(0x0D, false), shown(0x0E, false));
+    EXPECT_EQ(shown(0x0D, true), shown(0x0E, true));
+    EXPECT_NE(shown(0x0E, true), shown(0x0E, false));
+}
+
 TEST(BoxSelectorPainting, TheMarkIsAShapeOnEveryColour) {
     ColorSelector view;
     for (std::uint8_t key = 0; key < MasterColorCount; ++key) {

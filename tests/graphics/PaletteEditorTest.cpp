@@ -479,6 +479,26 @@ TEST_F(PaletteEditor, FitsANarrowWindowAndALongName) {
     }));
 }
 
+TEST_F(PaletteEditor, NeverNeedsToBeScrolledSideways) {
+    path = folder.write("game.pal", countingFile());
+    for (int width = 400; width < 900; width += 9) {
+        for (const int height : {280, 800}) {
+            PaletteEditorController fresh;
+            fresh.resize(width, height);
+            fresh.show(); // so it has its size before it has palettes
+            ASSERT_TRUE(QTest::qWaitForWindowExposed(&fresh));
+            fresh.setFilePathForPalette(path);
+            fresh.update();
+            const auto* area = fresh.findChild<QScrollArea*>(QStringLiteral("paletteScrollArea"));
+            EXPECT_TRUE(QTest::qWaitFor([&] {
+                return fresh.paletteSelector->palettes().size() == 8 &&
+                       area->horizontalScrollBar()->maximum() == 0;
+            })) << width
+                << " x " << height;
+        }
+    }
+}
+
 TEST_F(PaletteEditor, TheTabKeyGoesInReadingOrder) {
     show(countingFile());
     pane.activateWindow();
