@@ -63,10 +63,15 @@ bool Diagnostics::isRepeated(const Position& position, bool isError) {
         return isError && std::exchange(origin.reported, true);
     if (origin.kind != Origin::Kind::Repeat)
         return false;
+    // A repetition within others begins anew with each of their rounds: they are one place.
+    OriginId outermost = position.origin;
+    for (OriginId parent = origin.parent;
+         parent != kNoOrigin && m_origins[parent].kind == Origin::Kind::Repeat;
+         parent = m_origins[parent].parent)
+        outermost = parent;
     // What is noted must not come to stand for another place.
-    origin.kept = true;
-    return !m_repeatedPlaces.emplace(position.origin, position.number, position.column, isError)
-                .second;
+    m_origins[outermost].kept = true;
+    return !m_repeatedPlaces.emplace(outermost, position.number, position.column, isError).second;
 }
 
 std::vector<std::uint32_t> Diagnostics::linesWithErrors() const {

@@ -53,6 +53,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     nesasm::Options options;
     options.input = folder() + "input.asm";
     options.includeList = folder();
+    // So much takes a program that is not instrumented a fraction of a second.
+    options.mostWork = std::uint64_t{1} << 24U;
     for (std::size_t i = 0; i < nesasm::kWarningCount; ++i) {
         options.warnings.turn(static_cast<nesasm::Warning>(i), true);
     }

@@ -36,6 +36,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     nesasm::Options options;
     options.input = path;
+    // So much takes a program that is not instrumented a fraction of a second.
+    options.mostWork = std::uint64_t{1} << 24U;
     std::size_t shown = 0;
     nesasm::Assembler assembler(options, [&shown](std::string_view text) { shown += text.size(); });
     if (assembler.run() != nesasm::Assembler::Result::Built && shown == 0) {

@@ -1,0 +1,6 @@
+	.rept 3
+	.rept 2
+	lda nowhere
+	.endr
+	ldx nothing
+	.endr
