@@ -10,6 +10,7 @@
 #include <QAccessible>
 #include <QAction>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
@@ -56,11 +57,7 @@ GraphicsEditorView::GraphicsEditorView(QWidget* parent)
     connect(m_tileViewer, &TileCollection::tileHovered, this, &GraphicsEditorView::describeTile);
     connect(m_tileViewer, &TileCollection::selectionChanged, this, [this] { describeTile(-1); });
     connect(m_pixelEditor, &ChrCanvas::cursorMoved, this, &GraphicsEditorView::describePixel);
-    connect(m_pixelEditor, &ChrCanvas::colorPicked, m_colorSelector,
-            [selector = m_colorSelector](int box) {
-                selector->selectBoxNumber(box);
-                selector->redraw();
-            });
+    connect(m_pixelEditor, &ChrCanvas::colorPicked, this, &GraphicsEditorView::showColor);
 }
 
 void GraphicsEditorView::nameViews() {
@@ -141,6 +138,22 @@ void GraphicsEditorView::setTabOrder(const QToolBar& toolBar) {
         QWidget::setTabOrder(former, view);
         former = view;
     }
+}
+
+void GraphicsEditorView::keyPressEvent(QKeyEvent* event) {
+    const int box = event->key() - Qt::Key_0;
+    const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    if (modifiers != Qt::NoModifier || box < 0 || box >= PixelValues) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    m_pixelEditor->setCurrentColorBox(box);
+    showColor(box);
+}
+
+void GraphicsEditorView::showColor(int box) {
+    m_colorSelector->selectBoxNumber(box);
+    m_colorSelector->redraw();
 }
 
 void GraphicsEditorView::setFileName(const QString& name) {

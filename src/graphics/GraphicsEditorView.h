@@ -33,11 +33,17 @@ public:
     /// A sentence for the user below the views; an empty one takes it away.
     void setMessage(const QString& message);
 
+protected:
+    /// Lets 0 to 3 choose the colour wherever in the pane the keys go.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void nameViews();
     QToolBar* makeToolBar();
     void layOut(QToolBar* toolBar);
     void setTabOrder(const QToolBar& toolBar);
+    /// Marks the colour that is painted with.
+    void showColor(int box);
     void describeTile(int number);
     void describePixel();
 

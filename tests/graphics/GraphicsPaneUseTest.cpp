@@ -105,6 +105,19 @@ TEST_F(GraphicsPaneUse, KeysAndPickingMoveTheSelectorsMark) {
     EXPECT_EQ(m_pane.pixelEditor->currentColorBox(), 1);
 }
 
+TEST_F(GraphicsPaneUse, NumberKeysChooseTheColourWhereverTheFocusIs) {
+    QTest::keyClick(m_pane.tileViewer, Qt::Key_3);
+    EXPECT_EQ(m_pane.colorSelector->selectedBox(), 3);
+    EXPECT_EQ(m_pane.pixelEditor->currentColorBox(), 3);
+    QTest::keyClick(m_pane.colorSelector, Qt::Key_1, Qt::KeypadModifier);
+    EXPECT_EQ(m_pane.colorSelector->selectedBox(), 1);
+    EXPECT_EQ(m_pane.pixelEditor->currentColorBox(), 1);
+    QTest::keyClick(m_pane.tileViewer, Qt::Key_4);
+    QTest::keyClick(m_pane.tileViewer, Qt::Key_2, Qt::AltModifier);
+    EXPECT_EQ(m_pane.colorSelector->selectedBox(), 1);
+    EXPECT_EQ(m_pane.pixelEditor->currentColorBox(), 1);
+}
+
 TEST_F(GraphicsPaneUse, EachTransformationIsOneStepOfTheUndoHistory) {
     m_pane.tileViewer->selectBlock(5, 22);
     for (QAction* each : m_pane.editActions()) {
