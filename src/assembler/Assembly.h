@@ -14,6 +14,7 @@
 #include "assembler/SymbolTable.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -72,6 +73,9 @@ struct Assembly {
     Position keep(const char* p);
 
     void error(const char* p, std::string text) { diagnostics.error(at(p), std::move(text)); }
+    void error(const char* p, const std::function<std::string()>& text) {
+        diagnostics.error(at(p), text);
+    }
     void warn(Warning warning, const char* p, std::string text) {
         diagnostics.warning(warning, at(p), std::move(text));
     }

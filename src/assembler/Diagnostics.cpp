@@ -42,10 +42,20 @@ Diagnostics::Diagnostics(Origins& origins, TextSink sink, std::size_t largestErr
     , m_switches(switches) {}
 
 void Diagnostics::error(const Position& position, std::string text) {
-    if (m_stopped)
-        return;
-    if (isRepeated(position, true))
-        return;
+    if (!isDropped(position))
+        addError(position, std::move(text));
+}
+
+void Diagnostics::error(const Position& position, const std::function<std::string()>& text) {
+    if (!isDropped(position))
+        addError(position, text());
+}
+
+bool Diagnostics::isDropped(const Position& position) {
+    return m_stopped || isRepeated(position, true);
+}
+
+void Diagnostics::addError(const Position& position, std::string text) {
     ++m_errors;
     m_errorLines.push_back(position.order);
     add(position, true, std::move(text));

@@ -30,6 +30,8 @@ public:
     /// In a macro expansion only the first error is kept: the others come from the same mistake. In
     /// a repetition each place is reported once, and warned of once.
     void error(const Position& position, std::string text);
+    /// The same with a text that takes long to find; it is asked for only when it is shown.
+    void error(const Position& position, const std::function<std::string()>& text);
     /// Does nothing when that warning is off; counts as an error when the switches say so. Of each
     /// warning only the first fifty are shown.
     void warning(Warning warning, const Position& position, std::string text);
@@ -49,6 +51,7 @@ public:
     void finish();
 
 private:
+    bool isDropped(const Position& position);
     bool isRepeated(const Position& position, bool isError);
 
     struct Message {
@@ -58,6 +61,7 @@ private:
         std::string rendered; ///< source line, caret and chain, made while the line still exists
     };
 
+    void addError(const Position& position, std::string text);
     void add(const Position& position, bool isError, std::string text);
     std::string render(const Position& position) const;
     std::string chain(const Position& position) const;

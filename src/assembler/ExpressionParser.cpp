@@ -362,7 +362,8 @@ std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const c
     if (result.status == Evaluation::Status::Known)
         return result.value;
     if (result.status == Evaluation::Status::Unknown && !m_assembly.isIncomplete)
-        m_assembly.error(m_assembly.line.begin + result.column, unknownText(result, what));
+        m_assembly.error(m_assembly.line.begin + result.column,
+                         [&] { return unknownText(result, what); });
     return std::nullopt;
 }
 

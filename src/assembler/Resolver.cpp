@@ -104,7 +104,7 @@ void Resolver::reportUnknown(const Position& position, const Symbol& symbol) {
                               " is defined by itself: its value needs itself to be computed");
     else if (!m_assembly.isIncomplete &&
              !std::binary_search(m_wrongLines.begin(), m_wrongLines.end(), position.order))
-        diagnostics.error(position, undefinedText(symbol));
+        diagnostics.error(position, [&] { return undefinedText(symbol); });
 }
 
 std::string Resolver::undefinedText(const Symbol& symbol) const {

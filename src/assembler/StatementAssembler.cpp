@@ -312,6 +312,14 @@ void StatementAssembler::reportUnknown(std::string_view word, const char* p,
     constexpr std::size_t kMnemonicLength = 3;
     if (m_assembly.isIncomplete && !isDotted && word.size() != kMnemonicLength)
         return;
+    m_assembly.error(p, [&] { return unknownText(word, p, label); });
+    if (label.empty())
+        m_assembly.markBroken(word);
+}
+
+std::string StatementAssembler::unknownText(std::string_view word, const char* p,
+                                            std::string_view label) const {
+    const bool isDotted = word.starts_with('.');
     std::string text =
         isDotted ? "there is no directive " : "there is no instruction, directive or macro ";
     text += quoted(word);
@@ -320,8 +328,6 @@ void StatementAssembler::reportUnknown(std::string_view word, const char* p,
     const std::string remedy = isSymbol ? "" : remedyForWord(m_assembly, word);
     const std::string labelRemedy = label.empty() ? "" : remedyForWord(m_assembly, label);
     const char* const next = skipBlanks(p + word.size());
-    if (label.empty())
-        m_assembly.markBroken(word);
     if (label.empty() && (endsStatement(*next) || isStatementAt(next))) {
         const bool isForeign = isDotted && !isSymbol && !foreignWordAdvice(word.substr(1)).empty();
         if (remedy.starts_with(kAdvice))
@@ -339,7 +345,7 @@ void StatementAssembler::reportUnknown(std::string_view word, const char* p,
     } else if (!isDotted) {
         text += "; a macro is defined before it is called, and an indented label needs a colon";
     }
-    m_assembly.error(p, std::move(text));
+    return text;
 }
 
 /// `label`, without a colon, stands before what is wrong; it may be a misspelled word.
@@ -351,12 +357,14 @@ void StatementAssembler::reportUnexpected(const char* p, std::string_view label)
     }
     if (m_assembly.isIncomplete)
         return;
-    m_assembly.error(p, quoted(label) +
-                            " at the start of the line is a label here, so an "
-                            "instruction or a directive was expected, but " +
-                            foundText(p) + " was found" +
-                            (*p == ':' ? "; a label's colon stands directly behind its name"
-                                       : remedyForWord(m_assembly, label)));
+    m_assembly.error(p, [&] {
+        return quoted(label) +
+               " at the start of the line is a label here, so an "
+               "instruction or a directive was expected, but " +
+               foundText(p) + " was found" +
+               (*p == ':' ? "; a label's colon stands directly behind its name"
+                          : remedyForWord(m_assembly, label));
+    });
 }
 
 } // namespace nesasm

@@ -40,6 +40,7 @@ private:
     bool namesSymbol(const char* p, const char* next) const;
     void reportKeyword(std::string_view word, const char* p, bool isDirective);
     void reportUnknown(std::string_view word, const char* p, std::string_view label);
+    std::string unknownText(std::string_view word, const char* p, std::string_view label) const;
     void reportUnexpected(const char* p, std::string_view label);
     void endFrame();
 
