@@ -1,5 +1,6 @@
 #include "editors/BuildFileList.h"
 
+#include "chrcanvas/ThinFrame.h"
 #include "editors/BuildFileListModel.h"
 #include "editors/BuildFileTable.h"
 #include "editors/ProjectSettingCell.h"
@@ -31,7 +32,7 @@ BuildFileList::BuildFileList(const Names& names, QWidget* parent)
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(heading);
-    column->addWidget(m_table, 1);
+    column->addWidget(new ThinFrame(*m_table, this), 1);
     buildButtons(names);
     connect(m_table, &BuildFileTable::selectedRowChanged, this, &BuildFileList::updateButtons);
     connect(m_table, &BuildFileTable::deletePressed, m_subtractButton, &QPushButton::click);
