@@ -52,7 +52,12 @@ void Diagnostics::error(const Position& position, const std::function<std::strin
 }
 
 bool Diagnostics::isDropped(const Position& position) {
-    return m_stopped || isRepeated(position, true);
+    if (m_stopped)
+        return true;
+    if (!isRepeated(position, true))
+        return false;
+    m_errorLines.push_back(position.order); // wrong in this round, too
+    return true;
 }
 
 void Diagnostics::addError(const Position& position, std::string text) {

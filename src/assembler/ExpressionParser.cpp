@@ -381,10 +381,9 @@ std::string ExpressionParser::unknownText(const Evaluation& result, const char* 
     text += " needs it at once: ";
     if (!symbol.isDefined)
         return text.append("define it further up").append(remedyForSymbol(m_assembly, symbol));
-    return text +=
-           isSize
-               ? "it is known when the label's own line has ended"
-               : "it is made from a symbol that is defined only below it; move that one above it";
+    return text += isSize
+                       ? "it is known when the label's own line has ended"
+                       : "it is made from a symbol that is not known yet; define that one above it";
 }
 
 std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const char* what,

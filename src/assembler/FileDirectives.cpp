@@ -16,15 +16,22 @@ namespace {
 constexpr std::size_t kDeepestInclude = 64;
 constexpr std::size_t kMostNamesInRing = 8;
 constexpr std::size_t kTileSize = 16;
-/// What looking for a file in a repetition counts for.
+/// What looking for a file in a macro, a repetition or a file included again counts for.
 constexpr std::uint64_t kWorkOfSearch = 8000;
 /// What a byte of a data file counts for.
 constexpr std::uint64_t kWorkOfByte = 4;
 /// What a byte of a packed picture counts for beyond being read: it may stand for 63 pixels.
 constexpr std::uint64_t kWorkOfPackedByte = 16;
 
-std::string otherCaseText(const std::string& path) {
-    return "the file is spelled '" + path.substr(path.rfind('/') + 1) +
+/// As many parts of the path as the name has: a folder's case may be what differs.
+std::string otherCaseText(const std::string& path, std::string_view name) {
+    const auto isSeparator = [](char c) { return c == '/' || c == '\\'; };
+    auto parts = 1 + std::count_if(name.begin(), name.end(), isSeparator);
+    std::size_t begin = path.size();
+    while (parts-- > 0 && begin != 0 && begin != std::string::npos)
+        begin = path.rfind('/', begin - 1);
+    const std::size_t first = begin == std::string::npos ? 0 : begin + (path[begin] == '/' ? 1 : 0);
+    return "the file is spelled '" + path.substr(first) +
            "' on the disk: the build fails where letter case counts";
 }
 
@@ -59,7 +66,7 @@ std::string FileDirectives::openInput(const std::string& name) {
     if (found->caseDiffers)
         m_assembly.diagnostics.warning(Warning::FileCase,
                                        {nullptr, 0, 0, m_assembly.sources.top().origin, 0},
-                                       otherCaseText(found->path));
+                                       otherCaseText(found->path, name));
     return {};
 }
 
@@ -101,7 +108,8 @@ std::optional<std::string> FileDirectives::find(std::string_view name, const cha
         return std::nullopt;
     }
     if (found->caseDiffers)
-        m_assembly.warn(Warning::FileCase, at, otherCaseText(found->path) + "; spell it so here");
+        m_assembly.warn(Warning::FileCase, at,
+                        otherCaseText(found->path, name) + "; spell it so here");
     return found->path;
 }
 

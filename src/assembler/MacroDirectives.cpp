@@ -50,7 +50,10 @@ void MacroDirectives::defineNamedBehind(const char* p) {
 }
 
 void MacroDirectives::define(std::string_view name, const char* at, const char* p) {
-    if (!m_assembly.expectEnd(p, "; a macro's arguments have no names: \\1 to \\9 stand for them"))
+    const std::string_view remedy =
+        startsName(skipBlanks(p)) ? "; a macro's arguments have no names: \\1 to \\9 stand for them"
+                                  : "";
+    if (!m_assembly.expectEnd(p, remedy))
         markArgumentNames(p);
     const bool isFine = mayDefine(name, at);
     if (m_assembly.line.isShortLived)

@@ -33,7 +33,7 @@ std::string writtenOperand(const Position& position) {
     const char* const begin = position.line + position.column;
     const char* end = begin;
     while (!endsStatement(*end))
-        ++end;
+        end += *end == '\'' && end[1] == ';' && end[2] == '\'' ? 3 : 1;
     while (end > begin && isBlank(end[-1]))
         --end;
     const std::string_view text(begin, static_cast<std::size_t>(end - begin));

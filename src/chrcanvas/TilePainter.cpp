@@ -4,8 +4,6 @@
 #include <QRegion>
 
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
 
 namespace kestrel {
 

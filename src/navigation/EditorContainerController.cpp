@@ -189,7 +189,8 @@ void EditorContainerController::selectedRowWasChosenAgain() {
         return;
     }
     const auto item = m_projectNavigationController->selectedItem();
-    if (!m_shownPane.comeBack(item, selectedProject(), *m_commonController)) {
+    const bool showsNothing = item && item->itemFileType() == FileType::empty;
+    if (!showsNothing && !m_shownPane.comeBack(item, selectedProject(), *m_commonController)) {
         projectNavigation(item);
     }
 }
@@ -368,14 +369,18 @@ bool EditorContainerController::addProjectToEditor(const std::shared_ptr<Project
     }
     if (const auto present =
             findSameProject(m_projectNavigationController->allItems(), *newProject)) {
-        // Made again by name, one that lost its project file gets a new one.
+        // One that lost its project file gets a new one, below "Kestrel" like any other.
         if (!existsAt(projectFileLocation(present->itemPath(), present->itemName()))) {
             if (!FileProcessor::createFilesForNewProject(present)) {
                 return false;
             }
             m_projectNavigationController->reloadFileStatusForNavigationContent();
         }
+        const bool wasSelected = m_projectNavigationController->selectedItem() == present;
         m_projectNavigationController->select(present);
+        if (wasSelected) {
+            selectedRowWasChosenAgain(); // from behind the message that its file is gone
+        }
         return true;
     }
     if (!FileProcessor::createFilesForNewProject(newProject)) {

@@ -104,6 +104,20 @@ TEST_F(ContainerProject, OneThatLostItsProjectFileGetsItBackWhenItIsMadeAgainByN
     EXPECT_EQ(panes()->projectSettings->currentProject(), root(1));
 }
 
+TEST_F(ContainerProject, OneThatGetsItsProjectFileBackWhileItIsSelectedShowsItsSettingsAgain) {
+    makeProject("Game");
+    makeProject("Other");
+    start();
+    view().selectIndex(tree().model()->index(1, 0));
+    const auto file = home.path() / "Kestrel/Game/Game.kst";
+    std::filesystem::remove(file);
+    view().selectIndex(tree().model()->index(0, 0));
+    ASSERT_EQ(panes()->currentWidget(), panes()->emptyController);
+    EXPECT_TRUE(container->addProjectToEditor(newNode("Game")));
+    EXPECT_TRUE(existsAt(file));
+    EXPECT_EQ(panes()->currentWidget(), panes()->projectSettings);
+}
+
 TEST_F(ContainerProject, OneThatIsRegisteredTwiceIsOneTreeSoThatNoRowOverwritesTheOthersChanges) {
     const Node game = makeProject("Game", {fileOf("Game", "a.asm", FileType::text)});
     ASSERT_TRUE(FileProcessor::saveToRecentlyConfiguredProjects(game));

@@ -1,0 +1,3 @@
+	.rept 2
+	.db nowhere, $1G
+	.endr
