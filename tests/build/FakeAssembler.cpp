@@ -31,7 +31,9 @@ std::filesystem::path projectFolder() {
 
 void writeRecord(int argc, char** argv) {
     const auto record = projectFolder() / "record";
-    std::ofstream out(record.string() + ".new");
+    // Two that run at the same time must not take each other's half-written file.
+    const auto unfinished = record.string() + "." + std::to_string(getpid());
+    std::ofstream out(unfinished);
     for (int i = 1; i < argc; ++i) {
         out << "argument " << argv[i] << '\n';
     }
@@ -43,7 +45,7 @@ void writeRecord(int argc, char** argv) {
     out << "group " << (getpgrp() == getpid() ? "own" : "inherited") << '\n';
     std::ofstream(projectFolder() / "process") << getpid() << '\n';
     out.close();
-    std::filesystem::rename(record.string() + ".new", record);
+    std::filesystem::rename(unfinished, record);
 }
 
 void writeAll(const std::string& bytes) {
