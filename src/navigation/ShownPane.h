@@ -12,8 +12,8 @@ namespace kestrel {
 class CommonEditorControllers;
 
 /// Remembers which pane was shown for the selected node, so that it can come back from behind a
-/// message as it was, with what was typed in it (the palette
-/// pane reads its file whenever it is shown).
+/// message as it was, with what was typed in it (the palette pane reads its file whenever it is
+/// shown).
 class ShownPane {
 public:
     /// To be called when `panes` was asked to show the selected node.
