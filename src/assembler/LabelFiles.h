@@ -1,7 +1,5 @@
 #pragma once
 
-#include "assembler/Options.h"
-
 #include <cstdint>
 #include <string>
 #include <string_view>

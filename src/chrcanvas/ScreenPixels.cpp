@@ -1,6 +1,7 @@
 #include "chrcanvas/ScreenPixels.h"
 
 #include <QPainter>
+#include <QRegion>
 #include <QTransform>
 #include <QWidget>
 
@@ -62,6 +63,13 @@ QRect screenRect(const QWidget& widget, const QRect& rect) {
 
 int thinLine(const QWidget& widget) {
     return std::max(1, static_cast<int>(std::floor(widget.devicePixelRatioF())));
+}
+
+void drawOutline(QPainter& painter, const QRect& rect, int thickness, const QColor& color) {
+    const QRect inside = rect.adjusted(thickness, thickness, -thickness, -thickness);
+    for (const QRect& side : QRegion(rect) - inside) {
+        painter.fillRect(side, color);
+    }
 }
 
 } // namespace kestrel

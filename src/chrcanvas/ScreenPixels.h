@@ -4,6 +4,7 @@
 #include <QRect>
 #include <QSize>
 
+class QColor;
 class QPainter;
 class QWidget;
 
@@ -28,5 +29,8 @@ QRect screenRect(const QWidget& widget, const QRect& rect);
 
 /// The width of a line that looks like one unit of the toolkit: at least one pixel of the screen.
 int thinLine(const QWidget& widget);
+
+/// Draws a frame just inside `rect`. The painter counts in pixels of the screen.
+void drawOutline(QPainter& painter, const QRect& rect, int thickness, const QColor& color);
 
 } // namespace kestrel

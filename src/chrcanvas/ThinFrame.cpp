@@ -1,7 +1,6 @@
 #include "chrcanvas/ThinFrame.h"
 
 #include "chrcanvas/ScreenPixels.h"
-#include "chrcanvas/TilePainter.h"
 
 #include <QAbstractScrollArea>
 #include <QPainter>

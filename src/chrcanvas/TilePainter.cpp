@@ -115,11 +115,4 @@ void TilePainter::drawRow(const TileArea& area, const QRect& cells, int row, QRg
     }
 }
 
-void drawOutline(QPainter& painter, const QRect& rect, int thickness, const QColor& color) {
-    const QRect inside = rect.adjusted(thickness, thickness, -thickness, -thickness);
-    for (const QRect& side : QRegion(rect) - inside) {
-        painter.fillRect(side, color);
-    }
-}
-
 } // namespace kestrel

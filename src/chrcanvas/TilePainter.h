@@ -50,7 +50,4 @@ private:
     std::vector<const TileBytes*> m_row;
 };
 
-/// Draws a frame just inside `rect`. The painter counts in pixels of the screen.
-void drawOutline(QPainter& painter, const QRect& rect, int thickness, const QColor& color);
-
 } // namespace kestrel
