@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editors/CodeEditorTextView.h"
-#include "editors/SourceCodec.h"
+#include "editors/code/CodeEditorTextView.h"
+#include "editors/code/SourceCodec.h"
 
 #include <QApplication>
 #include <QPlainTextEdit>

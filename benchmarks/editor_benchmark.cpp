@@ -2,8 +2,8 @@
 // memory), typing at its end, painting the ruler, saving, finding.
 #include "EditorViews.h"
 
-#include "editors/LineNumberRulerView.h"
-#include "editors/TextSearch.h"
+#include "editors/code/LineNumberRulerView.h"
+#include "editors/code/TextSearch.h"
 
 #include <benchmark/benchmark.h>
 #include <QImage>

@@ -2,10 +2,10 @@
 // only keeps and hands out names: load, expand all, insert, delete, refresh. Each step ends with
 // the window painted.
 #include "model/ProjectNavigationSettingItem.h"
-#include "navigation/NotificationCentre.h"
-#include "navigation/OutlineView.h"
-#include "navigation/ProjectNavigationController.h"
-#include "navigation/ProjectNavigationModel.h"
+#include "navigation/tree/NotificationCentre.h"
+#include "navigation/tree/OutlineView.h"
+#include "navigation/tree/ProjectNavigationController.h"
+#include "navigation/tree/ProjectNavigationModel.h"
 
 #include <benchmark/benchmark.h>
 #include <QAbstractItemModel>

@@ -1,9 +1,9 @@
 // Tiles of the largest file (2040 KiB) beside those of a small one (8 KiB), and beside copying as
 // many bytes as the visible picture has: opening a file in the pane, loading, repainting,
 // scrolling, selecting, a stroke of 1,000 samples with both views following.
-#include "chrcanvas/ChrCanvas.h"
-#include "chrcanvas/ConsoleDataFactory.h"
-#include "chrcanvas/TileCollection.h"
+#include "chrcanvas/data/ConsoleDataFactory.h"
+#include "chrcanvas/views/ChrCanvas.h"
+#include "chrcanvas/views/TileCollection.h"
 #include "graphics/GraphicsEditorController.h"
 #include "model/ProjectNavigationSettingItem.h"
 

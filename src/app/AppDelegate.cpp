@@ -4,7 +4,7 @@
 #include "app/Window.h"
 #include "model/FileProcessor.h"
 #include "model/StructureFile.h"
-#include "navigation/EditorContainerController.h"
+#include "navigation/container/EditorContainerController.h"
 
 #include <QAction>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "app/ConsoleOutput.h"
 
-#include "panes/FixedFont.h"
+#include "widgets/FixedFont.h"
 
 #include <QElapsedTimer>
 #include <QScrollBar>

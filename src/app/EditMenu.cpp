@@ -1,8 +1,8 @@
 #include "app/EditMenu.h"
 
 #include "app/EditOperations.h"
-#include "navigation/EditorContainerController.h"
-#include "navigation/ProjectNavigationController.h"
+#include "navigation/container/EditorContainerController.h"
+#include "navigation/tree/ProjectNavigationController.h"
 
 #include <QApplication>
 #include <QMenu>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panes/EditTarget.h"
+#include "widgets/EditTarget.h"
 
 class QWidget;
 

@@ -3,9 +3,9 @@
 #include "app/EditMenu.h"
 #include "app/PaneMenus.h"
 #include "editors/CommonEditorControllers.h"
-#include "navigation/EditorContainerController.h"
-#include "navigation/Menu.h"
-#include "navigation/ProjectNavigationController.h"
+#include "navigation/container/EditorContainerController.h"
+#include "navigation/tree/Menu.h"
+#include "navigation/tree/ProjectNavigationController.h"
 
 #include <QMenu>
 #include <QMenuBar>

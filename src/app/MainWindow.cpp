@@ -5,9 +5,9 @@
 #include "app/MainWindowController.h"
 #include "app/Window.h"
 #include "app/WindowCommands.h"
-#include "navigation/EditorContainerController.h"
-#include "navigation/NodeRoot.h"
-#include "navigation/ProjectNavigationController.h"
+#include "navigation/container/EditorContainerController.h"
+#include "navigation/tree/NodeRoot.h"
+#include "navigation/tree/ProjectNavigationController.h"
 
 #include <QAction>
 #include <QGuiApplication>

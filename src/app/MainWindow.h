@@ -1,6 +1,6 @@
 #pragma once
 
-#include "navigation/NotificationCentre.h"
+#include "navigation/tree/NotificationCentre.h"
 
 #include <memory>
 

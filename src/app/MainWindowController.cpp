@@ -8,8 +8,8 @@
 #include "build/NESProjectBuilder.h"
 #include "model/FileProcessor.h"
 #include "model/StructureFile.h"
-#include "navigation/EditorContainerController.h"
-#include "navigation/ProjectNavigationController.h"
+#include "navigation/container/EditorContainerController.h"
+#include "navigation/tree/ProjectNavigationController.h"
 
 #include <QAction>
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "navigation/ProjectNavigationMenuClickedOptions.h"
-#include "panes/EditTarget.h"
+#include "navigation/tree/ProjectNavigationMenuClickedOptions.h"
+#include "widgets/EditTarget.h"
 
 #include <QKeySequence>
 #include <QLatin1String>

@@ -1,7 +1,7 @@
 #include "app/PaneMenus.h"
 
 #include "editors/CommonEditorControllers.h"
-#include "panes/EditorPane.h"
+#include "widgets/EditorPane.h"
 
 #include <QMenu>
 

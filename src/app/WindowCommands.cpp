@@ -4,10 +4,10 @@
 #include "app/UserGuideWindow.h"
 #include "editors/CommonEditorControllers.h"
 #include "icons/Icons.h"
-#include "navigation/EditorContainerController.h"
-#include "navigation/OutlineView.h"
-#include "navigation/ProjectNavigationController.h"
-#include "newitem/Sheet.h"
+#include "navigation/container/EditorContainerController.h"
+#include "navigation/tree/OutlineView.h"
+#include "navigation/tree/ProjectNavigationController.h"
+#include "widgets/Sheet.h"
 
 #include <QApplication>
 #include <QDir>

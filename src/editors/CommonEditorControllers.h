@@ -1,10 +1,10 @@
 #pragma once
 
+#include "editors/code/TextEditorController.h"
 #include "editors/DisplayController.h"
 #include "editors/EmptyController.h"
-#include "editors/ProjectSettingsController.h"
-#include "editors/ProjectSettingsDataSource.h"
-#include "editors/TextEditorController.h"
+#include "editors/settings/ProjectSettingsController.h"
+#include "editors/settings/ProjectSettingsDataSource.h"
 #include "graphics/GraphicsEditorController.h"
 #include "graphics/PaletteEditorController.h"
 

@@ -1,8 +1,8 @@
 #include "editors/DisplayController.h"
 
+#include "editors/code/TextEditorController.h"
 #include "editors/EmptyController.h"
-#include "editors/ProjectSettingsController.h"
-#include "editors/TextEditorController.h"
+#include "editors/settings/ProjectSettingsController.h"
 #include "graphics/GraphicsEditorController.h"
 #include "graphics/PaletteEditorController.h"
 #include "model/FileProcessor.h"

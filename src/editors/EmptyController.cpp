@@ -1,6 +1,6 @@
 #include "editors/EmptyController.h"
 
-#include "panes/LightPalette.h"
+#include "widgets/LightPalette.h"
 
 #include <QFont>
 #include <QVBoxLayout>

@@ -1,7 +1,7 @@
 #include "graphics/GraphicsActions.h"
 
-#include "chrcanvas/ChrCanvas.h"
-#include "chrcanvas/TileCollection.h"
+#include "chrcanvas/views/ChrCanvas.h"
+#include "chrcanvas/views/TileCollection.h"
 #include "icons/Icons.h"
 
 #include <QAction>

@@ -1,10 +1,10 @@
 #include "graphics/GraphicsEditorController.h"
 
-#include "chrcanvas/ChrCanvas.h"
-#include "chrcanvas/ColorSelector.h"
-#include "chrcanvas/ConsoleDataFactory.h"
-#include "chrcanvas/PaletteColors.h"
-#include "chrcanvas/TileCollection.h"
+#include "chrcanvas/data/ConsoleDataFactory.h"
+#include "chrcanvas/data/PaletteColors.h"
+#include "chrcanvas/views/ChrCanvas.h"
+#include "chrcanvas/views/ColorSelector.h"
+#include "chrcanvas/views/TileCollection.h"
 #include "graphics/GraphicsActions.h"
 #include "graphics/GraphicsEditorView.h"
 #include "graphics/TileClipboard.h"
@@ -12,7 +12,7 @@
 #include "model/FileReader.h"
 #include "model/Log.h"
 #include "model/Paths.h"
-#include "panes/LightPalette.h"
+#include "widgets/LightPalette.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "chrcanvas/BoxSelectorDelegate.h"
-#include "chrcanvas/ChrCanvasProtocol.h"
-#include "chrcanvas/NESPalette.h"
-#include "chrcanvas/TileCollectionDelegate.h"
-#include "chrcanvas/TileData.h"
+#include "chrcanvas/data/NESPalette.h"
+#include "chrcanvas/data/TileData.h"
+#include "chrcanvas/views/BoxSelectorDelegate.h"
+#include "chrcanvas/views/ChrCanvasProtocol.h"
+#include "chrcanvas/views/TileCollectionDelegate.h"
 #include "model/ErrorValue.h"
 #include "model/ProjectItem.h"
-#include "panes/EditorPane.h"
-#include "panes/EditTarget.h"
+#include "widgets/EditorPane.h"
+#include "widgets/EditTarget.h"
 
 #include <QPointer>
 #include <QWidget>

@@ -1,11 +1,11 @@
 #include "graphics/GraphicsEditorView.h"
 
-#include "chrcanvas/ChrCanvas.h"
-#include "chrcanvas/ColorSelector.h"
-#include "chrcanvas/ThinFrame.h"
-#include "chrcanvas/TileCollection.h"
+#include "chrcanvas/views/ChrCanvas.h"
+#include "chrcanvas/views/ColorSelector.h"
+#include "chrcanvas/views/TileCollection.h"
 #include "graphics/GraphicsActions.h"
-#include "panes/ElidedLabel.h"
+#include "widgets/ElidedLabel.h"
+#include "widgets/ThinFrame.h"
 
 #include <QAccessible>
 #include <QAction>

@@ -1,16 +1,16 @@
 #include "graphics/PaletteEditorController.h"
 
-#include "chrcanvas/BoxSelectorProtocol.h"
-#include "chrcanvas/GeneralNESColorPalette.h"
-#include "chrcanvas/MasterColors.h"
-#include "chrcanvas/PaletteFactory.h"
+#include "chrcanvas/data/GeneralNESColorPalette.h"
+#include "chrcanvas/data/MasterColors.h"
+#include "chrcanvas/data/PaletteFactory.h"
+#include "chrcanvas/views/BoxSelectorProtocol.h"
 #include "graphics/PaletteEditorView.h"
 #include "graphics/PaletteText.h"
 #include "model/FileProcessor.h"
 #include "model/FileReader.h"
 #include "model/FileWriter.h"
 #include "model/Log.h"
-#include "panes/LightPalette.h"
+#include "widgets/LightPalette.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

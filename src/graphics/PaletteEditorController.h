@@ -1,13 +1,13 @@
 #pragma once
 
-#include "chrcanvas/BoxSelectorDelegate.h"
-#include "chrcanvas/ColorSelector.h"
-#include "chrcanvas/GeneralColorSelector.h"
-#include "chrcanvas/NESPalette.h"
-#include "chrcanvas/PaletteSelector.h"
+#include "chrcanvas/data/NESPalette.h"
+#include "chrcanvas/views/BoxSelectorDelegate.h"
+#include "chrcanvas/views/ColorSelector.h"
+#include "chrcanvas/views/GeneralColorSelector.h"
+#include "chrcanvas/views/PaletteSelector.h"
 #include "graphics/PaletteHistory.h"
-#include "panes/EditorPane.h"
-#include "panes/EditTarget.h"
+#include "widgets/EditorPane.h"
+#include "widgets/EditTarget.h"
 
 #include <QPointer>
 #include <QPushButton>

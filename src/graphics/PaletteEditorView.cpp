@@ -1,9 +1,9 @@
 #include "graphics/PaletteEditorView.h"
 
-#include "chrcanvas/ColorSelector.h"
-#include "chrcanvas/GeneralColorSelector.h"
-#include "chrcanvas/PaletteSelector.h"
-#include "panes/ElidedLabel.h"
+#include "chrcanvas/views/ColorSelector.h"
+#include "chrcanvas/views/GeneralColorSelector.h"
+#include "chrcanvas/views/PaletteSelector.h"
+#include "widgets/ElidedLabel.h"
 
 #include <QBoxLayout>
 #include <QEvent>

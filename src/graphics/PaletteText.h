@@ -1,6 +1,6 @@
 #pragma once
 
-#include "chrcanvas/PaletteProtocol.h"
+#include "chrcanvas/data/PaletteProtocol.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "chrcanvas/TileClip.h"
-#include "chrcanvas/TileRenderer.h"
+#include "chrcanvas/data/TileClip.h"
+#include "chrcanvas/data/TileRenderer.h"
 
 #include <QCoreApplication>
 #include <QImage>

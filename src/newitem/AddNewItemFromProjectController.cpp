@@ -1,7 +1,7 @@
 #include "newitem/AddNewItemFromProjectController.h"
 
-#include "navigation/ProjectNavigationModel.h"
-#include "newitem/Sheet.h"
+#include "navigation/tree/ProjectNavigationModel.h"
+#include "widgets/Sheet.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>

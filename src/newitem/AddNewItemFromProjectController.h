@@ -1,7 +1,7 @@
 #pragma once
 
-#include "navigation/OutlineView.h"
-#include "navigation/ProjectNavigationController.h"
+#include "navigation/tree/OutlineView.h"
+#include "navigation/tree/ProjectNavigationController.h"
 
 #include <QLineEdit>
 #include <QPushButton>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "newitem/NewItemType.h"
+#include "newitem/types/NewItemType.h"
 
 #include <QListView>
 #include <QPointer>

@@ -2,7 +2,7 @@
 
 #include "model/ProjectItem.h"
 #include "newitem/AddNewItemController.h"
-#include "newitem/Sheet.h"
+#include "widgets/Sheet.h"
 
 #include <utility>
 

@@ -2,7 +2,7 @@
 
 #include "model/ErrorValue.h"
 #include "newitem/AddNewItemControllerDelegate.h"
-#include "newitem/NewItemType.h"
+#include "newitem/types/NewItemType.h"
 
 #include <QPointer>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "app/ConsoleProjectsDocument.h"
 #include "app/KestrelDocumentController.h"
 #include "app/WindowFixture.h"
-#include "newitem/Sheet.h"
+#include "widgets/Sheet.h"
 
 #include <QFileOpenEvent>
 

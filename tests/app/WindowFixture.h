@@ -9,8 +9,8 @@
 #include "build/NESBuildSettings.h"
 #include "build/NESProjectBuilder.h"
 #include "model/FileProcessor.h"
-#include "navigation/EditorContainerController.h"
-#include "navigation/NavigationFixture.h"
+#include "navigation/container/EditorContainerController.h"
+#include "navigation/tree/NavigationFixture.h"
 
 #include <QAction>
 #include <QMenu>

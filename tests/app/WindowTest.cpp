@@ -1,9 +1,9 @@
 #include "app/MenuEntry.h"
 #include "app/WindowFixture.h"
 #include "editors/CommonEditorControllers.h"
-#include "navigation/Menu.h"
-#include "newitem/Sheet.h"
-#include "panes/EditorPane.h"
+#include "navigation/tree/Menu.h"
+#include "widgets/EditorPane.h"
+#include "widgets/Sheet.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

@@ -14,7 +14,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-CASES = Path(__file__).resolve().parent
+CASES = Path(__file__).resolve().parent / "cases"
 
 
 def settings(source):

@@ -42,13 +42,13 @@ def options(program):
 
 
 def warnings():
-    return re.findall(r'\{"([a-z-]+)", (?:true|false)', table("Warnings.h", "warningTable{{"))
+    return re.findall(r'\{"([a-z-]+)", (?:true|false)', table("messages/Warnings.h", "warningTable{{"))
 
 
 def missing_names(manual, program):
-    directives = re.findall(r'\{"([a-z]+)", Directive::', table("Keywords.h", "directiveTable{{"))
-    functions = re.findall(r'\{"([a-z]+)", Function::', table("Keywords.h", "functionTable{{{"))
-    instructions = re.findall(r'makeInstruction\("([A-Z]{3})"', source("InstructionTable.h"))
+    directives = re.findall(r'\{"([a-z]+)", Directive::', table("language/Keywords.h", "directiveTable{{"))
+    functions = re.findall(r'\{"([a-z]+)", Function::', table("language/Keywords.h", "functionTable{{{"))
+    instructions = re.findall(r'makeInstruction\("([A-Z]{3})"', source("language/InstructionTable.h"))
     if min(len(directives), len(functions) * 5, len(instructions), len(warnings()) * 2) < 20:
         return ["the tables of the assembler's sources were not understood"]
     wanted = [f"`{name.upper()}(" for name in functions]
@@ -79,7 +79,7 @@ def literals(text):
 
 def said_in_sources():
     """The texts that messages are made of, with the file of each; names, advice and what is said elsewhere left out."""
-    for file in sorted((ROOT / "src/assembler").glob("*.[ch]*")):
+    for file in sorted((ROOT / "src/assembler").glob("*/*.[ch]*")):
         if file.name in NO_MESSAGES:
             continue
         for literal in literals(file.read_text()):
@@ -129,7 +129,7 @@ def rows_without_a_case(manual):
     """Every row shows up in a golden case, and every message of a golden case in a row."""
     forms = {row: form_of(row) for row in rows_of(manual)}
     unseen, problems, count = set(forms) - set(NO_CASE), [], 0
-    for file in sorted((ROOT / "tests/assembler").glob("*/*.out")):
+    for file in sorted((ROOT / "tests/assembler/cases").glob("*/*.out")):
         lines = file.read_text(errors="replace").split("\n")
         for line, quoted in zip(lines, lines[1:] + [""]):
             found = re.match(r"(?:\S.*?: )?(?:error|warning): (.*)$", line)

@@ -1,6 +1,6 @@
 // Feeds the expression parser lines of text and compares what it makes of equal expressions.
-#include "assembler/Assembly.h"
-#include "assembler/ExpressionParser.h"
+#include "assembler/statements/Assembly.h"
+#include "assembler/statements/ExpressionParser.h"
 
 #include <cstddef>
 #include <cstdint>

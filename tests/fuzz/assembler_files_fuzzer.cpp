@@ -1,5 +1,5 @@
 // Feeds the assembler programs of several files: sources that include one another, data, pictures.
-#include "assembler/Assembler.h"
+#include "assembler/run/Assembler.h"
 
 #include <array>
 #include <cstddef>

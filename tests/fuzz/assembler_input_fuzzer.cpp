@@ -1,4 +1,4 @@
-#include "assembler/Assembler.h"
+#include "assembler/run/Assembler.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,8 +1,8 @@
 #include "graphics/GraphicsEditorController.h"
 
-#include "chrcanvas/ChrCanvas.h"
-#include "chrcanvas/ColorSelector.h"
-#include "chrcanvas/TileCollection.h"
+#include "chrcanvas/views/ChrCanvas.h"
+#include "chrcanvas/views/ColorSelector.h"
+#include "chrcanvas/views/TileCollection.h"
 #include "model/ProjectNavigationSettingItem.h"
 #include "support/ChildProcess.h"
 #include "support/LogCapture.h"

@@ -1,8 +1,8 @@
 // The graphics pane in a window, worked with mouse and keys: what opening, reopening and saving
 // files do to tiles, selection and marks.
-#include "chrcanvas/ChrCanvas.h"
-#include "chrcanvas/ColorSelector.h"
-#include "chrcanvas/TileCollection.h"
+#include "chrcanvas/views/ChrCanvas.h"
+#include "chrcanvas/views/ColorSelector.h"
+#include "chrcanvas/views/TileCollection.h"
 #include "graphics/GraphicsEditorController.h"
 #include "graphics/RecordingSelector.h"
 #include "model/ProjectNavigationSettingItem.h"

@@ -1,11 +1,11 @@
 // The graphics pane as it is used: by mouse and keys, through its menus, with the clipboard.
-#include "chrcanvas/ChrCanvas.h"
-#include "chrcanvas/ColorSelector.h"
-#include "chrcanvas/ThinFrame.h"
-#include "chrcanvas/TileCollection.h"
+#include "chrcanvas/views/ChrCanvas.h"
+#include "chrcanvas/views/ColorSelector.h"
+#include "chrcanvas/views/TileCollection.h"
 #include "graphics/GraphicsEditorController.h"
 #include "model/ProjectNavigationSettingItem.h"
 #include "support/TemporaryFolder.h"
+#include "widgets/ThinFrame.h"
 
 #include <gtest/gtest.h>
 #include <QAction>

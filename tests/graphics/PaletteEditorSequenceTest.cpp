@@ -1,5 +1,5 @@
-#include "chrcanvas/GeneralNESColorPalette.h"
-#include "chrcanvas/MasterColors.h"
+#include "chrcanvas/data/GeneralNESColorPalette.h"
+#include "chrcanvas/data/MasterColors.h"
 #include "graphics/PaletteEditorController.h"
 #include "graphics/RecordingSelector.h"
 #include "support/LogCapture.h"

@@ -1,4 +1,4 @@
-#include "chrcanvas/MasterColors.h"
+#include "chrcanvas/data/MasterColors.h"
 #include "graphics/PaletteEditorController.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryFolder.h"

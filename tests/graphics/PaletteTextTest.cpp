@@ -1,7 +1,7 @@
 #include "graphics/PaletteText.h"
 
-#include "chrcanvas/MasterColors.h"
-#include "chrcanvas/NESPalette.h"
+#include "chrcanvas/data/MasterColors.h"
+#include "chrcanvas/data/NESPalette.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "chrcanvas/BoxSelectorView.h"
+#include "chrcanvas/views/BoxSelectorView.h"
 
 #include <algorithm>
 #include <memory>

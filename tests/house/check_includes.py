@@ -4,8 +4,7 @@
 - No include cycle between source files; a header and a source of one stem count as one file.
 - src/model and src/assembler include no Qt header; src/assembler no JSON header either and no other folder.
 - src/build includes no widget header.
-- In src/chrcanvas only the files listed as sources of kestrel_chrcanvas_views include Qt headers, and no other file
-  there includes one of them.
+- In src/chrcanvas only the files in views include Qt headers, and no other file there includes one of them.
 - No folder includes one that stands above it.
 """
 import re
@@ -25,13 +24,13 @@ MAY_INCLUDE = {
     "build": {"model"},
     "tools": {"model", "build"},
     "icons": set(),
-    "chrcanvas": set(),
-    "navigation": {"model", "build", "icons", "chrcanvas", "newitem", "editors"},
-    "newitem": {"model", "icons", "navigation", "chrcanvas"},
-    "panes": {"model"},
-    "graphics": {"model", "icons", "chrcanvas", "panes"},
-    "editors": {"model", "build", "icons", "navigation", "newitem", "chrcanvas", "panes", "graphics"},
-    "app": {"model", "build", "icons", "chrcanvas", "navigation", "newitem", "panes", "editors", "graphics"},
+    "chrcanvas": {"widgets"},
+    "navigation": {"model", "build", "icons", "chrcanvas", "newitem", "editors", "widgets"},
+    "newitem": {"model", "icons", "navigation", "chrcanvas", "widgets"},
+    "widgets": {"model"},
+    "graphics": {"model", "icons", "chrcanvas", "widgets"},
+    "editors": {"model", "build", "icons", "navigation", "newitem", "chrcanvas", "widgets", "graphics"},
+    "app": {"model", "build", "icons", "chrcanvas", "navigation", "newitem", "widgets", "editors", "graphics"},
 }
 
 
@@ -44,12 +43,9 @@ def read_includes(root):
 
 
 def view_stems(root):
-    """The files of src/chrcanvas that are views, as its build file lists them."""
-    listing = root / "src" / "chrcanvas" / "CMakeLists.txt"
-    if not listing.is_file():
-        return set()
-    found = re.search(r"\(kestrel_chrcanvas_views\s+SOURCES\s+([^)]*?)\s+LINKS", listing.read_text(encoding="utf-8"))
-    return {str(Path("chrcanvas", name).with_suffix("")) for name in found.group(1).split()} if found else set()
+    """The files of src/chrcanvas that are views."""
+    views = root / "src" / "chrcanvas" / "views"
+    return {str(path.relative_to(root / "src").with_suffix("")) for path in views.glob("*.*")}
 
 
 def find_cycle(graph):
@@ -126,11 +122,9 @@ def self_test():
             "model/A.h": "", "model/A.cpp": '#include "model/A.h"\n#include "model/B.h"\n',
             "model/B.h": "", "model/B.cpp": '#include "model/B.h"\n#include "model/A.h"\n'},
         "Qt in the tile data": {
-            "chrcanvas/CMakeLists.txt": "kestrel_widgets_library(kestrel_chrcanvas_views\n  SOURCES\n    B.h\n  LINKS x)\n",
-            "chrcanvas/A.h": "#include <QRect>\n", "chrcanvas/B.h": "#include <QWidget>\n"},
+            "chrcanvas/data/A.h": "#include <QRect>\n", "chrcanvas/views/B.h": "#include <QWidget>\n"},
         "a view in the tile data": {
-            "chrcanvas/CMakeLists.txt": "kestrel_widgets_library(kestrel_chrcanvas_views\n  SOURCES\n    B.h\n  LINKS x)\n",
-            "chrcanvas/A.h": '#include "chrcanvas/B.h"\n', "chrcanvas/B.h": ""},
+            "chrcanvas/data/A.h": '#include "chrcanvas/views/B.h"\n', "chrcanvas/views/B.h": ""},
         "model above build": {"model/A.h": '#include "build/B.h"\n', "build/B.h": ""},
         "an empty tree": {},
     }
@@ -148,10 +142,8 @@ def self_test():
     with tempfile.TemporaryDirectory() as folder:
         for file, text in {
                 "model/A.h": "#include <string>\n", "model/A.cpp": '#include "model/A.h"\n',
-                "chrcanvas/CMakeLists.txt":
-                    "kestrel_widgets_library(kestrel_chrcanvas_views\n  SOURCES\n    B.cpp B.h\n  LINKS x)\n",
-                "chrcanvas/A.h": "", "chrcanvas/B.h": '#include "chrcanvas/A.h"\n#include <QWidget>\n',
-                "chrcanvas/B.cpp": '#include "chrcanvas/B.h"\n'}.items():
+                "chrcanvas/data/A.h": "", "chrcanvas/views/B.h": '#include "chrcanvas/data/A.h"\n#include <QWidget>\n',
+                "chrcanvas/views/B.cpp": '#include "chrcanvas/views/B.h"\n'}.items():
             path = Path(folder) / "src" / file
             path.parent.mkdir(parents=True, exist_ok=True)
             path.write_text(text)

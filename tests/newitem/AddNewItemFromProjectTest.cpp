@@ -1,8 +1,8 @@
 #include "model/ProjectNavigationSettingItem.h"
-#include "navigation/OutlineView.h"
-#include "navigation/ProjectNavigationModel.h"
+#include "navigation/tree/OutlineView.h"
+#include "navigation/tree/ProjectNavigationModel.h"
 #include "newitem/AddNewItemFromProjectController.h"
-#include "newitem/Sheet.h"
+#include "widgets/Sheet.h"
 
 #include <gtest/gtest.h>
 #include <QAbstractItemModelTester>

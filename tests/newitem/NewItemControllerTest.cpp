@@ -1,5 +1,5 @@
 #include "icons/Icons.h"
-#include "newitem/NewItemObjectTypes.h"
+#include "newitem/types/NewItemObjectTypes.h"
 #include "newitem/WizardFixture.h"
 
 #include <QPointer>

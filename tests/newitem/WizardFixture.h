@@ -8,8 +8,8 @@
 #include "newitem/CreateNewItemController.h"
 #include "newitem/CreateNewItemPageController.h"
 #include "newitem/CreateNewProjectController.h"
-#include "newitem/Sheet.h"
 #include "support/TemporaryFolder.h"
+#include "widgets/Sheet.h"
 
 #include <gtest/gtest.h>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "assembler/unit/AssembledText.h"
 
-#include "assembler/Assembler.h"
-#include "assembler/ImageFile.h"
+#include "assembler/output/ImageFile.h"
+#include "assembler/run/Assembler.h"
 #include "support/TemporaryFolder.h"
 
 namespace nesasm::test {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "assembler/Options.h"
+#include "assembler/statements/Options.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
-#include "assembler/Assembler.h"
+#include "assembler/run/Assembler.h"
 
-#include "assembler/ImageFile.h"
+#include "assembler/output/ImageFile.h"
 #include "assembler/unit/AssembledText.h"
 #include "support/TemporaryFolder.h"
 

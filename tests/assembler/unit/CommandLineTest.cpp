@@ -1,4 +1,4 @@
-#include "assembler/CommandLine.h"
+#include "assembler/run/CommandLine.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "assembler/Cycles.h"
+#include "assembler/language/Cycles.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "assembler/Diagnostics.h"
+#include "assembler/messages/Diagnostics.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "assembler/Expression.h"
+#include "assembler/values/Expression.h"
 
 #include "assembler/unit/AssembledText.h"
 

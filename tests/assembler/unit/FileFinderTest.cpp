@@ -1,4 +1,4 @@
-#include "assembler/FileFinder.h"
+#include "assembler/reading/FileFinder.h"
 
 #include "support/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
-#include "assembler/Image.h"
+#include "assembler/values/Image.h"
 
-#include "assembler/ImageFile.h"
+#include "assembler/output/ImageFile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "assembler/InstructionTable.h"
+#include "assembler/language/InstructionTable.h"
 
 #include "assembler/unit/AssembledText.h"
 

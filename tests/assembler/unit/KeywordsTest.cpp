@@ -1,7 +1,7 @@
-#include "assembler/Keywords.h"
+#include "assembler/language/Keywords.h"
 
-#include "assembler/InstructionTable.h"
-#include "assembler/Text.h"
+#include "assembler/language/InstructionTable.h"
+#include "assembler/text/Text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 // Reads what is written for debuggers as they do, and compares it with the image.
-#include "assembler/LabelFiles.h"
+#include "assembler/output/LabelFiles.h"
 
-#include "assembler/Assembler.h"
-#include "assembler/DbgFile.h"
-#include "assembler/ImageFile.h"
+#include "assembler/output/DbgFile.h"
+#include "assembler/output/ImageFile.h"
+#include "assembler/run/Assembler.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "assembler/MacroArguments.h"
+#include "assembler/reading/MacroArguments.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "assembler/PcxReader.h"
+#include "assembler/reading/PcxReader.h"
 
 #include <gtest/gtest.h>
 

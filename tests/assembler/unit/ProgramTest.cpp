@@ -1,4 +1,4 @@
-#include "assembler/Program.h"
+#include "assembler/run/Program.h"
 
 #include "assembler/unit/ChildProgram.h"
 #include "support/TemporaryFolder.h"

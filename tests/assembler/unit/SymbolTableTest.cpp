@@ -1,4 +1,4 @@
-#include "assembler/SymbolTable.h"
+#include "assembler/values/SymbolTable.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "assembler/Text.h"
+#include "assembler/text/Text.h"
 
 #include <gtest/gtest.h>
 

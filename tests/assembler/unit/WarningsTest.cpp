@@ -1,5 +1,5 @@
-#include "assembler/NearNames.h"
-#include "assembler/WarningSwitches.h"
+#include "assembler/messages/WarningSwitches.h"
+#include "assembler/text/NearNames.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -1,0 +1,68 @@
+#include "assembler/language/Cycles.h"
+
+#include <algorithm>
+
+namespace nesasm {
+
+namespace {
+
+bool isOneOf(std::string_view name, std::initializer_list<std::string_view> names) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+unsigned impliedCycles(std::string_view name) {
+    if (name == "BRK")
+        return 7;
+    if (isOneOf(name, {"RTI", "RTS"}))
+        return 6;
+    if (isOneOf(name, {"PLA", "PLP"}))
+        return 4;
+    return isOneOf(name, {"PHA", "PHP"}) ? 3 : 2;
+}
+
+/// Cycles, and whether there may be more.
+std::pair<unsigned, bool> cyclesOf(const Instruction& instruction, Mode mode) {
+    const std::string_view name = instruction.name;
+    // Those that write back what they read.
+    const bool modifies = isOneOf(name, {"ASL", "LSR", "ROL", "ROR", "INC", "DEC"});
+    const bool stores = name == "STA";
+    switch (mode) {
+    case Mode::Implied:
+        return {impliedCycles(name), false};
+    case Mode::Accumulator:
+    case Mode::Immediate:
+        return {2, false};
+    case Mode::ZeroPage:
+        return {modifies ? 5 : 3, false};
+    case Mode::ZeroPageX:
+    case Mode::ZeroPageY:
+        return {modifies ? 6 : 4, false};
+    case Mode::Absolute:
+        return {name == "JMP" ? 3 : name == "JSR" || modifies ? 6 : 4, false};
+    case Mode::AbsoluteX:
+    case Mode::AbsoluteY:
+        return {modifies ? 7 : stores ? 5 : 4, !modifies && !stores};
+    case Mode::Indirect:
+        return {5, false};
+    case Mode::IndirectX:
+        return {6, false};
+    case Mode::IndirectY:
+        return {stores ? 6 : 5, !stores};
+    case Mode::Relative:
+        return {2, true};
+    }
+    return {0, false};
+}
+
+} // namespace
+
+std::string cyclesText(std::uint8_t opcode) {
+    Mode mode{};
+    const Instruction* const instruction = findOpcode(opcode, mode);
+    if (instruction == nullptr)
+        return {};
+    const auto [cycles, mayBeMore] = cyclesOf(*instruction, mode);
+    return std::to_string(cycles) + (mayBeMore ? "+" : "");
+}
+
+} // namespace nesasm

@@ -1,0 +1,37 @@
+#include "assembler/language/InstructionTable.h"
+
+namespace nesasm {
+
+namespace {
+
+/// How an operand of each mode is written; n is any expression.
+constexpr std::array<std::string_view, kModeCount> kOperandTexts{
+    "",     " A",   " #n",  " <n",    " <n,x",  " <n,y", " n",
+    " n,x", " n,y", " [n]", " [n,x]", " [n],y", " n"};
+
+} // namespace
+
+const Instruction* findOpcode(std::uint8_t opcode, Mode& mode) {
+    for (const Instruction& instruction : instructionTable) {
+        for (std::size_t i = 0; i < kModeCount; ++i) {
+            mode = static_cast<Mode>(i);
+            if (instruction.opcode(mode) == opcode)
+                return &instruction;
+        }
+    }
+    return nullptr;
+}
+
+std::string modesText(const Instruction& instruction) {
+    std::string text;
+    for (std::size_t i = 0; i < kModeCount; ++i) {
+        if (!instruction.has(static_cast<Mode>(i)))
+            continue;
+        if (!text.empty())
+            text += ", ";
+        text.append(instruction.name).append(kOperandTexts[i]);
+    }
+    return text;
+}
+
+} // namespace nesasm

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "assembler/messages/WarningSwitches.h"
+#include "assembler/reading/Origins.h"
+#include "assembler/text/Position.h"
+
+#include <array>
+#include <cstddef>
+#include <functional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <vector>
+
+namespace nesasm {
+
+/// Takes text for a person: always valid UTF-8.
+using TextSink = std::function<void(std::string_view)>;
+
+/// Collects errors and warnings and shows them in the order of the source, each with its line, a
+/// caret and the chain of includes and macros that led there.
+class Diagnostics {
+public:
+    /// `origins` must outlive this. After `largestErrorCount` errors (0: never) limitReached()
+    /// holds.
+    Diagnostics(Origins& origins, TextSink sink, std::size_t largestErrorCount, bool colours,
+                const WarningSwitches& switches = {});
+
+    /// In a macro expansion only the first error is kept: the others come from the same mistake. In
+    /// a repetition each place is reported once, and warned of once.
+    void error(const Position& position, std::string text);
+    /// The same with a text that takes long to find; it is asked for only when it is shown.
+    void error(const Position& position, const std::function<std::string()>& text);
+    /// Does nothing when that warning is off; counts as an error when the switches say so. Of each
+    /// warning only the first fifty are shown.
+    void warning(Warning warning, const Position& position, std::string text);
+    bool isOn(Warning warning) const { return m_switches.isOn(warning); }
+
+    /// An error after which nothing sensible can follow: limitReached() holds from now on.
+    void fatal(const Position& position, std::string text);
+
+    bool limitReached() const { return m_stopped; }
+    std::size_t errorCount() const { return m_errors; }
+    std::size_t warningCount() const { return m_warnings; }
+
+    /// The lines with errors so far, as Position::order, ascending.
+    std::vector<std::uint32_t> linesWithErrors() const;
+
+    /// Shows what has been collected and, when there was anything, the line with the counts.
+    void finish();
+
+private:
+    bool isDropped(const Position& position);
+    bool isRepeated(const Position& position, bool isError);
+
+    struct Message {
+        Position position;
+        bool isError;
+        std::string text;
+        std::string rendered; ///< source line, caret and chain, made while the line still exists
+    };
+
+    void addError(const Position& position, std::string text);
+    void add(const Position& position, bool isError, std::string text);
+    std::string render(const Position& position) const;
+    std::string chain(const Position& position) const;
+    std::string step(const Origin& origin) const;
+    std::string headline(const Message& message) const;
+    void flush();
+
+    Origins& m_origins;
+    TextSink m_sink;
+    std::size_t m_largestErrorCount;
+    bool m_colours;
+    WarningSwitches m_switches;
+    std::array<std::size_t, kWarningCount> m_warningsOfAKind{};
+    bool m_stopped = false;
+    bool m_tooMany = false;
+    std::size_t m_errors = 0;
+    std::size_t m_warnings = 0;
+    std::vector<std::uint32_t> m_errorLines;
+    /// Reported places (line and column) inside a .rept, and whether with an error: a warning hides
+    /// no error.
+    std::set<std::tuple<OriginId, std::uint32_t, std::uint32_t, bool>> m_repeatedPlaces;
+    std::vector<Message> m_messages;
+};
+
+} // namespace nesasm

@@ -1,0 +1,262 @@
+#include "assembler/output/DbgFile.h"
+
+#include "assembler/output/DebugLabels.h"
+#include "assembler/statements/Assembly.h"
+#include "assembler/text/Text.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <map>
+#include <memory>
+#include <sys/stat.h>
+#include <tuple>
+#include <utility>
+
+namespace nesasm {
+
+namespace {
+
+constexpr std::uint32_t kHeaderSize = 16;
+constexpr unsigned kMacroLine = 2; ///< the type of a line of a macro's body
+
+std::string number(std::uint64_t value) {
+    return std::to_string(value);
+}
+
+std::string hexNumber(std::uint64_t value, unsigned digits) {
+    return "0x" + hexText(static_cast<unsigned>(value), digits).substr(1);
+}
+
+/// The path from the root on, links followed; `path` itself when that is not possible.
+std::string absolutePath(const std::string& path) {
+    const std::unique_ptr<char, void (*)(void*)> found(
+        realpath(path.empty() ? "." : path.c_str(), nullptr), &std::free);
+    return found ? std::string(found.get()) : path;
+}
+
+/// `path` as seen from `folder`; both are absolute.
+std::string relativePath(const std::string& path, const std::string& folder) {
+    const std::string base = folder == "/" ? folder : folder + "/";
+    std::size_t common = 0;
+    for (std::size_t i = 0; i < path.size() && i < base.size() && path[i] == base[i]; ++i)
+        if (path[i] == '/')
+            common = i + 1;
+    if (common == 0)
+        return path;
+    std::string result;
+    for (std::size_t i = common; i < base.size(); ++i)
+        if (base[i] == '/')
+            result += "../";
+    return result + path.substr(common);
+}
+
+/// A text between double quotes, which it cannot hold itself.
+std::string inQuotes(std::string_view text) {
+    std::string result = "\"";
+    for (const char c : printable(text))
+        result += c == '"' ? '\'' : c;
+    return result + '"';
+}
+
+/// Builds the file's lines from a run.
+class DbgWriter {
+public:
+    DbgWriter(const Assembly& assembly, const std::string& output)
+        : m_assembly(assembly)
+        , m_output(output)
+        , m_folder(absolutePath(folderOf(output))) {}
+
+    std::string text() {
+        for (const LineRecord& record : m_assembly.records.all())
+            addRecord(record);
+        chooseSegmentStarts();
+        addSymbols();
+        addSegments();
+        std::string lines;
+        std::size_t lineCount = 0;
+        for (const auto& [key, line] : m_lines) {
+            lines += lineText(key, line);
+            ++lineCount;
+        }
+        std::string info = "version\tmajor=2,minor=0\ninfo\tcsym=0,file=" + number(m_fileCount) +
+                           ",lib=0,line=" + number(lineCount) +
+                           ",mod=1,scope=1,seg=" + number(m_segmentIds.size()) +
+                           ",span=" + number(m_spanCount) + ",sym=" + number(m_symbolCount) +
+                           ",type=0\n";
+        return info + m_files + lines +
+               "mod\tid=0,name=" + inQuotes(m_output.substr(m_output.rfind('/') + 1)) +
+               ",file=0\n" + m_segments + m_spans + "scope\tid=0,name=\"\",mod=0\n" + m_symbols;
+    }
+
+private:
+    /// File, line and type of an entry.
+    using LineKey = std::tuple<std::uint32_t, std::uint32_t, unsigned>;
+    struct LineEntry {
+        std::uint32_t id = 0;
+        std::vector<std::uint32_t> spans;
+    };
+
+    void addRecord(const LineRecord& record) {
+        if (!record.isStatement || record.isRam || record.size == 0 || record.file == nullptr)
+            return;
+        const Origins& origins = m_assembly.origins;
+        const bool isMacro = origins[record.origin].kind == Origin::Kind::Macro;
+        std::uint32_t bank = record.bank;
+        std::uint32_t offset = record.offset;
+        for (std::uint32_t left = record.size; left != 0; ++bank, offset = 0) {
+            const std::uint32_t part = std::min(left, kBankSize - offset);
+            const std::uint32_t span = addSpan(bank, offset, part, record.address);
+            lineOf(fileOf(record.file), record.number, isMacro ? kMacroLine : 0)
+                .spans.push_back(span);
+            if (isMacro)
+                addCaller(record.origin, span);
+            left -= part;
+        }
+    }
+
+    /// The line outside of all macros that led to the bytes of a macro.
+    void addCaller(OriginId origin, std::uint32_t span) {
+        const Origins& origins = m_assembly.origins;
+        while (origins[origin].kind == Origin::Kind::Macro) {
+            const std::uint32_t line = origins[origin].callLine;
+            origin = origins[origin].parent;
+            if (origins[origin].kind != Origin::Kind::Macro && origins[origin].source != nullptr)
+                lineOf(fileOf(origins[origin].source), line, 0).spans.push_back(span);
+        }
+    }
+
+    std::uint32_t addSpan(std::uint32_t bank, std::uint32_t offset, std::uint32_t size,
+                          std::uint32_t address) {
+        const auto segment = m_segmentIds.emplace(bank, m_segmentIds.size()).first;
+        m_bytesAtPages[bank][address & ~(kBankSize - 1)] += size;
+        m_spans += "span\tid=" + number(m_spanCount) + ",seg=" + number(segment->second) +
+                   ",start=" + number(offset) + ",size=" + number(size) + "\n";
+        return m_spanCount++;
+    }
+
+    /// A bank appears at the page at which most of its bytes were assembled.
+    void chooseSegmentStarts() {
+        for (const auto& [bank, pages] : m_bytesAtPages)
+            m_segmentStarts[bank] =
+                std::max_element(pages.begin(), pages.end(), [](const auto& a, const auto& b) {
+                    return a.second < b.second;
+                })->first;
+    }
+
+    /// The segment of a label that lies in it as the debugger sees it.
+    std::map<std::uint32_t, std::size_t>::const_iterator segmentOf(const Symbol& symbol) const {
+        if (!symbol.isLabel || symbol.bank < 0 || symbol.isAtBankEnd)
+            return m_segmentIds.end();
+        const auto bank = static_cast<std::uint32_t>(symbol.bank);
+        const auto start = m_segmentStarts.find(bank);
+        const bool isThere =
+            start != m_segmentStarts.end() &&
+            (static_cast<std::uint32_t>(symbol.value) & ~(kBankSize - 1)) == start->second;
+        return isThere ? m_segmentIds.find(bank) : m_segmentIds.end();
+    }
+
+    LineEntry& lineOf(std::uint32_t file, std::uint32_t line, unsigned type) {
+        const auto [entry, isNew] = m_lines.try_emplace({file, line, type});
+        if (isNew)
+            entry->second.id = static_cast<std::uint32_t>(m_lines.size() - 1);
+        return entry->second;
+    }
+
+    std::string lineText(const LineKey& key, const LineEntry& line) const {
+        const auto [file, lineNumber, type] = key;
+        std::string text =
+            "line\tid=" + number(line.id) + ",file=" + number(file) + ",line=" + number(lineNumber);
+        if (type != 0)
+            text += ",type=" + number(type) + ",count=1";
+        for (std::size_t i = 0; i < line.spans.size(); ++i)
+            text += (i == 0 ? ",span=" : "+") + number(line.spans[i]);
+        return text += '\n';
+    }
+
+    std::uint32_t fileOf(const SourceFile* file) {
+        const auto [known, isNew] = m_fileIds.emplace(file, m_fileCount);
+        if (isNew) {
+            struct stat status {};
+            stat(file->path().c_str(), &status);
+            m_files += "file\tid=" + number(m_fileCount++) +
+                       ",name=" + inQuotes(relativePath(absolutePath(file->path()), m_folder)) +
+                       ",size=" + number(static_cast<std::uint64_t>(status.st_size)) +
+                       ",mtime=" + hexNumber(static_cast<std::uint64_t>(status.st_mtime), 8) +
+                       ",mod=0\n";
+        }
+        return known->second;
+    }
+
+    void addSymbols() {
+        const SymbolTable& symbols = m_assembly.symbols;
+        std::vector<std::uint32_t> ids(symbols.size(), kNone);
+        for (SymbolId id = 1; id < symbols.size(); ++id) {
+            const Symbol& symbol = symbols[id];
+            if (!symbol.isKnown || symbol.isBroken)
+                continue;
+            const bool isLocal = symbol.name.starts_with('.');
+            const bool hasParent = isLocal && ids[symbol.scope] != kNone;
+            ids[id] = m_symbolCount++;
+            m_symbols += "sym\tid=" + number(ids[id]) + ",name=" +
+                         inQuotes(hasParent ? "@" + std::string(symbol.name.substr(1))
+                                            : debugName(symbols, id)) +
+                         ",addrsize=absolute";
+            if (symbol.size != kNone && symbol.size != 0)
+                m_symbols += ",size=" + number(symbol.size);
+            m_symbols += hasParent ? ",parent=" + number(ids[symbol.scope]) : ",scope=0";
+            if (symbol.origin != kNoOrigin && m_assembly.origins[symbol.origin].source != nullptr)
+                m_symbols +=
+                    ",def=" + number(lineOf(fileOf(m_assembly.origins[symbol.origin].source),
+                                            symbol.line, typeOf(symbol.origin))
+                                         .id);
+            m_symbols += ",val=" + hexNumber(static_cast<std::uint32_t>(symbol.value), 1);
+            const auto segment = segmentOf(symbol);
+            if (segment != m_segmentIds.end())
+                m_symbols += ",seg=" + number(segment->second);
+            m_symbols += symbol.isLabel ? ",type=lab\n" : ",type=equ\n";
+        }
+    }
+
+    unsigned typeOf(OriginId origin) const {
+        return m_assembly.origins[origin].kind == Origin::Kind::Macro ? kMacroLine : 0;
+    }
+
+    void addSegments() {
+        for (const auto& [bank, id] : m_segmentIds)
+            m_segmentTexts[id] = "seg\tid=" + number(id) + ",name=\"BANK" + number(bank) +
+                                 "\",start=" + hexNumber(m_segmentStarts[bank], 6) +
+                                 ",size=" + hexNumber(kBankSize, 4) +
+                                 ",addrsize=absolute,type=ro,oname=" +
+                                 inQuotes(m_output.substr(m_output.rfind('/') + 1)) +
+                                 ",ooffs=" + number(kHeaderSize + std::uint64_t{bank} * kBankSize) +
+                                 ",bank=" + number(bank) + "\n";
+        for (const auto& [id, text] : m_segmentTexts)
+            m_segments += text;
+    }
+
+    const Assembly& m_assembly;
+    std::string m_output;
+    std::string m_folder;
+    std::map<const SourceFile*, std::uint32_t> m_fileIds;
+    std::uint32_t m_fileCount = 0;
+    std::map<LineKey, LineEntry> m_lines;
+    std::map<std::uint32_t, std::size_t> m_segmentIds; ///< of the banks
+    /// Of each bank, how many bytes were assembled at each page.
+    std::map<std::uint32_t, std::map<std::uint32_t, std::uint64_t>> m_bytesAtPages;
+    std::map<std::uint32_t, std::uint32_t> m_segmentStarts;
+    std::map<std::size_t, std::string> m_segmentTexts;
+    std::uint32_t m_spanCount = 0;
+    std::uint32_t m_symbolCount = 0;
+    std::string m_files;
+    std::string m_segments;
+    std::string m_spans;
+    std::string m_symbols;
+};
+
+} // namespace
+
+SideFile dbgFile(const Assembly& assembly, const std::string& output) {
+    return {withEnding(output, ".dbg"), DbgWriter(assembly, output).text()};
+}
+
+} // namespace nesasm

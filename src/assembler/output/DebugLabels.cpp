@@ -1,0 +1,103 @@
+#include "assembler/output/DebugLabels.h"
+
+#include "assembler/output/ImageFile.h"
+#include "assembler/statements/Assembly.h"
+
+#include <map>
+#include <set>
+#include <utility>
+
+namespace nesasm {
+
+namespace {
+
+/// Where the places of the NES's memory lie (source: nesdev wiki, "CPU memory map").
+constexpr std::uint32_t kRamEnd = 0x0800;
+constexpr std::uint32_t kWorkRam = 0x6000;
+constexpr std::uint32_t kPrgRom = 0x8000;
+constexpr std::uint32_t kAddressEnd = 0x10000;
+
+bool isNameable(const Symbol& symbol) {
+    if (!symbol.isKnown || symbol.isBroken || symbol.name.empty())
+        return false;
+    const bool isPlace = symbol.isLabel || symbol.isReserved || symbol.isAddress;
+    const auto value = static_cast<std::uint32_t>(symbol.value);
+    return isPlace && value < kAddressEnd && !symbol.isAtBankEnd;
+}
+
+void locate(const Symbol& symbol, std::uint32_t prgBanks, DebugLabel& label) {
+    using Memory = DebugLabel::Memory;
+    const std::uint32_t address = label.address;
+    const bool isInBank = symbol.isLabel && symbol.bank >= 0;
+    const std::uint32_t bank = isInBank ? static_cast<std::uint32_t>(symbol.bank) : 0;
+    const std::uint32_t bankOffset = bank * kBankSize + (address & (kBankSize - 1));
+    if (isInBank && bank >= prgBanks) {
+        label.memory = Memory::ChrRom;
+        label.offset = bankOffset - prgBanks * kBankSize;
+    } else if (address < kRamEnd) {
+        label.memory = Memory::InternalRam;
+        label.offset = address;
+    } else if (address >= kWorkRam && address < kPrgRom) {
+        label.memory = Memory::WorkRam;
+        label.offset = address - kWorkRam;
+    } else if (isInBank && address >= kPrgRom) {
+        label.memory = Memory::PrgRom;
+        label.offset = bankOffset;
+    } else {
+        label.memory = Memory::Other;
+        label.offset = address;
+    }
+    const bool isRam = label.memory == Memory::InternalRam || label.memory == Memory::WorkRam;
+    if (isRam && symbol.size != kNone && symbol.size > 1 && address + symbol.size <= kAddressEnd)
+        label.size = symbol.size;
+}
+
+} // namespace
+
+std::string debugName(const SymbolTable& symbols, SymbolId id) {
+    const Symbol& symbol = symbols[id];
+    std::string name;
+    std::string_view own = symbol.name;
+    if (own.starts_with('.')) {
+        name = symbol.scope == 0 ? std::string() : debugName(symbols, symbol.scope);
+        name += '@';
+        own.remove_prefix(1);
+    }
+    for (const char c : own)
+        name += c == '.' ? '_' : c;
+    return name;
+}
+
+std::vector<DebugLabel> debugLabels(const Assembly& assembly) {
+    const SymbolTable& symbols = assembly.symbols;
+    const std::uint32_t prgBanks = prgBankCount(assembly.image);
+    std::vector<DebugLabel> labels;
+    std::set<std::string> names;
+    std::map<std::pair<DebugLabel::Memory, std::uint32_t>, std::size_t> places;
+    // Labels and variables first: a constant of the same value is less likely what is meant.
+    for (const bool isConstantsTurn : {false, true}) {
+        for (SymbolId id = 1; id < symbols.size(); ++id) {
+            const Symbol& symbol = symbols[id];
+            const bool isConstant = !symbol.isLabel && !symbol.isReserved;
+            if (!isNameable(symbol) || isConstant != isConstantsTurn)
+                continue;
+            DebugLabel label;
+            label.symbol = id;
+            label.address = static_cast<std::uint32_t>(symbol.value);
+            locate(symbol, prgBanks, label);
+            const std::string plain = debugName(symbols, id);
+            label.name = plain;
+            for (unsigned number = 2; !names.insert(label.name).second; ++number)
+                label.name = plain + "_" + std::to_string(number);
+            const auto [place, isNew] =
+                places.emplace(std::pair(label.memory, label.offset), labels.size());
+            if (isNew)
+                labels.push_back(std::move(label));
+            else
+                labels[place->second].also.push_back(std::move(label.name));
+        }
+    }
+    return labels;
+}
+
+} // namespace nesasm

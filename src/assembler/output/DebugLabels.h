@@ -1,0 +1,33 @@
+#pragma once
+
+#include "assembler/values/SymbolTable.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace nesasm {
+
+struct Assembly;
+
+/// A name for a place in the console's memory or in the image, as debuggers want it.
+struct DebugLabel {
+    enum class Memory : std::uint8_t { PrgRom, ChrRom, InternalRam, WorkRam, Other };
+
+    std::string name; ///< letters, digits, _ and @ only, each name once
+    SymbolId symbol = 0;
+    Memory memory = Memory::Other;
+    std::uint32_t offset = 0;      ///< in that memory
+    std::uint32_t address = 0;     ///< as the processor sees it
+    std::uint32_t size = 1;        ///< in RAM the bytes reserved for it
+    std::vector<std::string> also; ///< further names of the same place
+};
+
+/// The labels of a finished run, variables and constants that are used as addresses, in the order
+/// of their definition. Of several names for one place the first is kept, with the others in it.
+std::vector<DebugLabel> debugLabels(const Assembly& assembly);
+
+/// The name of a symbol in a form that debuggers take: "reset@loop" for .loop under reset.
+std::string debugName(const SymbolTable& symbols, SymbolId id);
+
+} // namespace nesasm

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "assembler/values/Image.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace nesasm {
+
+/// The file that an image becomes: an iNES header (source: nesdev wiki, "INES") and the banks.
+std::vector<std::uint8_t> imageFile(const Image& image);
+
+/// Replaces the file at `path` with `bytes`, or leaves it as it was: a temporary file in the same
+/// folder is renamed over it. Links are followed; anything but a regular file is refused. Returns
+/// "" or why it could not be written, as part of a sentence.
+std::string writeImageFile(const std::string& path, const std::vector<std::uint8_t>& bytes);
+
+/// The file that writeImageFile would make for `path`, with links followed as far as they lead; the
+/// same for two paths that come to the same file.
+std::string writtenPath(const std::string& path);
+
+/// Removes an older image at `path`: a regular file, links followed, that begins with an iNES
+/// header's mark. Anything else is left alone.
+void removeOldImage(const std::string& path);
+
+/// Banks of the file that are PRG: as the header says, or all but its CHR banks.
+std::uint32_t prgBankCount(const Image& image);
+
+/// One line that sums up the image, such as
+/// "game.nes: 24592 bytes, mapper 0, PRG 2 x 8 KiB banks (73 % used), CHR 1 x 8 KiB".
+std::string summaryLine(const std::string& path, const Image& image);
+
+/// One line for each bank: how full it is.
+std::string bankLines(const Image& image);
+
+} // namespace nesasm

@@ -1,0 +1,112 @@
+#include "assembler/output/LabelFiles.h"
+
+#include "assembler/output/DebugLabels.h"
+#include "assembler/output/ImageFile.h"
+#include "assembler/statements/Assembly.h"
+#include "assembler/text/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <utility>
+
+namespace nesasm {
+
+namespace {
+
+using Memory = DebugLabel::Memory;
+
+/// The longest line that the reader of .nl files takes.
+constexpr std::size_t kLongestNlLine = 512;
+constexpr std::uint32_t kNlBankSize = 0x4000;
+
+/// Of the header's byte 6: the RAM at $6000 to $7FFF keeps its contents (source: nesdev wiki,
+/// "INES").
+constexpr std::uint32_t kBatteryFlag = 2;
+
+std::string_view mlbType(Memory memory, const Header& header) {
+    static constexpr std::array<std::string_view, 5> kTypes{
+        "NesPrgRom", "NesChrRom", "NesInternalRam", "NesWorkRam", "NesMemory"};
+    if (memory == Memory::WorkRam && (header.mirroring & kBatteryFlag) != 0)
+        return "NesSaveRam";
+    return kTypes[static_cast<std::size_t>(memory)];
+}
+
+std::string hexDigits(std::uint32_t value, unsigned digits) {
+    return hexText(value, digits).substr(1);
+}
+
+std::string alsoText(const DebugLabel& label) {
+    std::string text;
+    for (const std::string& name : label.also)
+        text.append(text.empty() ? "also " : ", ").append(name);
+    return text;
+}
+
+std::string nlLine(const DebugLabel& label) {
+    std::string line = hexText(label.address, 4);
+    if (label.size > 1)
+        line += "/" + hexDigits(label.size, 1);
+    line += "#" + label.name;
+    line.resize(std::min(line.size(), kLongestNlLine - 1));
+    line += "#" + alsoText(label);
+    line.resize(std::min(line.size(), kLongestNlLine));
+    return line += '\n';
+}
+
+} // namespace
+
+std::string withEnding(const std::string& path, std::string_view ending) {
+    const std::size_t slash = path.rfind('/');
+    const std::size_t name = slash == std::string::npos ? 0 : slash + 1;
+    const std::size_t dot = path.rfind('.');
+    // A dot at the start of the name is no ending.
+    const bool hasEnding = dot != std::string::npos && dot > name;
+    std::string result = hasEnding ? path.substr(0, dot) : path;
+    return result.append(ending);
+}
+
+SideFile mlbFile(const Assembly& assembly, const std::string& output) {
+    SideFile file{withEnding(output, ".mlb"), {}};
+    for (const DebugLabel& label : debugLabels(assembly)) {
+        file.text.append(mlbType(label.memory, assembly.image.header))
+            .append(":")
+            .append(hexDigits(label.offset, 4));
+        if (label.size > 1)
+            file.text += "-" + hexDigits(label.offset + label.size - 1, 4);
+        file.text += ":" + label.name;
+        if (!label.also.empty())
+            file.text += ":" + alsoText(label);
+        file.text += '\n';
+    }
+    return file;
+}
+
+std::vector<std::string> nlPaths(const std::string& output, std::uint32_t banks) {
+    std::vector<std::string> paths{output + ".ram.nl"};
+    for (std::uint32_t bank = 0; bank < banks; ++bank)
+        paths.push_back(output + "." + hexDigits(bank, 1) + ".nl");
+    return paths;
+}
+
+std::vector<SideFile> nlFiles(const Assembly& assembly, const std::string& output) {
+    const std::uint32_t prgSize = prgBankCount(assembly.image) * kBankSize;
+    std::vector<SideFile> files;
+    for (std::string& path : nlPaths(output, (prgSize + kNlBankSize - 1) / kNlBankSize))
+        files.push_back({std::move(path), {}});
+    // An address may stand in a file once only; the same one in another 8 KiB of the same file
+    // comes later and is left out.
+    std::vector<std::map<std::uint32_t, bool>> taken(files.size());
+    for (const DebugLabel& label : debugLabels(assembly)) {
+        std::size_t index = 0;
+        if (label.memory == Memory::PrgRom)
+            index = 1 + label.offset / kNlBankSize;
+        else if (label.memory == Memory::ChrRom || label.address >= 0x8000)
+            continue;
+        if (taken[index].emplace(label.address, true).second)
+            files[index].text += nlLine(label);
+    }
+    return files;
+}
+
+} // namespace nesasm

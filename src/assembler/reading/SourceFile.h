@@ -1,0 +1,28 @@
+#pragma once
+
+#include "assembler/reading/FileReader.h"
+
+#include <string>
+#include <string_view>
+
+namespace nesasm {
+
+/// One file of source text, kept whole as long as positions may point into it.
+class SourceFile {
+public:
+    /// `path` is where the file was found.
+    SourceFile(std::string path, FileContents contents);
+
+    const std::string& path() const { return m_path; }
+    /// The text without a byte-order mark; a line feed stands behind its last byte.
+    std::string_view text() const { return m_text; }
+    bool hasCarriageReturns() const { return m_hasCarriageReturns; }
+
+private:
+    std::string m_path;
+    FileContents m_contents;
+    std::string_view m_text;
+    bool m_hasCarriageReturns;
+};
+
+} // namespace nesasm

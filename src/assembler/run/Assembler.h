@@ -1,0 +1,52 @@
+#pragma once
+
+#include "assembler/messages/Diagnostics.h"
+#include "assembler/reading/FileReader.h"
+#include "assembler/statements/Options.h"
+#include "assembler/values/Image.h"
+
+#include <memory>
+#include <string>
+
+namespace nesasm {
+
+struct Assembly;
+
+/// Assembles one program in memory. It shares nothing with other assemblers in the process and
+/// writes no file.
+class Assembler {
+public:
+    enum class Result {
+        Built,
+        Errors,    ///< the source has errors; they have been shown
+        Unreadable ///< the input cannot be read; that has been shown
+    };
+
+    /// Messages go to `sink`, which must stay usable while run() runs.
+    Assembler(Options options, TextSink sink);
+    ~Assembler();
+    Assembler(const Assembler&) = delete;
+    Assembler& operator=(const Assembler&) = delete;
+    Assembler(Assembler&&) = delete;
+    Assembler& operator=(Assembler&&) = delete;
+
+    /// To be called once.
+    Result run();
+
+    /// The banks and the header, complete after Result::Built.
+    const Image& image() const;
+    /// All that is known of the run, for what is written beside the image.
+    const Assembly& assembly() const { return *m_assembly; }
+    /// True when `identity` is one of the files that were read.
+    bool hasRead(const FileIdentity& identity) const;
+
+private:
+    void checkHeader();
+    void checkVectors();
+
+    Options m_options;
+    TextSink m_sink;
+    std::unique_ptr<Assembly> m_assembly;
+};
+
+} // namespace nesasm

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "assembler/statements/Options.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace nesasm {
+
+/// What the command line asks for.
+struct CommandLine {
+    enum class Wish { Assemble, Help, Version };
+    enum class Colours { Auto, Always, Never };
+    enum class Labels { Mlb, Nl, Dbg };
+
+    Wish wish = Wish::Assemble;
+    Options options; ///< all but includeList and colours, which depend on the surroundings
+    std::string output;
+    std::vector<Labels> labels; ///< the formats, each once
+    std::string listing;        ///< "" for none
+    bool listsExpansions = false;
+    bool isVerbose = false;
+    Colours colours = Colours::Auto;
+};
+
+/// Reads the arguments behind the program's name. Returns "" or what is wrong first, as a sentence;
+/// `line` then holds what was understood all the same.
+std::string readCommandLine(std::span<const std::string_view> arguments, CommandLine& line);
+
+/// What --help prints.
+std::string helpText();
+
+} // namespace nesasm

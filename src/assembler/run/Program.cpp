@@ -1,0 +1,129 @@
+#include "assembler/run/Program.h"
+
+#include "assembler/output/ImageFile.h"
+#include "assembler/run/Assembler.h"
+#include "assembler/run/CommandLine.h"
+#include "assembler/run/SideFiles.h"
+#include "assembler/text/Text.h"
+
+#include <algorithm>
+#include <new>
+#include <string>
+
+namespace nesasm {
+
+namespace {
+
+constexpr std::string_view kVersionLine = "NESasm " KESTREL_VERSION "\n";
+
+bool wantsColours(CommandLine::Colours colours, const Surroundings& surroundings) {
+    if (!surroundings.isTerminal || colours == CommandLine::Colours::Never)
+        return false;
+    return colours == CommandLine::Colours::Always || !surroundings.refusesColours;
+}
+
+std::string unwritable(const std::string& path, const std::string& problem) {
+    return printable("error: the output '" + path + "' cannot be written: " + problem) + "\n";
+}
+
+/// Says so and returns false when `path` is one of the files read.
+bool isFree(const std::string& path, const Assembler& assembler, const TextSink& sink) {
+    FileIdentity identity;
+    if (!identify(path, identity) || !assembler.hasRead(identity))
+        return true;
+    sink(printable("error: the output '" + path +
+                   "' is one of the files that are read: it is left alone") +
+         "\n");
+    return false;
+}
+
+/// Writes what goes with the image. False when something could not be written; that was said.
+bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const TextSink& sink) {
+    const std::vector<SideFile> files = sideFiles(assembler.assembly(), line);
+    return std::ranges::all_of(files, [&](const SideFile& file) {
+        if (!isFree(file.path, assembler, sink)) {
+            return false;
+        }
+        const std::string problem = writeImageFile(file.path, {file.text.begin(), file.text.end()});
+        if (!problem.empty()) {
+            sink(unwritable(file.path, problem));
+        }
+        return problem.empty();
+    });
+}
+
+int build(const CommandLine& line, const TextSink& sink) {
+    Assembler assembler(line.options, sink);
+    const Assembler::Result result = assembler.run();
+    if (!isFree(line.output, assembler, sink))
+        return kWrongUse;
+    if (result != Assembler::Result::Built) {
+        removeOldImage(line.output);
+        return result == Assembler::Result::Errors ? kSourceErrors : kWrongUse;
+    }
+    if (!writeSideFiles(line, assembler, sink)) {
+        removeOldImage(line.output);
+        return kWrongUse;
+    }
+    if (const std::string problem = writeImageFile(line.output, imageFile(assembler.image()));
+        !problem.empty()) {
+        removeOldImage(line.output);
+        sink(unwritable(line.output, problem));
+        return kWrongUse;
+    }
+    sink(summaryLine(line.output, assembler.image()));
+    if (line.isVerbose)
+        sink(bankLines(assembler.image()));
+    return kBuilt;
+}
+
+/// Removes an older image at the output of a call that is refused, unless the call would read it.
+void removeRefusedImage(const CommandLine& line) {
+    if (line.output.empty())
+        return;
+    if (!line.options.input.empty()) {
+        // Only the sources tell which files are read; what they say does not matter here.
+        Assembler assembler(line.options, [](std::string_view) {});
+        assembler.run();
+        FileIdentity identity;
+        if (identify(line.output, identity) && assembler.hasRead(identity))
+            return;
+    }
+    removeOldImage(line.output);
+}
+
+int refuse(const CommandLine& line, const std::string& problem, const TextSink& sink) {
+    sink(printable("error: " + problem) + "\nNESasm --help lists the options.\n");
+    removeRefusedImage(line);
+    return kWrongUse;
+}
+
+int buildOrRefuse(const CommandLine& line, const std::string& problem, const TextSink& sink) {
+    try {
+        return problem.empty() ? build(line, sink) : refuse(line, problem, sink);
+    } catch (const std::bad_alloc&) {
+        if (problem.empty())
+            removeOldImage(line.output);
+        sink("error: there is not enough memory for this program\n");
+        return kWrongUse;
+    }
+}
+
+} // namespace
+
+int runProgram(std::span<const std::string_view> arguments, const Surroundings& surroundings,
+               const TextSink& sink) {
+    CommandLine line;
+    std::string problem = readCommandLine(arguments, line);
+    if (problem.empty() && line.wish == CommandLine::Wish::Assemble)
+        problem = sharedOutput(line);
+    if (problem.empty() && line.wish != CommandLine::Wish::Assemble) {
+        sink(line.wish == CommandLine::Wish::Help ? helpText() : std::string(kVersionLine));
+        return kBuilt;
+    }
+    line.options.includeList = surroundings.includeList;
+    line.options.colours = wantsColours(line.colours, surroundings);
+    return buildOrRefuse(line, problem, sink);
+}
+
+} // namespace nesasm

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "assembler/messages/Diagnostics.h"
+
+#include <span>
+#include <string_view>
+
+namespace nesasm {
+
+/// What the program is started with.
+struct Surroundings {
+    std::string_view includeList; ///< NES_INCLUDE
+    bool isTerminal = false;      ///< of the standard output
+    bool refusesColours = false;  ///< NO_COLOR is set
+};
+
+/// The exit statuses of the program.
+inline constexpr int kBuilt = 0;
+inline constexpr int kSourceErrors = 1;
+inline constexpr int kWrongUse = 2;
+
+/// The whole program: reads the arguments behind its name, assembles, writes the image. What is
+/// meant for a person goes to `sink`. Returns the exit status.
+int runProgram(std::span<const std::string_view> arguments, const Surroundings& surroundings,
+               const TextSink& sink);
+
+} // namespace nesasm

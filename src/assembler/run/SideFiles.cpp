@@ -1,0 +1,84 @@
+#include "assembler/run/SideFiles.h"
+
+#include "assembler/output/DbgFile.h"
+#include "assembler/output/ImageFile.h"
+#include "assembler/output/Listing.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <map>
+#include <string_view>
+#include <utility>
+
+namespace nesasm {
+
+namespace {
+
+/// PRG has no more banks of 16 KiB: the header counts them in one byte.
+constexpr std::uint32_t kMostNlBanks = 255;
+
+struct Output {
+    std::string_view option;
+    std::string path;
+};
+
+std::vector<Output> outputs(const CommandLine& line) {
+    std::vector<Output> all{{"--output", line.output}};
+    if (!line.listing.empty())
+        all.push_back({"--listing", line.listing});
+    for (const CommandLine::Labels format : line.labels) {
+        switch (format) {
+        case CommandLine::Labels::Mlb:
+            all.push_back({"--labels mlb", withEnding(line.output, ".mlb")});
+            break;
+        case CommandLine::Labels::Nl:
+            for (std::string& path : nlPaths(line.output, kMostNlBanks))
+                all.push_back({"--labels nl", std::move(path)});
+            break;
+        case CommandLine::Labels::Dbg:
+            all.push_back({"--labels dbg", withEnding(line.output, ".dbg")});
+            break;
+        }
+    }
+    return all;
+}
+
+} // namespace
+
+std::string sharedOutput(const CommandLine& line) {
+    if (line.listing.empty() && line.labels.empty())
+        return {};
+    std::map<std::string, std::string_view> known;
+    for (const Output& each : outputs(line)) {
+        const auto [other, isNew] = known.emplace(writtenPath(each.path), each.option);
+        if (!isNew)
+            return std::string(other->second) + " and " + std::string(each.option) +
+                   " would both write the file '" + each.path + "'";
+    }
+    return {};
+}
+
+std::vector<SideFile> sideFiles(const Assembly& assembly, const CommandLine& line) {
+    std::vector<SideFile> files;
+    for (const CommandLine::Labels format : line.labels) {
+        switch (format) {
+        case CommandLine::Labels::Mlb:
+            files.push_back(mlbFile(assembly, line.output));
+            break;
+        case CommandLine::Labels::Nl: {
+            std::vector<SideFile> several = nlFiles(assembly, line.output);
+            std::move(several.begin(), several.end(), std::back_inserter(files));
+            break;
+        }
+        case CommandLine::Labels::Dbg:
+            files.push_back(dbgFile(assembly, line.output));
+            break;
+        }
+    }
+    if (!line.listing.empty())
+        files.push_back({line.listing, listingText(assembly, line.listsExpansions)});
+    return files;
+}
+
+} // namespace nesasm

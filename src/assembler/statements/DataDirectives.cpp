@@ -1,0 +1,154 @@
+#include "assembler/statements/DataDirectives.h"
+
+#include "assembler/statements/FieldWriter.h"
+#include "assembler/text/Characters.h"
+#include "assembler/text/Text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace nesasm {
+
+namespace {
+
+const std::uint8_t* bytesOf(const char* text) {
+    return reinterpret_cast<const std::uint8_t*>(text); // the same bytes, seen as numbers
+}
+
+} // namespace
+
+DataDirectives::DataDirectives(Assembly& assembly, ExpressionParser& parser)
+    : m_assembly(assembly)
+    , m_parser(parser) {}
+
+void DataDirectives::run(Directive directive, const char* p) {
+    p = skipBlanks(p);
+    switch (directive) {
+    case Directive::Byte:
+        data(Field::Byte, p);
+        break;
+    case Directive::Word:
+        data(Field::Word, p);
+        break;
+    case Directive::Ds:
+        space(p);
+        break;
+    case Directive::Align:
+        align(p);
+        break;
+    default:
+        pad(p);
+        break;
+    }
+}
+
+void DataDirectives::data(Field field, const char* p) {
+    while (item(field, p)) {
+        p = skipBlanks(p);
+        if (*p != ',') {
+            if (!endsStatement(*p))
+                m_assembly.error(p, "a comma or the end of the statement was expected, but " +
+                                        foundText(p) + " was found");
+            return;
+        }
+        p = skipBlanks(p + 1);
+    }
+}
+
+bool DataDirectives::item(Field field, const char*& p) {
+    if (*p == '"' && field == Field::Byte)
+        return string(p);
+    const char* const start = p;
+    if (!m_parser.parse(p, ExpressionParser::Prefix::LowHigh))
+        return false;
+    emitField(m_assembly, m_parser, {field, start, 0, 0, false});
+    return true;
+}
+
+bool DataDirectives::string(const char*& p) {
+    const char* const start = p++;
+    while (*p != '"') {
+        if (isLineEnd(*p)) {
+            m_assembly.error(start, "this string has no closing '\"'");
+            return false;
+        }
+        const char* part = p;
+        while (*p != '"' && !isLineEnd(*p) && (*p != '\\' || p[1] != '"'))
+            ++p;
+        if (*p == '\\') {
+            if (part != p)
+                m_assembly.emit(bytesOf(part), static_cast<std::size_t>(p - part), start);
+            part = ++p;
+            ++p;
+        }
+        if (part != p)
+            m_assembly.emit(bytesOf(part), static_cast<std::size_t>(p - part), start);
+    }
+    ++p;
+    return true;
+}
+
+void DataDirectives::space(const char* p) {
+    const char* const start = p;
+    const auto count = m_parser.parseKnown(p, "the count of .ds", 0, 0xFFFF);
+    if (count && m_assembly.expectEnd(p))
+        fill(static_cast<std::size_t>(*count), 0, start);
+}
+
+void DataDirectives::align(const char* p) {
+    const char* const start = p;
+    const auto unit = m_parser.parseKnown(p, "the step of .align", 1, 0x10000);
+    if (unit) {
+        const auto step = static_cast<std::uint32_t>(*unit);
+        alignOrPadTo((step - m_assembly.here % step) % step, start, p);
+    }
+}
+
+void DataDirectives::pad(const char* p) {
+    const char* const start = p;
+    const auto address = m_parser.parseKnown(p, "the address of .pad", 0, 0x10000);
+    if (!address)
+        return;
+    if (static_cast<std::uint32_t>(*address) < m_assembly.here) {
+        m_assembly.error(
+            start, "the address of .pad lies " +
+                       counted(m_assembly.here - static_cast<std::uint32_t>(*address), "byte") +
+                       " behind the present one");
+        return;
+    }
+    alignOrPadTo(std::int64_t{*address} - m_assembly.here, start, p);
+}
+
+void DataDirectives::alignOrPadTo(std::int64_t count, const char* start, const char* p) {
+    std::int32_t byte = 0;
+    if (*p == ',') {
+        ++p;
+        const auto given = m_parser.parseKnown(p, "the fill byte", -128, 255);
+        if (!given)
+            return;
+        byte = *given;
+    }
+    if (m_assembly.expectEnd(p))
+        fill(static_cast<std::size_t>(count), static_cast<std::uint8_t>(byte & 0xFF), start);
+}
+
+void DataDirectives::fill(std::size_t count, std::uint8_t byte, const char* start) {
+    if (m_assembly.image.isRam()) {
+        if (const std::size_t excess = m_assembly.image.reserve(count); excess != 0)
+            m_assembly.error(start, "there is no room for this: it goes " +
+                                        counted(excess, "byte") +
+                                        (m_assembly.image.section() == Section::Bss
+                                             ? " beyond the end of .bss ($800)"
+                                             : " beyond the end of .zp ($100)"));
+        return;
+    }
+    std::array<std::uint8_t, 256> bytes{};
+    bytes.fill(byte);
+    while (count != 0) {
+        const std::size_t part = std::min(count, bytes.size());
+        m_assembly.emit(bytes.data(), part, start);
+        count -= part;
+    }
+}
+
+} // namespace nesasm

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "assembler/language/Keywords.h"
+#include "assembler/statements/Assembly.h"
+#include "assembler/values/Expression.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace nesasm {
+
+/// Reads expressions from the present line.
+class ExpressionParser {
+public:
+    /// What a < or > where an operand is expected means.
+    enum class Prefix {
+        None,   ///< nothing: an error
+        LowHigh ///< LOW() or HIGH() of all that follows
+    };
+
+    explicit ExpressionParser(Assembly& assembly);
+
+    /// Reads one expression at `p`, which is moved behind it. False when an error was reported.
+    bool parse(const char*& p, Prefix prefix = Prefix::None);
+
+    /// Goes on reading an expression of which the part that is in parentheses has just been parsed.
+    bool parseRest(const char*& p);
+
+    /// What was read last.
+    std::span<const Operation> operations() const { return m_operations; }
+
+    /// Computes what was read last; an error in it is reported. `start` is where it began.
+    Evaluation evaluateNow() const;
+
+    /// What was read last is an address: when it is a symbol alone, that symbol is one.
+    void noteAddress() {
+        if (m_operations.size() == 1 && m_operations[0].code == OpCode::Value)
+            m_assembly.symbols[m_operations[0].argument].isAddress = true;
+    }
+
+    /// Keeps what was read last until all symbols are known.
+    DeferredExpression defer(const char* start);
+
+    /// Reads an expression whose value is needed at once; `what` names it in messages, such as
+    /// "the address of .org".
+    std::optional<std::int32_t> parseKnown(const char*& p, const char* what);
+    /// The same, within bounds.
+    std::optional<std::int32_t> parseKnown(const char*& p, const char* what, std::int32_t least,
+                                           std::int32_t most);
+
+private:
+    struct Binary {
+        OpCode code;
+        int precedence = 0;
+        int length = 0;
+    };
+
+    static Binary binaryAt(const char* p);
+    bool binary(int precedence);
+    bool unary(bool lowHigh);
+    bool applyPrefix(OpCode code);
+    bool primary();
+    bool parenthesized();
+    bool word();
+    bool function(Function function, const char* at);
+    bool number();
+    bool hexadecimal();
+    bool digits(unsigned base, const char* begin);
+    bool character();
+    std::string unknownText(const Evaluation& result, const char* what) const;
+    bool push(OpCode code, std::uint32_t argument, const char* at);
+    bool fail(const char* at, std::string text);
+
+    Assembly& m_assembly;
+    std::vector<Operation> m_operations;
+    const char* m_p = nullptr;
+    bool m_lowHigh = false;
+    std::size_t m_stack = 0;
+    int m_nesting = 0;
+};
+
+} // namespace nesasm

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "assembler/language/InstructionTable.h"
+#include "assembler/statements/Assembly.h"
+#include "assembler/statements/ExpressionParser.h"
+#include "assembler/statements/OperandHints.h"
+#include "assembler/values/Field.h"
+
+namespace nesasm {
+
+/// Reads an instruction's operand, chooses the mode and puts the bytes into the image.
+class InstructionAssembler {
+public:
+    InstructionAssembler(Assembly& assembly, ExpressionParser& parser);
+
+    /// `p` is behind the mnemonic, which begins at `start`.
+    void assemble(const Instruction& instruction, const char* start, const char* p);
+
+private:
+    /// How an operand is written.
+    enum class Shape {
+        None,
+        Accumulator,
+        Immediate,
+        ZeroPage,
+        ZeroPageX,
+        ZeroPageY,
+        Plain,
+        PlainX,
+        PlainY,
+        Parenthesis,
+        ParenthesisY, ///< (e) and (e),y; (e),x is only grouping
+        Indirect,
+        IndirectX,
+        IndirectY
+    };
+    enum class Index { None, X, Y };
+
+    std::optional<Shape> readOperand(const Instruction& instruction, const char*& p);
+    std::optional<Shape> readBracket(const char*& p);
+    std::optional<Shape> readParenthesis(const char*& p);
+    std::optional<Shape> insideIndex(const char*& p, char closing);
+    std::optional<Index> readIndex(const char*& p);
+    std::optional<Mode> modeOf(const Instruction& instruction, Shape shape) const;
+    Mode modeOfParenthesisY(const Instruction& instruction) const;
+    void emit(const Instruction& instruction, Mode mode, const char* start, const char* operand);
+    void reportMode(const Instruction& instruction, Shape shape, const char* operand);
+    static std::string_view shapeText(Shape shape);
+    bool fail(const char* at, std::string text);
+
+    Assembly& m_assembly;
+    ExpressionParser& m_parser;
+    OperandHints m_hints;
+};
+
+} // namespace nesasm

@@ -1,0 +1,248 @@
+#include "assembler/statements/MacroDirectives.h"
+
+#include "assembler/text/Characters.h"
+#include "assembler/text/Text.h"
+
+#include <utility>
+
+namespace nesasm {
+
+namespace {
+
+constexpr std::size_t kDeepestNesting = 256;
+constexpr std::int32_t kMostRepetitions = 65535;
+
+std::string_view wordAt(const char* p) {
+    return {p, static_cast<std::size_t>(wordEnd(p) - p)};
+}
+
+/// The end of a word of a macro's body, which may hold arguments to be put in.
+const char* bodyWordEnd(const char* p) {
+    while (isWordPart(*p) || (*p == '\\' && !isLineEnd(p[1])))
+        p += *p == '\\' ? 2 : 1;
+    return p;
+}
+
+bool isDirective(Keyword keyword, Directive directive) {
+    return keyword.kind == Keyword::Kind::Directive &&
+           keyword.id == static_cast<std::uint8_t>(directive);
+}
+
+} // namespace
+
+MacroDirectives::MacroDirectives(Assembly& assembly, ExpressionParser& parser)
+    : m_assembly(assembly)
+    , m_parser(parser) {}
+
+std::uint32_t MacroDirectives::find(std::string_view name) const {
+    const SymbolId id = m_assembly.symbols.find(name, m_assembly.scope);
+    return id == 0 ? kNone : m_assembly.symbols[id].macro;
+}
+
+void MacroDirectives::defineNamedBehind(const char* p) {
+    p = skipBlanks(p);
+    if (!isWordStart(*p)) {
+        m_assembly.error(p, "the macro's name was expected, but " + foundText(p) + " was found");
+        skipBody(p);
+        return;
+    }
+    define(wordAt(p), p, wordEnd(p));
+}
+
+void MacroDirectives::define(std::string_view name, const char* at, const char* p) {
+    const std::string_view remedy =
+        startsName(skipBlanks(p)) ? "; a macro's arguments have no names: \\1 to \\9 stand for them"
+                                  : "";
+    if (!m_assembly.expectEnd(p, remedy))
+        markArgumentNames(p);
+    const bool isFine = mayDefine(name, at);
+    if (m_assembly.line.isShortLived)
+        name = m_assembly.arena.keepLine(name);
+    Macro macro{name, {}};
+    if (!collect(Directive::Macro, Directive::EndMacro, at, macro.body) || !isFine)
+        return;
+    const SymbolId id = m_assembly.intern(name);
+    m_assembly.symbols[id].macro = static_cast<std::uint32_t>(m_assembly.macros.size());
+    m_assembly.macros.push_back(macro);
+    if (findKeyword(name).kind != Keyword::Kind::None)
+        m_assembly.macroHidesKeyword = true;
+}
+
+/// The words behind a macro's name were meant as names of its arguments: that the body uses them is
+/// no further mistake.
+void MacroDirectives::markArgumentNames(const char* p) {
+    for (p = skipBlanks(p); *p == ',' || startsName(p); p = skipBlanks(p)) {
+        if (*p == ',') {
+            ++p;
+            continue;
+        }
+        m_assembly.markBroken(wordAt(p));
+        p = wordEnd(p);
+    }
+}
+
+bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
+    const std::string shown = quoted(name);
+    if (name.starts_with('.')) {
+        m_assembly.error(at,
+                         shown + " cannot name a macro: a name that begins with a dot is local");
+        return false;
+    }
+    if (findKeyword(name).kind == Keyword::Kind::Directive) {
+        m_assembly.error(at, shown + " cannot name a macro: it is a directive");
+        return false;
+    }
+    if (const std::uint32_t former = find(name); former != kNone) {
+        const Passage& body = m_assembly.macros[former].body;
+        m_assembly.error(at, "the macro " + shown + " has already been defined at " +
+                                 std::string(body.fileName) + ":" +
+                                 std::to_string(body.firstLine - 1));
+        return false;
+    }
+    return true;
+}
+
+void MacroDirectives::skipBody(const char* at) {
+    Passage body;
+    collect(Directive::Macro, Directive::EndMacro, at, body);
+}
+
+std::optional<Directive> MacroDirectives::directiveOf(const char* begin, const char*& at) const {
+    for (const char* p = begin;;) {
+        const bool isFirst = p == begin && !isBlank(*p);
+        p = skipBlanks(p);
+        if (!startsName(p) && *p != '\\')
+            return std::nullopt;
+        const char* const end = bodyWordEnd(p);
+        if (end == p)
+            return std::nullopt; // a backslash at the end of the line
+        if (*end == ':') {
+            p = end + 1;
+            continue;
+        }
+        const std::string_view word(p, static_cast<std::size_t>(end - p));
+        const Keyword keyword = findKeyword(word);
+        const char* const next = skipBlanks(end);
+        if (*next == '.' || keyword.kind == Keyword::Kind::None) {
+            if (isDirective(findKeyword(wordAt(next)), Directive::Macro)) {
+                at = next;
+                return Directive::Macro;
+            }
+        }
+        if (keyword.kind == Keyword::Kind::Directive) {
+            at = p;
+            return static_cast<Directive>(keyword.id);
+        }
+        if (!isFirst || keyword.kind == Keyword::Kind::Instruction || find(word) != kNone)
+            return std::nullopt;
+        p = next; // a label
+    }
+}
+
+bool MacroDirectives::collect(Directive opening, Directive closing, const char* at, Passage& body) {
+    SourceStack& sources = m_assembly.sources;
+    const Frame& frame = sources.top();
+    const char* const first = frame.cursor;
+    body = {{}, frame.line + 1, frame.passage.file, frame.passage.fileName};
+    const bool isCopied = frame.kind == Origin::Kind::Macro;
+    std::string copy;
+    for (std::size_t nesting = 0;;) {
+        if (sources.isAtEnd()) {
+            const bool isMacro = closing == Directive::EndMacro;
+            m_assembly.isIncomplete = true;
+            m_assembly.error(
+                at, isMacro ? "this macro has no .endm before the end of the file"
+                            : "this .rept has no .endr before the end of the file or macro");
+            return false;
+        }
+        Line line;
+        if (const auto problem = sources.next(line); problem != SourceStack::Next::Line) {
+            reportRunaway(m_assembly, line, problem);
+            return false;
+        }
+        if (m_assembly.recordsLines)
+            m_assembly.records.add(line, frame.passage.file);
+        const char* word = line.begin;
+        const auto directive = directiveOf(line.begin, word);
+        if (directive == opening)
+            ++nesting;
+        if (directive == closing && nesting-- == 0) {
+            // A label before the end belongs to the body.
+            const bool hasLabel = skipBlanks(line.begin) != word;
+            if (isCopied || hasLabel) {
+                copy = isCopied ? copy : std::string(first, line.begin);
+                if (hasLabel)
+                    copy.append(line.begin, word);
+                body.text = m_assembly.arena.keepLine(copy);
+            } else {
+                body.text = {first, static_cast<std::size_t>(line.begin - first)};
+            }
+            return true;
+        }
+        if (isCopied)
+            copy.append(line.begin, lineEnd(line.begin)) += '\n';
+    }
+}
+
+bool MacroDirectives::isTooDeep(const char* at) {
+    if (m_assembly.sources.depth() < kDeepestNesting)
+        return false;
+    m_assembly.diagnostics.fatal(m_assembly.at(at),
+                                 "macros and repetitions are nested more than " +
+                                     std::to_string(kDeepestNesting) +
+                                     " deep: does this macro call itself without end?");
+    return true;
+}
+
+Frame& MacroDirectives::enter(Origin::Kind kind, const Passage& body, std::string_view name) {
+    Origin origin;
+    origin.kind = kind;
+    origin.file = body.fileName;
+    origin.source = body.file;
+    origin.macro = name;
+    origin.parent = m_assembly.line.origin;
+    origin.callLine = m_assembly.line.number;
+    Frame& frame = m_assembly.sources.push(kind, body, m_assembly.origins.add(origin));
+    frame.conditionals = m_assembly.conditionals.depth();
+    frame.label = std::exchange(m_assembly.sizedLabel, 0);
+    frame.totalBefore = m_assembly.sizedFrom;
+    return frame;
+}
+
+void MacroDirectives::call(std::uint32_t macro, const char* at, const char* p) {
+    if (isTooDeep(at))
+        return;
+    MacroArguments arguments;
+    if (!arguments.read(p)) {
+        m_assembly.error(p, "a macro takes at most nine arguments; this is the tenth");
+        return;
+    }
+    Frame& frame =
+        enter(Origin::Kind::Macro, m_assembly.macros[macro].body, m_assembly.macros[macro].name);
+    frame.arguments = arguments;
+    frame.number = ++m_assembly.expansions;
+}
+
+void MacroDirectives::repeat(const char* at, const char* p) {
+    p = skipBlanks(p);
+    const auto count = m_parser.parseKnown(p, "the count of .rept", 0, kMostRepetitions);
+    if (count)
+        m_assembly.expectEnd(p);
+    Passage body;
+    if (!collect(Directive::Repeat, Directive::EndRepeat, at, body) || !count || *count == 0 ||
+        isTooDeep(at))
+        return;
+    enter(Origin::Kind::Repeat, body, {}).repetitions = static_cast<std::uint32_t>(*count) - 1;
+}
+
+void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next problem) {
+    const auto column = static_cast<std::uint32_t>(skipBlanks(line.begin) - line.begin);
+    const Position position{line.begin, line.number, column, line.origin, line.order};
+    assembly.diagnostics.fatal(
+        position, problem == SourceStack::Next::TooLong
+                      ? "with its arguments put in, this line of a macro is too long"
+                      : "macros, repetitions and files included again come to more lines "
+                        "than can be assembled: is there one without end?");
+}
+
+} // namespace nesasm

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "assembler/language/Keywords.h"
+#include "assembler/statements/Assembly.h"
+#include "assembler/statements/ExpressionParser.h"
+
+#include <optional>
+#include <string_view>
+
+namespace nesasm {
+
+/// Macros and repetitions: their bodies, and putting them in.
+class MacroDirectives {
+public:
+    MacroDirectives(Assembly& assembly, ExpressionParser& parser);
+
+    /// NAME .macro or .macro NAME, with `p` behind both.
+    void define(std::string_view name, const char* at, const char* p);
+
+    /// .macro with the name behind it, at `p`.
+    void defineNamedBehind(const char* p);
+
+    /// The macro of this name, kNone when there is none.
+    std::uint32_t find(std::string_view name) const;
+
+    /// A call, with `p` behind the name that begins at `at`.
+    void call(std::uint32_t macro, const char* at, const char* p);
+
+    /// .rept, with `p` behind it; `at` is where it begins.
+    void repeat(const char* at, const char* p);
+
+    /// Passes over the body of a macro in a branch that is not taken.
+    void skipBody(const char* at);
+
+    /// The directive that the line at `begin` carries, behind labels; `at` is set to where it
+    /// stands.
+    std::optional<Directive> directiveOf(const char* begin, const char*& at) const;
+
+private:
+    bool collect(Directive opening, Directive closing, const char* at, Passage& body);
+    bool isTooDeep(const char* at);
+    Frame& enter(Origin::Kind kind, const Passage& body, std::string_view name);
+    void markArgumentNames(const char* p);
+    bool mayDefine(std::string_view name, const char* at);
+
+    Assembly& m_assembly;
+    ExpressionParser& m_parser;
+};
+
+/// Reports that a macro or repetition asks for too much with `line`, and stops the run.
+void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next problem);
+
+} // namespace nesasm

@@ -1,0 +1,108 @@
+#include "assembler/statements/PlaceDirectives.h"
+
+#include "assembler/text/Characters.h"
+#include "assembler/text/Text.h"
+
+namespace nesasm {
+
+namespace {
+
+/// Where the program's addresses begin.
+constexpr std::uint32_t kPrgStart = 0x8000;
+
+} // namespace
+
+PlaceDirectives::PlaceDirectives(Assembly& assembly, ExpressionParser& parser)
+    : m_assembly(assembly)
+    , m_parser(parser) {}
+
+void PlaceDirectives::run(Directive directive, const char* p) {
+    p = skipBlanks(p);
+    switch (directive) {
+    case Directive::Bank:
+        bank(p);
+        break;
+    case Directive::Org:
+        address(p);
+        break;
+    case Directive::RsSet:
+        reserveFrom(p);
+        break;
+    case Directive::InesPrg:
+    case Directive::InesChr:
+    case Directive::InesMap:
+    case Directive::InesMir:
+        header(directive, p);
+        break;
+    default:
+        section(directive, p);
+        break;
+    }
+}
+
+void PlaceDirectives::bank(const char* p) {
+    const auto number =
+        m_parser.parseKnown(p, "the number of .bank", 0, static_cast<std::int32_t>(kBankCount) - 1);
+    if (number && m_assembly.expectEnd(p))
+        m_assembly.image.selectBank(static_cast<std::uint32_t>(*number));
+}
+
+void PlaceDirectives::address(const char* p) {
+    const char* const start = p;
+    const auto value = m_parser.parseKnown(p, "the address of .org", 0, 0xFFFF);
+    if (!value || !m_assembly.expectEnd(p))
+        return;
+    m_assembly.noteMove();
+    const auto target = static_cast<std::uint32_t>(*value);
+    if (m_assembly.image.setAddress(target))
+        return;
+    const bool isBss = m_assembly.image.section() == Section::Bss;
+    m_assembly.error(start, "the address " + hexText(target) + " lies outside of " +
+                                (isBss ? ".bss, which ends at $800" : ".zp, which ends at $100") +
+                                (target >= kPrgStart ? "; .code leads back to the program" : ""));
+}
+
+void PlaceDirectives::section(Directive directive, const char* p) {
+    if (!m_assembly.expectEnd(p))
+        return;
+    m_assembly.sectionErrorReported = false;
+    switch (directive) {
+    case Directive::Data:
+        m_assembly.image.selectSection(Section::Data);
+        break;
+    case Directive::Zp:
+        m_assembly.image.selectSection(Section::ZeroPage);
+        break;
+    case Directive::Bss:
+        m_assembly.image.selectSection(Section::Bss);
+        break;
+    default:
+        m_assembly.image.selectSection(Section::Code);
+        break;
+    }
+}
+
+void PlaceDirectives::reserveFrom(const char* p) {
+    const auto value = m_parser.parseKnown(p, "the address of .rsset", 0, 0xFFFF);
+    if (value && m_assembly.expectEnd(p))
+        m_assembly.reserveCounter = *value;
+}
+
+void PlaceDirectives::header(Directive directive, const char* p) {
+    struct Row {
+        const char* what;
+        std::uint32_t Header::*field;
+    };
+    const Row row = directive == Directive::InesPrg   ? Row{"the value of .inesprg", &Header::prg}
+                    : directive == Directive::InesChr ? Row{"the value of .ineschr", &Header::chr}
+                    : directive == Directive::InesMap
+                        ? Row{"the value of .inesmap", &Header::mapper}
+                        : Row{"the value of .inesmir", &Header::mirroring};
+    if (directive == Directive::InesPrg || directive == Directive::InesChr)
+        m_assembly.headerPosition = m_assembly.keep(p);
+    const auto value = m_parser.parseKnown(p, row.what, 0, 255);
+    if (value && m_assembly.expectEnd(p))
+        m_assembly.image.header.*row.field = static_cast<std::uint32_t>(*value);
+}
+
+} // namespace nesasm

@@ -1,0 +1,181 @@
+#include "assembler/statements/Resolver.h"
+
+#include "assembler/statements/Definitions.h"
+#include "assembler/statements/FieldWriter.h"
+#include "assembler/statements/Remedies.h"
+#include "assembler/statements/WrittenOperand.h"
+#include "assembler/text/Characters.h"
+#include "assembler/text/Text.h"
+
+#include <algorithm>
+
+namespace nesasm {
+
+Resolver::Resolver(Assembly& assembly)
+    : m_assembly(assembly)
+    , m_hints(assembly) {}
+
+void Resolver::run() {
+    m_wrongLines = m_assembly.diagnostics.linesWithErrors();
+    const auto count = static_cast<std::uint32_t>(m_assembly.deferred.symbols.size());
+    m_visits.assign(count, Visit::New);
+    for (std::uint32_t i = 0; i < count; ++i)
+        settle(i);
+    settleFields();
+    settleAssertions();
+    reportUnused();
+}
+
+/// Settles one symbol after all those that it is made from, however long the chain is.
+void Resolver::settle(std::uint32_t first) {
+    m_waiting.assign(1, first);
+    while (!m_waiting.empty()) {
+        const std::uint32_t index = m_waiting.back();
+        if (m_visits[index] == Visit::New) {
+            m_visits[index] = Visit::Waiting;
+            if (waitForOthers(m_assembly.deferred.symbols[index].expression))
+                continue;
+        }
+        m_waiting.pop_back();
+        if (m_visits[index] == Visit::Done)
+            continue;
+        m_visits[index] = Visit::Done;
+        settleOne(index);
+    }
+}
+
+bool Resolver::waitForOthers(const DeferredExpression& expression) {
+    const std::size_t before = m_waiting.size();
+    for (const Operation& operation : m_assembly.deferred.operations(expression)) {
+        if (operation.code != OpCode::Value)
+            continue;
+        const Symbol& symbol = m_assembly.symbols[operation.argument];
+        if (!symbol.isKnown && symbol.deferred != kNone && m_visits[symbol.deferred] == Visit::New)
+            m_waiting.push_back(symbol.deferred);
+    }
+    return m_waiting.size() > before;
+}
+
+void Resolver::settleOne(std::uint32_t index) {
+    const DeferredSymbol& deferred = m_assembly.deferred.symbols[index];
+    Evaluation result;
+    const bool isKnown = compute(deferred.expression, result);
+    Symbol& symbol = m_assembly.symbols[deferred.symbol];
+    if (deferred.isSecond) {
+        if (!symbol.isKnown && !symbol.isBroken && symbol.deferred != kNone &&
+            m_visits[symbol.deferred] != Visit::Done)
+            return; // found broken further on
+        if (isKnown && symbol.isKnown && symbol.value != result.value)
+            reportSecondValue(m_assembly, deferred.expression.position, symbol, result.value);
+        return;
+    }
+    symbol.isKnown = isKnown;
+    symbol.isBroken = !isKnown;
+    symbol.value = result.value;
+    symbol.bank = result.bank;
+}
+
+bool Resolver::compute(const DeferredExpression& expression, Evaluation& result) {
+    result = evaluate(m_assembly.deferred.operations(expression), m_assembly.symbols);
+    Position position = expression.position;
+    position.column = result.column;
+    switch (result.status) {
+    case Evaluation::Status::Known:
+        return true;
+    case Evaluation::Status::Failed:
+        m_assembly.diagnostics.error(position, problemText(result));
+        return false;
+    case Evaluation::Status::Broken:
+        return false;
+    case Evaluation::Status::Unknown:
+        break;
+    }
+    reportUnknown(position, m_assembly.symbols[result.symbol]);
+    return false;
+}
+
+void Resolver::reportUnknown(const Position& position, const Symbol& symbol) {
+    Diagnostics& diagnostics = m_assembly.diagnostics;
+    if (symbol.isKnown)
+        diagnostics.error(position, noSizeText(symbol));
+    else if (symbol.isDefined)
+        diagnostics.error(position,
+                          quoted(symbol.name) +
+                              " is defined by itself: its value needs itself to be computed");
+    else if (!m_assembly.isIncomplete &&
+             !std::binary_search(m_wrongLines.begin(), m_wrongLines.end(), position.order))
+        diagnostics.error(position, [&] { return undefinedText(symbol); });
+}
+
+std::string Resolver::undefinedText(const Symbol& symbol) const {
+    const bool isLocal = symbol.name.starts_with('.');
+    std::string text = isLocal ? "the local label " : "the symbol ";
+    text.append(quoted(symbol.name)).append(" is not defined");
+    if (!isLocal)
+        text += " anywhere";
+    else if (symbol.scope == 0)
+        text += " before the first label";
+    else
+        text.append(" under ").append(quoted(m_assembly.symbols[symbol.scope].name));
+    return text + remedyForSymbol(m_assembly, symbol);
+}
+
+/// An undefined A behind an instruction that does not work on the accumulator: reported as such.
+bool Resolver::isAccumulator(const DeferredField& field) {
+    const auto operations = m_assembly.deferred.operations(field.expression);
+    if (field.field != Field::Absolute || operations.size() != 1 ||
+        operations[0].code != OpCode::Value)
+        return false;
+    const Symbol& symbol = m_assembly.symbols[operations[0].argument];
+    if (symbol.isDefined || !equalsIgnoringCase(symbol.name, "a"))
+        return false;
+    const Position& position = field.expression.position;
+    const Instruction* const instruction = instructionBefore(position);
+    if (instruction == nullptr)
+        return false;
+    const std::string name(instruction->name);
+    m_assembly.diagnostics.error(
+        position,
+        name + " does not work on the accumulator; it can be written: " + modesText(*instruction) +
+            (name == "INC"   ? "; for A use CLC and ADC #1"
+             : name == "DEC" ? "; for A use SEC and SBC #1"
+                             : ""));
+    return true;
+}
+
+void Resolver::settleFields() {
+    for (const DeferredField& field : m_assembly.deferred.fields) {
+        if (m_assembly.diagnostics.limitReached())
+            return;
+        Evaluation result;
+        if (isAccumulator(field) || !compute(field.expression, result))
+            continue;
+        checkField(m_assembly.diagnostics, field.expression.position, field.field, result.value,
+                   field.next);
+        if (m_hints.areWanted())
+            m_hints.lookLate(field, result.value);
+        const auto bytes = encoded(field.field, result.value, field.next);
+        m_assembly.image.patch(field.number, field.bank, field.offset, bytes.data(),
+                               sizeOf(field.field));
+    }
+}
+
+void Resolver::settleAssertions() {
+    for (const DeferredAssertion& assertion : m_assembly.deferred.assertions) {
+        Evaluation result;
+        if (compute(assertion.expression, result) && result.value == 0)
+            m_assembly.diagnostics.error(assertion.expression.position,
+                                         std::string(assertion.text));
+    }
+}
+
+void Resolver::reportUnused() {
+    for (const Definition& definition : m_assembly.definitions) {
+        const Symbol& symbol = m_assembly.symbols[definition.symbol];
+        if (symbol.uses == 0 && !symbol.isBroken)
+            m_assembly.diagnostics.warning(Warning::UnusedSymbol, definition.position,
+                                           quoted(symbol.name) + " is never used");
+    }
+}
+
+} // namespace nesasm

@@ -1,0 +1,370 @@
+#include "assembler/statements/StatementAssembler.h"
+
+#include "assembler/language/ForeignWords.h"
+#include "assembler/statements/Remedies.h"
+#include "assembler/text/Characters.h"
+#include "assembler/text/Text.h"
+
+#include <array>
+#include <utility>
+
+namespace nesasm {
+
+namespace {
+
+std::string_view view(const char* begin, const char* end) {
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+/// True when the word at `p` is that directive and no label.
+bool isDirectiveAt(const char* p, Directive directive) {
+    const char* const end = wordEnd(p);
+    const Keyword keyword = findKeyword(view(p, end));
+    return keyword.kind == Keyword::Kind::Directive &&
+           keyword.id == static_cast<std::uint8_t>(directive) && *end != ':';
+}
+
+/// True when an instruction or a directive with its dot stands at `p`: what comes before it is
+/// meant as a label.
+bool isStatementAt(const char* p) {
+    const Keyword::Kind kind =
+        startsName(p) ? findKeyword(view(p, wordEnd(p))).kind : Keyword::Kind::None;
+    return kind == Keyword::Kind::Instruction || (kind == Keyword::Kind::Directive && *p == '.');
+}
+
+/// Whether givesValue() can hold where this byte stands. It is asked for every instruction.
+constexpr std::array<bool, 256> kMayGiveValue = [] {
+    std::array<bool, 256> table{};
+    for (const char c : {'=', '.', 'e', 'E', 'r', 'R'})
+        table[static_cast<unsigned char>(c)] = true;
+    return table;
+}();
+
+/// True when what stands at `next`, behind a keyword, can only mean that the keyword was taken for
+/// the name of a symbol: = e, .equ e, .rs e.
+bool givesValue(const char* next) {
+    if (*next == '=')
+        return next[1] != '=';
+    next += *next == '.' ? 1 : 0;
+    if (lowered(next[0]) == 'e' && lowered(next[1]) == 'q' && lowered(next[2]) == 'u')
+        next += 3;
+    else if (lowered(next[0]) == 'r' && lowered(next[1]) == 's')
+        next += 2;
+    else
+        return false;
+    // An operand of that name would have an operator, a comma or nothing behind it.
+    const char* const value = skipBlanks(next);
+    return value != next && (isWordStart(*value) || isDigit(*value) || *value == '$' ||
+                             *value == '\'' || *value == '(');
+}
+
+/// What helps somebody who began a statement with the sign at `p`, as other assemblers have it.
+std::string_view signRemedy(const char* p) {
+    if (isDigit(*p))
+        return "; a name does not begin with a digit";
+    if (*p == '*' && *skipBlanks(p + 1) == '=')
+        return "; .org sets the address";
+    if (*p == '#' && isWordStart(p[1]))
+        return "; a directive begins with a dot";
+    return commentRemedy(p);
+}
+
+/// How a remedy begins that leaves no doubt about what was meant.
+constexpr std::string_view kAdvice = "; use ";
+
+} // namespace
+
+StatementAssembler::StatementAssembler(Assembly& assembly)
+    : m_assembly(assembly)
+    , m_parser(assembly)
+    , m_definitions(assembly, m_parser)
+    , m_data(assembly, m_parser)
+    , m_places(assembly, m_parser)
+    , m_files(assembly, m_parser)
+    , m_macros(assembly, m_parser)
+    , m_flow(assembly, m_parser)
+    , m_instructions(assembly, m_parser) {}
+
+void StatementAssembler::run() {
+    while (!m_assembly.sources.empty() && !m_assembly.diagnostics.limitReached()) {
+        switch (const auto next = m_assembly.sources.next(m_assembly.line)) {
+        case SourceStack::Next::Line:
+            line();
+            break;
+        case SourceStack::Next::EndOfFrame:
+            endFrame();
+            break;
+        default:
+            reportRunaway(m_assembly, m_assembly.line, next);
+            break;
+        }
+    }
+}
+
+void StatementAssembler::endFrame() {
+    m_flow.closeFrame();
+    const Frame& frame = m_assembly.sources.top();
+    if (frame.label != 0)
+        m_assembly.symbols[frame.label].size =
+            static_cast<std::uint32_t>(m_assembly.image.total() - frame.totalBefore);
+    m_assembly.sources.pop();
+    m_assembly.origins.release(frame.origin);
+}
+
+void StatementAssembler::line() {
+    if (!m_assembly.recordsLines) {
+        assembleLine();
+        return;
+    }
+    const SourceFile* const file = m_assembly.sources.top().passage.file;
+    if (m_assembly.conditionals.skips()) {
+        m_assembly.records.add(m_assembly.line, file);
+        assembleLine();
+        return;
+    }
+    m_assembly.records.begin(m_assembly.line, file, m_assembly.image);
+    assembleLine();
+    m_assembly.records.end(m_assembly.image);
+}
+
+void StatementAssembler::assembleLine() {
+    if (m_assembly.conditionals.skips()) {
+        skippedLine();
+        return;
+    }
+    const char* const begin = m_assembly.line.begin;
+    const char* const p = skipBlanks(begin);
+    if (endsStatement(*p))
+        return;
+    m_assembly.here = m_assembly.image.address();
+    m_assembly.sizedLabel = 0;
+    statement(p, p == begin);
+    if (m_assembly.image.hasOverwritten())
+        m_assembly.noteOverwriting();
+    if (m_assembly.sizedLabel != 0)
+        m_assembly.symbols[m_assembly.sizedLabel].size =
+            static_cast<std::uint32_t>(m_assembly.image.total() - m_assembly.sizedFrom);
+}
+
+void StatementAssembler::skippedLine() {
+    const char* at = nullptr;
+    const auto directive = m_macros.directiveOf(m_assembly.line.begin, at);
+    if (!directive)
+        return;
+    if (*directive == Directive::Macro)
+        m_macros.skipBody(at);
+    else if (FlowDirectives::isConditional(*directive))
+        m_flow.condition(*directive, at, wordEnd(at));
+}
+
+void StatementAssembler::statement(const char* p, bool isFirstColumn) {
+    std::string_view bareLabel; // one without a colon, which may be a misspelled word
+    for (; !endsStatement(*p); isFirstColumn = false) {
+        if (!startsName(p)) {
+            reportUnexpected(p, bareLabel);
+            return;
+        }
+        const char* const end = wordEnd(p);
+        const std::string_view word = view(p, end);
+        if (*end == ':') {
+            const char* const next = skipBlanks(end + 1);
+            if (isNamed(word, p, next))
+                return;
+            m_definitions.label(word, p);
+            p = next;
+            continue;
+        }
+        if (isKnownWord(word, p) || isNamed(word, p, skipBlanks(end)))
+            return;
+        if (!isFirstColumn) {
+            reportUnknown(word, p, bareLabel);
+            return;
+        }
+        m_definitions.label(word, p);
+        bareLabel = word;
+        p = skipBlanks(end);
+    }
+}
+
+/// Assembles the statement when its first word, without a colon, is a directive, a macro or an
+/// instruction.
+bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
+    const Keyword keyword = findKeyword(word);
+    const char* const end = p + word.size();
+    const char* const next = skipBlanks(end);
+    const bool isKeyword = keyword.kind != Keyword::Kind::None;
+    const bool mayGiveValue = kMayGiveValue[static_cast<unsigned char>(*next)];
+    if ((*next == '.' || (!isKeyword && lowered(*next) == 'm')) &&
+        isDirectiveAt(next, Directive::Macro)) {
+        m_macros.define(word, p, wordEnd(next));
+        return true;
+    }
+    if (keyword.kind == Keyword::Kind::Directive) {
+        if (mayGiveValue && namesSymbol(p, next))
+            reportKeyword(word, p, true);
+        else
+            directive(static_cast<Directive>(keyword.id), p, end);
+        return true;
+    }
+    if (!isKeyword || m_assembly.macroHidesKeyword) {
+        if (const std::uint32_t macro = m_macros.find(word); macro != kNone) {
+            m_macros.call(macro, p, end);
+            return true;
+        }
+    }
+    if (isKeyword && mayGiveValue && namesSymbol(p, next))
+        reportKeyword(word, p, false);
+    else if (isKeyword)
+        m_instructions.assemble(instructionTable[keyword.id], p, end);
+    return isKeyword;
+}
+
+/// True when the keyword at `p`, with `next` behind it, was taken for the name of a symbol, unless
+/// a forgotten value explains it better: behind a dot, or where a macro's argument may be empty.
+bool StatementAssembler::namesSymbol(const char* p, const char* next) const {
+    return *p != '.' && !m_assembly.line.isShortLived && givesValue(next);
+}
+
+/// `word` is a directive or an instruction and was taken for the name of a symbol.
+void StatementAssembler::reportKeyword(std::string_view word, const char* p, bool isDirective) {
+    m_assembly.markBroken(word);
+    m_assembly.error(p, quoted(word) + (isDirective ? " is a directive" : " is an instruction") +
+                            "; as a symbol it needs a colon directly behind it, or another name");
+}
+
+/// Assembles the statement when `next`, behind the name, gives it a value of another kind than a
+/// label's: NAME = e, .equ, .rs or .macro.
+bool StatementAssembler::isNamed(std::string_view name, const char* at, const char* next) {
+    if (*next == '=' && next[1] != '=') {
+        m_definitions.assign(name, at, next + 1);
+        return true;
+    }
+    if (!startsName(next))
+        return false;
+    const char* const end = wordEnd(next);
+    if (isDirectiveAt(next, Directive::Equ))
+        m_definitions.assign(name, at, end);
+    else if (isDirectiveAt(next, Directive::Rs))
+        m_definitions.reserve(name, at, end);
+    else if (isDirectiveAt(next, Directive::Macro))
+        m_macros.define(name, at, end);
+    else
+        return false;
+    return true;
+}
+
+void StatementAssembler::directive(Directive directive, const char* at, const char* p) {
+    if (FlowDirectives::isConditional(directive)) {
+        m_flow.condition(directive, at, p);
+        return;
+    }
+    switch (directive) {
+    case Directive::Byte:
+    case Directive::Word:
+    case Directive::Ds:
+    case Directive::Align:
+    case Directive::Pad:
+        m_data.run(directive, p);
+        break;
+    case Directive::Include:
+    case Directive::IncBin:
+    case Directive::IncChr:
+        m_files.run(directive, p);
+        break;
+    case Directive::Macro:
+        m_macros.defineNamedBehind(p);
+        break;
+    case Directive::Repeat:
+        m_macros.repeat(at, p);
+        break;
+    case Directive::EndMacro:
+    case Directive::EndRepeat:
+        m_assembly.error(at, directive == Directive::EndMacro ? ".endm without a .macro before it"
+                                                              : ".endr without a .rept before it");
+        break;
+    case Directive::Equ:
+        m_assembly.error(at, ".equ needs a name before it, as in NAME .equ 5");
+        break;
+    case Directive::Rs:
+        m_definitions.reserve({}, at, p);
+        break;
+    case Directive::Assert:
+    case Directive::Fail:
+    case Directive::Error:
+    case Directive::Warning:
+        m_flow.message(directive, at, p);
+        break;
+    case Directive::List:
+    case Directive::NoList:
+        m_assembly.records.list(directive == Directive::List);
+        m_assembly.expectEnd(p);
+        break;
+    default:
+        m_places.run(directive, p);
+        break;
+    }
+}
+
+void StatementAssembler::reportUnknown(std::string_view word, const char* p,
+                                       std::string_view label) {
+    const bool isDotted = word.starts_with('.');
+    // A macro may be what is missing; a directive or an instruction is not.
+    constexpr std::size_t kMnemonicLength = 3;
+    if (m_assembly.isIncomplete && !isDotted && word.size() != kMnemonicLength)
+        return;
+    m_assembly.error(p, [&] { return unknownText(word, p, label); });
+    if (label.empty())
+        m_assembly.markBroken(word);
+}
+
+std::string StatementAssembler::unknownText(std::string_view word, const char* p,
+                                            std::string_view label) const {
+    const bool isDotted = word.starts_with('.');
+    std::string text =
+        isDotted ? "there is no directive " : "there is no instruction, directive or macro ";
+    text += quoted(word);
+    const SymbolId id = m_assembly.symbols.find(word, m_assembly.scope);
+    const bool isSymbol = id != 0 && m_assembly.symbols[id].isDefined;
+    const std::string remedy = isSymbol ? "" : remedyForWord(m_assembly, word);
+    const std::string labelRemedy = label.empty() ? "" : remedyForWord(m_assembly, label);
+    const char* const next = skipBlanks(p + word.size());
+    if (label.empty() && (endsStatement(*next) || isStatementAt(next))) {
+        const bool isForeign = isDotted && !isSymbol && !foreignWordAdvice(word.substr(1)).empty();
+        if (remedy.starts_with(kAdvice))
+            text += remedy;
+        else if (isForeign)
+            text += remedy + "; an indented local label of this name needs a colon behind it";
+        else
+            text.append(isDotted ? "; an indented local label needs a colon behind it"
+                                 : "; an indented label needs a colon behind it")
+                .append(remedy);
+    } else if (!remedy.empty()) {
+        text += remedy;
+    } else if (!labelRemedy.empty()) {
+        text += "; " + quoted(label) + " before it was taken for a label" + labelRemedy;
+    } else if (!isDotted) {
+        text += "; a macro is defined before it is called, and an indented label needs a colon";
+    }
+    return text;
+}
+
+/// `label`, without a colon, stands before what is wrong; it may be a misspelled word.
+void StatementAssembler::reportUnexpected(const char* p, std::string_view label) {
+    if (label.empty()) {
+        m_assembly.error(p, "a label, an instruction or a directive was expected, but " +
+                                foundText(p) + " was found" + std::string(signRemedy(p)));
+        return;
+    }
+    if (m_assembly.isIncomplete)
+        return;
+    m_assembly.error(p, [&] {
+        return quoted(label) +
+               " at the start of the line is a label here, so an "
+               "instruction or a directive was expected, but " +
+               foundText(p) + " was found" +
+               (*p == ':' ? "; a label's colon stands directly behind its name"
+                          : remedyForWord(m_assembly, label));
+    });
+}
+
+} // namespace nesasm

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "assembler/text/Position.h"
+#include "assembler/values/Expression.h"
+#include "assembler/values/Field.h"
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <vector>
+
+namespace nesasm {
+
+/// An expression that had symbols without a value when it was read.
+struct DeferredExpression {
+    std::uint32_t first = 0; ///< operation in the store
+    std::uint32_t count = 0;
+    Position position; ///< of the expression; its operations' columns count in the same line
+};
+
+/// A field of the image that waits for its value.
+struct DeferredField {
+    DeferredExpression expression;
+    std::uint32_t number = 0; ///< from Image::nextPatch
+    std::uint32_t next = 0;   ///< the address behind a branch
+    std::uint16_t bank = 0;
+    std::uint16_t offset = 0;
+    Field field = Field::Byte;
+};
+
+/// A symbol that gets its value (or is given one a second time, which must be the same).
+struct DeferredSymbol {
+    DeferredExpression expression;
+    SymbolId symbol = 0;
+    bool isSecond = false;
+};
+
+struct DeferredAssertion {
+    DeferredExpression expression;
+    std::string_view text;
+};
+
+/// All that can be settled only when the whole source has been read.
+class Deferred {
+public:
+    DeferredExpression keep(std::span<const Operation> operations, const Position& position) {
+        const auto first = static_cast<std::uint32_t>(m_operations.size());
+        m_operations.insert(m_operations.end(), operations.begin(), operations.end());
+        return {first, static_cast<std::uint32_t>(operations.size()), position};
+    }
+    std::span<const Operation> operations(const DeferredExpression& expression) const {
+        return std::span(m_operations).subspan(expression.first, expression.count);
+    }
+
+    std::vector<DeferredField> fields;
+    std::vector<DeferredSymbol> symbols;
+    std::vector<DeferredAssertion> assertions;
+
+private:
+    std::vector<Operation> m_operations;
+};
+
+} // namespace nesasm

@@ -1,0 +1,31 @@
+#include "chrcanvas/data/MasterColors.h"
+
+#include <array>
+
+namespace kestrel {
+
+namespace {
+
+/// The colours of a 2C02G, 16 a row from index 0, as 0xRRGGBB (the 2C02G table of the
+/// palgen-persune project, MIT-0).
+constexpr std::array<std::uint32_t, MasterColorCount> Table = {
+    0x626262, 0x001FB2, 0x2404C8, 0x5200B2, 0x730076, 0x800024, 0x730B00, 0x522800, //
+    0x244400, 0x005700, 0x005C00, 0x005324, 0x003C76, 0x000000, 0x000000, 0x000000, //
+    0xABABAB, 0x2049FF, 0x6025FF, 0x9D0DFF, 0xC709B4, 0xD21A42, 0xBC3A00, 0x8A6200, //
+    0x4B8600, 0x0D9E00, 0x00A200, 0x009169, 0x0071D6, 0x000000, 0x000000, 0x000000, //
+    0xFFFFFF, 0x7A93FF, 0xBD6EFF, 0xFA59FF, 0xFF59F6, 0xFF6D7E, 0xFF9111, 0xD3BA00, //
+    0x90DE00, 0x53F300, 0x2CF457, 0x26E0CF, 0x43BCFF, 0x4E4E4E, 0x000000, 0x000000, //
+    0xFFFFFF, 0xCED1FF, 0xE9C3FF, 0xFFBCFF, 0xFFBDF4, 0xFFC6C3, 0xFFD59A, 0xE9E681, //
+    0xCEF481, 0xB6FB9A, 0xA9FAC3, 0xA9F0F4, 0xB6E1FF, 0xB8B8B8, 0x000000, 0x000000,
+};
+
+} // namespace
+
+ColorEntry masterColor(std::uint8_t key) {
+    const std::uint32_t rgb = Table.at(masterIndex(key));
+    return {key,
+            {static_cast<std::uint8_t>(rgb >> 16U), static_cast<std::uint8_t>((rgb >> 8U) & 0xFFU),
+             static_cast<std::uint8_t>(rgb & 0xFFU)}};
+}
+
+} // namespace kestrel

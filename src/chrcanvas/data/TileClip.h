@@ -1,0 +1,35 @@
+#pragma once
+
+#include "chrcanvas/data/TileData.h"
+#include "chrcanvas/data/TileHistory.h"
+#include "chrcanvas/data/TileShape.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kestrel {
+
+/// A rectangle of tiles that was copied, to be pasted elsewhere.
+struct TileClip {
+    int columns = 0;
+    int rows = 0;
+    std::vector<TileBytes> tiles; ///< row after row, columns * rows of them
+
+    /// The tiles of a shape, gaps as blank tiles.
+    static TileClip of(const TileData& tiles, const TileShape& shape);
+
+    /// The form for a clipboard, and back: the number of columns as two bytes, the higher one
+    /// first, then the tiles. Nothing for bytes of any other form.
+    std::string toBytes() const;
+    static std::optional<TileClip> fromBytes(const std::string& bytes);
+
+    /// The changes that put the clip into `target` with its top left tile at `number`; what would
+    /// lie beside the grid or behind the last tile is left out. They still have to be made.
+    std::vector<TileChange> changesAt(const TileData& target, int number) const;
+
+    bool operator==(const TileClip&) const = default;
+};
+
+} // namespace kestrel

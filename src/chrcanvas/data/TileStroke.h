@@ -1,0 +1,41 @@
+#pragma once
+
+#include "chrcanvas/data/TileData.h"
+#include "chrcanvas/data/TileHistory.h"
+#include "chrcanvas/data/TileShape.h"
+
+#include <map>
+#include <vector>
+
+namespace kestrel {
+
+/// One stroke of the pencil over tiles that stand together: samples joined by straight lines
+/// without gaps. Coordinates are pixels of the whole shape; what lies outside it or in its gaps is
+/// passed over.
+class TileStroke {
+public:
+    /// Paints in `tiles`, which lives as long as the stroke, with `value`, 0 to 3.
+    TileStroke(TileData& tiles, TileShape shape, int value, int x, int y);
+
+    /// The tiles that the last step changed, each once, in ascending order.
+    const std::vector<int>& changedTiles() const { return m_changed; }
+
+    /// Draws a line from where the stroke is.
+    void lineTo(int x, int y);
+
+    /// All that the stroke changed, as one step of a history.
+    std::vector<TileChange> changes() const;
+
+private:
+    void paint(int x, int y);
+
+    TileData* m_tiles;
+    TileShape m_shape;
+    int m_value;
+    int m_x;
+    int m_y;
+    std::map<std::size_t, TileBytes> m_before;
+    std::vector<int> m_changed;
+};
+
+} // namespace kestrel

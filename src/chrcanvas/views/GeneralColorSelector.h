@@ -1,0 +1,18 @@
+#pragma once
+
+#include "chrcanvas/views/BoxSelectorView.h"
+
+namespace kestrel {
+
+/// All master colours of the console, 16 a row, to choose one from.
+class GeneralColorSelector : public BoxSelectorView {
+    Q_OBJECT
+
+public:
+    explicit GeneralColorSelector(QWidget* parent = nullptr);
+
+protected:
+    QString placeAndIndex(PaletteBox box, const QString& index) const override;
+};
+
+} // namespace kestrel

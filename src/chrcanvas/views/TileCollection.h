@@ -1,0 +1,123 @@
+#pragma once
+
+#include "chrcanvas/data/PaletteProtocol.h"
+#include "chrcanvas/data/TileData.h"
+#include "chrcanvas/views/TileCollectionDelegate.h"
+#include "chrcanvas/views/TilePainter.h"
+#include "chrcanvas/views/TileSelection.h"
+#include "chrcanvas/views/ViewAccessibility.h"
+
+#include <QAbstractScrollArea>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace kestrel {
+
+/// Shows all tiles of a file, 16 a row, and lets the user select one of them or a rectangle.
+///
+/// Tile numbers count from 0. Only what is visible is ever drawn, so the time does not grow with
+/// the number of tiles.
+class TileCollection : public QAbstractScrollArea, public ViewAccessibility {
+    Q_OBJECT
+
+public:
+    explicit TileCollection(QWidget* parent = nullptr);
+
+    /// Who is told of selections; not owned. Whoever sets itself takes itself back when it goes
+    /// first.
+    TileCollectionDelegate* delegate() const { return m_delegate; }
+    virtual void setDelegate(TileCollectionDelegate* delegate);
+
+    /// The tiles shown, shared with whoever gave them; null for none. Drawn by reloadTiles().
+    const std::shared_ptr<TileData>& tileData() const { return m_tiles; }
+    virtual void setTileData(std::shared_ptr<TileData> tiles);
+
+    /// The colours of the pixels' values 0 to 3.
+    using QAbstractScrollArea::setPalette;
+    void setPalette(const PaletteProtocol& palette);
+
+    /// Shows faint lines between the tiles, or hides them.
+    void setGridShown(bool shown);
+
+    /// Draws all tiles again, and selects the tile that selectTile() was asked for in vain.
+    virtual void reloadTiles();
+
+    /// Draws these tiles again.
+    virtual void updateTiles(const std::vector<int>& tileNumbers);
+
+    /// Selects one tile as if it had been clicked, the delegate is told. A number that no tile has
+    /// waits, unreported, for the next reloadTiles(); what is selected stays till then.
+    virtual void selectTile(int number);
+    /// Lets no number wait any longer: the tiles that it was meant for do not come.
+    void forgetWaitingTile() { m_waiting.reset(); }
+
+    /// Selects the rectangle between two cells of the grid, which are counted like tiles; the
+    /// delegate is told. Nothing happens unless both lie in rows that have tiles.
+    void selectBlock(int first, int last);
+    void selectAll();
+
+    /// What is selected, as the delegate is told. The marked cells stay when other tiles are shown.
+    std::vector<std::vector<int>> selectedRows() const;
+
+    /// Where a tile is drawn and which one is drawn there, in the viewport's units.
+    QRect tileRect(int number) const;
+    std::optional<int> tileAt(const QPointF& position) const;
+
+    /// Pixels of the screen that a tile's pixel is wide.
+    int zoom() const { return m_zoom; }
+
+    void scrollToTile(int number);
+
+    QAccessible::Role accessibleRole() const override { return QAccessible::Canvas; }
+    QString accessibleValue() const override;
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The pointer is over another tile; -1 when it is over none.
+    void tileHovered(int number);
+    void selectionChanged();
+
+protected:
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    int tileCount() const;
+    int rowCount() const;
+    int tileSize() const { return m_zoom * TileSide; }
+    QRect cellsOnScreen(const QRect& cells) const;
+    int cellNearest(const QPointF& position) const;
+    void layOut();
+    void choose(const TileSelection& selection);
+    int cellAfterKey(int key, bool extend) const;
+    void setHovered(int number);
+    void repaintCells(const QRect& cells);
+    void drawTiles(QPainter& painter, const QRect& screen);
+    void drawMark(QPainter& painter) const;
+    QSize sizeFor(int zoom, int rows) const;
+
+    TileCollectionDelegate* m_delegate = nullptr;
+    std::shared_ptr<TileData> m_tiles;
+    TilePainter m_painter;
+    TileSelection m_selection;
+    std::optional<int> m_waiting;
+    int m_hovered = TileSelection::None;
+    int m_zoom = 1;
+    bool m_dragging = false;
+    bool m_grid = true;
+};
+
+} // namespace kestrel

@@ -1,0 +1,57 @@
+#include "editors/code/EncodingDetector.h"
+
+#include <algorithm>
+#include <memory>
+#include <uchardet.h>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+/// What the detection library says; empty when it does not know.
+std::string detected(std::string_view bytes) {
+    const std::unique_ptr<uchardet, decltype(&uchardet_delete)> detector(uchardet_new(),
+                                                                         &uchardet_delete);
+    if (uchardet_handle_data(detector.get(), bytes.data(), bytes.size()) != 0) {
+        return {};
+    }
+    uchardet_data_end(detector.get());
+    return uchardet_get_charset(detector.get());
+}
+
+/// Control characters other than white space are in no text, but in almost all other data.
+bool looksLikeText(std::string_view bytes) {
+    return std::ranges::none_of(bytes, [](char byte) {
+        const auto value = static_cast<unsigned char>(byte);
+        constexpr unsigned char Escape = 0x1b;
+        constexpr unsigned char EndOfDosText = 0x1a;
+        return value == 0x7f || (value < 0x20 && (value < '\t' || value > '\r') &&
+                                 value != Escape && value != EndOfDosText);
+    });
+}
+
+} // namespace
+
+std::vector<std::string> EncodingDetector::candidates(std::string_view bytes) {
+    if (!looksLikeText(bytes)) {
+        return {};
+    }
+    std::string name = detected(bytes);
+    if (name == "UHC") {
+        name = "windows-949";
+    } else if (name == "ISO-8859-1") {
+        name = "windows-1252"; // the same, with characters where the other has control codes
+    }
+    std::vector<std::string> names;
+    if (!name.empty()) {
+        names.push_back(std::move(name));
+    }
+    // A short comment may tell the library nothing. Japanese has rules that other text breaks; the
+    // last one takes any bytes.
+    names.emplace_back("Shift_JIS");
+    names.emplace_back("windows-1252");
+    return names;
+}
+
+} // namespace kestrel

@@ -1,0 +1,240 @@
+#include "editors/code/SourceDocument.h"
+
+#include "editors/code/DocumentCharacters.h"
+#include "editors/code/LineReader.h"
+
+#include <QTextBlock>
+#include <QTextCharFormat>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace kestrel {
+
+namespace {
+
+/// Marks a separator: its value is the LineEnd. A separator without it has the usual line end.
+constexpr int LineEndProperty = QTextFormat::UserProperty + 1;
+
+/// The most frequent line end; LF when there is none.
+LineEnd usualLineEnd(QStringView text) {
+    std::array<qsizetype, 3> counts{};
+    LineReader reader(text);
+    while (const auto line = reader.next()) {
+        if (line->end) {
+            ++counts.at(static_cast<std::size_t>(*line->end));
+        }
+    }
+    LineEnd usual = LineEnd::lf;
+    for (const LineEnd end : {LineEnd::crlf, LineEnd::cr}) {
+        if (counts.at(static_cast<std::size_t>(end)) > counts.at(static_cast<std::size_t>(usual))) {
+            usual = end;
+        }
+    }
+    return usual;
+}
+
+QLatin1StringView textOf(LineEnd end) {
+    const std::string_view bytes = bytesOf(end);
+    return {bytes.data(), std::ssize(bytes)};
+}
+
+/// A document's raw text has this between its blocks.
+constexpr QChar Separator = QChar::ParagraphSeparator;
+
+/// What update() leaves as it is: so many lines at the start and at the end.
+struct CommonLines {
+    qsizetype before = 0;
+    qsizetype after = 0;
+};
+
+using Lines = std::vector<LineReader::Line>;
+
+Lines linesOf(QStringView text) {
+    Lines lines;
+    LineReader reader(text);
+    while (const auto line = reader.next()) {
+        lines.push_back(*line);
+    }
+    return lines;
+}
+
+CommonLines commonLines(const Lines& former, const Lines& present) {
+    CommonLines common;
+    const qsizetype most = std::min(std::ssize(former), std::ssize(present));
+    const auto at = [](const Lines& lines, qsizetype index) -> const LineReader::Line& {
+        return lines[static_cast<std::size_t>(index)];
+    };
+    while (common.before < most && at(former, common.before) == at(present, common.before)) {
+        ++common.before;
+    }
+    while (common.after < most - common.before &&
+           at(former, std::ssize(former) - 1 - common.after) ==
+               at(present, std::ssize(present) - 1 - common.after)) {
+        ++common.after;
+    }
+    return common;
+}
+
+} // namespace
+
+SourceDocument::SourceDocument(QTextDocument& document)
+    : m_document(document) {}
+
+void SourceDocument::load(const QString& text) {
+    m_usual = usualLineEnd(text);
+    m_hasMarks = false;
+    m_mayHaveLoneReturns = m_usual == LineEnd::cr;
+    m_document.setUndoRedoEnabled(false);
+    QTextCursor cursor(&m_document);
+    cursor.beginEditBlock();
+    m_document.clear();
+    insertLines(cursor, text);
+    cursor.endEditBlock();
+    m_document.setUndoRedoEnabled(true);
+}
+
+bool SourceDocument::update(const QString& text) {
+    const QString formerText = this->text();
+    if (formerText == text) {
+        return false;
+    }
+    const Lines former = linesOf(formerText);
+    const Lines present = linesOf(text);
+    // A lone CR before an empty line that ends in LF reads as one line end, but is two lines of the
+    // document. Then its lines have other numbers, and all are replaced.
+    const CommonLines common = std::ssize(former) == m_document.blockCount()
+                                   ? commonLines(former, present)
+                                   : CommonLines();
+    const auto firstAfter = std::ssize(former) - common.after;
+    QTextCursor cursor(&m_document);
+    cursor.beginEditBlock();
+    cursor.setPosition(m_document.findBlockByNumber(static_cast<int>(common.before)).position());
+    if (common.after > 0) {
+        cursor.setPosition(m_document.findBlockByNumber(static_cast<int>(firstAfter)).position(),
+                           QTextCursor::KeepAnchor);
+    } else {
+        cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    }
+    cursor.removeSelectedText();
+    const auto inserted = std::ssize(present) - common.after;
+    if (common.before < inserted) {
+        const QChar* const start = present[static_cast<std::size_t>(common.before)].text.begin();
+        const QChar* const end = common.after > 0
+                                     ? present[static_cast<std::size_t>(inserted)].text.begin()
+                                     : QStringView(text).end();
+        insertLines(cursor, QStringView(start, end));
+    }
+    cursor.endEditBlock();
+    return true;
+}
+
+/// Inserts lines whose ends are those of a file. Runs of lines with the usual end go in at once.
+void SourceDocument::insertLines(QTextCursor& cursor, QStringView text) {
+    const QTextCharFormat plain;
+    const QChar* runStart = text.begin();
+    const auto insertRun = [&](const QChar* end) {
+        if (end != runStart) {
+            cursor.insertText(DocumentCharacters::toDocument(QString(runStart, end - runStart)),
+                              plain);
+        }
+    };
+    LineReader reader(text);
+    while (const auto line = reader.next()) {
+        if (line->end && *line->end != m_usual) {
+            insertRun(line->text.end());
+            cursor.insertBlock(QTextBlockFormat(), formatOf(*line->end));
+            runStart = line->text.end() + bytesOf(*line->end).size();
+        }
+    }
+    insertRun(text.end());
+}
+
+QString SourceDocument::text() const {
+    const QString raw = m_document.toRawText();
+    QString result;
+    result.reserve(raw.size() + m_document.blockCount());
+    QTextBlock line = m_document.begin();
+    qsizetype start = 0;
+    while (true) {
+        const qsizetype separator = raw.indexOf(Separator, start);
+        const QStringView part =
+            QStringView(raw).sliced(start, (separator < 0 ? raw.size() : separator) - start);
+        if (DocumentCharacters::hasStandIns(part)) {
+            result += DocumentCharacters::fromDocument(part.toString());
+        } else {
+            result += part;
+        }
+        if (separator < 0) {
+            return result;
+        }
+        result += textOf(m_hasMarks ? lineEnd(line).value_or(m_usual) : m_usual);
+        if (m_hasMarks) {
+            line = line.next();
+        }
+        start = separator + 1;
+    }
+}
+
+QString SourceDocument::selectedText(const QTextCursor& cursor) {
+    QString text = cursor.selectedText();
+    text.replace(Separator, u'\n');
+    return DocumentCharacters::fromDocument(std::move(text));
+}
+
+void SourceDocument::insert(QTextCursor& cursor, const QString& text) {
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    // The mark is read of separators only, so the text between them may carry it, too.
+    cursor.insertText(DocumentCharacters::toDocument(text),
+                      formatOf(lineEndForSplit(cursor.block())));
+    cursor.endEditBlock();
+}
+
+void SourceDocument::insertNewline(QTextCursor& cursor, const QString& indentation) {
+    cursor.beginEditBlock();
+    cursor.removeSelectedText();
+    const QTextCharFormat format = formatOf(lineEndForSplit(cursor.block()));
+    const int place = cursor.position();
+    // The separator goes in last: the undo history would otherwise join the indentation with what
+    // is typed after it.
+    cursor.insertText(indentation, QTextCharFormat());
+    const int end = cursor.position();
+    cursor.setPosition(place);
+    cursor.insertBlock(QTextBlockFormat(), format);
+    cursor.setPosition(end + 1);
+    cursor.endEditBlock();
+}
+
+std::optional<LineEnd> SourceDocument::lineEnd(const QTextBlock& line) const {
+    const QTextBlock next = line.next();
+    if (!next.isValid()) {
+        return std::nullopt;
+    }
+    // A block's own character format is that of the separator before it.
+    const QTextCharFormat format = next.charFormat();
+    return format.hasProperty(LineEndProperty)
+               ? static_cast<LineEnd>(format.intProperty(LineEndProperty))
+               : m_usual;
+}
+
+QTextCharFormat SourceDocument::formatOf(LineEnd end) {
+    QTextCharFormat format;
+    if (end != m_usual) {
+        format.setProperty(LineEndProperty, static_cast<int>(end));
+        m_hasMarks = true;
+        m_mayHaveLoneReturns = m_mayHaveLoneReturns || end == LineEnd::cr;
+    }
+    return format;
+}
+
+/// What the first part of `line` ends in when it is split: the line's own end, for the last line
+/// the end before it.
+LineEnd SourceDocument::lineEndForSplit(const QTextBlock& line) const {
+    return lineEnd(line).value_or(lineEnd(line.previous()).value_or(LineEnd::lf));
+}
+
+} // namespace kestrel

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "editors/code/LineEnd.h"
+
+#include <QString>
+
+#include <optional>
+
+class QTextBlock;
+class QTextCharFormat;
+class QTextCursor;
+class QTextDocument;
+
+namespace kestrel {
+
+/// Keeps a source text in a text document, every line with its own line end. The document itself
+/// folds all line ends into one; those that differ from the text's most frequent one are marked in
+/// the character format of the block separator, which undo and all edits carry along.
+class SourceDocument {
+public:
+    /// Works on `document`, which must outlive this; what it holds now has ends of LF.
+    explicit SourceDocument(QTextDocument& document);
+
+    /// Puts `text`, with the line ends of a file, in place of everything. Empties the undo history.
+    void load(const QString& text);
+
+    /// Changes what the document holds to `text` as one edit that can be undone, and only where it
+    /// differs. False when there was nothing to change.
+    bool update(const QString& text);
+
+    /// The text with the line ends of a file.
+    QString text() const;
+
+    /// A stretch of the text, with LF for every line end: the form for the clipboard.
+    static QString selectedText(const QTextCursor& cursor);
+
+    /// Puts text from outside in place of the cursor's selection, as one edit. Its line ends become
+    /// that of the line it comes into.
+    void insert(QTextCursor& cursor, const QString& text);
+
+    /// Splits the line at the cursor, or replaces the selection, and begins the new line with
+    /// `indentation`, as one edit.
+    void insertNewline(QTextCursor& cursor, const QString& indentation);
+
+    /// How a line ends; nothing for the last one.
+    std::optional<LineEnd> lineEnd(const QTextBlock& line) const;
+
+    /// Whether lines that end in a lone CR may be there; never false when they are.
+    bool mayHaveLoneReturns() const { return m_mayHaveLoneReturns; }
+
+private:
+    QTextCharFormat formatOf(LineEnd end);
+    LineEnd lineEndForSplit(const QTextBlock& line) const;
+    void insertLines(QTextCursor& cursor, QStringView text);
+
+    QTextDocument& m_document;
+    LineEnd m_usual = LineEnd::lf;
+    bool m_hasMarks = false; // stays set once there was one: undo may bring it back
+    bool m_mayHaveLoneReturns = false;
+};
+
+} // namespace kestrel

@@ -1,0 +1,155 @@
+#include "editors/code/TextEditorController.h"
+
+#include "editors/code/CodeEditorTextView.h"
+#include "editors/code/FindBar.h"
+#include "editors/code/GoToLineBar.h"
+#include "editors/code/SourceCodec.h"
+#include "editors/code/TextEditorActions.h"
+#include "model/FileProcessor.h"
+#include "model/FileReader.h"
+#include "model/Log.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+#include <string>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+/// No source is longer, and the toolkit's text view would take minutes to show it.
+constexpr std::uintmax_t MaximumSourceSize = 128ULL * 1024 * 1024;
+
+QString displayed(const std::filesystem::path& path) {
+    return QString::fromStdString(path.string());
+}
+
+} // namespace
+
+TextEditorController::TextEditorController(QWidget* parent)
+    : QWidget(parent)
+    , codeEditor(new CodeEditorTextView(this))
+    , saveButton(new QPushButton(tr("Save"), this))
+    , m_nameLabel(new QLabel(this))
+    , m_findBar(new FindBar(*codeEditor, this))
+    , m_goToLineBar(new GoToLineBar(*codeEditor, this))
+    , m_actions(
+          std::make_unique<TextEditorActions>(*codeEditor, *m_findBar, *m_goToLineBar, *this)) {
+    setObjectName(QStringLiteral("textEditor"));
+    setAccessibleName(tr("Code editor"));
+    m_nameLabel->setObjectName(QStringLiteral("textFileName"));
+    m_nameLabel->setTextFormat(Qt::PlainText);
+    m_nameLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    saveButton->setObjectName(QStringLiteral("saveButton"));
+    saveButton->setAccessibleName(tr("Save"));
+    saveButton->setToolTip(tr("Save this file (Ctrl+S)"));
+    buildLayout();
+    setFocusProxy(codeEditor);
+    viewDidLoad();
+}
+
+TextEditorController::~TextEditorController() = default;
+
+void TextEditorController::buildLayout() {
+    auto* header = new QHBoxLayout;
+    header->setContentsMargins(8, 4, 8, 4);
+    header->addWidget(m_nameLabel, 1);
+    header->addWidget(saveButton);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(header);
+    layout->addWidget(codeEditor, 1);
+    layout->addWidget(m_findBar);
+    layout->addWidget(m_goToLineBar);
+}
+
+void TextEditorController::viewDidLoad() {
+    connect(saveButton, &QPushButton::clicked, this, &TextEditorController::saveFile);
+    codeEditor->lnv_setUpLineNumberView();
+}
+
+void TextEditorController::loadFile(const std::filesystem::path& path) {
+    const std::optional<std::string> bytes = readFile(path, MaximumSourceSize);
+    if (!bytes) {
+        writeLog("The file " + path.string() + " could not be read.");
+        return;
+    }
+    const std::optional<SourceText> source = SourceCodec::decode(*bytes);
+    if (!source) {
+        writeLog("The file " + path.string() + " is no text in a known encoding.");
+        return;
+    }
+    m_byteOrderMark = source->byteOrderMark;
+    showText(path, source->text);
+}
+
+void TextEditorController::showText(const std::filesystem::path& path, const QString& text) {
+    const bool shownAlready = m_path == path;
+    m_path = path;
+    m_nameLabel->setText(displayed(path.filename()));
+    m_nameLabel->setToolTip(QStringLiteral("<qt>%1</qt>").arg(displayed(path).toHtmlEscaped()));
+    if (!codeEditor) {
+        return;
+    }
+    if (shownAlready) {
+        codeEditor->source().update(text);
+    } else {
+        codeEditor->source().load(text);
+        codeEditor->moveCursor(QTextCursor::Start);
+        codeEditor->verticalScrollBar()->setValue(0);
+        m_goToLineBar->hide(); // it tells the former file's lines
+    }
+    codeEditor->reload();
+}
+
+QAbstractScrollArea* TextEditorController::codeEditorScrollView() const {
+    return codeEditor;
+}
+
+void TextEditorController::saveFile() {
+    if (!m_path) {
+        return;
+    }
+    std::optional<std::string> contents;
+    if (codeEditor) {
+        contents = SourceCodec::encode({codeEditor->source().text(), m_byteOrderMark});
+    }
+    if (!FileProcessor::saveTextFile(*m_path, contents)) {
+        writeLog("Could not save file");
+    }
+}
+
+const std::optional<std::filesystem::path>& TextEditorController::path() const {
+    return m_path;
+}
+
+void TextEditorController::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && m_findBar->isVisible()) {
+        m_findBar->closeBar();
+    } else if (event->key() == Qt::Key_Escape && m_goToLineBar->isVisible()) {
+        m_goToLineBar->closeBar();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void TextEditorController::savePane() {
+    saveFile();
+}
+
+QList<QAction*> TextEditorController::editActions() const {
+    return m_actions->edit;
+}
+
+QList<QAction*> TextEditorController::viewActions() const {
+    return m_actions->view;
+}
+
+} // namespace kestrel

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "widgets/EditorPane.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+class QAbstractScrollArea;
+class QLabel;
+class QPushButton;
+
+namespace kestrel {
+
+class CodeEditorTextView;
+class FindBar;
+class GoToLineBar;
+struct TextEditorActions;
+
+/// The pane for an assembly source file.
+class TextEditorController : public QWidget, public EditorPane {
+    Q_OBJECT
+
+public:
+    explicit TextEditorController(QWidget* parent = nullptr);
+    ~TextEditorController() override;
+
+    /// The code editor as what scrolls; the toolkit's text view is its own scroll view.
+    QAbstractScrollArea* codeEditorScrollView() const;
+    QPointer<CodeEditorTextView> codeEditor;
+    QPointer<QPushButton> saveButton;
+
+    /// Shows the file at `path`; unsaved edits are dropped. A file that is shown already is read
+    /// again, and Undo brings back what that changed. One that cannot be read is logged, and
+    /// everything stays as it is.
+    virtual void loadFile(const std::filesystem::path& path);
+
+    /// Writes the text to the file, as it is and in UTF-8. Without a file nothing happens; a
+    /// failure is logged.
+    void saveFile();
+
+    /// The file shown; nothing before the first.
+    const std::optional<std::filesystem::path>& path() const;
+
+    void savePane() override;
+    QList<QAction*> editActions() const override;
+    QList<QAction*> viewActions() const override;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void buildLayout();
+    void viewDidLoad();
+    void showText(const std::filesystem::path& path, const QString& text);
+
+    std::optional<std::filesystem::path> m_path;
+    bool m_byteOrderMark = false;
+    QLabel* m_nameLabel;
+    FindBar* m_findBar;
+    GoToLineBar* m_goToLineBar;
+    std::unique_ptr<TextEditorActions> m_actions;
+};
+
+} // namespace kestrel

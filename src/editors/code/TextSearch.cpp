@@ -1,0 +1,79 @@
+#include "editors/code/TextSearch.h"
+
+#include "editors/code/DocumentCharacters.h"
+
+#include <QStringMatcher>
+#include <QTextDocument>
+
+#include <algorithm>
+
+namespace kestrel {
+
+namespace {
+
+bool isWordCharacter(QChar character) {
+    return character.isLetterOrNumber() || character == u'_' || character.isSurrogate() ||
+           character.isMark();
+}
+
+bool isWholeWord(QStringView text, qsizetype start, qsizetype end) {
+    // A term that begins or ends with another character has its own border there.
+    const bool joinedBefore =
+        start > 0 && isWordCharacter(text[start]) && isWordCharacter(text[start - 1]);
+    const bool joinedAfter =
+        end < text.size() && isWordCharacter(text[end - 1]) && isWordCharacter(text[end]);
+    return !joinedBefore && !joinedAfter;
+}
+
+} // namespace
+
+TextSearch::TextSearch(const QTextDocument& document, const SearchTerm& term) {
+    const QString wanted = DocumentCharacters::toDocument(term.text);
+    if (wanted.isEmpty()) {
+        return;
+    }
+    m_length = static_cast<int>(wanted.size());
+    // Lines are separated by a character that no term can hold, so no match runs over a line's end.
+    const QString text = document.toRawText();
+    const QStringMatcher matcher(wanted, term.matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive);
+    qsizetype place = matcher.indexIn(text);
+    while (place >= 0) {
+        // A stand-in for a character of the toolkit's looks like the second half of a pair.
+        const bool splitsPair =
+            place > 0 && text[place].isLowSurrogate() && text[place - 1].isHighSurrogate();
+        const bool counts =
+            !splitsPair && (!term.wholeWords || isWholeWord(text, place, place + m_length));
+        if (counts) {
+            m_positions.push_back(static_cast<int>(place));
+        }
+        place = matcher.indexIn(text, place + (counts ? m_length : 1));
+    }
+}
+
+std::optional<int> TextSearch::atOrAfter(int position) const {
+    if (m_positions.empty()) {
+        return std::nullopt;
+    }
+    const auto found = std::ranges::lower_bound(m_positions, position);
+    return found == m_positions.end() ? 0 : static_cast<int>(found - m_positions.begin());
+}
+
+std::optional<int> TextSearch::before(int position) const {
+    if (m_positions.empty()) {
+        return std::nullopt;
+    }
+    const auto found = std::ranges::lower_bound(m_positions, position);
+    return (found == m_positions.begin() ? count()
+                                         : static_cast<int>(found - m_positions.begin())) -
+           1;
+}
+
+std::optional<int> TextSearch::at(int position) const {
+    const auto found = std::ranges::lower_bound(m_positions, position);
+    if (found == m_positions.end() || *found != position) {
+        return std::nullopt;
+    }
+    return static_cast<int>(found - m_positions.begin());
+}
+
+} // namespace kestrel

@@ -1,0 +1,65 @@
+#include "editors/settings/EmulatorField.h"
+
+#include "editors/settings/EmulatorProblem.h"
+
+#include <QFile>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace kestrel {
+
+namespace {
+
+const QColor ProblemColour(0xa4, 0x12, 0x12); // readable on white
+
+} // namespace
+
+EmulatorField::EmulatorField(QWidget* parent)
+    : QWidget(parent)
+    , m_textField(new PathField(this))
+    , m_chooseButton(new QPushButton(tr("&Choose..."), this))
+    , m_problemLabel(new QLabel(this)) {
+    m_textField->setObjectName(QStringLiteral("pathToEmulatorTextField"));
+    m_textField->setAccessibleName(tr("Emulator"));
+    m_chooseButton->setObjectName(QStringLiteral("chooseEmulatorButton"));
+    m_chooseButton->setAccessibleName(tr("Choose emulator"));
+    m_chooseButton->setAutoDefault(false);
+    m_problemLabel->setObjectName(QStringLiteral("emulatorProblem"));
+    m_problemLabel->setTextFormat(Qt::PlainText);
+    m_problemLabel->setWordWrap(true);
+    buildView();
+    refresh();
+}
+
+void EmulatorField::buildView() {
+    auto* label = new QLabel(tr("E&mulator"), this);
+    label->setObjectName(QStringLiteral("pathToEmulatorLabel"));
+    label->setBuddy(m_textField);
+    auto* row = new QHBoxLayout;
+    row->addWidget(m_textField, 1);
+    row->addWidget(m_chooseButton);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(label);
+    column->addLayout(row);
+    column->addWidget(m_problemLabel);
+}
+
+void EmulatorField::setEmulator(const std::optional<std::filesystem::path>& emulator) {
+    m_emulator = emulator;
+    if (emulator) {
+        m_textField->setPath(QFile::decodeName(QByteArray::fromStdString(emulator->string())));
+    }
+    refresh();
+}
+
+void EmulatorField::refresh() {
+    const QString problem = m_emulator ? EmulatorProblem::of(*m_emulator) : QString();
+    QPalette colours = palette();
+    colours.setColor(QPalette::WindowText,
+                     problem.isEmpty() ? colours.color(QPalette::PlaceholderText) : ProblemColour);
+    m_problemLabel->setPalette(colours);
+    m_problemLabel->setText(m_emulator ? problem : tr("No emulator is set for this project yet."));
+}
+
+} // namespace kestrel

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "editors/settings/PathField.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QWidget>
+
+#include <filesystem>
+#include <optional>
+
+namespace kestrel {
+
+/// Shows which emulator runs the project, what is wrong with it, and a button to choose another.
+class EmulatorField : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit EmulatorField(QWidget* parent = nullptr);
+
+    PathField* textField() const { return m_textField; }
+    QPushButton* chooseButton() const { return m_chooseButton; }
+    /// The line below the field: why the emulator cannot be started, or that there is none.
+    QLabel* problemLabel() const { return m_problemLabel; }
+
+    /// Shows this emulator. Without one the path shown before stays in the field; the line below
+    /// says that none is set.
+    void setEmulator(const std::optional<std::filesystem::path>& emulator);
+
+    /// Looks again whether the emulator can be started.
+    void refresh();
+
+private:
+    void buildView();
+
+    PathField* m_textField;
+    QPushButton* m_chooseButton;
+    QLabel* m_problemLabel;
+    std::optional<std::filesystem::path> m_emulator;
+};
+
+} // namespace kestrel

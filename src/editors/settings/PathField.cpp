@@ -1,0 +1,52 @@
+#include "editors/settings/PathField.h"
+
+#include <QPainter>
+#include <QStyleOptionFrame>
+#include <QTextDocument>
+
+namespace kestrel {
+
+namespace {
+
+constexpr int TextMargin = 2; // between the field's inner edge and its text, as the toolkit has it
+
+} // namespace
+
+PathField::PathField(QWidget* parent)
+    : QLineEdit(parent) {
+    setReadOnly(true);
+}
+
+void PathField::setPath(const QString& path) {
+    setText(path);
+    setToolTip(Qt::mightBeRichText(path) ? path.toHtmlEscaped() : path);
+}
+
+QString PathField::paintedText() const {
+    return fontMetrics().elidedText(text(), Qt::ElideMiddle, textPlace().width());
+}
+
+QRect PathField::textPlace() const {
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    return style()
+        ->subElementRect(QStyle::SE_LineEditContents, &option, this)
+        .marginsRemoved(textMargins())
+        .adjusted(TextMargin, 0, -TextMargin, 0);
+}
+
+void PathField::paintEvent(QPaintEvent* event) {
+    const QString shown = paintedText();
+    if (hasFocus() || shown == text()) {
+        QLineEdit::paintEvent(event);
+        return;
+    }
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(textPlace(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+} // namespace kestrel

@@ -1,0 +1,328 @@
+#include "editors/settings/ProjectSettingsController.h"
+
+#include "build/NESProjectBuilder.h"
+#include "editors/settings/BuildFileList.h"
+#include "editors/settings/BuildFileListModel.h"
+#include "editors/settings/BuildFileTable.h"
+#include "editors/settings/BuildMembership.h"
+#include "editors/settings/EmulatorField.h"
+#include "editors/settings/EmulatorPanel.h"
+#include "editors/settings/OutputField.h"
+#include "editors/settings/ProjectSettingCell.h"
+#include "model/Paths.h"
+#include "navigation/tree/ProjectNavigationController.h"
+#include "newitem/AddNewItemFromProjectController.h"
+#include "widgets/ElidedLabel.h"
+#include "widgets/LightPalette.h"
+#include "widgets/Sheet.h"
+
+#include <QBoxLayout>
+#include <QEvent>
+#include <QScrollArea>
+
+#include <algorithm>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+constexpr int RoomForColumns = 540; // narrower than this the lists stand below one another
+
+constexpr std::array<FileType, 3> Kinds = {FileType::text, FileType::graphics, FileType::palette};
+
+} // namespace
+
+ProjectSettingsController::ProjectSettingsController(QWidget* parent)
+    : QWidget(parent)
+    , m_projectLabel(new ElidedLabel(this))
+    , m_outputField(new OutputField(this))
+    , m_emulatorField(new EmulatorField(this))
+    , m_filePicker(AddNewItemFromProjectController::openSheet)
+    , m_emulatorPanel(EmulatorPanel::open) {
+    setObjectName(QStringLiteral("projectSettings"));
+    setAccessibleName(tr("Project settings"));
+    makeWhite(*this);
+    m_lists = {
+        new BuildFileList({tr("&Assembly files"), tr("assembly file"), tr("No assembly files yet"),
+                           "codeTableView", "subtractCodeEntryButton", "addCodeEntryButton"},
+                          this),
+        new BuildFileList({tr("&Graphics files"), tr("graphics file"), tr("No graphics files yet"),
+                           "graphicsTableView", "subtractGraphicsEntryButton",
+                           "addGraphicsEntryButton"},
+                          this),
+        new BuildFileList({tr("&Palette files"), tr("palette file"), tr("No palette files yet"),
+                           "paletteTableView", "subtractPaletteEntryButton",
+                           "addPaletteEntryButton"},
+                          this)};
+    buildView();
+    connectLists();
+    connect(m_emulatorField->chooseButton(), &QPushButton::clicked, this,
+            [this] { setPathForEmulator(m_emulatorField->chooseButton()); });
+    setCurrentProject(nullptr);
+}
+
+ProjectSettingsController::~ProjectSettingsController() = default;
+
+void ProjectSettingsController::buildView() {
+    m_projectLabel->setObjectName(QStringLiteral("projectLabel"));
+    QFont font = m_projectLabel->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.2);
+    m_projectLabel->setFont(font);
+
+    auto* scrollArea = new QScrollArea(this);
+    scrollArea->setObjectName(QStringLiteral("settingsScrollArea"));
+    scrollArea->setAccessibleName(tr("Project settings"));
+    scrollArea->setFrameShape(QFrame::NoFrame);
+    scrollArea->setWidgetResizable(true);
+    scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scrollArea->setFocusPolicy(Qt::NoFocus);
+    auto* content = new QWidget(scrollArea);
+    content->setObjectName(QStringLiteral("settingsContent"));
+    m_listsLayout = new QBoxLayout(QBoxLayout::LeftToRight);
+    for (BuildFileList* list : m_lists) {
+        m_listsLayout->addWidget(list, 1);
+    }
+    auto* column = new QVBoxLayout(content);
+    column->addWidget(m_projectLabel);
+    column->addLayout(m_listsLayout, 1);
+    column->addWidget(m_outputField);
+    column->addWidget(m_emulatorField);
+    scrollArea->setWidget(content);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(scrollArea);
+    setTabOrder(m_lists.back()->addButton(), m_outputField->textField());
+    setTabOrder(m_outputField->textField(), m_outputField->openButton());
+    setTabOrder(m_outputField->openButton(), m_emulatorField->textField());
+    setTabOrder(m_emulatorField->textField(), m_emulatorField->chooseButton());
+}
+
+void ProjectSettingsController::connectLists() {
+    for (BuildFileList* list : m_lists) {
+        connect(list->addButton(), &QPushButton::clicked, this,
+                [this, list] { addEntry(list->addButton()); });
+        connect(list->subtractButton(), &QPushButton::clicked, this,
+                [this, list] { subtractEntry(list->subtractButton()); });
+        connect(list->table(), &BuildFileTable::selectedRowChanged, this,
+                [this, list] { entrySelectedForTableView(list->table()); });
+    }
+}
+
+void ProjectSettingsController::setCurrentProject(const std::shared_ptr<ProjectItem>& project) {
+    m_currentProject = project;
+    m_emulatorField->chooseButton()->setEnabled(project != nullptr);
+}
+
+void ProjectSettingsController::setProjectNavigation(ProjectNavigationController* tree) {
+    m_projectNavigation = tree;
+}
+
+void ProjectSettingsController::setFilePicker(FilePicker picker) {
+    m_filePicker = std::move(picker);
+}
+
+void ProjectSettingsController::setEmulatorPanel(FilePanel panel) {
+    m_emulatorPanel = std::move(panel);
+}
+
+AddNewItemFromProjectController*
+ProjectSettingsController::addNewItemFromProjectController() const {
+    return m_addNewItemFromProjectController;
+}
+
+const ProjectItems& ProjectSettingsController::assemblyFiles() const {
+    return m_lists[Assembly]->files();
+}
+
+const ProjectItems& ProjectSettingsController::graphicFiles() const {
+    return m_lists[Graphics]->files();
+}
+
+const ProjectItems& ProjectSettingsController::paletteFiles() const {
+    return m_lists[Palettes]->files();
+}
+
+bool ProjectSettingsController::updateBuildSettings() {
+    if (!m_currentProject) {
+        return false;
+    }
+    m_buildSettings = std::make_shared<NESBuildSettings>(m_currentProject);
+    // What is shown is what a build would work with.
+    const NESProjectBuilder builder(m_buildSettings);
+    const auto outputFolder = builder.outputPath();
+    if (!outputFolder) {
+        return false;
+    }
+    m_projectLabel->setText(QString::fromStdString(m_currentProject->itemName()));
+    m_outputField->setFolder(QString::fromStdString(pathText(*outputFolder)));
+    m_emulatorField->setEmulator(builder.pathToEmulator());
+    for (std::size_t place = 0; place < PlaceCount; ++place) {
+        m_lists[place]->setFiles(*m_buildSettings->listFor(Kinds[place]), m_currentProject);
+    }
+    return true;
+}
+
+/// Loads the current project's settings unless they are loaded; whether there are any.
+bool ProjectSettingsController::settingsAreCurrent() {
+    return m_currentProject &&
+           ((m_buildSettings && m_buildSettings->projectToBuild() == m_currentProject) ||
+            updateBuildSettings());
+}
+
+ProjectSettingsController::Place
+ProjectSettingsController::placeOfTable(const QAbstractItemView* tableView) const {
+    std::size_t place = 0;
+    while (place < PlaceCount && m_lists[place]->table() != tableView) {
+        ++place;
+    }
+    return static_cast<Place>(place);
+}
+
+int ProjectSettingsController::numberOfRows(const QAbstractItemView* tableView) const {
+    const Place place = placeOfTable(tableView);
+    return place == PlaceCount ? 0 : static_cast<int>(m_lists[place]->files().size());
+}
+
+const ProjectSettingCell* ProjectSettingsController::viewFor(const QAbstractItemView* tableView,
+                                                             int row) const {
+    if (row < 0 || row >= numberOfRows(tableView)) {
+        return nullptr;
+    }
+    const BuildFileList& list = *m_lists[placeOfTable(tableView)];
+    list.cell()->show(list.model()->index(row));
+    return list.cell();
+}
+
+void ProjectSettingsController::entrySelectedForTableView(const QAbstractItemView* tableView) {
+    const Place place = placeOfTable(tableView);
+    if (place != PlaceCount) {
+        m_selectedRows[place] = m_lists[place]->table()->selectedRow();
+    }
+}
+
+void ProjectSettingsController::addEntry(const QObject* sender) {
+    const auto pressed =
+        std::find_if(m_lists.begin(), m_lists.end(),
+                     [&](const BuildFileList* list) { return list->addButton() == sender; });
+    if (!m_currentProject || pressed == m_lists.end() || Sheet::isOpenOn(window())) {
+        return;
+    }
+    const auto place = static_cast<Place>(pressed - m_lists.begin());
+    const QPointer<ProjectSettingsController> self = this;
+    m_addNewItemFromProjectController =
+        m_filePicker(m_currentProject, window(),
+                     [self, place, project = m_currentProject](const ProjectItems& files) {
+                         if (!self) {
+                             return;
+                         }
+                         self->m_addNewItemFromProjectController = nullptr;
+                         if (!files.empty() && self->m_currentProject == project) {
+                             self->fileWasPicked(place, files.front());
+                         }
+                     });
+}
+
+void ProjectSettingsController::fileWasPicked(Place place,
+                                              const std::shared_ptr<ProjectItem>& file) {
+    if (!settingsAreCurrent()) {
+        return;
+    }
+    BuildMembership::moveTo(Kinds[place], file, *m_buildSettings);
+    file->setItemFileType(Kinds[place]);
+    showLists();
+    m_lists[place]->table()->selectRow(BuildMembership::placeOf(*file, m_lists[place]->files()));
+    m_buildSettings->saveBuildSettings();
+    if (m_datasource != nullptr) {
+        m_datasource->updatedFileType();
+    }
+    if (m_projectNavigation) {
+        m_projectNavigation->reloadFileStatusForNavigationContent();
+    }
+}
+
+/// Shows the lists as the settings have them; a list that is shown so already keeps its selection.
+void ProjectSettingsController::showLists() {
+    for (std::size_t place = 0; place < PlaceCount; ++place) {
+        const ProjectItems& files = *m_buildSettings->listFor(Kinds[place]);
+        if (m_lists[place]->files() != files) {
+            m_lists[place]->setFiles(files, m_currentProject);
+        }
+    }
+}
+
+void ProjectSettingsController::subtractEntry(const QObject* sender) {
+    const auto pressed =
+        std::find_if(m_lists.begin(), m_lists.end(),
+                     [&](const BuildFileList* list) { return list->subtractButton() == sender; });
+    if (pressed == m_lists.end() || !m_buildSettings) {
+        return;
+    }
+    const auto place = static_cast<Place>(pressed - m_lists.begin());
+    const ProjectItems files = m_lists[place]->files();
+    const int row = m_selectedRows[place];
+    if (row < 0 || row >= static_cast<int>(files.size())) {
+        return;
+    }
+    const std::shared_ptr<ProjectItem>& file = files[static_cast<std::size_t>(row)];
+    // Of several files of one name the settings remove the first.
+    const auto removed = std::find_if(files.begin(), files.end(), [&](const auto& entry) {
+        return entry->itemName() == file->itemName();
+    });
+    const std::shared_ptr<ProjectItem> project = m_buildSettings->projectToBuild();
+    // The button is disabled while the list is made anew, and would lose the focus.
+    QPushButton* const button = m_lists[place]->subtractButton();
+    const bool byButton = button->hasFocus();
+    m_buildSettings->removeFile(file);
+    if (updateBuildSettings() && m_currentProject == project) {
+        const auto next = static_cast<int>(removed - files.begin());
+        const int rows = static_cast<int>(m_lists[place]->files().size());
+        m_lists[place]->table()->selectRow(std::min(next, rows - 1));
+        if (byButton && button->isEnabled()) {
+            button->setFocus();
+        }
+    }
+}
+
+void ProjectSettingsController::setPathForEmulator(const QObject* /*sender*/) {
+    if (!settingsAreCurrent() || Sheet::isOpenOn(window())) {
+        return;
+    }
+    const QPointer<ProjectSettingsController> self = this;
+    m_emulatorPanel(
+        window(), tr("Emulator Path"),
+        EmulatorPanel::startFolder(m_buildSettings->pathToEmulator()),
+        [self, settings = m_buildSettings](const std::optional<std::filesystem::path>& emulator) {
+            if (!self || !emulator) {
+                return;
+            }
+            settings->pathToEmulator() = *emulator;
+            settings->saveBuildSettings();
+            self->m_emulatorField->setEmulator(*emulator);
+        });
+}
+
+/// Looks again at the disk: files, output folder and emulator may have come or gone.
+void ProjectSettingsController::refreshFileStatus() {
+    for (BuildFileList* list : m_lists) {
+        list->model()->forgetPresence();
+    }
+    m_outputField->refresh();
+    m_emulatorField->refresh();
+}
+
+bool ProjectSettingsController::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && isVisible()) {
+        refreshFileStatus();
+    }
+    return QWidget::event(event);
+}
+
+void ProjectSettingsController::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    m_listsLayout->setDirection(width() < RoomForColumns ? QBoxLayout::TopToBottom
+                                                         : QBoxLayout::LeftToRight);
+}
+
+} // namespace kestrel

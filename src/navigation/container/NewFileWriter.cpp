@@ -1,0 +1,134 @@
+#include "navigation/container/NewFileWriter.h"
+
+#include "chrcanvas/data/ConsoleDataFactory.h"
+#include "model/FileProcessor.h"
+#include "model/Paths.h"
+
+#include <cstddef>
+#include <iostream>
+#include <string>
+#include <system_error>
+
+namespace kestrel {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t PaletteFileSize = 32;
+
+/// `location` with "~" appended until nothing has that name; nothing when the name grows too long.
+std::optional<fs::path> freeNameBeside(const fs::path& location) {
+    fs::path name = location;
+    while (true) {
+        name += "~";
+        std::error_code error;
+        const fs::file_type type = fs::symlink_status(name, error).type();
+        if (type == fs::file_type::not_found) {
+            return name;
+        }
+        if (type == fs::file_type::none) {
+            return std::nullopt;
+        }
+    }
+}
+
+/// A file that stands where a new one is to be written, kept under another name until it is known
+/// whether the new one was written.
+class KeptFile {
+public:
+    explicit KeptFile(const fs::path& location) {
+        std::error_code error;
+        if (!existsAt(location)) {
+            m_kept = true;
+            return;
+        }
+        const auto name = freeNameBeside(location);
+        if (!name || !fs::is_regular_file(location, error)) {
+            return;
+        }
+        m_copy = *name;
+        m_kept = fs::copy_file(location, m_copy, error);
+        if (!m_kept) {
+            discard();
+        }
+    }
+
+    /// Whether nothing would be lost by writing at the location.
+    bool isKept() const { return m_kept; }
+
+    /// Removes the copy: the file itself is still there.
+    void discard() {
+        std::error_code error;
+        if (!m_copy.empty()) {
+            fs::remove(m_copy, error);
+        }
+    }
+
+private:
+    bool m_kept = false;
+    fs::path m_copy;
+};
+
+template<typename Save> bool keepingTheOldFile(const fs::path& location, Save save) {
+    KeptFile old(location);
+    if (!old.isKept()) {
+        return false;
+    }
+    if (!save()) {
+        old.discard();
+        return false;
+    }
+    return true;
+}
+
+bool saveData(const fs::path& location, std::string_view data) {
+    return keepingTheOldFile(location, [&] { return FileProcessor::saveDataFile(location, data); });
+}
+
+} // namespace
+
+std::optional<fs::path> NewFileWriter::folderOf(const ProjectItem& newItem,
+                                                const ProjectItem& currentProject) {
+    switch (newItem.itemPathType()) {
+    case FilePathType::absolute:
+        return newItem.itemPath();
+    case FilePathType::relative:
+        return joined(currentProject.itemPath(), pathText(newItem.itemPath()));
+    case FilePathType::noPath:
+        break;
+    }
+    return std::nullopt;
+}
+
+bool NewFileWriter::create(const std::shared_ptr<ProjectItem>& newItem,
+                           const ProjectItem& currentProject) {
+    const auto folder = folderOf(*newItem, currentProject);
+    if (!folder) {
+        return false;
+    }
+    const fs::path location = joined(*folder, newItem->itemName());
+    switch (newItem->itemFileType()) {
+    case FileType::project:
+        newItem->setItemPath(joined(newItem->itemPath(), newItem->itemName()));
+        return FileProcessor::createFilesForNewProject(newItem);
+    case FileType::text:
+        return keepingTheOldFile(
+            location, [&] { return FileProcessor::saveTextFile(location, std::nullopt); });
+    case FileType::palette:
+        return saveData(location, std::string(PaletteFileSize, '\0'));
+    case FileType::graphics: {
+        const auto tiles = ConsoleDataFactory::generate(ConsoleType::nes);
+        const auto data = tiles ? tiles->toData() : std::nullopt;
+        return data && saveData(location, *data);
+    }
+    case FileType::group:
+    case FileType::empty:
+    case FileType::unknown:
+        break;
+    }
+    std::cout << "Failed to save type" << std::endl;
+    return false;
+}
+
+} // namespace kestrel

@@ -1,0 +1,109 @@
+#include "navigation/container/ProjectItemDeletion.h"
+
+#include "build/NESBuildSettings.h"
+#include "model/FileProcessor.h"
+#include "model/StructureFile.h"
+#include "navigation/container/SameProject.h"
+#include "navigation/tree/ProjectNavigationController.h"
+
+#include <algorithm>
+
+namespace kestrel {
+
+namespace {
+
+bool isListed(const ProjectItems& projects, const std::string& name) {
+    return std::any_of(projects.begin(), projects.end(),
+                       [&](const auto& other) { return other && other->itemName() == name; });
+}
+
+} // namespace
+
+std::optional<ProjectItemDeletion>
+ProjectItemDeletion::carryOut(ProjectNavigationController& tree) {
+    const std::shared_ptr<ProjectItem> item = tree.selectedItem();
+    if (!item || !tree.canDelete()) {
+        return std::nullopt;
+    }
+    if (item->itemFileType() == FileType::project) {
+        return deleteProject(tree, *item);
+    }
+    ProjectItemDeletion deletion;
+    deletion.m_project = tree.currentlySelectedProject();
+    if (!deletion.m_project) {
+        return std::nullopt;
+    }
+    deletion.removeFromBuildSettings(item);
+    deletion.m_removed = tree.delete_();
+    StructureFile::save(*deletion.m_project);
+    return deletion;
+}
+
+std::optional<ProjectItemDeletion>
+ProjectItemDeletion::deleteProject(ProjectNavigationController& tree, const ProjectItem& project) {
+    if (!isListed(tree.allItems(), project.itemName())) {
+        return std::nullopt;
+    }
+    ProjectItemDeletion deletion;
+    deletion.m_removed = tree.delete_();
+    FileProcessor::saveRecentlyConfiguredProjects(tree.allItems());
+    return deletion;
+}
+
+void ProjectItemDeletion::removeFromBuildSettings(const std::shared_ptr<ProjectItem>& item) {
+    NESBuildSettings settings(m_project);
+    if (const ProjectItems* list = settings.listFor(item->itemFileType())) {
+        const auto found = std::find_if(list->begin(), list->end(), [&](const auto& entry) {
+            return entry->itemName() == item->itemName();
+        });
+        if (found != list->end()) {
+            m_settingsEntry = *found;
+            m_settingsPlace = static_cast<std::size_t>(found - list->begin());
+        }
+    }
+    settings.removeFile(item);
+}
+
+void ProjectItemDeletion::putBackIntoBuildSettings() const {
+    if (!m_settingsEntry) {
+        return;
+    }
+    NESBuildSettings settings(m_project);
+    if (ProjectItems* list = settings.listFor(m_settingsEntry->itemFileType())) {
+        const std::size_t place = std::min(m_settingsPlace, list->size());
+        list->insert(list->begin() + static_cast<std::ptrdiff_t>(place), m_settingsEntry);
+        settings.saveBuildSettings();
+    }
+}
+
+std::shared_ptr<ProjectItem> ProjectItemDeletion::undo(ProjectNavigationController& tree) const {
+    if (!m_project) {
+        return undoProjects(tree);
+    }
+    if (m_removed.empty() || !tree.restore(m_removed)) {
+        return nullptr;
+    }
+    putBackIntoBuildSettings();
+    StructureFile::save(*m_project);
+    return m_removed.front().node;
+}
+
+std::shared_ptr<ProjectItem>
+ProjectItemDeletion::undoProjects(ProjectNavigationController& tree) const {
+    std::shared_ptr<ProjectItem> wanted;
+    std::vector<RemovedItem> missing;
+    for (const RemovedItem& removed : m_removed) {
+        const auto present = findSameProject(tree.allItems(), *removed.node);
+        wanted = wanted ? wanted : present ? present : removed.node;
+        if (!present) {
+            missing.push_back(removed);
+        }
+    }
+    if (!missing.empty()) {
+        tree.restore(missing);
+        FileProcessor::saveRecentlyConfiguredProjects(tree.allItems());
+    }
+    return wanted;
+}
+
+} // namespace kestrel

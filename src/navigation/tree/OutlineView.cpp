@@ -1,0 +1,291 @@
+#include "navigation/tree/OutlineView.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOption>
+
+#include <algorithm>
+#include <climits>
+#include <vector>
+
+namespace kestrel {
+
+OutlineView::OutlineView(QWidget* parent)
+    : QTreeView(parent) {
+    setHeaderHidden(true);
+    header()->setStretchLastSection(false);
+    header()->setMinimumSectionSize(0);
+    header()->setResizeContentsPrecision(0);
+    setUniformRowHeights(true);
+    setSelectionMode(SingleSelection);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setHorizontalScrollMode(ScrollPerPixel);
+    // Some ways to expand (the recursive one) pass over the flag; whatever expands, closes again.
+    connect(this, &QTreeView::expanded, this, [this](const QModelIndex& index) {
+        if (index.flags().testFlag(Qt::ItemNeverHasChildren)) {
+            collapse(index);
+        }
+    });
+    connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+        if (m_pressedOnSelectedRow && index == selectedIndex()) {
+            Q_EMIT selectedRowChosenAgain();
+        }
+    });
+}
+
+QModelIndex OutlineView::selectedIndex() const {
+    if (selectionModel() == nullptr) {
+        return {};
+    }
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.isEmpty() ? QModelIndex() : rows.first();
+}
+
+void OutlineView::selectIndex(const QModelIndex& index) {
+    if (selectionModel() != nullptr) {
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                     QItemSelectionModel::Rows);
+    }
+}
+
+int OutlineView::selectedRow() const {
+    return rowForIndex(selectedIndex());
+}
+
+void OutlineView::setEmptyText(const QString& text) {
+    m_emptyText = text;
+    setAccessibleDescription(text);
+    viewport()->update();
+}
+
+void OutlineView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (m_emptyText.isEmpty() || (model() != nullptr && model()->rowCount() > 0)) {
+        return;
+    }
+    constexpr int Margin = 16;
+    QPainter painter(viewport());
+    // Half way between text and background, as a placeholder; readable on both kinds of theme.
+    QColor colour = palette().color(QPalette::Text);
+    colour.setAlphaF(0.65F);
+    painter.setPen(colour);
+    painter.drawText(viewport()->rect().adjusted(Margin, Margin, -Margin, -Margin),
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, m_emptyText);
+}
+
+/// How many visible rows the row itself and what is shown below it take, at most `limit`.
+int OutlineView::visibleRowsWithin(const QModelIndex& index, int limit) const {
+    int count = 0;
+    std::vector<QModelIndex> waiting{index};
+    while (!waiting.empty() && count < limit) {
+        const QModelIndex row = waiting.back();
+        waiting.pop_back();
+        ++count;
+        const int children = model()->rowCount(row);
+        if (children > 0 && isExpanded(row)) {
+            for (int i = 0; i < children; ++i) {
+                waiting.push_back(model()->index(i, 0, row));
+            }
+        }
+    }
+    return count;
+}
+
+int OutlineView::rowsBelowParent(const QModelIndex& index, int limit) const {
+    int count = 1;
+    for (int i = 0; i < index.row() && count < limit; ++i) {
+        count += visibleRowsWithin(index.sibling(i, 0), limit - count);
+    }
+    return count;
+}
+
+int OutlineView::rowForIndex(const QModelIndex& index) const {
+    if (!index.isValid()) {
+        return -1;
+    }
+    int row = -1;
+    for (QModelIndex at = index; at.isValid(); at = at.parent()) {
+        const QModelIndex container = at.parent();
+        if (container.isValid() && !isExpanded(container)) {
+            return -1;
+        }
+        row += rowsBelowParent(at, INT_MAX);
+    }
+    return row;
+}
+
+QModelIndex OutlineView::indexAtRow(int row) const {
+    if (row < 0 || model() == nullptr) {
+        return {};
+    }
+    QModelIndex container;
+    int number = 0; // in the container
+    while (number < model()->rowCount(container)) {
+        const QModelIndex index = model()->index(number, 0, container);
+        if (row == 0) {
+            return index;
+        }
+        const int rows = visibleRowsWithin(index, row + 1);
+        if (rows > row) {
+            --row;
+            container = index;
+            number = 0;
+        } else {
+            row -= rows;
+            ++number;
+        }
+    }
+    return {};
+}
+
+void OutlineView::expandWhole(const QModelIndex& index) {
+    std::vector<QModelIndex> waiting{index};
+    while (!waiting.empty()) {
+        const QModelIndex row = waiting.back();
+        waiting.pop_back();
+        for (int i = 0; i < model()->rowCount(row); ++i) {
+            waiting.push_back(model()->index(i, 0, row));
+        }
+        if (row.isValid() && model()->rowCount(row) > 0 && !isExpanded(row)) {
+            // The layout is put off, so that a deep tree is laid out once and not once a level.
+            scheduleDelayedItemsLayout();
+            expand(row);
+        }
+    }
+}
+
+void OutlineView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    const int before = horizontalScrollBar()->value();
+    QTreeView::scrollTo(index, hint);
+    const QRect row = visualRect(index);
+    if (!row.isValid()) {
+        return;
+    }
+    // A row counts as shown when its triangle and the start of its name are: with a deep tree the
+    // one column is far wider than the view.
+    const int left = row.left() - indentation() + horizontalScrollBar()->value();
+    const int right =
+        left + std::min(indentation() + sizeHintForIndex(index).width(), viewport()->width());
+    const int highest = std::max(left, 0);
+    const int lowest = std::min(right - viewport()->width(), highest);
+    horizontalScrollBar()->setValue(std::clamp(before, lowest, highest));
+}
+
+void OutlineView::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        wantContextMenuByKeyboard();
+    } else {
+        Q_EMIT contextMenuWanted(indexAt(event->pos()), event->pos());
+    }
+    event->accept();
+}
+
+void OutlineView::wantContextMenuByKeyboard() {
+    const QModelIndex index = selectedIndex();
+    QRect row;
+    if (index.isValid()) {
+        scrollTo(index);
+        row = visualRect(index) & viewport()->rect();
+    }
+    Q_EMIT contextMenuWanted(index, row.isValid() ? row.bottomLeft() : QPoint(0, 0));
+}
+
+void OutlineView::keyPressEvent(QKeyEvent* event) {
+    const bool shiftF10 = event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier;
+    if (event->key() == Qt::Key_Menu || shiftF10) {
+        wantContextMenuByKeyboard();
+        event->accept();
+    } else if (event->key() == Qt::Key_Asterisk) {
+        expandWhole(currentIndex());
+        event->accept();
+    } else {
+        QTreeView::keyPressEvent(event);
+        const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (isReturn && currentIndex().isValid() && currentIndex() == selectedIndex()) {
+            Q_EMIT selectedRowChosenAgain();
+        }
+    }
+}
+
+void OutlineView::mousePressEvent(QMouseEvent* event) {
+    const QModelIndex selected = selectedIndex();
+    m_pressedOnSelectedRow = event->button() == Qt::LeftButton && selected.isValid() &&
+                             indexAt(event->pos()) == selected;
+    QTreeView::mousePressEvent(event);
+}
+
+void OutlineView::scrollContentsBy(int dx, int dy) {
+    QTreeView::scrollContentsBy(dx, dy);
+    if (dy != 0) {
+        fitColumn(false);
+    }
+}
+
+void OutlineView::updateGeometries() {
+    fitColumn(true);
+    QTreeView::updateGeometries();
+}
+
+/// Makes the column as wide as the view and as the rows that are in sight, so that deep rows can be
+/// reached by scrolling sideways.
+void OutlineView::fitColumn(bool mayShrink) {
+    if (m_fittingColumn || header()->count() == 0) {
+        return;
+    }
+    m_fittingColumn = true;
+    const int old = header()->sectionSize(0);
+    int width = std::max(viewport()->width(), sizeHintForColumn(0));
+    if (!mayShrink) {
+        width = std::max(width, old);
+    }
+    if (width != old) {
+        header()->resizeSection(0, width);
+    }
+    m_fittingColumn = false;
+}
+
+/// The base class draws no triangle for what is expanded and has no rows (an empty group), nor for
+/// what never expands; and it draws every ancestor's column of a deep row, in sight or not.
+void OutlineView::drawBranches(QPainter* painter, const QRect& rect,
+                               const QModelIndex& index) const {
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    QStyle::State common =
+        QStyle::State_Item | (option.state & (QStyle::State_Enabled | QStyle::State_Active));
+    if (selectionModel() != nullptr && selectionModel()->isSelected(index)) {
+        common |= QStyle::State_Selected;
+    }
+    const bool reverse = isRightToLeft();
+    const int step = reverse ? indentation() : -indentation();
+    QRect cell(reverse ? rect.left() : rect.right() + 1 - indentation(), rect.top(), indentation(),
+               rect.height());
+    QModelIndex at = index;
+    for (int level = 0; at.isValid(); ++level, at = at.parent(), cell.translate(step, 0)) {
+        if (!cell.intersects(viewport()->rect())) {
+            const bool behind = reverse ? cell.left() > viewport()->width() : cell.right() < 0;
+            if (behind) {
+                break;
+            }
+            continue;
+        }
+        option.rect = cell;
+        option.state = common;
+        if (model()->rowCount(at.parent()) - 1 > at.row()) {
+            option.state |= QStyle::State_Sibling;
+        }
+        if (level == 0) {
+            option.state |= model()->hasChildren(at) ? QStyle::State_Children : QStyle::State_None;
+            option.state |= isExpanded(at) ? QStyle::State_Open : QStyle::State_None;
+        } else {
+            option.state &= ~QStyle::State_Item;
+        }
+        style()->drawPrimitive(QStyle::PE_IndicatorBranch, &option, painter, this);
+    }
+}
+
+} // namespace kestrel

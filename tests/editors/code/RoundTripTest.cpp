@@ -1,0 +1,202 @@
+// Generated texts with everything that a file may hold go through the editor unchanged, and edits
+// change exactly what a plain list of lines says.
+#include "editors/code/CodeEditorTextView.h"
+#include "editors/code/LineModel.h"
+#include "editors/code/SourceCodec.h"
+
+#include <gtest/gtest.h>
+#include <QMimeData>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextDocument>
+
+#include <memory>
+
+namespace kestrel {
+
+namespace {
+
+using test::LineModel;
+using test::randomText;
+
+/// Opens the entry points that the toolkit calls.
+class Editor : public CodeEditorTextView {
+public:
+    using CodeEditorTextView::createMimeDataFromSelection;
+    using CodeEditorTextView::insertFromMimeData;
+
+    void select(int anchor, int position) {
+        QTextCursor cursor = textCursor();
+        cursor.setPosition(anchor);
+        cursor.setPosition(position, QTextCursor::KeepAnchor);
+        setTextCursor(cursor);
+    }
+};
+
+class RoundTrip : public ::testing::Test {
+protected:
+    int below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
+
+    /// One random edit on both sides.
+    void edit(LineModel& model) {
+        int from = model.randomPosition(m_random);
+        int to = below(3) == 0 ? model.randomPosition(m_random) : from;
+        m_editor.select(from, to);
+        if (from > to) {
+            std::swap(from, to);
+        }
+        switch (below(6)) {
+        case 0: {
+            const int column = from - m_editor.document()->findBlock(from).position();
+            const int tabs = std::min(m_editor.findLastTabItem(from), column);
+            QTest::keyClick(&m_editor, below(2) == 0 ? Qt::Key_Return : Qt::Key_Enter);
+            model.replace(from, to, QStringLiteral("\n") + QString(tabs, u'\t'));
+            break;
+        }
+        case 1: {
+            QMimeData data;
+            data.setText(randomText(m_random, 1 + below(6)));
+            m_editor.insertFromMimeData(&data);
+            model.replace(from, to, data.text());
+            break;
+        }
+        case 2:
+            QTest::keyClick(&m_editor, Qt::Key_Tab);
+            model.replace(from, to, QStringLiteral("\t"));
+            break;
+        case 3:
+            QTest::keyClick(&m_editor, Qt::Key_Backspace);
+            model.replace(from == to ? model.startOfCharacterBefore(from) : from, to, QString());
+            break;
+        case 4:
+            drag(model, from, to);
+            break;
+        default:
+            QTest::keyClicks(&m_editor, QStringLiteral("a\"b"));
+            model.replace(from, to, QStringLiteral("a\"b"));
+            break;
+        }
+    }
+
+    /// Moves the selection the way the toolkit does it when it is dropped elsewhere.
+    void drag(LineModel& model, int from, int to) {
+        if (from == to) {
+            return;
+        }
+        const int target = model.randomPosition(m_random);
+        if (target >= from && target <= to) {
+            return;
+        }
+        const std::unique_ptr<QMimeData> data(m_editor.createMimeDataFromSelection());
+        QTextCursor drop(m_editor.document());
+        drop.setPosition(target);
+        drop.beginEditBlock();
+        m_editor.textCursor().removeSelectedText();
+        m_editor.setTextCursor(drop);
+        m_editor.insertFromMimeData(data.get());
+        drop.endEditBlock();
+        model.replace(from, to, QString());
+        const int moved = target > to ? target - (to - from) : target;
+        model.replace(moved, moved, data->text());
+    }
+
+    std::mt19937 m_random{20240601};
+    Editor m_editor;
+};
+
+TEST_F(RoundTrip, AFileThatIsNotEditedStaysTheSameByteForByte) {
+    for (int i = 0; i < 5000; ++i) {
+        const QString text = randomText(m_random, below(40));
+        const std::string bytes =
+            (below(4) == 0 ? "\xef\xbb\xbf" : "") + text.toUtf8().toStdString();
+        const auto source = SourceCodec::decode(bytes);
+        ASSERT_TRUE(source) << "case " << i;
+        m_editor.source().load(source->text);
+        ASSERT_EQ(SourceCodec::encode({m_editor.source().text(), source->byteOrderMark}), bytes)
+            << "case " << i;
+    }
+}
+
+TEST_F(RoundTrip, EditsChangeWhatTheModelSaysAndUndoGivesTheFirstBytes) {
+    for (int i = 0; i < 2000; ++i) {
+        const QString first = randomText(m_random, below(30));
+        m_editor.source().load(first);
+        LineModel model(first);
+        ASSERT_EQ(model.text(), first);
+        const int edits = 1 + below(8);
+        for (int j = 0; j < edits; ++j) {
+            const QString before = model.text();
+            edit(model);
+            ASSERT_EQ(m_editor.source().text(), model.text())
+                << "case " << i << ", edit " << j << " of "
+                << before.toUtf8().toPercentEncoding().constData();
+        }
+        while (m_editor.document()->isUndoAvailable()) {
+            m_editor.undo();
+        }
+        ASSERT_EQ(m_editor.source().text(), first) << "undo, case " << i;
+        while (m_editor.document()->isRedoAvailable()) {
+            m_editor.redo();
+        }
+        ASSERT_EQ(m_editor.source().text(), model.text()) << "redo, case " << i;
+    }
+}
+
+TEST_F(RoundTrip, AnUpdateAfterEditsGivesTheNewTextAndOneUndoTheEditedOne) {
+    for (int i = 0; i < 2000; ++i) {
+        m_editor.source().load(randomText(m_random, below(30)));
+        LineModel edited(m_editor.source().text());
+        for (int j = below(4); j >= 0; --j) {
+            edit(edited);
+        }
+        const QString before = edited.text();
+        LineModel present(before);
+        const int place = present.randomPosition(m_random);
+        present.replace(place, place, randomText(m_random, below(5)));
+        const bool changed = m_editor.source().update(present.text());
+        ASSERT_EQ(changed, present.text() != before);
+        ASSERT_EQ(m_editor.source().text(), present.text()) << "case " << i;
+        if (changed) {
+            m_editor.undo();
+            ASSERT_EQ(m_editor.source().text(), before) << "undo, case " << i;
+        }
+    }
+}
+
+TEST_F(RoundTrip, AnUpdateFindsItsLinesWhereALoneReturnNowMeetsALineFeed) {
+    m_editor.source().load(QStringLiteral("x\ry\nz"));
+    m_editor.select(2, 3);
+    QTest::keyClick(&m_editor, Qt::Key_Delete);
+    ASSERT_EQ(m_editor.source().text(), QStringLiteral("x\r\nz"));
+    EXPECT_TRUE(m_editor.source().update(QStringLiteral("x\ry\nz")));
+    EXPECT_EQ(m_editor.source().text(), QStringLiteral("x\ry\nz"));
+    m_editor.undo();
+    EXPECT_EQ(m_editor.source().text(), QStringLiteral("x\r\nz"));
+}
+
+TEST_F(RoundTrip, AnUpdateGivesTheNewTextAndOneUndoTheFormer) {
+    for (int i = 0; i < 2000; ++i) {
+        const QString first = randomText(m_random, below(30));
+        m_editor.source().load(first);
+        LineModel model(first);
+        if (below(2) == 0) {
+            const int place = model.randomPosition(m_random);
+            model.replace(place, place, randomText(m_random, below(5)));
+        } else {
+            model = LineModel(randomText(m_random, below(30)));
+        }
+        const bool changed = m_editor.source().update(model.text());
+        ASSERT_EQ(changed, model.text() != first);
+        ASSERT_EQ(m_editor.source().text(), model.text()) << "case " << i;
+        ASSERT_EQ(m_editor.document()->isUndoAvailable(), changed);
+        if (changed) {
+            m_editor.undo();
+            ASSERT_EQ(m_editor.source().text(), first) << "undo, case " << i;
+            ASSERT_FALSE(m_editor.document()->isUndoAvailable());
+        }
+    }
+}
+
+} // namespace
+
+} // namespace kestrel

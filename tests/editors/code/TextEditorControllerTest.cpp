@@ -1,0 +1,226 @@
+#include "editors/code/TextEditorController.h"
+
+#include "editors/code/CodeEditorTextView.h"
+#include "support/LogCapture.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTest>
+
+#include <sys/stat.h>
+
+namespace kestrel {
+
+namespace {
+
+using namespace std::string_literals;
+using test::contentOf;
+using test::LogCapture;
+using test::TemporaryFolder;
+
+class TextEditorPane : public ::testing::Test {
+protected:
+    void SetUp() override {
+        pane.resize(600, 400);
+        pane.show();
+    }
+
+    CodeEditorTextView& editor() { return *pane.codeEditor; }
+    QString shown() { return editor().toPlainText(); }
+
+    TemporaryFolder folder;
+    LogCapture log;
+    TextEditorController pane;
+};
+
+TEST_F(TextEditorPane, ShowsAFileAndSavesItUnchanged) {
+    const std::string bytes = "\xef\xbb\xbfone\r\ntwo\nthree\rfour\xe2\x80\xa8\xc2\xa0\0"s;
+    const auto path = folder.write("a.asm", bytes);
+    pane.loadFile(path);
+    EXPECT_EQ(pane.path(), path);
+    EXPECT_TRUE(shown().startsWith(QStringLiteral("one\ntwo\nthree\nfour")));
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), bytes);
+    EXPECT_TRUE(log.lines().empty());
+}
+
+TEST_F(TextEditorPane, OnlyTheEditedLineDiffersInTheFile) {
+    const auto path = folder.write("a.asm", "one\r\ntwo\nthree\rfour");
+    pane.loadFile(path);
+    QTest::keyClick(&editor(), Qt::Key_Down);
+    QTest::keyClick(&editor(), Qt::Key_End);
+    QTest::keyClicks(&editor(), QStringLiteral("!"));
+    QTest::keyClick(&editor(), Qt::Key_Up);
+    QTest::keyClick(&editor(), Qt::Key_Return);
+    pane.savePane();
+    EXPECT_EQ(contentOf(path), "one\r\n\r\ntwo!\nthree\rfour");
+}
+
+TEST_F(TextEditorPane, TheSaveButtonSaves) {
+    const auto path = folder.write("a.asm", "");
+    pane.loadFile(path);
+    QTest::keyClicks(&editor(), QStringLiteral("rts"));
+    QTest::mouseClick(pane.saveButton, Qt::LeftButton);
+    EXPECT_EQ(contentOf(path), "rts");
+}
+
+TEST_F(TextEditorPane, SavingWithoutAFileDoesNothing) {
+    QTest::keyClicks(&editor(), QStringLiteral("rts"));
+    pane.savePane();
+    QTest::mouseClick(pane.saveButton, Qt::LeftButton);
+    EXPECT_EQ(pane.path(), std::nullopt);
+    EXPECT_TRUE(log.lines().empty());
+    EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
+}
+
+TEST_F(TextEditorPane, AFailedSaveIsLoggedAndKeepsTheText) {
+    const auto path = folder.write("sub/a.asm", "rts\n");
+    pane.loadFile(path);
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    std::filesystem::remove_all(path.parent_path());
+    folder.write("sub", "in the way");
+    pane.saveFile();
+    EXPECT_EQ(log.lines(), std::vector<std::string>{"Could not save file"});
+    EXPECT_EQ(shown(), QStringLiteral("xrts\n"));
+    EXPECT_EQ(pane.path(), path);
+}
+
+TEST_F(TextEditorPane, SavingIntoAFolderThatIsGoneMakesItAgain) {
+    const auto path = folder.write("sub/a.asm", "rts\n");
+    pane.loadFile(path);
+    std::filesystem::remove_all(path.parent_path());
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "rts\n");
+}
+
+TEST_F(TextEditorPane, AnUnreadableFileIsLoggedAndNothingElseChanges) {
+    const auto path = folder.write("a.asm", "rts\n");
+    pane.loadFile(path);
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    const auto fifo = folder.path() / "fifo";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    std::size_t lines = 0;
+    for (const auto& other :
+         {folder.path() / "none.asm", folder.path(), fifo, folder.write("a.nes", "NES\x1a\xff\x01"),
+          folder.write("b.nes", "\xff\xfez")}) {
+        pane.loadFile(other);
+        ++lines;
+        ASSERT_EQ(log.lines().size(), lines) << other;
+        EXPECT_NE(log.lines().back().find(other.string()), std::string::npos);
+        EXPECT_EQ(pane.path(), path);
+        EXPECT_EQ(shown(), QStringLiteral("xrts\n"));
+        EXPECT_TRUE(editor().document()->isUndoAvailable());
+    }
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "xrts\n");
+}
+
+TEST_F(TextEditorPane, AnotherEncodingIsShownAndSavedAsUtf8) {
+    const auto path =
+        folder.write("a.asm", "; \x8f\x89\x8a\xfa\x89\xbb\x82\xb7\x82\xe9\r\nrts\r\n");
+    pane.loadFile(path);
+    const QString text = QStringLiteral("; \u521d\u671f\u5316\u3059\u308b\nrts\n");
+    EXPECT_EQ(shown(), text);
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), QString(text).replace(u'\n', QStringLiteral("\r\n")).toStdString());
+}
+
+TEST_F(TextEditorPane, AnotherFileStartsAtItsTopWithoutUndo) {
+    std::string longText;
+    for (int i = 0; i < 500; ++i) {
+        longText += "nop\n";
+    }
+    pane.loadFile(folder.write("a.asm", longText));
+    editor().moveCursor(QTextCursor::End);
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    ASSERT_GT(editor().verticalScrollBar()->value(), 0);
+    pane.loadFile(folder.write("b.asm", longText + "rts\n"));
+    EXPECT_EQ(editor().verticalScrollBar()->value(), 0);
+    EXPECT_EQ(editor().textCursor().position(), 0);
+    EXPECT_FALSE(editor().document()->isUndoAvailable());
+    EXPECT_FALSE(editor().document()->isRedoAvailable());
+}
+
+TEST_F(TextEditorPane, SavingKeepsCaretSelectionScrollPositionAndUndo) {
+    std::string longText;
+    for (int i = 0; i < 500; ++i) {
+        longText += "nop\n";
+    }
+    pane.loadFile(folder.write("a.asm", longText));
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    QTextCursor cursor = editor().textCursor();
+    cursor.setPosition(1000);
+    cursor.setPosition(1010, QTextCursor::KeepAnchor);
+    editor().setTextCursor(cursor);
+    editor().verticalScrollBar()->setValue(240);
+    pane.saveFile();
+    EXPECT_EQ(editor().textCursor().anchor(), 1000);
+    EXPECT_EQ(editor().textCursor().position(), 1010);
+    EXPECT_EQ(editor().verticalScrollBar()->value(), 240);
+    editor().undo();
+    pane.saveFile();
+    EXPECT_EQ(contentOf(folder.path() / "a.asm"), longText);
+    editor().redo();
+    pane.saveFile();
+    EXPECT_EQ(contentOf(folder.path() / "a.asm"), "x" + longText);
+}
+
+TEST_F(TextEditorPane, ShowingTheSameFileAgainDropsEditsAndUndoBringsThemBack) {
+    const auto path = folder.write("a.asm", "one\r\ntwo\n");
+    pane.loadFile(path);
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    pane.loadFile(path);
+    EXPECT_EQ(shown(), QStringLiteral("one\ntwo\n"));
+    editor().undo();
+    EXPECT_EQ(shown(), QStringLiteral("xone\ntwo\n"));
+    editor().undo();
+    EXPECT_EQ(shown(), QStringLiteral("one\ntwo\n"));
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "one\r\ntwo\n");
+}
+
+TEST_F(TextEditorPane, ShowingAnUnchangedFileAgainLeavesEverythingAlone) {
+    const auto path = folder.write("a.asm", "one\ntwo\n");
+    pane.loadFile(path);
+    editor().moveCursor(QTextCursor::End);
+    pane.loadFile(path);
+    EXPECT_EQ(editor().textCursor().position(), 8);
+    EXPECT_FALSE(editor().document()->isUndoAvailable());
+}
+
+TEST_F(TextEditorPane, ShowingTheSameFileAgainTakesWhatAnotherProgramWrote) {
+    const auto path = folder.write("a.asm", "one\ntwo\nthree\n");
+    pane.loadFile(path);
+    folder.write("a.asm", "\xef\xbb\xbfone\r\nTWO\rthree\n");
+    pane.loadFile(path);
+    EXPECT_EQ(shown(), QStringLiteral("one\nTWO\nthree\n"));
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "\xef\xbb\xbfone\r\nTWO\rthree\n");
+    editor().undo();
+    EXPECT_EQ(shown(), QStringLiteral("one\ntwo\nthree\n"));
+}
+
+TEST_F(TextEditorPane, NamesTheFileThatIsShown) {
+    pane.loadFile(folder.write("a&<b>.asm", ""));
+    const auto* name = pane.findChild<QLabel*>(QStringLiteral("textFileName"));
+    ASSERT_NE(name, nullptr);
+    EXPECT_EQ(name->text(), QStringLiteral("a&<b>.asm"));
+    EXPECT_TRUE(name->toolTip().contains(QStringLiteral("a&amp;&lt;b&gt;.asm")));
+}
+
+TEST_F(TextEditorPane, AnEmptyFileIsEditedAndSaved) {
+    const auto path = folder.write("a.asm", "");
+    pane.loadFile(path);
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "");
+    QTest::keyClick(&editor(), Qt::Key_Return);
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "\n");
+}
+
+} // namespace
+
+} // namespace kestrel
