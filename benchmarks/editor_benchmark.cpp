@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The code editor beside a bare QPlainTextEdit on a source of 221,000 lines: loading it (time and
 // memory), typing at its end, painting the ruler, saving, finding.
 #include "EditorViews.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Types at the end of a source of 221,000 lines, in a bare QPlainTextEdit and in the code editor,
 // for callgrind to count the instructions from each keystroke to the painted window. Run by
 // benchmarks/count-keystrokes.

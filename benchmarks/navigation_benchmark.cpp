@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The navigation tree with 100,000 nodes beside a bare QTreeView on a model of the same rows that
 // only keeps and hands out names: load, expand all, insert, delete, refresh. Each step ends with
 // the window painted.

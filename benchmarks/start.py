@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Start to first paint: Kestrel's window beside a bare window with a tree and a text view.
 
     benchmarks/start.py BUILD_TREE [RUNS]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One start, from main() to the first paint, of Kestrel's window or of a bare one with a tree and a
 // text view; prints CPU seconds and the most memory used (KiB). benchmarks/start.py runs it.
 //   start_benchmark kestrel|bare

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tiles of the largest file (2040 KiB) beside those of a small one (8 KiB), and beside copying as
 // many bytes as the visible picture has: opening a file in the pane, loading, repainting,
 // scrolling, selecting, a stroke of 1,000 samples with both views following.

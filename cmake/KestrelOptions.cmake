@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Compiler settings that every target shares. A target opts in by linking
 # kestrel_options; the presets choose the values.
 

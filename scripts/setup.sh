@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Shared by ./run, ./test and .ci/run: says what is done, installs packages, builds a preset.
 # To be sourced from the top folder of the checkout.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Compares NESasm with other assemblers on equal programs.
 
     compare.py NESASM [--rounds N] [--case NAME] [--keep FOLDER]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """How one and the same program is written for each assembler, and how each is called."""
 from pathlib import Path
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The programs of the comparison, generated anew and always the same."""
 import random
 

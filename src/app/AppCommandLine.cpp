@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/AppCommandLine.h"
 
 #include "model/Paths.h"

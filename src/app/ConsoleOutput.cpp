@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/ConsoleOutput.h"
 
 #include "widgets/FixedFont.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/ConsoleProjectsDocument.h"
 
 namespace kestrel {

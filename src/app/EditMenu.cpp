@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/EditMenu.h"
 
 #include "app/EditOperations.h"

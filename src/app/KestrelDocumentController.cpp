@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/KestrelDocumentController.h"
 
 #include "app/ConsoleProjectsDocument.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/MainMenu.h"
 
 #include "app/EditMenu.h"

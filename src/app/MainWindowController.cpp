@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/MainWindowController.h"
 
 #include "app/ConsoleOutput.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/PaneMenus.h"
 
 #include "editors/CommonEditorControllers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/UserGuideWindow.h"
 
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/WindowCommands.h"
 
 #include "app/MainWindowController.h"

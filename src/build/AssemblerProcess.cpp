@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/AssemblerProcess.h"
 
 #include "build/OutputText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/BackgroundWork.h"
 
 #include "build/ThreadHandOver.h"

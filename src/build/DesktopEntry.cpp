@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/DesktopEntry.h"
 
 #include "model/FileReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/EmulatorLauncher.h"
 
 #include "build/DesktopEntry.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/NESProjectBuilder.h"
 
 #include "build/AssemblerProcess.h"

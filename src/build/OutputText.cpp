@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/OutputText.h"
 
 #include "build/QtText.h"

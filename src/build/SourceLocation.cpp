@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/SourceLocation.h"
 
 #include "model/Paths.h"

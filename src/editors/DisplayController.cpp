@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/DisplayController.h"
 
 #include "editors/code/TextEditorController.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/EmptyController.h"
 
 #include "widgets/LightPalette.h"

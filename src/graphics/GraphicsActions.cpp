@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "graphics/GraphicsActions.h"
 
 #include "chrcanvas/views/ChrCanvas.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "graphics/GraphicsEditorView.h"
 
 #include "chrcanvas/views/ChrCanvas.h"

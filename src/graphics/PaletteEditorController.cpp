@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "graphics/PaletteEditorController.h"
 
 #include "chrcanvas/data/GeneralNESColorPalette.h"

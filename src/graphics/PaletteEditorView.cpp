@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "graphics/PaletteEditorView.h"
 
 #include "chrcanvas/views/ColorSelector.h"

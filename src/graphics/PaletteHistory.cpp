@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "graphics/PaletteHistory.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/FileDescriptor.h"
 
 #include "model/Paths.h"

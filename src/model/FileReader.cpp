@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/FileReader.h"
 
 #include "model/FileDescriptor.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/Json.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/Log.h"
 
 #include <cstdio>

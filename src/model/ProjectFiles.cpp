@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/ProjectFiles.h"
 
 #include "model/Paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/ProjectItem.h"
 
 #include "model/Paths.h"

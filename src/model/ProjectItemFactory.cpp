@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/ProjectItemFactory.h"
 
 #include "model/Log.h"

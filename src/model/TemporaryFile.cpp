@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/TemporaryFile.h"
 
 #include "model/Paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/AddNewItemController.h"
 
 #include "model/ProjectNavigationSettingItem.h"

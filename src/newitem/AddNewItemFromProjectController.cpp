@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/AddNewItemFromProjectController.h"
 
 #include "navigation/tree/ProjectNavigationModel.h"

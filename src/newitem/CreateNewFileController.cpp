@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/CreateNewFileController.h"
 
 #include "icons/Icons.h"

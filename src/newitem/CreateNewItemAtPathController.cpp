@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/CreateNewItemAtPathController.h"
 
 #include "model/Log.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/CreateNewItemController.h"
 
 #include "newitem/CreateNewItemDataSource.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/CreateNewItemDataSource.h"
 
 #include <utility>

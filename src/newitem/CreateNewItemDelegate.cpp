@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/CreateNewItemDelegate.h"
 
 #include "newitem/CreateNewItemDataSource.h"

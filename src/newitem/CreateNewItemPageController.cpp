@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/CreateNewItemPageController.h"
 
 #include "newitem/CreateNewItemAtPathController.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/CreateNewProjectController.h"
 
 #include "icons/Icons.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/NewItemCollectionViewItem.h"
 
 #include <QPen>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/NewItemController.h"
 
 #include "model/ProjectItem.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/BuildCommand.h"
 
 #include "build/BackgroundWork.h"

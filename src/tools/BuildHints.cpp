@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/BuildHints.h"
 
 #include "build/AssemblerLocation.h"

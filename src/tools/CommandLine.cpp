@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/CommandLine.h"
 
 #include "tools/Messages.h"

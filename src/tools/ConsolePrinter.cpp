@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/ConsolePrinter.h"
 
 #include "tools/Messages.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/ImageStamp.h"
 
 #include "model/FileReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/Messages.h"
 
 #include <cerrno>

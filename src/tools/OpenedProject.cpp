@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/OpenedProject.h"
 
 #include "model/FileProcessor.h"

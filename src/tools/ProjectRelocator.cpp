@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/ProjectRelocator.h"
 
 #include "model/BuildSettingsFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/SignalWatcher.h"
 #include "tools/BuildCommand.h"
 #include "tools/CommandLine.h"

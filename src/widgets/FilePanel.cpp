@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/FilePanel.h"
 
 #include <QFileDialog>

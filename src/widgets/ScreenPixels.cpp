@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ScreenPixels.h"
 
 #include <QPainter>

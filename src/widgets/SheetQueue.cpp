@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/SheetQueue.h"
 
 #include <QDialog>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/ThinFrame.h"
 
 #include "widgets/ScreenPixels.h"

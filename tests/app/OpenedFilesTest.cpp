@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/ConsoleProjectsDocument.h"
 #include "app/KestrelDocumentController.h"
 #include "app/WindowFixture.h"

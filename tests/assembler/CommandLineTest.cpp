@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the assembler is called: options, exit statuses, what becomes of an older image.
 #include "assembler/ProgramRun.h"
 #include "support/TemporaryFolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What no small file can show: sources of enormous lines, deep nesting, every odd byte, and places
 // in the file system that cannot be checked in.
 #include "assembler/HexImage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/GoldenCase.h"
 
 #include "assembler/HexImage.h"

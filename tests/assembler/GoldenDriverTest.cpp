@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Does the driver of the golden cases notice everything that can be wrong with a case?
 #include "assembler/GoldenCase.h"
 #include "assembler/HexImage.h"

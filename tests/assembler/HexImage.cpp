@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/HexImage.h"
 
 #include <charconv>

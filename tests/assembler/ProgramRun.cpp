@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/ProgramRun.h"
 
 #include <array>

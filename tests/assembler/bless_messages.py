@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Writes down the messages that the assembler prints for golden cases, after somebody has read them.
 
     bless_messages.py NESASM TOPIC/NAME...     shows the output and writes NAME.out

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks the assembler's manual against the assembler.
 
     check_manual.py NESASM [--self-test]

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Assembles every instruction in every mode with NESasm and with other assemblers and compares the bytes.
 
     compare_encodings.py NESASM               prints one line for each assembler; exit status 1 when one differs

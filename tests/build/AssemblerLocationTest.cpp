@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/AssemblerLocation.h"
 
 #include "support/TemporaryFolder.h"

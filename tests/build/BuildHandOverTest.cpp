@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/BuildHandOver.h"
 
 #include <gtest/gtest.h>

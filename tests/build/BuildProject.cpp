@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/BuildProject.h"
 
 #include "model/ProjectNavigationSettingItem.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/AssemblerProcess.h"
 #include "build/BuildProject.h"
 #include "build/QtText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Stands in for the assembler. It writes down how it was started (file "record" in the project's
 // folder, the parent of NES_INCLUDE; its number goes to "process"), then follows the script in the
 // file "script" there, one command a line:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Stands in for an emulator: writes what it was started with to the file "opened" in the folder of
 // the image, which is the first of its arguments that ends in ".nes".
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/MainAssemblyFile.h"
 
 #include "model/ProjectNavigationSettingItem.h"

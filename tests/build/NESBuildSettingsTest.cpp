@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "build/NESBuildSettings.h"
 
 #include "model/FileReader.h"

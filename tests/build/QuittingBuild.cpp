@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Starts a build of the project folder named and quits while the assembler is running.
 //   QuittingBuild PROJECT-FOLDER ASSEMBLER
 // It quits as soon as the assembler has made the file "record". Prints one line for every call of

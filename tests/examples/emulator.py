@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Runs an image in fceux on a display of its own (Xvfb), sends keys and looks at the picture.
 
 Nothing here waits for a time: every wait is for a condition, with a deadline after which the test fails

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the tests of the example projects share. The environment says where things are:
 
 KESTREL_SOURCE  the checkout

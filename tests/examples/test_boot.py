@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Both examples run in an emulator: they show a picture, and it follows time and the pad."""
 import unittest
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Both examples build from a fresh copy in a home folder, into images that a console would start."""
 import unittest
 

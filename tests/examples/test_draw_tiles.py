@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """scripts/draw-tiles turns text into tiles, and says where a drawing is wrong."""
 import subprocess
 import sys

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """scripts/instantiate-example puts a copy of an example into the home folder and never touches the user's own."""
 import shutil
 import unittest

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The example projects are whole: what their files name exists, and what the console cannot take is not there."""
 import json
 import re

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Feeds the expression parser lines of text and compares what it makes of equal expressions.
 #include "assembler/statements/Assembly.h"
 #include "assembler/statements/ExpressionParser.h"

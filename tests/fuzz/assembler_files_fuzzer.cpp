@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Feeds the assembler programs of several files: sources that include one another, data, pictures.
 #include "assembler/run/Assembler.h"
 

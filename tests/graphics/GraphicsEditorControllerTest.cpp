@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "graphics/GraphicsEditorController.h"
 
 #include "chrcanvas/views/ChrCanvas.h"

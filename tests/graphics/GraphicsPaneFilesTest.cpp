@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The graphics pane in a window, worked with mouse and keys: what opening, reopening and saving
 // files do to tiles, selection and marks.
 #include "chrcanvas/views/ChrCanvas.h"

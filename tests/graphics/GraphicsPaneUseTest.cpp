@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The graphics pane as it is used: by mouse and keys, through its menus, with the clipboard.
 #include "chrcanvas/views/ChrCanvas.h"
 #include "chrcanvas/views/ColorSelector.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/data/MasterColors.h"
 #include "graphics/PaletteEditorController.h"
 #include "support/LogCapture.h"

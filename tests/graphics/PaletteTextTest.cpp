@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "graphics/PaletteText.h"
 
 #include "chrcanvas/data/MasterColors.h"

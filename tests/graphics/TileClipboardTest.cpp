@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "graphics/TileClipboard.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks that the documents name only what exists.
 
 - Every path in back quotes that looks like one of ours exists.

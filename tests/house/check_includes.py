@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks the include rules of the source tree against the first table of docs/architecture.md.
 
 A room is a folder that holds sources. The table has a row for each: what it is called, what it is, and what it may use:

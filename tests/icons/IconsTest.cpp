@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "icons/Icons.h"
 
 #include <gtest/gtest.h>

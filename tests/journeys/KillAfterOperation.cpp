@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before the C library into the program under test: counts what the program does to the
 // files below a folder and kills it, as kill -9 does, right after a given operation.
 //   OPERATIONS_FOLDERS  the folders whose files count, separated by colons

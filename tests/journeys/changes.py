@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What happens to files, as a thing to wait for without asking again and again."""
 import ctypes
 import os

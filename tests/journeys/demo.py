@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The way from an empty home folder to a running game: the project "Demo", made, filled and saved step by step."""
 from desktop import wait_for, wait_for_files
 from support import LISTS, PROGRAM

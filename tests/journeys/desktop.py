@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A desktop of its own for one journey: display, window manager, mouse, keys, and what assistive technology sees.
 
 Nothing here waits for a time: every wait is for a condition, with a deadline after which the test fails and says what

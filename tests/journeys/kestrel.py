@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The program Kestrel, worked as a person does: by mouse and keys, and by what is on the screen."""
 import os
 import select

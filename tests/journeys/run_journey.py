@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Runs one journey with a session of its own: `run_journey.py test_MODULE.CLASS.TEST`.
 
 The home folder is empty and everything else that a session has (runtime folder, message bus, accessibility bus) is

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What is saved of the project "Demo" at one time, and whether a later time still has it."""
 from demo import COLOUR, FILES
 from support import LISTS, PROGRAM

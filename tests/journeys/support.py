@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the journeys share: a desktop and a home folder of their own, and small things that they work with.
 
 KESTREL_SOURCE    the checkout

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Journeys to an image and to an emulator that shows it."""
 import re
 import subprocess

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Journeys from an empty home folder to a running game, and through crashes on the way."""
 import os
 import random

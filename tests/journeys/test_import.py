@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Journey of files that lie elsewhere into a project, its build, and out again."""
 from desktop import wait_for, wait_for_files
 from support import PROGRAM, JourneyTestCase

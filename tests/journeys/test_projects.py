@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Journeys through projects, files and the navigation tree."""
 from desktop import wait_for, wait_for_files
 from support import JourneyTestCase, contents

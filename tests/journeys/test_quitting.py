@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Journey that ends while the assembler runs."""
 import os
 import select

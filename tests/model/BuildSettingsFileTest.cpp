@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/BuildSettingsFile.h"
 
 #include "model/ModelFixtures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/FileProcessor.h"
 
 #include "model/ModelFixtures.h"

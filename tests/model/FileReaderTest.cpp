@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/FileReader.h"
 
 #include "support/ChildProcess.h"

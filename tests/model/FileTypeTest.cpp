@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/FileType.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/FileWriter.h"
 
 #include "model/FileReader.h"

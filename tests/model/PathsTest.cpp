@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/Paths.h"
 
 #include "support/TemporaryFolder.h"

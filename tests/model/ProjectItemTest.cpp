@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/ModelFixtures.h"
 #include "model/ProjectNavigationSettingItem.h"
 

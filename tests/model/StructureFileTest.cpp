@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/StructureFile.h"
 
 #include "model/FileProcessor.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "model/ProjectNavigationSettingItem.h"
 #include "navigation/tree/OutlineView.h"
 #include "navigation/tree/ProjectNavigationModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "icons/Icons.h"
 #include "newitem/types/NewItemObjectTypes.h"
 #include "newitem/WizardFixture.h"

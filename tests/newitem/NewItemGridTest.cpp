@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/CreateNewItemDataSource.h"
 #include "newitem/CreateNewItemDelegate.h"
 #include "newitem/NewItemCollectionViewItem.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/WizardFixture.h"
 #include "support/LogCapture.h"
 

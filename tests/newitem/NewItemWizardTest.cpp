@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "newitem/AddNewItemControllerDelegate.h"
 #include "newitem/WizardFixture.h"
 

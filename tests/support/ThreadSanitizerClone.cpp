@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // For programs that start processes under the thread sanitizer: its version of clone(2) takes the
 // vfork with which Qt starts a child for a fork and then breaks down, because the child shares its
 // state. Between that vfork and the exec nothing runs but system calls, so the plain call will do.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/Program.h"
 
 #include "support/TemporaryFolder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/Relocation.h"
 
 #include "model/ProjectItemFactory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loaded before the C library into a program under test: makes one of its renames go wrong.
 // RENAME_FAULT is "fail:N", the Nth rename fails, or "die:N", the process is killed instead of it.
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/TestProject.h"
 
 #include "model/Json.h"

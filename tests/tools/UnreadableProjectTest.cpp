@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/KestrelBuildFixture.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "widgets/Sheet.h"
 
 #include <gtest/gtest.h>

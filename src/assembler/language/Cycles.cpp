@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/language/Cycles.h"
 
 #include <algorithm>

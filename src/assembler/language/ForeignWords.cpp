@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/language/ForeignWords.h"
 
 #include "assembler/text/Text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/messages/Diagnostics.h"
 
 #include "assembler/text/Characters.h"

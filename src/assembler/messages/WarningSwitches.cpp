@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/messages/WarningSwitches.h"
 
 #include "assembler/text/NearNames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/output/DbgFile.h"
 
 #include "assembler/output/DebugLabels.h"

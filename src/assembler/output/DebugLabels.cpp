@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/output/DebugLabels.h"
 
 #include "assembler/output/ImageFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/output/ImageFile.h"
 
 #include "assembler/reading/FileReader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/output/LabelFiles.h"
 
 #include "assembler/output/DebugLabels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/output/Listing.h"
 
 #include "assembler/language/Cycles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/reading/FileFinder.h"
 
 #include "assembler/reading/FileReader.h"

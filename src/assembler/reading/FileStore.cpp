@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/reading/FileStore.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/reading/SourceStack.h"
 
 #include "assembler/text/Characters.h"

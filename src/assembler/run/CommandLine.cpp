@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/run/CommandLine.h"
 
 #include "assembler/text/Characters.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/run/SideFiles.h"
 
 #include "assembler/output/DbgFile.h"

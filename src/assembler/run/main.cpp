@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/run/Program.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/Assembly.h"
 
 #include "assembler/text/Characters.h"

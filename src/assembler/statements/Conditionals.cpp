@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/Conditionals.h"
 
 namespace nesasm {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/DataDirectives.h"
 
 #include "assembler/statements/FieldWriter.h"

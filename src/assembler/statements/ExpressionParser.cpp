@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/ExpressionParser.h"
 
 #include "assembler/statements/Remedies.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/FieldWriter.h"
 
 #include "assembler/statements/WrittenOperand.h"

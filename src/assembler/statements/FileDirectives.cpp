@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/FileDirectives.h"
 
 #include "assembler/reading/PcxReader.h"

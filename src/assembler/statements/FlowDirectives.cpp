@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/FlowDirectives.h"
 
 #include "assembler/text/Characters.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/LineRecords.h"
 
 #include "assembler/text/Characters.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/OperandHints.h"
 
 #include "assembler/statements/WrittenOperand.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/PlaceDirectives.h"
 
 #include "assembler/text/Characters.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/Remedies.h"
 
 #include "assembler/language/ForeignWords.h"

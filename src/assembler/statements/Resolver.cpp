@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/Resolver.h"
 
 #include "assembler/statements/Definitions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/statements/WrittenOperand.h"
 
 #include "assembler/language/Keywords.h"

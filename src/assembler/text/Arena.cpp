@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/text/Arena.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/values/Field.h"
 
 #include "assembler/text/Text.h"

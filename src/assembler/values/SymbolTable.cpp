@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/values/SymbolTable.h"
 
 #include <cstring>

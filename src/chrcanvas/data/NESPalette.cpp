@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/data/NESPalette.h"
 
 #include "chrcanvas/data/MasterColors.h"

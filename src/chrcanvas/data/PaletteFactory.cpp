@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/data/PaletteFactory.h"
 
 #include "chrcanvas/data/NESPalette.h"

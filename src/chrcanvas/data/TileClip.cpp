@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/data/TileClip.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/data/TileData.h"
 
 #include <cstring>

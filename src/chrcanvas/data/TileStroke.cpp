@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/data/TileStroke.h"
 
 #include <algorithm>

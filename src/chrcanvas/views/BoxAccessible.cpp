@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/BoxAccessible.h"
 
 #include "chrcanvas/views/BoxSelectorView.h"

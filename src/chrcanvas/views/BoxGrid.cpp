@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/BoxGrid.h"
 
 #include <algorithm>

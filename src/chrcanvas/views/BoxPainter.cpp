@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/BoxPainter.h"
 
 #include <QFontInfo>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/BoxSelectorAccessible.h"
 
 #include "chrcanvas/views/BoxAccessible.h"

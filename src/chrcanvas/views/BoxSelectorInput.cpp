@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What mouse and keyboard do in a selector.
 #include "chrcanvas/views/BoxSelectorView.h"
 

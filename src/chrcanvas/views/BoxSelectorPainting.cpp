@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a selector draws itself.
 #include "chrcanvas/views/BoxPainter.h"
 #include "chrcanvas/views/BoxSelectorView.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/BoxSelectorView.h"
 
 #include "chrcanvas/views/ColorWords.h"

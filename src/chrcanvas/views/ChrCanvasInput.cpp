@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What mouse and keyboard do in the pixel editor.
 #include "chrcanvas/views/ChrCanvas.h"
 #include "widgets/ScreenPixels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the pixel editor draws itself.
 #include "chrcanvas/views/ChrCanvas.h"
 #include "widgets/ScreenPixels.h"

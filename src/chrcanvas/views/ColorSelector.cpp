@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/ColorSelector.h"
 
 #include "chrcanvas/views/BoxSelectorAccessible.h"

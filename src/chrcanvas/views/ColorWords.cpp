@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/ColorWords.h"
 
 #include "chrcanvas/data/MasterColors.h"

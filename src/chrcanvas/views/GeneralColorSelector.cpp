@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/GeneralColorSelector.h"
 
 #include "chrcanvas/views/BoxSelectorAccessible.h"

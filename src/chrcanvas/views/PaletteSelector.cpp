@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/PaletteSelector.h"
 
 #include "chrcanvas/views/BoxSelectorAccessible.h"

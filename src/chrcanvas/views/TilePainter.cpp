@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/TilePainter.h"
 
 #include <QPainter>

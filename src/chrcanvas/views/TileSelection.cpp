@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/TileSelection.h"
 
 #include <algorithm>

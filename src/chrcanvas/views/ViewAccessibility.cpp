@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/ViewAccessibility.h"
 
 #include <QAccessibleValueChangeEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/CodeEditorTextView.h"
 
 #include "editors/code/CharacterPosition.h"

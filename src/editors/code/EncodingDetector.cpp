@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/EncodingDetector.h"
 
 #include <algorithm>

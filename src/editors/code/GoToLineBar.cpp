@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/GoToLineBar.h"
 
 #include <QHBoxLayout>

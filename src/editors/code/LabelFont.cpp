@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/LabelFont.h"
 
 #include <QFontInfo>

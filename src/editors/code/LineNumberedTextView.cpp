@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/LineNumberedTextView.h"
 
 #include "editors/code/LineNumberRulerView.h"

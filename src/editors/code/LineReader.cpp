@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/LineReader.h"
 
 namespace kestrel {

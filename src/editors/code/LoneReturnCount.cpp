@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/LoneReturnCount.h"
 
 #include "editors/code/SourceDocument.h"

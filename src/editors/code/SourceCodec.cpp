@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/SourceCodec.h"
 
 #include "editors/code/EncodingDetector.h"

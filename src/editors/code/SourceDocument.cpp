@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/SourceDocument.h"
 
 #include "editors/code/DocumentCharacters.h"

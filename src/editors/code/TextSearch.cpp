@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/TextSearch.h"
 
 #include "editors/code/DocumentCharacters.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/BuildFileList.h"
 
 #include "editors/settings/BuildFileListModel.h"

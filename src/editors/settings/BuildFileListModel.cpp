@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/BuildFileListModel.h"
 
 #include "build/SourceLocation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/BuildFileTable.h"
 
 #include <QKeyEvent>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/BuildMembership.h"
 
 #include "model/Paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/EmulatorField.h"
 
 #include "editors/settings/EmulatorProblem.h"

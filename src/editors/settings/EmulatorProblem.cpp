@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/EmulatorProblem.h"
 
 #include "build/DesktopEntry.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/OutputField.h"
 
 #include <QDesktopServices>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/ProgramFilter.h"
 
 #include <QFileInfo>

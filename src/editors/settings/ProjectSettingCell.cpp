@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/ProjectSettingCell.h"
 
 #include "editors/settings/BuildFileListModel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/ProjectSettingsController.h"
 
 #include "build/NESProjectBuilder.h"

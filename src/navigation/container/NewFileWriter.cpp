@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/container/NewFileWriter.h"
 
 #include "chrcanvas/data/ConsoleDataFactory.h"

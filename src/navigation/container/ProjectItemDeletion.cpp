@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/container/ProjectItemDeletion.h"
 
 #include "build/NESBuildSettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/container/SameProject.h"
 
 #include "model/Paths.h"

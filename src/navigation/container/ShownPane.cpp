@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/container/ShownPane.h"
 
 #include "editors/CommonEditorControllers.h"

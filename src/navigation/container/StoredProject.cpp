@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/container/StoredProject.h"
 
 #include "build/NESBuildSettings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/tree/Menu.h"
 
 #include "navigation/tree/NotificationCentre.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/tree/ProjectCommand.h"
 
 namespace kestrel {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/tree/ProjectNavigationController.h"
 
 #include "model/Log.h"

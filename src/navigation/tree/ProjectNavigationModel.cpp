@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/tree/ProjectNavigationModel.h"
 
 #include "navigation/tree/NodeRoot.h"

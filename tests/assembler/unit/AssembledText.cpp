@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/unit/AssembledText.h"
 
 #include "assembler/output/ImageFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/unit/ChildProgram.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/language/InstructionTable.h"
 
 #include "assembler/unit/AssembledText.h"

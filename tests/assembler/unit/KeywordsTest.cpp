@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/language/Keywords.h"
 
 #include "assembler/language/InstructionTable.h"

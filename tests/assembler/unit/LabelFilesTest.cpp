@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads what is written for debuggers as they do, and compares it with the image.
 #include "assembler/output/LabelFiles.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/reading/MacroArguments.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "assembler/text/Text.h"
 
 #include <gtest/gtest.h>

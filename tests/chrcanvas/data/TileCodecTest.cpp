@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/data/TileCodec.h"
 
 #include "chrcanvas/data/TileData.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/data/TileHistory.h"
 
 #include "chrcanvas/data/TilePicture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/data/GeneralNESColorPalette.h"
 #include "chrcanvas/data/MasterColors.h"
 #include "chrcanvas/data/NESPalette.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "chrcanvas/views/TileCollection.h"
 
 #include "chrcanvas/data/NESPalette.h"

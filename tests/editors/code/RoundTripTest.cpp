@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Generated texts with everything that a file may hold go through the editor unchanged, and edits
 // change exactly what a plain list of lines says.
 #include "editors/code/CodeEditorTextView.h"

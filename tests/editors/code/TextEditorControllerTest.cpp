@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/code/TextEditorController.h"
 
 #include "editors/code/CodeEditorTextView.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "editors/settings/PathField.h"
 #include "editors/settings/ProjectSettingsFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/container/ContainerFixture.h"
 #include "navigation/container/NewFileWriter.h"
 #include "support/ChildProcess.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/container/ContainerFixture.h"
 #include "support/ChildProcess.h"
 

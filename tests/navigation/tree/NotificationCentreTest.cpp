@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "navigation/tree/NotificationCentre.h"
 
 #include "navigation/tree/ProjectNavigationMenuClickedOptions.h"

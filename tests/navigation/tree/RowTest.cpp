@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "icons/Icons.h"
 #include "navigation/tree/NavigationFixture.h"
 #include "navigation/tree/ProjectNavigationItem.h"
