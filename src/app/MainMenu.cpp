@@ -16,12 +16,12 @@ namespace kestrel {
 MainMenu::MainMenu(QMenuBar& bar, EditorContainerController& editor, QObject* parent)
     : QObject(parent)
     , m_editor(editor) {
-    static constexpr std::array<const char*, MenuTitleCount> names = {
+    static constexpr std::array<const char*, MenuTitleCount> Names = {
         "fileMenu", "editMenu", "buildMenu", "viewMenu", "helpMenu"};
     for (std::size_t i = 0; i < m_menus.size(); ++i) {
         const QString title = tr(menuText(static_cast<MenuTitle>(i)).data());
         m_menus.at(i) = bar.addMenu(title);
-        m_menus.at(i)->setObjectName(QLatin1String(names.at(i)));
+        m_menus.at(i)->setObjectName(QLatin1String(Names.at(i)));
         m_menus.at(i)->setAccessibleName(QString(title).remove(QLatin1Char('&')));
     }
     m_editMenu = new EditMenu(editor, menu(MenuTitle::edit), this);

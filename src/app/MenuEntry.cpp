@@ -31,26 +31,26 @@ MenuEntry entry(MenuTitle menu, WindowCommand command, const char* id, const cha
 } // namespace
 
 QLatin1String menuText(MenuTitle menu) {
-    static constexpr std::array<const char*, MenuTitleCount> texts = {"&File", "&Edit", "&Build",
+    static constexpr std::array<const char*, MenuTitleCount> Texts = {"&File", "&Edit", "&Build",
                                                                       "&View", "&Help"};
-    return QLatin1String(texts.at(static_cast<std::size_t>(menu)));
+    return QLatin1String(Texts.at(static_cast<std::size_t>(menu)));
 }
 
 std::span<const MenuEntry> menuEntries() {
-    constexpr auto here = Qt::WindowShortcut;
-    constexpr auto everywhere = Qt::ApplicationShortcut;
+    constexpr auto Here = Qt::WindowShortcut;
+    constexpr auto Everywhere = Qt::ApplicationShortcut;
     static const std::array entries = {
         projectEntry(Project::newProject, false),
         entry(MenuTitle::file, WindowCommand::openProject, "openProjectAction", "&Open Project...",
-              QKeySequence(QKeySequence::Open), here),
+              QKeySequence(QKeySequence::Open), Here),
         projectEntry(Project::newFile, true),
         projectEntry(Project::newGroup, false),
         projectEntry(Project::importFile, false),
         entry(MenuTitle::file, WindowCommand::save, "saveAction", "&Save",
-              QKeySequence(QKeySequence::Save), here, true),
+              QKeySequence(QKeySequence::Save), Here, true),
         projectEntry(Project::delete_, true),
         entry(MenuTitle::file, WindowCommand::quit, "quitAction", "&Quit",
-              QKeySequence(Qt::CTRL | Qt::Key_Q), everywhere, true),
+              QKeySequence(Qt::CTRL | Qt::Key_Q), Everywhere, true),
         editEntry(EditCommand::undo, "undoAction", "&Undo", QKeySequence::Undo),
         editEntry(EditCommand::redo, "redoAction", "&Redo", QKeySequence::Redo),
         editEntry(EditCommand::cut, "cutAction", "Cu&t", QKeySequence::Cut, true),
@@ -59,16 +59,16 @@ std::span<const MenuEntry> menuEntries() {
         editEntry(EditCommand::selectAll, "selectAllAction", "Select &All", QKeySequence::SelectAll,
                   true),
         entry(MenuTitle::build, WindowCommand::build, "buildAction", "&Build",
-              QKeySequence(Qt::CTRL | Qt::Key_B), everywhere),
+              QKeySequence(Qt::CTRL | Qt::Key_B), Everywhere),
         entry(MenuTitle::build, WindowCommand::run, "runAction", "&Run",
-              QKeySequence(Qt::CTRL | Qt::Key_R), everywhere),
+              QKeySequence(Qt::CTRL | Qt::Key_R), Everywhere),
         entry(MenuTitle::view, WindowCommand::console, "consoleAction", "&Console",
-              QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), here),
+              QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), Here),
         entry(MenuTitle::view, WindowCommand::nextPane, "nextPaneAction",
-              "&Next Part of the Window", QKeySequence(Qt::Key_F6), here),
+              "&Next Part of the Window", QKeySequence(Qt::Key_F6), Here),
         entry(MenuTitle::help, WindowCommand::userGuide, "userGuideAction", "&User Guide",
-              QKeySequence(QKeySequence::HelpContents), everywhere),
-        entry(MenuTitle::help, WindowCommand::about, "aboutAction", "&About Kestrel", {}, here,
+              QKeySequence(QKeySequence::HelpContents), Everywhere),
+        entry(MenuTitle::help, WindowCommand::about, "aboutAction", "&About Kestrel", {}, Here,
               true),
     };
     return entries;

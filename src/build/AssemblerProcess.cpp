@@ -21,9 +21,9 @@ namespace kestrel {
 namespace {
 
 /// How long one wait lasts before the stop question is asked again, in milliseconds.
-constexpr int waitSlice = 50;
+constexpr int WaitSlice = 50;
 /// How long a killed child may take to go, in milliseconds.
-constexpr int killWait = 5000;
+constexpr int KillWait = 5000;
 
 std::string startSentence(const std::filesystem::path& assembler, const std::string& reason) {
     return "Could not start the assembler " + pathText(assembler) + ": " + reason;
@@ -108,12 +108,12 @@ AssemblerProcess::Result AssemblerProcess::run(const Request& request,
         result.startFailure = startSentence(request.assembler, reasonOf(process));
         return result;
     }
-    while (!result.stopped && !process.waitForFinished(waitSlice) &&
+    while (!result.stopped && !process.waitForFinished(WaitSlice) &&
            process.state() != QProcess::NotRunning) {
         stopIfAsked();
     }
     if (result.stopped) {
-        process.waitForFinished(killWait);
+        process.waitForFinished(KillWait);
         return result;
     }
     output.append(process.readAllStandardOutput());

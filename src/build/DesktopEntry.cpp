@@ -13,15 +13,15 @@ namespace kestrel {
 namespace {
 
 /// No sensible desktop entry comes near this size.
-constexpr std::uintmax_t maximumSize = 1024ULL * 1024;
+constexpr std::uintmax_t MaximumSize = 1024ULL * 1024;
 
 std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t\r";
-    const auto first = text.find_first_not_of(blanks);
+    constexpr std::string_view Blanks = " \t\r";
+    const auto first = text.find_first_not_of(Blanks);
     if (first == text.npos) {
         return {};
     }
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
 }
 
 /// A value of type string with its escapes resolved: \s \n \t \r and a doubled backslash.
@@ -103,7 +103,7 @@ bool readQuoted(std::string_view exec, std::size_t& position, std::string& word)
 } // namespace
 
 std::optional<DesktopEntry> DesktopEntry::read(const std::filesystem::path& file) {
-    const auto text = readFile(file, maximumSize);
+    const auto text = readFile(file, MaximumSize);
     if (!text) {
         return std::nullopt;
     }

@@ -13,8 +13,8 @@ namespace kestrel {
 
 namespace {
 
-constexpr QStringView directive = u".org";
-constexpr QStringView address = u"$FFFA";
+constexpr QStringView Directive = u".org";
+constexpr QStringView Address = u"$FFFA";
 
 /// Whether `word` stands at `position`, in any letter case.
 bool standsAt(QStringView text, qsizetype position, QStringView word) {
@@ -26,16 +26,16 @@ bool standsAt(QStringView text, qsizetype position, QStringView word) {
 /// those may run out of stack on a file that is white space for megabytes.
 qsizetype endOfFirstMatch(QStringView text) {
     for (qsizetype start = text.indexOf(u'.'); start >= 0; start = text.indexOf(u'.', start + 1)) {
-        if (!standsAt(text, start, directive)) {
+        if (!standsAt(text, start, Directive)) {
             continue;
         }
-        const qsizetype blank = start + directive.size();
+        const qsizetype blank = start + Directive.size();
         qsizetype position = blank;
         while (position < text.size() && text[position].isSpace()) {
             ++position;
         }
-        if (position > blank && standsAt(text, position, address)) {
-            return position + address.size();
+        if (position > blank && standsAt(text, position, Address)) {
+            return position + Address.size();
         }
     }
     return -1;
@@ -44,9 +44,9 @@ qsizetype endOfFirstMatch(QStringView text) {
 /// The number of user-perceived characters in `line`, which may end in LF and holds no other LF.
 qsizetype charactersIn(QStringView line) {
     // Below U+0300 nothing combines but CR LF.
-    constexpr char16_t firstCombining = 0x300;
+    constexpr char16_t FirstCombining = 0x300;
     const bool simple = std::all_of(line.begin(), line.end(),
-                                    [](QChar unit) { return unit.unicode() < firstCombining; });
+                                    [](QChar unit) { return unit.unicode() < FirstCombining; });
     if (simple) {
         return line.size() - (line.endsWith(u"\r\n") ? 1 : 0);
     }

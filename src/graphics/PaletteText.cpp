@@ -53,13 +53,13 @@ std::optional<std::uint8_t> byteOf(std::string_view word) {
 } // namespace
 
 std::string paletteText(const PaletteProtocol& palette) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
+    constexpr std::string_view Digits = "0123456789ABCDEF";
     std::string text;
     for (std::size_t index = 0; index < palette.count(); ++index) {
         const std::uint8_t key = palette.entry(index).key;
         text += index == 0 ? "$" : ",$";
-        text += digits[key >> 4U];
-        text += digits[key & 0x0FU];
+        text += Digits[key >> 4U];
+        text += Digits[key & 0x0FU];
     }
     return text;
 }

@@ -15,21 +15,21 @@
 
 namespace {
 
-enum Status { Success = 0, Failure = 1, Refusal = 2 };
+enum Status { success = 0, failure = 1, refusal = 2 };
 
 Status refuse(const std::string& problem) {
     kestrel::complain(problem);
-    return Refusal;
+    return refusal;
 }
 
 Status relocate(const kestrel::OpenedProject& project) {
     switch (kestrel::ProjectRelocator::relocate(project)) {
     case kestrel::ProjectRelocator::Outcome::notWritten:
-        return Failure;
+        return failure;
     case kestrel::ProjectRelocator::Outcome::notUnderstood:
-        return Refusal;
+        return refusal;
     default:
-        return Success;
+        return success;
     }
 }
 
@@ -49,7 +49,7 @@ Status build(kestrel::OpenedProject project, const std::vector<std::string>& ass
     if (signal != 0) {
         kestrel::SignalWatcher::endBy(signal);
     }
-    return built ? Success : Failure;
+    return built ? success : failure;
 }
 
 } // namespace
@@ -61,9 +61,9 @@ int main(int argc, char** argv) {
     const auto commandLine = kestrel::CommandLine::parse(arguments);
     switch (commandLine.action) {
     case Action::showHelp:
-        return kestrel::printText(kestrel::CommandLine::helpText()) ? Success : Failure;
+        return kestrel::printText(kestrel::CommandLine::helpText()) ? success : failure;
     case Action::showVersion:
-        return kestrel::printText("kestrel-build " KESTREL_VERSION "\n") ? Success : Failure;
+        return kestrel::printText("kestrel-build " KESTREL_VERSION "\n") ? success : failure;
     case Action::refuse:
         return refuse(commandLine.problem);
     default:

@@ -11,19 +11,19 @@ using Action = AppCommandLine::Action;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-TEST(AppCommandLine, takes_files_in_order_and_makes_them_absolute) {
+TEST(AppCommandLine, TakesFilesInOrderAndMakesThemAbsolute) {
     const auto line = AppCommandLine::parse({"a.kst", "/b/c.kst", "../d.kst"}, "/home/me");
     EXPECT_EQ(line.action, Action::start);
     EXPECT_THAT(line.files, ElementsAre("/home/me/a.kst", "/b/c.kst", "/home/me/../d.kst"));
 }
 
-TEST(AppCommandLine, takes_everything_behind_two_dashes_for_files) {
+TEST(AppCommandLine, TakesEverythingBehindTwoDashesForFiles) {
     const auto line = AppCommandLine::parse({"--", "--help", "-x"}, "/f");
     EXPECT_EQ(line.action, Action::start);
     EXPECT_THAT(line.files, ElementsAre("/f/--help", "/f/-x"));
 }
 
-TEST(AppCommandLine, shows_help_and_version) {
+TEST(AppCommandLine, ShowsHelpAndVersion) {
     const auto help = AppCommandLine::parse({"x.kst", "--help"}, "/");
     EXPECT_EQ(help.action, Action::showHelp);
     EXPECT_THAT(help.text(), HasSubstr("usage: Kestrel"));
@@ -32,13 +32,13 @@ TEST(AppCommandLine, shows_help_and_version) {
     EXPECT_THAT(version.text(), HasSubstr(KESTREL_VERSION));
 }
 
-TEST(AppCommandLine, refuses_an_option_that_it_does_not_know) {
+TEST(AppCommandLine, RefusesAnOptionThatItDoesNotKnow) {
     const auto line = AppCommandLine::parse({"--fast"}, "/");
     EXPECT_EQ(line.action, Action::refuse);
     EXPECT_THAT(line.problem, HasSubstr("--fast"));
 }
 
-TEST(AppCommandLine, is_empty_without_arguments) {
+TEST(AppCommandLine, IsEmptyWithoutArguments) {
     const auto line = AppCommandLine::parse({}, "/");
     EXPECT_EQ(line.action, Action::start);
     EXPECT_TRUE(line.files.empty());

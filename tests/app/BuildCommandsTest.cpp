@@ -29,7 +29,7 @@ protected:
     }
 };
 
-TEST_F(BuildCommands, the_first_message_makes_the_console_and_its_text_is_a_line_break_and_it) {
+TEST_F(BuildCommands, TheFirstMessageMakesTheConsoleAndItsTextIsALineBreakAndIt) {
     start();
     EXPECT_EQ(controller->windowController(), nullptr);
     controller->console(QStringLiteral("<b>hello</b>"));
@@ -38,7 +38,7 @@ TEST_F(BuildCommands, the_first_message_makes_the_console_and_its_text_is_a_line
     EXPECT_EQ(consoleText(), "\n<b>hello</b>");
 }
 
-TEST_F(BuildCommands, however_many_messages_there_is_one_console_window_which_comes_to_the_front) {
+TEST_F(BuildCommands, HoweverManyMessagesThereIsOneConsoleWindowWhichComesToTheFront) {
     start();
     controller->console(QStringLiteral("one"));
     const QWidget* first = controller->windowController();
@@ -56,7 +56,7 @@ TEST_F(BuildCommands, however_many_messages_there_is_one_console_window_which_co
     EXPECT_EQ(consoles, 1);
 }
 
-TEST_F(BuildCommands, closing_the_console_hides_it_and_the_next_message_brings_it_back_whole) {
+TEST_F(BuildCommands, ClosingTheConsoleHidesItAndTheNextMessageBringsItBackWhole) {
     start();
     controller->console(QStringLiteral("one"));
     ASSERT_TRUE(QTest::qWaitForWindowActive(controller->windowController()));
@@ -67,7 +67,7 @@ TEST_F(BuildCommands, closing_the_console_hides_it_and_the_next_message_brings_i
     EXPECT_EQ(consoleText(), "\none\ntwo");
 }
 
-TEST_F(BuildCommands, with_no_project_selected_both_commands_say_so_and_nothing_else_happens) {
+TEST_F(BuildCommands, WithNoProjectSelectedBothCommandsSaySoAndNothingElseHappens) {
     start();
     build();
     EXPECT_EQ(consoleText(), "\nPlease select a project to build");
@@ -79,14 +79,14 @@ TEST_F(BuildCommands, with_no_project_selected_both_commands_say_so_and_nothing_
     EXPECT_EQ(controller->projectBuilder(), nullptr);
 }
 
-TEST_F(BuildCommands, without_a_project_an_image_is_not_run_and_nothing_is_said) {
+TEST_F(BuildCommands, WithoutAProjectAnImageIsNotRunAndNothingIsSaid) {
     start();
     controller->runProject("/x.nes", nullptr);
     EXPECT_EQ(controller->projectBuilder(), nullptr);
     EXPECT_EQ(controller->windowController(), nullptr);
 }
 
-TEST_F(BuildCommands, a_build_asked_for_without_a_project_tells_its_caller) {
+TEST_F(BuildCommands, ABuildAskedForWithoutAProjectTellsItsCaller) {
     start();
     bool told = false;
     controller->buildProject([&](const std::optional<std::filesystem::path>& image,
@@ -99,7 +99,7 @@ TEST_F(BuildCommands, a_build_asked_for_without_a_project_tells_its_caller) {
     controller->buildProject(nullptr); // nobody waits for that
 }
 
-TEST_F(BuildCommands, a_build_shows_the_assemblers_output_and_then_the_closing_line) {
+TEST_F(BuildCommands, ABuildShowsTheAssemblersOutputAndThenTheClosingLine) {
     startWith("Game");
     script("Game", "print hello\nimage made\n");
     build();
@@ -108,14 +108,14 @@ TEST_F(BuildCommands, a_build_shows_the_assemblers_output_and_then_the_closing_l
     EXPECT_EQ(contentOf(folder("Game") / "output/Game.nes"), "made");
 }
 
-TEST_F(BuildCommands, a_builders_error_is_shown_by_its_description) {
+TEST_F(BuildCommands, ABuildersErrorIsShownByItsDescription) {
     startWith("Game");
     home.write("Kestrel/Game/main.asm", "; nothing");
     build();
     EXPECT_EQ(consoleText(), "\nCould not find main entry point for assembly file(s)");
 }
 
-TEST_F(BuildCommands, a_second_build_clears_what_the_first_left_before_anything_is_written) {
+TEST_F(BuildCommands, ASecondBuildClearsWhatTheFirstLeftBeforeAnythingIsWritten) {
     startWith("Game");
     script("Game", "print first\n");
     build();
@@ -130,7 +130,7 @@ TEST_F(BuildCommands, a_second_build_clears_what_the_first_left_before_anything_
     EXPECT_EQ(consoleText(), std::string("\nsecond\n") + ClosingLine);
 }
 
-TEST_F(BuildCommands, of_two_builds_in_quick_succession_both_end_and_the_later_shows_its_output) {
+TEST_F(BuildCommands, OfTwoBuildsInQuickSuccessionBothEndAndTheLaterShowsItsOutput) {
     startWith("Game");
     script("Game", "print output\n");
     controller->build();
@@ -142,7 +142,7 @@ TEST_F(BuildCommands, of_two_builds_in_quick_succession_both_end_and_the_later_s
     EXPECT_EQ(count("output"), 1);
 }
 
-TEST_F(BuildCommands, running_opens_the_second_image_and_shows_the_output_of_the_first_build_only) {
+TEST_F(BuildCommands, RunningOpensTheSecondImageAndShowsTheOutputOfTheFirstBuildOnly) {
     startWith("Game");
     chooseEmulator("Game", FAKE_EMULATOR);
     script("Game", "print assembled\nimage made\n");
@@ -155,7 +155,7 @@ TEST_F(BuildCommands, running_opens_the_second_image_and_shows_the_output_of_the
               std::string::npos);
 }
 
-TEST_F(BuildCommands, running_without_an_emulator_shows_the_first_output_and_the_generic_error) {
+TEST_F(BuildCommands, RunningWithoutAnEmulatorShowsTheFirstOutputAndTheGenericError) {
     startWith("Game");
     script("Game", "print assembled\n");
     run();
@@ -164,7 +164,7 @@ TEST_F(BuildCommands, running_without_an_emulator_shows_the_first_output_and_the
     EXPECT_EQ(consoleText(), "\nassembled\n\n" + generic);
 }
 
-TEST_F(BuildCommands, running_takes_the_project_that_is_selected_when_the_first_build_has_ended) {
+TEST_F(BuildCommands, RunningTakesTheProjectThatIsSelectedWhenTheFirstBuildHasEnded) {
     registerProject("Other");
     startWith("Game");
     chooseEmulator("Game", FAKE_EMULATOR);
@@ -190,7 +190,7 @@ TEST_F(BuildCommands, running_takes_the_project_that_is_selected_when_the_first_
     EXPECT_FALSE(std::filesystem::exists(folder("Game") / "output/opened"));
 }
 
-TEST_F(BuildCommands, the_run_handler_and_the_location_given_to_run_project_are_never_used) {
+TEST_F(BuildCommands, TheRunHandlerAndTheLocationGivenToRunProjectAreNeverUsed) {
     startWith("Game");
     chooseEmulator("Game", FAKE_EMULATOR);
     bool called = false;
@@ -200,21 +200,21 @@ TEST_F(BuildCommands, the_run_handler_and_the_location_given_to_run_project_are_
     EXPECT_FALSE(called);
 }
 
-TEST_F(BuildCommands, a_run_that_cannot_be_built_shows_the_builders_error_only) {
+TEST_F(BuildCommands, ARunThatCannotBeBuiltShowsTheBuildersErrorOnly) {
     startWith("Game");
     home.write("Kestrel/Game/main.asm", "; nothing");
     run();
     EXPECT_EQ(consoleText(), "\nCould not find main entry point for assembly file(s)");
 }
 
-TEST_F(BuildCommands, a_text_from_another_thread_waits_for_the_user_interface_thread) {
+TEST_F(BuildCommands, ATextFromAnotherThreadWaitsForTheUserInterfaceThread) {
     start();
     std::thread([this] { controller->console(QStringLiteral("from afar")); }).join();
     EXPECT_EQ(consoleText(), "");
     ASSERT_TRUE(consoleEndsWith("\nfrom afar"));
 }
 
-TEST_F(BuildCommands, the_closing_line_follows_the_output_in_every_one_of_many_builds) {
+TEST_F(BuildCommands, TheClosingLineFollowsTheOutputInEveryOneOfManyBuilds) {
     startWith("Game");
     script("Game", "print output\n");
     for (int i = 0; i < BUILDS_IN_A_ROW; ++i) {
@@ -224,7 +224,7 @@ TEST_F(BuildCommands, the_closing_line_follows_the_output_in_every_one_of_many_b
     }
 }
 
-TEST_F(BuildCommands, deleting_the_project_during_its_build_lets_the_build_end) {
+TEST_F(BuildCommands, DeletingTheProjectDuringItsBuildLetsTheBuildEnd) {
     startWith("Game");
     script("Game", "await go\nprint done\n");
     const auto go = fifo("Game", "go");
@@ -237,7 +237,7 @@ TEST_F(BuildCommands, deleting_the_project_during_its_build_lets_the_build_end) 
     EXPECT_EQ(consoleText(), std::string("\ndone\n") + ClosingLine);
 }
 
-TEST_F(BuildCommands, a_window_that_goes_during_a_build_takes_nothing_along) {
+TEST_F(BuildCommands, AWindowThatGoesDuringABuildTakesNothingAlong) {
     startWith("Game");
     script("Game", "await go\nprint done\n");
     const auto go = fifo("Game", "go");
@@ -250,7 +250,7 @@ TEST_F(BuildCommands, a_window_that_goes_during_a_build_takes_nothing_along) {
     EXPECT_EQ(consoleText(), "");
 }
 
-TEST_F(BuildCommands, much_output_is_shown_whole_with_the_closing_line_behind_it) {
+TEST_F(BuildCommands, MuchOutputIsShownWholeWithTheClosingLineBehindIt) {
     startWith("Game");
     script("Game", "fill 4000000\n");
     build();
@@ -258,7 +258,7 @@ TEST_F(BuildCommands, much_output_is_shown_whole_with_the_closing_line_behind_it
     EXPECT_EQ(consoleText().size(), 1 + 4000000 + std::string(ClosingLine).size());
 }
 
-TEST_F(BuildCommands, the_menu_items_call_the_commands_and_are_never_disabled) {
+TEST_F(BuildCommands, TheMenuItemsCallTheCommandsAndAreNeverDisabled) {
     start();
     EXPECT_EQ(delegate->buildMenuItem(), action("buildAction"));
     EXPECT_EQ(controller->buildMenuItem(), action("buildAction"));

@@ -42,7 +42,7 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(Instances, the_first_start_hears_of_the_files_of_later_ones) {
+TEST_F(Instances, TheFirstStartHearsOfTheFilesOfLaterOnes) {
     InstanceChannel first(place(), "me");
     std::vector<Paths> arrived;
     QObject::connect(&first, &InstanceChannel::filesArrived,
@@ -54,13 +54,13 @@ TEST_F(Instances, the_first_start_hears_of_the_files_of_later_ones) {
     EXPECT_THAT(arrived, ElementsAre(paths, IsEmpty()));
 }
 
-TEST_F(Instances, another_user_display_or_home_is_another_first) {
+TEST_F(Instances, AnotherUserDisplayOrHomeIsAnotherFirst) {
     InstanceChannel first(place(), "me");
     ASSERT_EQ(first.begin({}), Role::first);
     EXPECT_EQ(startElsewhere({"/x"}, "someone else"), Role::first);
 }
 
-TEST_F(Instances, user_display_and_home_make_the_identity) {
+TEST_F(Instances, UserDisplayAndHomeMakeTheIdentity) {
     const QByteArray identity = InstanceChannel::userIdentity();
     for (const char* variable : {"HOME", "USER", "DISPLAY"}) {
         const bool wasSet = qEnvironmentVariableIsSet(variable);
@@ -76,7 +76,7 @@ TEST_F(Instances, user_display_and_home_make_the_identity) {
     EXPECT_EQ(InstanceChannel::userIdentity(), identity);
 }
 
-TEST_F(Instances, a_predecessor_that_crashed_is_no_obstacle) {
+TEST_F(Instances, APredecessorThatCrashedIsNoObstacle) {
     const pid_t child = ::fork();
     if (child == 0) {
         InstanceChannel crashing(place(), "me");
@@ -91,7 +91,7 @@ TEST_F(Instances, a_predecessor_that_crashed_is_no_obstacle) {
     EXPECT_EQ(startElsewhere({"/x"}), Role::handed);
 }
 
-TEST_F(Instances, a_predecessor_that_does_not_answer_is_no_obstacle) {
+TEST_F(Instances, APredecessorThatDoesNotAnswerIsNoObstacle) {
     InstanceChannel silent(place(), "me");
     ASSERT_EQ(silent.begin({}), Role::first);
     // Nobody runs its event loop meanwhile.
@@ -99,7 +99,7 @@ TEST_F(Instances, a_predecessor_that_does_not_answer_is_no_obstacle) {
     EXPECT_EQ(next.begin({"/x"}, 200), Role::unheard);
 }
 
-TEST_F(Instances, the_end_of_the_first_makes_room) {
+TEST_F(Instances, TheEndOfTheFirstMakesRoom) {
     {
         InstanceChannel first(place(), "me");
         ASSERT_EQ(first.begin({}), Role::first);
@@ -108,7 +108,7 @@ TEST_F(Instances, the_end_of_the_first_makes_room) {
     EXPECT_EQ(next.begin({}), Role::first);
 }
 
-TEST_F(Instances, nonsense_from_a_stranger_opens_nothing) {
+TEST_F(Instances, NonsenseFromAStrangerOpensNothing) {
     InstanceChannel first(place(), "me");
     int arrivals = 0;
     QObject::connect(&first, &InstanceChannel::filesArrived, [&arrivals] { ++arrivals; });
@@ -125,7 +125,7 @@ TEST_F(Instances, nonsense_from_a_stranger_opens_nothing) {
     EXPECT_EQ(arrivals, 1);
 }
 
-TEST_F(Instances, a_folder_that_cannot_be_written_to_only_means_not_being_heard) {
+TEST_F(Instances, AFolderThatCannotBeWrittenToOnlyMeansNotBeingHeard) {
     InstanceChannel channel(QStringLiteral("/nonexistent/folder"), "me");
     EXPECT_EQ(channel.begin({}, 100), Role::unheard);
 }

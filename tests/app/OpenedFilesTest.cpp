@@ -17,7 +17,7 @@ using ::testing::ElementsAre;
 
 class OpenedFiles : public WindowTest {};
 
-TEST_F(OpenedFiles, a_project_file_opened_before_the_main_window_exists_is_ignored) {
+TEST_F(OpenedFiles, AProjectFileOpenedBeforeTheMainWindowExistsIsIgnored) {
     AppDelegate early;
     const auto game = layOut("Game");
     early.openFiles({game});
@@ -28,7 +28,7 @@ TEST_F(OpenedFiles, a_project_file_opened_before_the_main_window_exists_is_ignor
     controller.reset();
 }
 
-TEST_F(OpenedFiles, of_three_the_second_without_a_structure_entry_is_left_out_and_order_is_kept) {
+TEST_F(OpenedFiles, OfThreeTheSecondWithoutAStructureEntryIsLeftOutAndOrderIsKept) {
     start();
     const auto first = layOut("First");
     const auto broken = home.write("Broken/Broken.kst", R"({"BuildSettings": "x"})");
@@ -40,7 +40,7 @@ TEST_F(OpenedFiles, of_three_the_second_without_a_structure_entry_is_left_out_an
     EXPECT_THAT(projects(), ElementsAre("First", "Third"));
 }
 
-TEST_F(OpenedFiles, unreadable_and_missing_files_are_left_out_silently) {
+TEST_F(OpenedFiles, UnreadableAndMissingFilesAreLeftOutSilently) {
     start();
     delegate->openFiles({home.path() / "gone.kst", home.write("a.kst", "not json"),
                          home.write("b.kst", ""), home.path(), "/dev/null"});
@@ -48,7 +48,7 @@ TEST_F(OpenedFiles, unreadable_and_missing_files_are_left_out_silently) {
     EXPECT_TRUE(log.lines().empty());
 }
 
-TEST_F(OpenedFiles, a_structure_that_is_no_node_is_left_out_with_a_line_in_the_log) {
+TEST_F(OpenedFiles, AStructureThatIsNoNodeIsLeftOutWithALineInTheLog) {
     start();
     const auto bad = home.write("Bad/Bad.kst", R"({"ProjectStructure":"tree.cfg"})");
     home.write("Bad/tree.cfg", R"({"name":"Bad"})");
@@ -59,15 +59,14 @@ TEST_F(OpenedFiles, a_structure_that_is_no_node_is_left_out_with_a_line_in_the_l
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "FAILLLEED"), 2);
 }
 
-TEST_F(OpenedFiles, an_empty_list_changes_nothing) {
+TEST_F(OpenedFiles, AnEmptyListChangesNothing) {
     start();
     delegate->openFiles({});
     EXPECT_TRUE(projects().empty());
     EXPECT_TRUE(log.lines().empty());
 }
 
-TEST_F(OpenedFiles,
-       a_relative_root_counts_from_the_project_files_folder_and_not_from_the_working_one) {
+TEST_F(OpenedFiles, ARelativeRootCountsFromTheProjectFilesFolderAndNotFromTheWorkingOne) {
     const auto file = layOut("Game");
     const auto structure = folder("Game") / ".project/Game-ProjectStructure.cfg";
     auto stored = parseJson(contentOf(structure)).value();
@@ -85,7 +84,7 @@ TEST_F(OpenedFiles,
     EXPECT_TRUE(std::filesystem::is_empty(working.path()));
 }
 
-TEST_F(OpenedFiles, a_project_that_is_in_the_tree_already_is_selected_instead_of_added_again) {
+TEST_F(OpenedFiles, AProjectThatIsInTheTreeAlreadyIsSelectedInsteadOfAddedAgain) {
     registerProject("Game");
     registerProject("Other");
     start();
@@ -95,7 +94,7 @@ TEST_F(OpenedFiles, a_project_that_is_in_the_tree_already_is_selected_instead_of
     EXPECT_EQ(tree().selectedItem()->itemName(), "Other");
 }
 
-TEST_F(OpenedFiles, files_that_arrive_while_a_sheet_is_open_wait_for_its_end) {
+TEST_F(OpenedFiles, FilesThatArriveWhileASheetIsOpenWaitForItsEnd) {
     registerProject("Game");
     start();
     const auto other = layOut("Other");
@@ -109,7 +108,7 @@ TEST_F(OpenedFiles, files_that_arrive_while_a_sheet_is_open_wait_for_its_end) {
     EXPECT_THAT(projects(), ElementsAre("Other", "Game"));
 }
 
-TEST_F(OpenedFiles, the_toolkits_file_open_event_adds_the_project) {
+TEST_F(OpenedFiles, TheToolkitsFileOpenEventAddsTheProject) {
     start();
     qApp->installEventFilter(delegate.get());
     QFileOpenEvent event(QString::fromStdString(layOut("Game").string()));
@@ -117,7 +116,7 @@ TEST_F(OpenedFiles, the_toolkits_file_open_event_adds_the_project) {
     EXPECT_THAT(projects(), ElementsAre("Game"));
 }
 
-TEST_F(OpenedFiles, importing_tells_whether_the_project_file_could_be_read) {
+TEST_F(OpenedFiles, ImportingTellsWhetherTheProjectFileCouldBeRead) {
     start();
     EXPECT_FALSE(controller->importNewProjectFromFile(home.path() / "gone.kst"));
     EXPECT_FALSE(controller->importNewProjectFromFile(home.write("a.kst", "{}")));
@@ -125,7 +124,7 @@ TEST_F(OpenedFiles, importing_tells_whether_the_project_file_could_be_read) {
     EXPECT_THAT(projects(), ElementsAre("Game"));
 }
 
-TEST_F(OpenedFiles, importing_without_an_editor_reads_the_file_and_adds_nothing) {
+TEST_F(OpenedFiles, ImportingWithoutAnEditorReadsTheFileAndAddsNothing) {
     const auto game = layOut("Game");
     const auto bare = std::make_shared<MainWindowController>(std::make_unique<Window>());
     bare->awakeFromNib();
@@ -137,7 +136,7 @@ TEST_F(OpenedFiles, importing_without_an_editor_reads_the_file_and_adds_nothing)
     EXPECT_TRUE(FileProcessor::loadRecentlyConfiguredProjects().empty());
 }
 
-TEST_F(OpenedFiles, the_main_window_comes_back_from_the_task_bar) {
+TEST_F(OpenedFiles, TheMainWindowComesBackFromTheTaskBar) {
     start();
     window().showMinimized();
     delegate->comeToFront();
@@ -145,7 +144,7 @@ TEST_F(OpenedFiles, the_main_window_comes_back_from_the_task_bar) {
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window()));
 }
 
-TEST_F(OpenedFiles, a_new_untitled_document_opens_no_window) {
+TEST_F(OpenedFiles, ANewUntitledDocumentOpensNoWindow) {
     const KestrelDocumentController documents;
     const auto before = QApplication::topLevelWidgets().size();
     const auto document = documents.openUntitledDocumentAndDisplay(true);
@@ -155,7 +154,7 @@ TEST_F(OpenedFiles, a_new_untitled_document_opens_no_window) {
     EXPECT_EQ(document.use_count(), 1);
 }
 
-TEST_F(OpenedFiles, a_document_saves_nothing_and_reads_anything) {
+TEST_F(OpenedFiles, ADocumentSavesNothingAndReadsAnything) {
     ConsoleProjectsDocument document;
     document.windowControllerDidLoadNib();
     EXPECT_TRUE(document.data(QStringLiteral("any")).isEmpty());

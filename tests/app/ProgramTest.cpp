@@ -59,7 +59,7 @@ protected:
     std::string errors;
 };
 
-TEST_F(Program, tells_its_version_and_its_usage_without_a_display) {
+TEST_F(Program, TellsItsVersionAndItsUsageWithoutADisplay) {
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
     environment.remove(QStringLiteral("DISPLAY"));
     environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
@@ -69,7 +69,7 @@ TEST_F(Program, tells_its_version_and_its_usage_without_a_display) {
     EXPECT_THAT(output, HasSubstr("usage: Kestrel"));
 }
 
-TEST_F(Program, without_a_display_says_so_and_how_to_go_on) {
+TEST_F(Program, WithoutADisplaySaysSoAndHowToGoOn) {
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
     environment.remove(QStringLiteral("DISPLAY"));
     environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
@@ -78,12 +78,12 @@ TEST_F(Program, without_a_display_says_so_and_how_to_go_on) {
     EXPECT_THAT(errors, HasSubstr("kestrel-build"));
 }
 
-TEST_F(Program, refuses_an_option_that_it_does_not_know) {
+TEST_F(Program, RefusesAnOptionThatItDoesNotKnow) {
     EXPECT_EQ(runs({QStringLiteral("--fast")}), 2);
     EXPECT_THAT(errors, HasSubstr("--fast"));
 }
 
-TEST_F(Program, a_second_start_hands_its_files_over_and_ends) {
+TEST_F(Program, ASecondStartHandsItsFilesOverAndEnds) {
     const auto game = layOut("Game");
     const auto other = layOut("Other");
     launch({QString::fromStdString(game.string())}, program);
@@ -99,7 +99,7 @@ TEST_F(Program, a_second_start_hands_its_files_over_and_ends) {
     EXPECT_EQ(program.state(), QProcess::Running);
 }
 
-TEST_F(Program, starts_although_its_predecessor_was_killed) {
+TEST_F(Program, StartsAlthoughItsPredecessorWasKilled) {
     launch({QString::fromStdString(layOut("Game").string())}, program);
     ASSERT_TRUE(
         QTest::qWaitFor([this] { return registry().find("Game") != std::string::npos; }, 60000));
@@ -110,7 +110,7 @@ TEST_F(Program, starts_although_its_predecessor_was_killed) {
         QTest::qWaitFor([this] { return registry().find("Other") != std::string::npos; }, 60000));
 }
 
-TEST_F(Program, ends_in_order_when_it_is_asked_to) {
+TEST_F(Program, EndsInOrderWhenItIsAskedTo) {
     launch({QString::fromStdString(layOut("Game").string())}, program);
     ASSERT_TRUE(
         QTest::qWaitFor([this] { return registry().find("Game") != std::string::npos; }, 60000));

@@ -85,7 +85,7 @@ protected:
     }
 };
 
-TEST_F(MainWindow, a_first_start_shows_an_empty_tree_and_the_message) {
+TEST_F(MainWindow, AFirstStartShowsAnEmptyTreeAndTheMessage) {
     start();
     EXPECT_TRUE(projects().empty());
     EXPECT_EQ(panes().emptyController->message(),
@@ -94,7 +94,7 @@ TEST_F(MainWindow, a_first_start_shows_an_empty_tree_and_the_message) {
     EXPECT_EQ(window().windowTitle(), QStringLiteral("Kestrel"));
 }
 
-TEST_F(MainWindow, is_named_after_the_project_in_which_the_selection_lies) {
+TEST_F(MainWindow, IsNamedAfterTheProjectInWhichTheSelectionLies) {
     registerProject("Ga[*]me");
     start();
     EXPECT_EQ(window().windowTitle(), QStringLiteral("Ga[*][*]me - Kestrel"));
@@ -107,7 +107,7 @@ TEST_F(MainWindow, is_named_after_the_project_in_which_the_selection_lies) {
     EXPECT_EQ(window().windowTitle(), QStringLiteral("Kestrel"));
 }
 
-TEST_F(MainWindow, the_menu_bar_holds_every_entry_of_its_table_in_order) {
+TEST_F(MainWindow, TheMenuBarHoldsEveryEntryOfItsTableInOrder) {
     start();
     EXPECT_THAT(entries("fileMenu"),
                 ElementsAre("New Project...", "Open Project...", "-", "New File...", "New Group",
@@ -121,7 +121,7 @@ TEST_F(MainWindow, the_menu_bar_holds_every_entry_of_its_table_in_order) {
               tree().menu()->action(ProjectNavigationMenuClickedOptions::newProject));
 }
 
-TEST_F(MainWindow, what_needs_a_selected_row_is_disabled_without_one) {
+TEST_F(MainWindow, WhatNeedsASelectedRowIsDisabledWithoutOne) {
     start();
     for (const char* name :
          {"newFileAction", "newGroupAction", "importFileAction", "deleteAction"}) {
@@ -132,7 +132,7 @@ TEST_F(MainWindow, what_needs_a_selected_row_is_disabled_without_one) {
     EXPECT_EQ(window().findChild<Sheet*>(), nullptr);
 }
 
-TEST_F(MainWindow, the_shortcut_of_new_project_opens_the_wizard_on_the_window) {
+TEST_F(MainWindow, TheShortcutOfNewProjectOpensTheWizardOnTheWindow) {
     start();
     press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
     const auto* sheet = window().findChild<Sheet*>();
@@ -141,7 +141,7 @@ TEST_F(MainWindow, the_shortcut_of_new_project_opens_the_wizard_on_the_window) {
     EXPECT_EQ(sheet->parentWidget(), &window());
 }
 
-TEST_F(MainWindow, delete_acts_only_while_the_tree_has_the_focus) {
+TEST_F(MainWindow, DeleteActsOnlyWhileTheTreeHasTheFocus) {
     registerProject("Game");
     start();
     RecordingPane* pane = addPane();
@@ -154,7 +154,7 @@ TEST_F(MainWindow, delete_acts_only_while_the_tree_has_the_focus) {
     EXPECT_THAT(projects(), IsEmpty());
 }
 
-TEST_F(MainWindow, undo_in_the_tree_brings_back_what_was_deleted) {
+TEST_F(MainWindow, UndoInTheTreeBringsBackWhatWasDeleted) {
     registerProject("Game");
     start();
     tree().outlineView()->setFocus();
@@ -165,7 +165,7 @@ TEST_F(MainWindow, undo_in_the_tree_brings_back_what_was_deleted) {
     EXPECT_THAT(names(FileProcessor::loadRecentlyConfiguredProjects()), ElementsAre("Game"));
 }
 
-TEST_F(MainWindow, edit_commands_go_to_the_focused_line_edit) {
+TEST_F(MainWindow, EditCommandsGoToTheFocusedLineEdit) {
     start();
     RecordingPane* pane = addPane();
     panes().setCurrentWidget(pane);
@@ -184,7 +184,7 @@ TEST_F(MainWindow, edit_commands_go_to_the_focused_line_edit) {
     EXPECT_THAT(pane->performed, IsEmpty());
 }
 
-TEST_F(MainWindow, edit_commands_go_to_the_nearest_target_around_any_other_focused_widget) {
+TEST_F(MainWindow, EditCommandsGoToTheNearestTargetAroundAnyOtherFocusedWidget) {
     start();
     RecordingPane* pane = addPane();
     panes().setCurrentWidget(pane);
@@ -197,7 +197,7 @@ TEST_F(MainWindow, edit_commands_go_to_the_nearest_target_around_any_other_focus
                 ElementsAre(EditCommand::undo, EditCommand::copy, EditCommand::selectAll));
 }
 
-TEST_F(MainWindow, the_open_edit_menu_greys_what_cannot_act_and_keys_work_again_afterwards) {
+TEST_F(MainWindow, TheOpenEditMenuGreysWhatCannotActAndKeysWorkAgainAfterwards) {
     start();
     RecordingPane* pane = addPane();
     panes().setCurrentWidget(pane);
@@ -209,7 +209,7 @@ TEST_F(MainWindow, the_open_edit_menu_greys_what_cannot_act_and_keys_work_again_
     EXPECT_TRUE(action("cutAction")->isEnabled());
 }
 
-TEST_F(MainWindow, edit_commands_act_on_what_had_the_focus_before_the_menu_bar_took_it) {
+TEST_F(MainWindow, EditCommandsActOnWhatHadTheFocusBeforeTheMenuBarTookIt) {
     start();
     RecordingPane* pane = addPane();
     panes().setCurrentWidget(pane);
@@ -219,7 +219,7 @@ TEST_F(MainWindow, edit_commands_act_on_what_had_the_focus_before_the_menu_bar_t
     EXPECT_THAT(pane->performed, ElementsAre(EditCommand::copy));
 }
 
-TEST_F(MainWindow, save_goes_to_the_visible_pane_at_once_and_nowhere_with_the_message_pane) {
+TEST_F(MainWindow, SaveGoesToTheVisiblePaneAtOnceAndNowhereWithTheMessagePane) {
     start();
     RecordingPane* pane = addPane();
     EXPECT_FALSE(action("saveAction")->isEnabled());
@@ -233,7 +233,7 @@ TEST_F(MainWindow, save_goes_to_the_visible_pane_at_once_and_nowhere_with_the_me
     EXPECT_EQ(pane->saves, 1);
 }
 
-TEST_F(MainWindow, a_panes_commands_stand_in_the_menus_and_act_by_key_only_while_it_is_shown) {
+TEST_F(MainWindow, APanesCommandsStandInTheMenusAndActByKeyOnlyWhileItIsShown) {
     start();
     const auto edit = entries("editMenu");
     const auto view = entries("viewMenu");
@@ -250,7 +250,7 @@ TEST_F(MainWindow, a_panes_commands_stand_in_the_menus_and_act_by_key_only_while
     EXPECT_EQ(entries("viewMenu"), view);
 }
 
-TEST_F(MainWindow, f6_moves_between_the_tree_and_the_pane) {
+TEST_F(MainWindow, F6MovesBetweenTheTreeAndThePane) {
     start();
     RecordingPane* pane = addPane();
     panes().setCurrentWidget(pane);
@@ -261,7 +261,7 @@ TEST_F(MainWindow, f6_moves_between_the_tree_and_the_pane) {
     EXPECT_EQ(QApplication::focusWidget(), tree().outlineView());
 }
 
-TEST_F(MainWindow, no_two_commands_share_a_shortcut_whichever_pane_is_shown) {
+TEST_F(MainWindow, NoTwoCommandsShareAShortcutWhicheverPaneIsShown) {
     start();
     for (int i = 0; i < panes().count(); ++i) {
         panes().setCurrentIndex(i);
@@ -283,7 +283,7 @@ TEST_F(MainWindow, no_two_commands_share_a_shortcut_whichever_pane_is_shown) {
     }
 }
 
-TEST_F(MainWindow, code_and_console_have_characters_of_one_width) {
+TEST_F(MainWindow, CodeAndConsoleHaveCharactersOfOneWidth) {
     start();
     controller->console(QStringLiteral("text"));
     const QPlainTextEdit* views[] = {controller->consoleOutputController()->console(),
@@ -295,7 +295,7 @@ TEST_F(MainWindow, code_and_console_have_characters_of_one_width) {
     }
 }
 
-TEST_F(MainWindow, view_console_shows_the_console_without_writing_to_it) {
+TEST_F(MainWindow, ViewConsoleShowsTheConsoleWithoutWritingToIt) {
     start();
     action("consoleAction")->trigger();
     ASSERT_NE(controller->windowController(), nullptr);
@@ -303,7 +303,7 @@ TEST_F(MainWindow, view_console_shows_the_console_without_writing_to_it) {
     EXPECT_EQ(consoleText(), "");
 }
 
-TEST_F(MainWindow, open_project_adds_the_project_chosen) {
+TEST_F(MainWindow, OpenProjectAddsTheProjectChosen) {
     start();
     const auto game = layOut("Game");
     action("openProjectAction")->trigger();
@@ -314,7 +314,7 @@ TEST_F(MainWindow, open_project_adds_the_project_chosen) {
     EXPECT_EQ(window().findChild<QMessageBox*>(), nullptr);
 }
 
-TEST_F(MainWindow, open_project_says_when_the_file_chosen_is_no_project) {
+TEST_F(MainWindow, OpenProjectSaysWhenTheFileChosenIsNoProject) {
     start();
     action("openProjectAction")->trigger();
     auto* panel = window().findChild<QFileDialog*>();
@@ -325,7 +325,7 @@ TEST_F(MainWindow, open_project_says_when_the_file_chosen_is_no_project) {
     EXPECT_TRUE(projects().empty());
 }
 
-TEST_F(MainWindow, the_user_guide_opens_in_one_window_and_has_text) {
+TEST_F(MainWindow, TheUserGuideOpensInOneWindowAndHasText) {
     start();
     const auto guides = [] {
         std::vector<QWidget*> found;
@@ -344,7 +344,7 @@ TEST_F(MainWindow, the_user_guide_opens_in_one_window_and_has_text) {
         QStringLiteral("Build and run")));
 }
 
-TEST_F(MainWindow, about_tells_the_version_in_a_sheet) {
+TEST_F(MainWindow, AboutTellsTheVersionInASheet) {
     start();
     action("aboutAction")->trigger();
     const auto* box = window().findChild<QMessageBox*>(QStringLiteral("aboutBox"));
@@ -352,7 +352,7 @@ TEST_F(MainWindow, about_tells_the_version_in_a_sheet) {
     EXPECT_EQ(box->windowModality(), Qt::WindowModal);
 }
 
-TEST_F(MainWindow, closing_it_asks_for_the_end_of_the_program_console_included) {
+TEST_F(MainWindow, ClosingItAsksForTheEndOfTheProgramConsoleIncluded) {
     start();
     controller->console(QStringLiteral("text"));
     int closed = 0;
@@ -422,7 +422,7 @@ void expectNamed(const QWidget& root) {
     }
 }
 
-TEST_F(MainWindow, every_control_has_an_object_name_and_an_accessible_name) {
+TEST_F(MainWindow, EveryControlHasAnObjectNameAndAnAccessibleName) {
     registerProject("Game");
     start();
     controller->console(QStringLiteral("text"));

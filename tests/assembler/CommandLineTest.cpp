@@ -50,7 +50,7 @@ protected:
     TemporaryFolder m_folder;
 };
 
-TEST_F(CommandLine, helpNamesTheOptionsAndSucceeds) {
+TEST_F(CommandLine, HelpNamesTheOptionsAndSucceeds) {
     const ProgramRun run = call({"--help"});
     EXPECT_EQ(run.status, 0);
     for (const char* option : {"--input", "--output", "-I", "-D", "-v", "--version"}) {
@@ -58,13 +58,13 @@ TEST_F(CommandLine, helpNamesTheOptionsAndSucceeds) {
     }
 }
 
-TEST_F(CommandLine, versionIsOneLine) {
+TEST_F(CommandLine, VersionIsOneLine) {
     const ProgramRun run = call({"--version"});
     EXPECT_EQ(run.status, 0);
     EXPECT_THAT(run.output, testing::MatchesRegex("NESasm [0-9]+\\.[0-9]+\\.[0-9]+\n"));
 }
 
-TEST_F(CommandLine, wrongUsageIsStatusTwo) {
+TEST_F(CommandLine, WrongUsageIsStatusTwo) {
     expectWrongUsage({}, "--input");
     expectWrongUsage({"--input", "good.asm"}, "--output");
     expectWrongUsage({"--output", "game.nes"}, "--input");
@@ -76,7 +76,7 @@ TEST_F(CommandLine, wrongUsageIsStatusTwo) {
     expectWrongUsage({"--input", "", "--output", "game.nes"}, "--input");
 }
 
-TEST_F(CommandLine, oddBytesInAnArgumentComeOutAsValidText) {
+TEST_F(CommandLine, OddBytesInAnArgumentComeOutAsValidText) {
     const ProgramRun run = call({"--\xFF\x1B[31m"});
     EXPECT_EQ(run.status, 2);
     EXPECT_THAT(run.output, Not(HasSubstr("\x1B")));
@@ -84,7 +84,7 @@ TEST_F(CommandLine, oddBytesInAnArgumentComeOutAsValidText) {
     EXPECT_THAT(run.output, HasSubstr("\xEF\xBF\xBD"));
 }
 
-TEST_F(CommandLine, unreadableInputIsStatusTwo) {
+TEST_F(CommandLine, UnreadableInputIsStatusTwo) {
     fs::create_directory(m_folder.path() / "folder");
     for (const char* input : {"nowhere.asm", "folder", "nowhere/good.asm", "/"}) {
         const ProgramRun run = call({"--input", input, "--output", "game.nes"});
@@ -94,7 +94,7 @@ TEST_F(CommandLine, unreadableInputIsStatusTwo) {
     }
 }
 
-TEST_F(CommandLine, unwritableOutputIsStatusTwo) {
+TEST_F(CommandLine, UnwritableOutputIsStatusTwo) {
     fs::create_directory(m_folder.path() / "folder");
     for (const char* output : {"folder", "nowhere/game.nes", "good.asm/game.nes", "/dev/full/x"}) {
         const ProgramRun run = call({"--input", "good.asm", "--output", output});
@@ -105,14 +105,14 @@ TEST_F(CommandLine, unwritableOutputIsStatusTwo) {
     EXPECT_TRUE(fs::is_empty(m_folder.path() / "folder"));
 }
 
-TEST_F(CommandLine, outputThatIsTheInputIsRefused) {
+TEST_F(CommandLine, OutputThatIsTheInputIsRefused) {
     for (const char* output : {"good.asm", "./good.asm"}) {
         EXPECT_EQ(call({"--input", "good.asm", "--output", output}).status, 2);
         EXPECT_EQ(contentOf(m_folder.path() / "good.asm"), "\tnop\n");
     }
 }
 
-TEST_F(CommandLine, outputThatIsALinkToTheInputIsRefused) {
+TEST_F(CommandLine, OutputThatIsALinkToTheInputIsRefused) {
     fs::create_symlink("good.asm", m_folder.path() / "link.nes");
     fs::create_hard_link(m_folder.path() / "good.asm", m_folder.path() / "hard.nes");
     EXPECT_EQ(call({"--input", "good.asm", "--output", "link.nes"}).status, 2);
@@ -120,38 +120,38 @@ TEST_F(CommandLine, outputThatIsALinkToTheInputIsRefused) {
     EXPECT_EQ(contentOf(m_folder.path() / "good.asm"), "\tnop\n");
 }
 
-TEST_F(CommandLine, missingInputRemovesAnOlderImageToo) {
+TEST_F(CommandLine, MissingInputRemovesAnOlderImageToo) {
     m_folder.write("game.nes", std::string("NES\x1A", 4) + "yesterday");
     EXPECT_EQ(call({"--input", "nowhere.asm", "--output", "game.nes"}).status, 2);
     EXPECT_FALSE(hasImage());
 }
 
-TEST_F(CommandLine, missingIncludeRemovesAnOlderImageAndIsStatusOne) {
+TEST_F(CommandLine, MissingIncludeRemovesAnOlderImageAndIsStatusOne) {
     m_folder.write("game.nes", std::string("NES\x1A", 4) + "yesterday");
     m_folder.write("main.asm", "\t.include \"nowhere.asm\"\n");
     EXPECT_EQ(call({"--input", "main.asm", "--output", "game.nes"}).status, 1);
     EXPECT_FALSE(hasImage());
 }
 
-TEST_F(CommandLine, shortFileThatOnlyBeginsLikeAnImageIsKept) {
+TEST_F(CommandLine, ShortFileThatOnlyBeginsLikeAnImageIsKept) {
     m_folder.write("game.nes", "NES");
     EXPECT_EQ(call({"--input", "bad.asm", "--output", "game.nes"}).status, 1);
     EXPECT_EQ(contentOf(m_folder.path() / "game.nes"), "NES");
 }
 
-TEST_F(CommandLine, olderImageIsReplaced) {
+TEST_F(CommandLine, OlderImageIsReplaced) {
     m_folder.write("game.nes", std::string("NES\x1A", 4) + std::string(100000, 'x'));
     EXPECT_EQ(call({"--input", "good.asm", "--output", "game.nes"}).status, 0);
     EXPECT_EQ(fs::file_size(m_folder.path() / "game.nes"), 8208U);
 }
 
-TEST_F(CommandLine, twoRunsGiveTheSameBytes) {
+TEST_F(CommandLine, TwoRunsGiveTheSameBytes) {
     EXPECT_EQ(call({"--input", "good.asm", "--output", "one.nes"}).status, 0);
     EXPECT_EQ(call({"--input", "good.asm", "--output", "two.nes"}).status, 0);
     EXPECT_EQ(contentOf(m_folder.path() / "one.nes"), contentOf(m_folder.path() / "two.nes"));
 }
 
-TEST_F(CommandLine, noColoursInAPipe) {
+TEST_F(CommandLine, NoColoursInAPipe) {
     for (const char* when : {"auto", "never"}) {
         const ProgramRun run =
             call({"--input", "bad.asm", "--output", "game.nes", "--color", when});
@@ -162,19 +162,19 @@ TEST_F(CommandLine, noColoursInAPipe) {
                 Not(HasSubstr("\x1B")));
 }
 
-TEST_F(CommandLine, emptyVariableIsNoFolder) {
+TEST_F(CommandLine, EmptyVariableIsNoFolder) {
     const ProgramRun run = call({"--input", "good.asm", "--output", "game.nes"}, {"NES_INCLUDE="});
     EXPECT_EQ(run.status, 0) << run.output;
     EXPECT_TRUE(hasImage());
 }
 
-TEST_F(CommandLine, variableThatNamesNoFolderDoesNoHarm) {
+TEST_F(CommandLine, VariableThatNamesNoFolderDoesNoHarm) {
     const ProgramRun run =
         call({"--input", "good.asm", "--output", "game.nes"}, {"NES_INCLUDE=/nowhere:/else"});
     EXPECT_EQ(run.status, 0) << run.output;
 }
 
-TEST_F(CommandLine, definitionsHaveValuesOrOne) {
+TEST_F(CommandLine, DefinitionsHaveValuesOrOne) {
     m_folder.write("main.asm", "\t.db ONE,HEX,-MINUS\n");
     const ProgramRun run = call({"--input", "main.asm", "--output", "game.nes", "-D", "ONE", "-D",
                                  "HEX=$2F", "-D", "MINUS=-5"});

@@ -24,7 +24,7 @@ using kestrel::test::TemporaryFolder;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr std::size_t million = 1U << 20U;
+constexpr std::size_t Million = 1U << 20U;
 
 std::string repeated(std::string_view text, std::size_t count) {
     std::string result;
@@ -99,7 +99,7 @@ protected:
         EXPECT_THAT(run.output.substr(0, 4000), HasSubstr(part));
         EXPECT_EQ(run.errorOutput, "");
         EXPECT_EQ(made(), "none");
-        EXPECT_LT(run.output.size(), 4 * million);
+        EXPECT_LT(run.output.size(), 4 * Million);
         EXPECT_TRUE(isPlainText(run.output));
     }
 
@@ -111,67 +111,67 @@ protected:
     TemporaryFolder m_folder;
 };
 
-TEST_F(GeneratedSources, commentOfAMegabyte) {
-    expectImage(assemble("\tnop ;" + std::string(million, 'x') + "\n\tinx\n"),
+TEST_F(GeneratedSources, CommentOfAMegabyte) {
+    expectImage(assemble("\tnop ;" + std::string(Million, 'x') + "\n\tinx\n"),
                 "size 8208\n0:0000: EA E8\n");
 }
 
-TEST_F(GeneratedSources, blanksOfAMegabyte) {
-    expectImage(assemble("\tlda" + std::string(million, ' ') + "#1\n"),
+TEST_F(GeneratedSources, BlanksOfAMegabyte) {
+    expectImage(assemble("\tlda" + std::string(Million, ' ') + "#1\n"),
                 "size 8208\n0:0000: A9 01\n");
 }
 
-TEST_F(GeneratedSources, sumOfAMegabyte) {
-    expectImage(assemble("\t.db (1" + repeated("-1+1", million / 4) + ")\n"),
+TEST_F(GeneratedSources, SumOfAMegabyte) {
+    expectImage(assemble("\t.db (1" + repeated("-1+1", Million / 4) + ")\n"),
                 "size 8208\n0:0000: 01\n");
 }
 
-TEST_F(GeneratedSources, stringOfAMegabyteOverflowsTheBank) {
-    expectError(assemble("\t.db \"" + std::string(million, 'x') + "\"\n"), "main.asm:1:");
+TEST_F(GeneratedSources, StringOfAMegabyteOverflowsTheBank) {
+    expectError(assemble("\t.db \"" + std::string(Million, 'x') + "\"\n"), "main.asm:1:");
 }
 
-TEST_F(GeneratedSources, dataLineThatFillsABankToItsLastByte) {
+TEST_F(GeneratedSources, DataLineThatFillsABankToItsLastByte) {
     expectImage(assemble("\t.db 7" + repeated(",7", 8191) + "\n"), "size 8208\n0:0000: 07*8192\n");
 }
 
-TEST_F(GeneratedSources, nameOfAMegabyte) {
-    const std::string name(million, 'n');
+TEST_F(GeneratedSources, NameOfAMegabyte) {
+    const std::string name(Million, 'n');
     expectImage(assemble(name + " = 5\n\t.db " + name + "\n"), "size 8208\n0:0000: 05\n");
 }
 
-TEST_F(GeneratedSources, unknownNameOfAMegabyteIsOneError) {
-    expectError(assemble("\tlda " + std::string(million, 'n') + "\n"), "main.asm:1:6: error:");
+TEST_F(GeneratedSources, UnknownNameOfAMegabyteIsOneError) {
+    expectError(assemble("\tlda " + std::string(Million, 'n') + "\n"), "main.asm:1:6: error:");
 }
 
-TEST_F(GeneratedSources, numberOfAMegabyteIsAnError) {
-    expectError(assemble("\t.db " + std::string(million, '9') + "\n"), "main.asm:1:6: error:");
+TEST_F(GeneratedSources, NumberOfAMegabyteIsAnError) {
+    expectError(assemble("\t.db " + std::string(Million, '9') + "\n"), "main.asm:1:6: error:");
 }
 
-TEST_F(GeneratedSources, parenthesesOfAMegabyteAreAnErrorNotACrash) {
-    expectError(assemble("\t.db " + std::string(million / 2, '(') + "1" +
-                         std::string(million / 2, ')') + "\n"),
+TEST_F(GeneratedSources, ParenthesesOfAMegabyteAreAnErrorNotACrash) {
+    expectError(assemble("\t.db " + std::string(Million / 2, '(') + "1" +
+                         std::string(Million / 2, ')') + "\n"),
                 "main.asm:1:");
 }
 
-TEST_F(GeneratedSources, signsOfAMegabyteAreNoCrash) {
-    const ProgramRun run = assemble("\t.db " + std::string(million, '-') + "1\n");
+TEST_F(GeneratedSources, SignsOfAMegabyteAreNoCrash) {
+    const ProgramRun run = assemble("\t.db " + std::string(Million, '-') + "1\n");
     EXPECT_THAT(run.status, testing::AnyOf(0, 1));
     EXPECT_EQ(run.errorOutput, "");
 }
 
-TEST_F(GeneratedSources, macroArgumentOfAMegabyte) {
+TEST_F(GeneratedSources, MacroArgumentOfAMegabyte) {
     expectImage(
-        assemble("put .macro\n\t.db \\2\n\t.endm\n\tput " + std::string(million, 'x') + ",6\n"),
+        assemble("put .macro\n\t.db \\2\n\t.endm\n\tput " + std::string(Million, 'x') + ",6\n"),
         "size 8208\n0:0000: 06\n");
 }
 
-TEST_F(GeneratedSources, conditionsNestedAHundredThousandDeep) {
+TEST_F(GeneratedSources, ConditionsNestedAHundredThousandDeep) {
     expectImage(
         assemble(repeated("\t.if 1\n", 100000) + "\tnop\n" + repeated("\t.endif\n", 100000)),
         "size 8208\n0:0000: EA\n");
 }
 
-TEST_F(GeneratedSources, symbolsThatWaitForEachOtherAHundredThousandLong) {
+TEST_F(GeneratedSources, SymbolsThatWaitForEachOtherAHundredThousandLong) {
     std::string source = "\t.dw S0\n";
     for (int i = 0; i < 100000; ++i) {
         source += "S" + std::to_string(i) + " = S" + std::to_string(i + 1) + "+1\n";
@@ -180,61 +180,61 @@ TEST_F(GeneratedSources, symbolsThatWaitForEachOtherAHundredThousandLong) {
     expectImage(assemble(source + "S100000 = 0\n"), "size 8208\n0:0000: A0 86\n");
 }
 
-TEST_F(GeneratedSources, macroThatCallsItselfTwiceEndsSoon) {
+TEST_F(GeneratedSources, MacroThatCallsItselfTwiceEndsSoon) {
     expectError(assemble("twice .macro\n\ttwice\n\ttwice\n\t.endm\n\ttwice\n"), "main.asm:");
 }
 
-TEST_F(GeneratedSources, macroThatDoublesItsArgumentEndsSoon) {
+TEST_F(GeneratedSources, MacroThatDoublesItsArgumentEndsSoon) {
     expectError(assemble("grow .macro\n\tgrow \\1\\1\n\t.endm\n\tgrow xxxxxxxxxxxxxxxx\n"),
                 "main.asm:");
 }
 
-TEST_F(GeneratedSources, hugeRepetitionOfCodeIsOneErrorAndEndsSoon) {
+TEST_F(GeneratedSources, HugeRepetitionOfCodeIsOneErrorAndEndsSoon) {
     expectError(assemble("\t.rept 2000000000\n\tnop\n\t.endr\n"), "main.asm:");
 }
 
-TEST_F(GeneratedSources, ofAHugeFileOnlyTheBytesWantedAreRead) {
-    fs::resize_file(m_folder.write("project/huge.bin", "ab"), 200 * million);
+TEST_F(GeneratedSources, OfAHugeFileOnlyTheBytesWantedAreRead) {
+    fs::resize_file(m_folder.write("project/huge.bin", "ab"), 200 * Million);
     // Were the whole file read each time, this would take hours.
     expectImage(assemble("\t.rept 8192\n\t.incbin \"huge.bin\",1,1\n\t.endr\n"),
                 "size 8208\n0:0000: 62*8192\n");
 }
 
-TEST_F(GeneratedSources, hugeFileIsNotReadWhenNoImageCanHoldIt) {
-    fs::resize_file(m_folder.write("project/huge.bin", "ab"), 200 * million);
+TEST_F(GeneratedSources, HugeFileIsNotReadWhenNoImageCanHoldIt) {
+    fs::resize_file(m_folder.write("project/huge.bin", "ab"), 200 * Million);
     expectError(assemble("\t.rept 65535\n\t.incbin \"huge.bin\"\n\t.endr\n"),
                 "these 209715200 bytes go beyond the last bank");
 }
 
-TEST_F(GeneratedSources, largeFilesReadAgainAndAgainAreAnErrorThatComesSoon) {
-    fs::resize_file(m_folder.write("project/large.bin", "ab"), 5 * million);
+TEST_F(GeneratedSources, LargeFilesReadAgainAndAgainAreAnErrorThatComesSoon) {
+    fs::resize_file(m_folder.write("project/large.bin", "ab"), 5 * Million);
     // Repeated by .rept, and written out by the thousand.
     const std::string again = "\t.bank 0\n\t.org $8000\n\t.incbin \"large.bin\"\n";
     expectError(assemble("\t.rept 65535\n" + again + "\t.endr\n"), "files are read too often");
     expectError(assemble(repeated(again, 20000)), "files are read too often");
 }
 
-TEST_F(GeneratedSources, hugePicturesReadAgainAndAgainAreAnErrorThatComesSoon) {
-    fs::resize_file(m_folder.write("project/huge.pcx", "\x0A"), 200 * million);
+TEST_F(GeneratedSources, HugePicturesReadAgainAndAgainAreAnErrorThatComesSoon) {
+    fs::resize_file(m_folder.write("project/huge.pcx", "\x0A"), 200 * Million);
     const ProgramRun run = assemble("\t.rept 65535\n\t.incchr \"huge.pcx\"\n\t.endr\n");
     expectError(run, "files are read too often");
     EXPECT_THAT(run.output, HasSubstr("the picture 'huge.pcx' cannot be used"));
 }
 
-TEST_F(GeneratedSources, filesThatAreNotThereAreSoughtNoMoreThanSoOften) {
+TEST_F(GeneratedSources, FilesThatAreNotThereAreSoughtNoMoreThanSoOften) {
     const ProgramRun run =
         assemble(repeated("\t.rept 65535\n\t.incbin \"none.bin\"\n\t.endr\n", 2));
     expectError(run, "files are read too often");
     EXPECT_THAT(run.output, HasSubstr("there is no such file"));
 }
 
-TEST_F(GeneratedSources, enormousReservationIsAnError) {
+TEST_F(GeneratedSources, EnormousReservationIsAnError) {
     expectError(assemble("\t.ds $7FFFFFFF\n"), "main.asm:1:");
     expectError(assemble("\t.bss\n\t.ds $7FFFFFFF\n"), "main.asm:2:");
     expectError(assemble("\tnop\n\t.align $40000000\n"), "main.asm:2:");
 }
 
-TEST_F(GeneratedSources, includedDataOfAWholeBankBehindAFullBank) {
+TEST_F(GeneratedSources, IncludedDataOfAWholeBankBehindAFullBank) {
     m_folder.write("project/bank.bin", std::string(8192, 'b'));
     // Bank 0 is full, the data fills bank 1, and the position is bank 2 already, on the page of the
     // beginning.
@@ -244,7 +244,7 @@ TEST_F(GeneratedSources, includedDataOfAWholeBankBehindAFullBank) {
         "size 24592\n0:0000: 00*8192\n1:0000: 62*8192\n2:0000: 00 C0 02\n");
 }
 
-TEST_F(GeneratedSources, includedDataThatFillsTwoBanksUsesNoThird) {
+TEST_F(GeneratedSources, IncludedDataThatFillsTwoBanksUsesNoThird) {
     m_folder.write("project/banks.bin", std::string(16384, 'b'));
     expectImage(assemble("\t.incbin \"banks.bin\"\n"),
                 "size 16400\n0:0000: 62*8192\n1:0000: 62*8192\n");
@@ -261,12 +261,12 @@ void writeChain(const TemporaryFolder& folder, int depth) {
     folder.write("project/" + std::to_string(depth) + ".asm", "\tnop\n");
 }
 
-TEST_F(GeneratedSources, includesSixtyFourDeep) {
+TEST_F(GeneratedSources, IncludesSixtyFourDeep) {
     writeChain(m_folder, 64);
     expectImage(call(), "size 8208\n0:0000: EA\n");
 }
 
-TEST_F(GeneratedSources, includesSixtyFiveDeepAreAnErrorThatShowsTheRing) {
+TEST_F(GeneratedSources, IncludesSixtyFiveDeepAreAnErrorThatShowsTheRing) {
     writeChain(m_folder, 65);
     const ProgramRun run = call();
     expectError(run, "64.asm:1:");
@@ -274,7 +274,7 @@ TEST_F(GeneratedSources, includesSixtyFiveDeepAreAnErrorThatShowsTheRing) {
     EXPECT_THAT(run.output, HasSubstr("main.asm"));
 }
 
-TEST_F(GeneratedSources, absolutePathsAreTakenAsTheyAre) {
+TEST_F(GeneratedSources, AbsolutePathsAreTakenAsTheyAre) {
     const fs::path more = m_folder.write("other/more.asm", "\t.db 1\n");
     const fs::path data = m_folder.write("other/data.bin", "ab");
     m_folder.write("project/more.asm", "\t.db 2\n");
@@ -283,7 +283,7 @@ TEST_F(GeneratedSources, absolutePathsAreTakenAsTheyAre) {
         "size 8208\n0:0000: 01 61 62\n");
 }
 
-TEST_F(GeneratedSources, includeFolderWhoseNameHoldsAColon) {
+TEST_F(GeneratedSources, IncludeFolderWhoseNameHoldsAColon) {
     m_folder.write("some:where/main.asm", "\t.db 1\n");
     m_folder.write("some/main.asm", "\t.db 2\n");
     const ProgramRun run = ProgramRun::of(
@@ -292,7 +292,7 @@ TEST_F(GeneratedSources, includeFolderWhoseNameHoldsAColon) {
     expectImage(run, "size 8208\n0:0000: 01\n");
 }
 
-TEST_F(GeneratedSources, exactLetterCaseWinsWithoutAWarning) {
+TEST_F(GeneratedSources, ExactLetterCaseWinsWithoutAWarning) {
     m_folder.write("project/MORE.asm", "\t.db 2\n");
     m_folder.write("project/more.asm", "\t.db 1\n");
     const ProgramRun run = assemble("\t.include \"more.asm\"\n");
@@ -300,19 +300,19 @@ TEST_F(GeneratedSources, exactLetterCaseWinsWithoutAWarning) {
     EXPECT_THAT(run.output, Not(HasSubstr("file-case")));
 }
 
-TEST_F(GeneratedSources, twoOtherLetterCasesAreNotGuessed) {
+TEST_F(GeneratedSources, TwoOtherLetterCasesAreNotGuessed) {
     m_folder.write("project/MORE.asm", "\t.db 2\n");
     m_folder.write("project/More.asm", "\t.db 1\n");
     expectError(assemble("\t.include \"more.asm\"\n"), "main.asm:1:11: error:");
 }
 
-TEST_F(GeneratedSources, fifoAsIncludeDoesNotBlock) {
+TEST_F(GeneratedSources, FifoAsIncludeDoesNotBlock) {
     ASSERT_EQ(::mkfifo((m_folder.path() / "pipe.asm").c_str(), 0666), 0);
     expectError(assemble("\t.include \"" + (m_folder.path() / "pipe.asm").string() + "\"\n"),
                 "main.asm:1:11: error:");
 }
 
-TEST_F(GeneratedSources, outputIsPlainTextWhateverByteIsQuoted) {
+TEST_F(GeneratedSources, OutputIsPlainTextWhateverByteIsQuoted) {
     // Six bytes a run: each is quoted in three lines, and no more than twenty errors are shown.
     for (int first = 0; first < 256; first += 6) {
         std::string source;
@@ -328,7 +328,7 @@ TEST_F(GeneratedSources, outputIsPlainTextWhateverByteIsQuoted) {
     }
 }
 
-TEST_F(GeneratedSources, outputIsPlainTextForBrokenAndOverlongCharacters) {
+TEST_F(GeneratedSources, OutputIsPlainTextForBrokenAndOverlongCharacters) {
     for (const char* odd :
          {"\xC3", "\xC0\xAF", "\xE2\x82", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xC2\x85"}) {
         const ProgramRun run =
@@ -339,7 +339,7 @@ TEST_F(GeneratedSources, outputIsPlainTextForBrokenAndOverlongCharacters) {
     }
 }
 
-TEST_F(GeneratedSources, everyCutOfAWorkingSourceIsHandled) {
+TEST_F(GeneratedSources, EveryCutOfAWorkingSourceIsHandled) {
     const std::string whole =
         "put .macro\n\t.db \\1,\"a\\\"b\",';'\n\t.endm\nmain: lda #LOW($12)+(1<<2)\n\t.if 1\n"
         "\tput [$10,x],5\n\t.rept 2\n\tnop\n\t.endr\n\t.endif\n";
@@ -351,18 +351,18 @@ TEST_F(GeneratedSources, everyCutOfAWorkingSourceIsHandled) {
     }
 }
 
-TEST_F(GeneratedSources, errorRemovesAnOlderImage) {
+TEST_F(GeneratedSources, ErrorRemovesAnOlderImage) {
     m_folder.write("game.nes", std::string("NES\x1A", 4) + "yesterday");
     expectError(assemble("\tbogus\n"), "main.asm:1:2: error:");
 }
 
-TEST_F(GeneratedSources, errorKeepsAFileThatIsNoImage) {
+TEST_F(GeneratedSources, ErrorKeepsAFileThatIsNoImage) {
     m_folder.write("game.nes", "NESting boxes\n");
     EXPECT_EQ(assemble("\tbogus\n").status, 1);
     EXPECT_EQ(content(image()), "NESting boxes\n");
 }
 
-TEST_F(GeneratedSources, outputThatIsAFileReadIsRefused) {
+TEST_F(GeneratedSources, OutputThatIsAFileReadIsRefused) {
     m_folder.write("game.nes", "\t.db 1\n");
     const ProgramRun run = assemble("\t.include \"" + image().string() + "\"\n");
     EXPECT_EQ(run.status, 2) << run.output;
@@ -370,12 +370,12 @@ TEST_F(GeneratedSources, outputThatIsAFileReadIsRefused) {
     EXPECT_THAT(run.output, HasSubstr("game.nes"));
 }
 
-TEST_F(GeneratedSources, successLeavesNothingBesideTheImage) {
+TEST_F(GeneratedSources, SuccessLeavesNothingBesideTheImage) {
     EXPECT_EQ(assemble("\tnop\n").status, 0);
     EXPECT_EQ(std::distance(fs::directory_iterator(m_folder.path()), fs::directory_iterator()), 2);
 }
 
-TEST_F(GeneratedSources, inputWithPathNeedsNoVariableAtAll) {
+TEST_F(GeneratedSources, InputWithPathNeedsNoVariableAtAll) {
     const fs::path source = m_folder.write("project/main.asm", "\tnop\n");
     const ProgramRun run = ProgramRun::of(
         KESTREL_NESASM, {"--input", source.string(), "--output", image().string()}, {}, "/");

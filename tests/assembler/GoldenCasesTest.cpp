@@ -11,8 +11,8 @@ namespace {
 
 using kestrel::test::GoldenCase;
 
-const std::filesystem::path casesFolder = KESTREL_GOLDEN_CASES;
-const std::filesystem::path assembler = KESTREL_NESASM;
+const std::filesystem::path CasesFolder = KESTREL_GOLDEN_CASES;
+const std::filesystem::path Assembler = KESTREL_NESASM;
 
 std::string testName(const testing::TestParamInfo<GoldenCase>& info) {
     std::string name = info.param.name();
@@ -23,17 +23,17 @@ std::string testName(const testing::TestParamInfo<GoldenCase>& info) {
 
 class GoldenCases : public testing::TestWithParam<GoldenCase> {};
 
-TEST_P(GoldenCases, assembleAsExpected) {
-    for (const std::string& problem : GetParam().problemsWith(assembler)) {
+TEST_P(GoldenCases, AssembleAsExpected) {
+    for (const std::string& problem : GetParam().problemsWith(Assembler)) {
         ADD_FAILURE() << GetParam().name() << ": " << problem;
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Listed, GoldenCases, testing::ValuesIn(GoldenCase::listedIn(casesFolder)),
+INSTANTIATE_TEST_SUITE_P(Listed, GoldenCases, testing::ValuesIn(GoldenCase::listedIn(CasesFolder)),
                          testName);
 
-TEST(GoldenFolder, holdsNoFileWithoutACase) {
-    EXPECT_EQ(GoldenCase::orphansIn(casesFolder), std::vector<std::string>());
+TEST(GoldenFolder, HoldsNoFileWithoutACase) {
+    EXPECT_EQ(GoldenCase::orphansIn(CasesFolder), std::vector<std::string>());
 }
 
 } // namespace

@@ -19,7 +19,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-const std::filesystem::path assembler = KESTREL_NESASM;
+const std::filesystem::path Assembler = KESTREL_NESASM;
 
 /// A folder with one case in the topic "one", checked with the real assembler.
 class GoldenDriver : public testing::Test {
@@ -29,7 +29,7 @@ protected:
         m_folder.write("one/case" + ending, content);
     }
     std::vector<std::string> problems() const {
-        return GoldenCase(m_folder.path() / "one/case.asm").problemsWith(assembler);
+        return GoldenCase(m_folder.path() / "one/case.asm").problemsWith(Assembler);
     }
     /// What the one problem says, empty when there is none or more than one.
     std::string problem() const {
@@ -40,94 +40,94 @@ protected:
     TemporaryFolder m_folder;
 };
 
-constexpr std::string_view goodSource = "\tlda #1\n";
-constexpr std::string_view goodHex = "size 8208\n0:0000: A9 01\n";
+constexpr std::string_view GoodSource = "\tlda #1\n";
+constexpr std::string_view GoodHex = "size 8208\n0:0000: A9 01\n";
 
-TEST_F(GoldenDriver, passesACaseThatHolds) {
-    givenCase(goodSource);
-    givenBeside(".hex", goodHex);
+TEST_F(GoldenDriver, PassesACaseThatHolds) {
+    givenCase(GoodSource);
+    givenBeside(".hex", GoodHex);
     EXPECT_THAT(problems(), IsEmpty());
 }
 
-TEST_F(GoldenDriver, noticesAWrongByte) {
-    givenCase(goodSource);
+TEST_F(GoldenDriver, NoticesAWrongByte) {
+    givenCase(GoodSource);
     givenBeside(".hex", "size 8208\n0:0000: A9 02\n");
     EXPECT_THAT(problem(), HasSubstr("0:0000: A9 01"));
 }
 
-TEST_F(GoldenDriver, noticesAByteThatIsNotExpected) {
-    givenCase(goodSource);
+TEST_F(GoldenDriver, NoticesAByteThatIsNotExpected) {
+    givenCase(GoodSource);
     givenBeside(".hex", "size 8208\n0:0000: A9\n");
     EXPECT_THAT(problem(), HasSubstr("the image differs"));
 }
 
-TEST_F(GoldenDriver, noticesAWrongSize) {
-    givenCase(goodSource);
+TEST_F(GoldenDriver, NoticesAWrongSize) {
+    givenCase(GoodSource);
     givenBeside(".hex", "size 16400\n0:0000: A9 01\n");
     EXPECT_THAT(problem(), HasSubstr("the image differs"));
 }
 
-TEST_F(GoldenDriver, noticesAWrongHeader) {
-    givenCase(goodSource);
+TEST_F(GoldenDriver, NoticesAWrongHeader) {
+    givenCase(GoodSource);
     givenBeside(".hex", "size 8208\nheader: 01 00 00 00\n0:0000: A9 01\n");
     EXPECT_THAT(problem(), HasSubstr("the image differs"));
 }
 
-TEST_F(GoldenDriver, noticesAnImageWhereNoneIsExpected) {
-    givenCase(goodSource);
+TEST_F(GoldenDriver, NoticesAnImageWhereNoneIsExpected) {
+    givenCase(GoodSource);
     givenBeside(".status", "0\n");
     EXPECT_THAT(problem(), HasSubstr("an image came out where none is expected"));
 }
 
-TEST_F(GoldenDriver, noticesAMissingImageAndTheStatus) {
+TEST_F(GoldenDriver, NoticesAMissingImageAndTheStatus) {
     givenCase("\tbogus 1\n");
-    givenBeside(".hex", goodHex);
+    givenBeside(".hex", GoodHex);
     EXPECT_THAT(problems(), testing::IsSupersetOf(
                                 {HasSubstr("exit status 1, expected 0"), HasSubstr("no image")}));
 }
 
-TEST_F(GoldenDriver, noticesAWrongStatusAlone) {
-    givenCase(goodSource);
-    givenBeside(".hex", goodHex);
+TEST_F(GoldenDriver, NoticesAWrongStatusAlone) {
+    givenCase(GoodSource);
+    givenBeside(".hex", GoodHex);
     givenBeside(".status", "1\n");
     EXPECT_THAT(problem(), HasSubstr("exit status 0, expected 1"));
 }
 
-TEST_F(GoldenDriver, noticesAMessageThatIsNotExpected) {
+TEST_F(GoldenDriver, NoticesAMessageThatIsNotExpected) {
     givenCase("\tbogus 1\n");
     EXPECT_THAT(problem(), HasSubstr("messages where none are expected:\ncase.asm:1:"));
 }
 
-TEST_F(GoldenDriver, noticesAWrongMessage) {
-    givenCase(goodSource);
-    givenBeside(".hex", goodHex);
+TEST_F(GoldenDriver, NoticesAWrongMessage) {
+    givenCase(GoodSource);
+    givenBeside(".hex", GoodHex);
     givenBeside(".out", "case.nes: all is well\n");
     EXPECT_THAT(problem(), HasSubstr("the messages differ: line 1"));
 }
 
-TEST_F(GoldenDriver, noticesAWarningWhenOnlyTheClosingLineIsExpected) {
+TEST_F(GoldenDriver, NoticesAWarningWhenOnlyTheClosingLineIsExpected) {
     givenCase("\t.warning \"careful\"\n\tlda #1\n");
-    givenBeside(".hex", goodHex);
+    givenBeside(".hex", GoodHex);
     EXPECT_THAT(problem(), HasSubstr("expected is one line"));
 }
 
-TEST_F(GoldenDriver, noticesARunFileThatItDoesNotUnderstand) {
-    givenCase(goodSource);
-    givenBeside(".hex", goodHex);
+TEST_F(GoldenDriver, NoticesARunFileThatItDoesNotUnderstand) {
+    givenCase(GoodSource);
+    givenBeside(".hex", GoodHex);
     givenBeside(".run", "inptu: case.asm\n");
     EXPECT_THAT(problem(), HasSubstr("inptu"));
 }
 
-TEST_F(GoldenDriver, noticesAHexFileThatItDoesNotUnderstand) {
-    givenCase(goodSource);
+TEST_F(GoldenDriver, NoticesAHexFileThatItDoesNotUnderstand) {
+    givenCase(GoodSource);
     givenBeside(".hex", "size 8208\n0:0000: A9 1\n");
     EXPECT_THAT(problem(), HasSubstr("line 2 is not understood"));
 }
 
-TEST_F(GoldenDriver, noticesExpectationsWithoutACase) {
-    givenCase(goodSource);
-    givenBeside(".hex", goodHex);
-    m_folder.write("one/lost.hex", goodHex);
+TEST_F(GoldenDriver, NoticesExpectationsWithoutACase) {
+    givenCase(GoodSource);
+    givenBeside(".hex", GoodHex);
+    m_folder.write("one/lost.hex", GoodHex);
     m_folder.write("one/lost.out", "");
     m_folder.write("one/gone/data.bin", "");
     m_folder.write("one/case.txt", "");
@@ -138,8 +138,8 @@ TEST_F(GoldenDriver, noticesExpectationsWithoutACase) {
                             "one/lost.out"));
 }
 
-TEST_F(GoldenDriver, listsEveryCaseOfEveryTopic) {
-    givenCase(goodSource);
+TEST_F(GoldenDriver, ListsEveryCaseOfEveryTopic) {
+    givenCase(GoodSource);
     m_folder.write("two/b.asm", "");
     m_folder.write("two/a.asm", "");
     m_folder.write("two/a/data.asm", "");
@@ -150,7 +150,7 @@ TEST_F(GoldenDriver, listsEveryCaseOfEveryTopic) {
     EXPECT_THAT(names, ElementsAre("one/case", "two/a", "two/b"));
 }
 
-TEST(HexImages, readWhatTheyDescribe) {
+TEST(HexImages, ReadWhatTheyDescribe) {
     std::string fault;
     const auto image =
         HexImage::parse("size 16400\nheader: 01 00 10 00 ; one\n1:1FFA: 00*4 01 80\n", fault);
@@ -164,7 +164,7 @@ TEST(HexImages, readWhatTheyDescribe) {
     EXPECT_EQ(HexImage::parse(HexImage::describe(*image), fault), image);
 }
 
-TEST(HexImages, refuseWhatLiesOutsideTheImageOrABank) {
+TEST(HexImages, RefuseWhatLiesOutsideTheImageOrABank) {
     std::string fault;
     EXPECT_FALSE(HexImage::parse("", fault));
     EXPECT_FALSE(HexImage::parse("0:0000: 00\n", fault));

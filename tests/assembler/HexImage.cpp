@@ -11,9 +11,9 @@ namespace kestrel::test {
 
 namespace {
 
-constexpr std::size_t headerSize = 16;
-constexpr std::size_t bankSize = 8192;
-constexpr std::size_t largestImage = headerSize + 1024 * bankSize;
+constexpr std::size_t HeaderSize = 16;
+constexpr std::size_t BankSize = 8192;
+constexpr std::size_t LargestImage = HeaderSize + 1024 * BankSize;
 
 std::optional<std::size_t> number(std::string_view text, int base) {
     std::size_t value = 0;
@@ -30,7 +30,7 @@ bool addBytes(const std::string& word, std::string& bytes) {
     const std::string digits = word.substr(0, star);
     const auto value = number(digits, 16);
     const auto count = star == std::string::npos ? 1 : number(word.substr(star + 1), 10);
-    if (digits.size() != 2 || !value || !count || *count > largestImage) {
+    if (digits.size() != 2 || !value || !count || *count > LargestImage) {
         return false;
     }
     bytes.append(*count, static_cast<char>(*value));
@@ -58,11 +58,11 @@ bool placeLine(const std::string& place, const std::string& bytes, std::string& 
         }
         const auto bank = number(place.substr(0, colon), 10);
         const auto offset = number(place.substr(colon + 1, 4), 16);
-        if (!bank || !offset || *offset >= bankSize || *offset + bytes.size() > bankSize ||
+        if (!bank || !offset || *offset >= BankSize || *offset + bytes.size() > BankSize ||
             *bank > 1023) {
             return false;
         }
-        position = headerSize + *bank * bankSize + *offset;
+        position = HeaderSize + *bank * BankSize + *offset;
     }
     if (position + bytes.size() > image.size()) {
         return false;
@@ -115,10 +115,10 @@ std::optional<std::string> HexImage::parse(std::string_view text, std::string& e
         bool good = true;
         if (first == "size" && image.empty()) {
             const auto size = words >> word ? number(word, 10) : std::nullopt;
-            good = size && *size >= headerSize && *size <= largestImage && !(words >> word);
+            good = size && *size >= HeaderSize && *size <= LargestImage && !(words >> word);
             if (good) {
                 image = std::string("NES\x1A") + std::string(12, '\0') +
-                        std::string(*size - headerSize, '\xFF');
+                        std::string(*size - HeaderSize, '\xFF');
             }
         } else {
             std::string bytes;
@@ -143,10 +143,10 @@ std::string HexImage::describe(std::string_view image) {
     std::ostringstream out;
     out << "size " << image.size() << '\n';
     const std::string_view magic = "NES\x1A";
-    if (image.size() < headerSize || image.substr(0, 4) != magic ||
+    if (image.size() < HeaderSize || image.substr(0, 4) != magic ||
         image.substr(8, 8) != std::string(8, '\0')) {
         out << "; no header as expected:";
-        for (const char byte : image.substr(0, headerSize)) {
+        for (const char byte : image.substr(0, HeaderSize)) {
             out << ' ' << hex(byte);
         }
         out << '\n';
@@ -154,8 +154,8 @@ std::string HexImage::describe(std::string_view image) {
         out << "header: " << hex(image[4]) << ' ' << hex(image[5]) << ' ' << hex(image[6]) << ' '
             << hex(image[7]) << '\n';
     }
-    for (std::size_t at = headerSize, bank = 0; at < image.size(); at += bankSize, ++bank) {
-        describeBank(image.substr(at, bankSize), bank, out);
+    for (std::size_t at = HeaderSize, bank = 0; at < image.size(); at += BankSize, ++bank) {
+        describeBank(image.substr(at, BankSize), bank, out);
     }
     return out.str();
 }

@@ -65,7 +65,7 @@ HandOver::Deliver deliverTo(const std::weak_ptr<Builder>& builder) {
     };
 }
 
-TEST(BuildHandOver, posts_the_whole_output_before_it_completes) {
+TEST(BuildHandOver, PostsTheWholeOutputBeforeItCompletes) {
     TaskQueue queue;
     const auto builder = std::make_shared<Builder>();
     std::size_t postedAtCompletion = 0;
@@ -85,7 +85,7 @@ TEST(BuildHandOver, posts_the_whole_output_before_it_completes) {
     EXPECT_EQ(builder->received, "all of it");
 }
 
-TEST(BuildHandOver, posts_nothing_when_there_is_no_text) {
+TEST(BuildHandOver, PostsNothingWhenThereIsNoText) {
     TaskQueue queue;
     int calls = 0;
     HandOver handOver([&](const auto&, const auto&) { ++calls; }, queue.post(), nullptr);
@@ -94,7 +94,7 @@ TEST(BuildHandOver, posts_nothing_when_there_is_no_text) {
     EXPECT_EQ(queue.size(), 0U);
 }
 
-TEST(BuildHandOver, delivers_an_empty_text_like_any_other) {
+TEST(BuildHandOver, DeliversAnEmptyTextLikeAnyOther) {
     TaskQueue queue;
     const auto builder = std::make_shared<Builder>();
     HandOver handOver(nullptr, queue.post(), deliverTo(builder));
@@ -103,7 +103,7 @@ TEST(BuildHandOver, delivers_an_empty_text_like_any_other) {
     EXPECT_EQ(builder->deliveries, 1);
 }
 
-TEST(BuildHandOver, an_error_completes_without_output) {
+TEST(BuildHandOver, AnErrorCompletesWithoutOutput) {
     TaskQueue queue;
     std::optional<BuildError> reported;
     HandOver handOver(
@@ -117,7 +117,7 @@ TEST(BuildHandOver, an_error_completes_without_output) {
     EXPECT_EQ(queue.size(), 0U);
 }
 
-TEST(BuildHandOver, an_abandoned_build_calls_nobody_and_lets_its_handler_go) {
+TEST(BuildHandOver, AnAbandonedBuildCallsNobodyAndLetsItsHandlerGo) {
     TaskQueue queue;
     const auto held = std::make_shared<int>(0);
     HandOver handOver([held](const auto&, const auto&) { ++*held; }, queue.post(), nullptr);
@@ -129,7 +129,7 @@ TEST(BuildHandOver, an_abandoned_build_calls_nobody_and_lets_its_handler_go) {
     EXPECT_EQ(queue.size(), 0U);
 }
 
-TEST(BuildHandOver, lets_its_handler_go_after_the_call) {
+TEST(BuildHandOver, LetsItsHandlerGoAfterTheCall) {
     const auto held = std::make_shared<int>(0);
     HandOver handOver([held](const auto&, const auto&) { ++*held; }, nullptr, nullptr);
     EXPECT_TRUE(handOver.fail({"", 100, "x"}));
@@ -137,7 +137,7 @@ TEST(BuildHandOver, lets_its_handler_go_after_the_call) {
     EXPECT_EQ(held.use_count(), 1);
 }
 
-TEST(BuildHandOver, of_many_threads_that_report_at_once_exactly_one_completes) {
+TEST(BuildHandOver, OfManyThreadsThatReportAtOnceExactlyOneCompletes) {
     constexpr int rounds = 200;
     constexpr int threadCount = 4;
     for (int round = 0; round < rounds; ++round) {
@@ -165,7 +165,7 @@ TEST(BuildHandOver, of_many_threads_that_report_at_once_exactly_one_completes) {
     }
 }
 
-TEST(BuildHandOver, the_output_arrives_whole_on_the_other_thread) {
+TEST(BuildHandOver, TheOutputArrivesWholeOnTheOtherThread) {
     constexpr int rounds = 200;
     for (int round = 0; round < rounds; ++round) {
         TaskQueue queue;
@@ -182,7 +182,7 @@ TEST(BuildHandOver, the_output_arrives_whole_on_the_other_thread) {
     }
 }
 
-TEST(BuildHandOver, the_builder_may_go_on_either_thread_while_its_output_is_under_way) {
+TEST(BuildHandOver, TheBuilderMayGoOnEitherThreadWhileItsOutputIsUnderWay) {
     constexpr int rounds = 500;
     for (int round = 0; round < rounds; ++round) {
         TaskQueue queue;

@@ -31,7 +31,7 @@ protected:
     Outcome m_outcome;
 };
 
-TEST_F(BuilderProcess, gets_exactly_its_arguments_one_variable_and_no_input) {
+TEST_F(BuilderProcess, GetsExactlyItsArgumentsOneVariableAndNoInput) {
     build();
     const std::string folder = m_project.folder().string();
     EXPECT_EQ(m_project.record(),
@@ -40,7 +40,7 @@ TEST_F(BuilderProcess, gets_exactly_its_arguments_one_variable_and_no_input) {
                   std::filesystem::current_path().string() + "\ninput /dev/null\ngroup own\n");
 }
 
-TEST_F(BuilderProcess, gets_extra_arguments_behind_the_usual_ones) {
+TEST_F(BuilderProcess, GetsExtraArgumentsBehindTheUsualOnes) {
     const auto builder = m_project.makeBuilder();
     builder->setExtraArguments({"--labels", "mlb", "-W", "unused symbol"});
     builder->build(m_outcome.buildHandler());
@@ -54,7 +54,7 @@ TEST_F(BuilderProcess, gets_extra_arguments_behind_the_usual_ones) {
                                       "argument -W\nargument unused symbol\nvariable "));
 }
 
-TEST_F(BuilderProcess, gets_awkward_names_unchanged_by_any_shell) {
+TEST_F(BuilderProcess, GetsAwkwardNamesUnchangedByAnyShell) {
     m_project.settings->assemblyFiles().clear();
     m_project.addSource("$(touch x) \"ma'in\" ä.asm", vectors);
     m_project.project->setItemName("My `Game` & more");
@@ -63,13 +63,13 @@ TEST_F(BuilderProcess, gets_awkward_names_unchanged_by_any_shell) {
     EXPECT_THAT(m_project.record(), HasSubstr("/output/My `Game` & more.nes\n"));
 }
 
-TEST_F(BuilderProcess, gets_the_first_of_two_main_files) {
+TEST_F(BuilderProcess, GetsTheFirstOfTwoMainFiles) {
     m_project.addSource("second.asm", vectors);
     build();
     EXPECT_THAT(m_project.record(), HasSubstr("argument main.asm\n"));
 }
 
-TEST_F(BuilderProcess, finds_the_files_of_all_three_lists_in_its_folder) {
+TEST_F(BuilderProcess, FindsTheFilesOfAllThreeListsInItsFolder) {
     m_project.home.write("Game/src/tiles.chr", "tiles");
     m_project.home.write("Game/art/colours.pal", "colours");
     m_project.settings->graphicFiles().push_back(fileNode(
@@ -85,7 +85,7 @@ TEST_F(BuilderProcess, finds_the_files_of_all_three_lists_in_its_folder) {
     EXPECT_FALSE(existsAt(m_project.folder() / "tmp/missing.asm"));
 }
 
-TEST_F(BuilderProcess, gets_an_absolute_image_for_a_relative_output_folder) {
+TEST_F(BuilderProcess, GetsAnAbsoluteImageForARelativeOutputFolder) {
     const auto relative = std::filesystem::relative(m_project.folder() / "out here");
     ASSERT_TRUE(relative.is_relative());
     m_project.settings->outputFilePath() = relative;
@@ -97,14 +97,14 @@ TEST_F(BuilderProcess, gets_an_absolute_image_for_a_relative_output_folder) {
     EXPECT_THAT(m_project.record(), HasSubstr("argument " + m_outcome.image()->string() + "\n"));
 }
 
-TEST_F(BuilderProcess, makes_an_image_without_a_name_for_a_project_without_one) {
+TEST_F(BuilderProcess, MakesAnImageWithoutANameForAProjectWithoutOne) {
     m_project.project->setItemName("");
     build();
     EXPECT_EQ(m_outcome.image(), m_project.folder() / "output/.nes");
     EXPECT_THAT(m_project.record(), HasSubstr("/output/.nes\n"));
 }
 
-TEST_F(BuilderProcess, that_fails_still_yields_the_image_and_no_error) {
+TEST_F(BuilderProcess, ThatFailsStillYieldsTheImageAndNoError) {
     m_project.script("print main.asm:1:1: error: no\nexit 1\n");
     build();
     EXPECT_EQ(m_outcome.image(), image());
@@ -113,26 +113,26 @@ TEST_F(BuilderProcess, that_fails_still_yields_the_image_and_no_error) {
     EXPECT_THAT(m_project.console->texts, ElementsAre("main.asm:1:1: error: no\n"));
 }
 
-TEST_F(BuilderProcess, that_crashes_still_yields_the_image_and_its_output) {
+TEST_F(BuilderProcess, ThatCrashesStillYieldsTheImageAndItsOutput) {
     m_project.script("print before\nkill\n");
     build();
     EXPECT_EQ(m_outcome.image(), image());
     EXPECT_THAT(m_project.console->texts, ElementsAre("before\n"));
 }
 
-TEST_F(BuilderProcess, reaches_the_console_with_its_whole_output_once) {
+TEST_F(BuilderProcess, ReachesTheConsoleWithItsWholeOutputOnce) {
     m_project.script("print one\nprint zwölf\nprint \nprint three\n");
     build();
     EXPECT_THAT(m_project.console->texts, ElementsAre("one\nzwölf\n\nthree\n"));
     EXPECT_THAT(m_project.console->threads, ElementsAre(std::this_thread::get_id()));
 }
 
-TEST_F(BuilderProcess, that_says_nothing_reaches_the_console_with_an_empty_text) {
+TEST_F(BuilderProcess, ThatSaysNothingReachesTheConsoleWithAnEmptyText) {
     build();
     EXPECT_THAT(m_project.console->texts, ElementsAre(""));
 }
 
-TEST_F(BuilderProcess, keeps_its_standard_error_from_the_console) {
+TEST_F(BuilderProcess, KeepsItsStandardErrorFromTheConsole) {
     m_project.script("err not for the console\nprint shown\n");
     ::testing::internal::CaptureStderr();
     build();
@@ -140,7 +140,7 @@ TEST_F(BuilderProcess, keeps_its_standard_error_from_the_console) {
     EXPECT_THAT(m_project.console->texts, ElementsAre("shown\n"));
 }
 
-TEST_F(BuilderProcess, whose_output_is_not_utf8_shows_nothing_of_it) {
+TEST_F(BuilderProcess, WhoseOutputIsNotUtf8ShowsNothingOfIt) {
     m_project.script("print good\nhex ff\nprint good\n");
     build(0);
     EXPECT_EQ(m_outcome.image(), image());
@@ -151,7 +151,7 @@ TEST_F(BuilderProcess, whose_output_is_not_utf8_shows_nothing_of_it) {
     EXPECT_THAT(m_project.console->texts, ElementsAre("second\n"));
 }
 
-TEST_F(BuilderProcess, may_send_a_character_in_two_pieces_and_bytes_that_are_no_letters) {
+TEST_F(BuilderProcess, MaySendACharacterInTwoPiecesAndBytesThatAreNoLetters) {
     m_project.script("hex c3\nfill 300000\n");
     build(0);
     EXPECT_TRUE(m_project.console->texts.empty()) << "half a character is not UTF-8";
@@ -161,7 +161,7 @@ TEST_F(BuilderProcess, may_send_a_character_in_two_pieces_and_bytes_that_are_no_
     EXPECT_THAT(m_project.console->texts, ElementsAre(std::string("\0\xef\xbb\xbf\xc3\xa4", 6)));
 }
 
-TEST_F(BuilderProcess, may_print_more_than_a_pipe_holds) {
+TEST_F(BuilderProcess, MayPrintMoreThanAPipeHolds) {
     m_project.script("fill 5000001\nprint end\n");
     build();
     ASSERT_EQ(m_project.console->texts.size(), 1U);
@@ -169,14 +169,14 @@ TEST_F(BuilderProcess, may_print_more_than_a_pipe_holds) {
     EXPECT_TRUE(m_project.console->texts[0].ends_with("yend\n"));
 }
 
-TEST_F(BuilderProcess, that_ends_right_after_filling_the_pipe_loses_nothing) {
+TEST_F(BuilderProcess, ThatEndsRightAfterFillingThePipeLosesNothing) {
     m_project.script("fill 65536\nexit 0\n");
     build();
     ASSERT_EQ(m_project.console->texts.size(), 1U);
     EXPECT_EQ(m_project.console->texts[0].size(), 65536U);
 }
 
-TEST_F(BuilderProcess, may_close_its_output_and_go_on) {
+TEST_F(BuilderProcess, MayCloseItsOutputAndGoOn) {
     m_project.script("print said\ncloseout\nawait go\nimage made\n");
     const auto go = m_project.fifo("go");
     const auto builder = m_project.makeBuilder();
@@ -203,13 +203,13 @@ protected:
     }
 };
 
-TEST_F(BuilderStart, of_a_file_that_may_not_be_executed_is_one_error_with_a_sentence) {
+TEST_F(BuilderStart, OfAFileThatMayNotBeExecutedIsOneErrorWithASentence) {
     m_project.assembler = m_project.home.write("NESasm", "#!/bin/sh\n");
     EXPECT_EQ(failure(), "Could not start the assembler " + m_project.assembler->string() +
                              ": Permission denied");
 }
 
-TEST_F(BuilderStart, of_a_file_of_another_kind_is_one_error_and_no_shell_is_tried) {
+TEST_F(BuilderStart, OfAFileOfAnotherKindIsOneErrorAndNoShellIsTried) {
     m_project.assembler = m_project.home.write("NESasm", "touch shell-was-here\n");
     std::filesystem::permissions(*m_project.assembler, std::filesystem::perms::owner_all);
     EXPECT_EQ(failure(), "Could not start the assembler " + m_project.assembler->string() +
@@ -217,7 +217,7 @@ TEST_F(BuilderStart, of_a_file_of_another_kind_is_one_error_and_no_shell_is_trie
     EXPECT_FALSE(existsAt("shell-was-here"));
 }
 
-TEST_F(BuilderStart, of_a_program_for_another_processor_is_one_error) {
+TEST_F(BuilderStart, OfAProgramForAnotherProcessorIsOneError) {
     std::string program = contentOf(FAKE_ASSEMBLER);
     program[18] = '\x08'; // the machine field of an ELF header: MIPS
     m_project.assembler = m_project.home.write("NESasm", program);
@@ -225,12 +225,12 @@ TEST_F(BuilderStart, of_a_program_for_another_processor_is_one_error) {
     EXPECT_THAT(failure(), HasSubstr("Exec format error"));
 }
 
-TEST_F(BuilderStart, of_a_file_that_vanished_is_one_error) {
+TEST_F(BuilderStart, OfAFileThatVanishedIsOneError) {
     m_project.assembler = m_project.home.path() / "gone";
     EXPECT_THAT(failure(), HasSubstr("gone: No such file or directory"));
 }
 
-TEST_F(BuilderStart, with_a_folder_name_that_is_not_text_is_one_error) {
+TEST_F(BuilderStart, WithAFolderNameThatIsNotTextIsOneError) {
     const auto odd = m_project.home.path() / "\xff";
     std::filesystem::create_directories(odd);
     m_project.settings->outputFilePath() = odd;

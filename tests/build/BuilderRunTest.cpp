@@ -39,21 +39,21 @@ protected:
     Outcome m_outcome;
 };
 
-TEST_F(BuilderRun, builds_and_gives_the_image_to_the_emulator_as_its_only_argument) {
+TEST_F(BuilderRun, BuildsAndGivesTheImageToTheEmulatorAsItsOnlyArgument) {
     m_project.settings->pathToEmulator() = FAKE_EMULATOR;
     run();
     EXPECT_FALSE(m_outcome.error());
     EXPECT_EQ(opened(), "argument " + image().string() + "\nfolder " + here() + "\n");
 }
 
-TEST_F(BuilderRun, without_an_emulator_builds_first_and_then_fails) {
+TEST_F(BuilderRun, WithoutAnEmulatorBuildsFirstAndThenFails) {
     m_project.script("image made\n");
     run();
     EXPECT_EQ(m_outcome.error(), (BuildError{"2", 0, std::nullopt}));
     EXPECT_EQ(contentOf(image()), "made");
 }
 
-TEST_F(BuilderRun, opens_the_emulator_even_when_the_assembler_failed) {
+TEST_F(BuilderRun, OpensTheEmulatorEvenWhenTheAssemblerFailed) {
     m_project.settings->pathToEmulator() = FAKE_EMULATOR;
     m_project.script("exit 1\n");
     run();
@@ -61,7 +61,7 @@ TEST_F(BuilderRun, opens_the_emulator_even_when_the_assembler_failed) {
     EXPECT_THAT(opened(), HasSubstr(image().string()));
 }
 
-TEST_F(BuilderRun, with_an_emulator_that_cannot_be_started_reports_success_and_goes_on) {
+TEST_F(BuilderRun, WithAnEmulatorThatCannotBeStartedReportsSuccessAndGoesOn) {
     const auto notExecutable = m_project.home.write("emulator", "#!/bin/sh\n");
     m_project.settings->pathToEmulator() = notExecutable;
     run();
@@ -72,7 +72,7 @@ TEST_F(BuilderRun, with_an_emulator_that_cannot_be_started_reports_success_and_g
     EXPECT_FALSE(EmulatorLauncher::open(image(), ""));
 }
 
-TEST_F(BuilderRun, starts_a_desktop_entry_as_it_says) {
+TEST_F(BuilderRun, StartsADesktopEntryAsItSays) {
     m_project.settings->pathToEmulator() =
         desktopEntry(std::string(FAKE_EMULATOR) + " --full %F \"two words\"");
     run();
@@ -81,7 +81,7 @@ TEST_F(BuilderRun, starts_a_desktop_entry_as_it_says) {
                             "\nargument two words\nfolder " + here() + "\n");
 }
 
-TEST_F(BuilderRun, starts_a_desktop_entry_in_its_working_folder) {
+TEST_F(BuilderRun, StartsADesktopEntryInItsWorkingFolder) {
     const auto folder = m_project.home.path() / "emulators home";
     std::filesystem::create_directories(folder);
     std::filesystem::create_directories(m_project.folder() / "output");
@@ -90,7 +90,7 @@ TEST_F(BuilderRun, starts_a_desktop_entry_in_its_working_folder) {
     EXPECT_EQ(opened(), "argument " + image().string() + "\nfolder " + folder.string() + "\n");
 }
 
-TEST_F(BuilderRun, opens_a_terminal_for_a_desktop_entry_that_wants_one) {
+TEST_F(BuilderRun, OpensATerminalForADesktopEntryThatWantsOne) {
     // The fake emulator stands in for the terminal too: it writes down all that it is given.
     std::filesystem::create_directories(m_project.folder() / "output");
     std::filesystem::create_directories(m_project.home.path() / "bin");
@@ -104,7 +104,7 @@ TEST_F(BuilderRun, opens_a_terminal_for_a_desktop_entry_that_wants_one) {
                             "\nfolder " + here() + "\n");
 }
 
-TEST_F(BuilderRun, starts_without_a_terminal_where_there_is_none) {
+TEST_F(BuilderRun, StartsWithoutATerminalWhereThereIsNone) {
     std::filesystem::create_directories(m_project.folder() / "output");
     const QByteArray formerPath = qgetenv("PATH");
     qputenv("PATH", "/nowhere");
@@ -113,7 +113,7 @@ TEST_F(BuilderRun, starts_without_a_terminal_where_there_is_none) {
     EXPECT_THAT(opened(), HasSubstr(image().string()));
 }
 
-TEST_F(BuilderRun, does_not_start_a_desktop_entry_that_makes_no_sense) {
+TEST_F(BuilderRun, DoesNotStartADesktopEntryThatMakesNoSense) {
     EXPECT_FALSE(EmulatorLauncher::open(image(), desktopEntry("\"unclosed %f")));
     EXPECT_FALSE(EmulatorLauncher::open(image(), m_project.home.path() / "missing.desktop"));
     EXPECT_FALSE(EmulatorLauncher::open(

@@ -34,26 +34,26 @@ protected:
     BuildProject m_project;
 };
 
-TEST_F(BuilderSetUp, fails_without_an_assembler) {
+TEST_F(BuilderSetUp, FailsWithoutAnAssembler) {
     m_project.assembler = std::nullopt;
     EXPECT_EQ(failure(), setUpFailed);
 }
 
-TEST_F(BuilderSetUp, fails_without_an_output_folder_exactly_as_without_an_assembler) {
+TEST_F(BuilderSetUp, FailsWithoutAnOutputFolderExactlyAsWithoutAnAssembler) {
     m_project.settings->outputFilePath() = std::nullopt;
     EXPECT_EQ(failure(), setUpFailed);
     m_project.settings->outputFilePath() = "";
     EXPECT_EQ(failure(), setUpFailed);
 }
 
-TEST_F(BuilderSetUp, fails_without_a_project_folder) {
+TEST_F(BuilderSetUp, FailsWithoutAProjectFolder) {
     m_project.settings->projectPath() = std::nullopt;
     EXPECT_EQ(failure(), setUpFailed);
     m_project.settings->projectPath() = "";
     EXPECT_EQ(failure(), setUpFailed);
 }
 
-TEST_F(BuilderSetUp, fails_when_the_name_does_not_name_a_file_in_the_output_folder) {
+TEST_F(BuilderSetUp, FailsWhenTheNameDoesNotNameAFileInTheOutputFolder) {
     for (const std::string& name :
          {std::string("../evil"), std::string("a/b"), std::string("/"), std::string("a\0b", 3)}) {
         m_project.project->setItemName(name);
@@ -61,7 +61,7 @@ TEST_F(BuilderSetUp, fails_when_the_name_does_not_name_a_file_in_the_output_fold
     }
 }
 
-TEST_F(BuilderSetUp, takes_a_name_of_dots_since_an_ending_follows) {
+TEST_F(BuilderSetUp, TakesANameOfDotsSinceAnEndingFollows) {
     for (const std::string name : {".", "..", "..."}) {
         m_project.project->setItemName(name);
         Outcome outcome;
@@ -72,14 +72,14 @@ TEST_F(BuilderSetUp, takes_a_name_of_dots_since_an_ending_follows) {
     }
 }
 
-TEST_F(BuilderSetUp, looks_for_the_main_file_where_it_lies_and_not_at_what_was_gathered_before) {
+TEST_F(BuilderSetUp, LooksForTheMainFileWhereItLiesAndNotAtWhatWasGatheredBefore) {
     m_project.settings->assemblyFiles().clear();
     m_project.addSource("other.asm", "nop\n");
     m_project.home.write("Game/tmp/other.asm", vectors);
     EXPECT_EQ(failure(), noMainFile);
 }
 
-TEST_F(BuilderSetUp, fails_when_a_folder_cannot_be_made_and_logs_only_the_systems_reason) {
+TEST_F(BuilderSetUp, FailsWhenAFolderCannotBeMadeAndLogsOnlyTheSystemsReason) {
     m_project.home.write("Game/blocked", "a file");
     m_project.settings->outputFilePath() = m_project.folder() / "blocked/output";
     const LogCapture log;
@@ -87,7 +87,7 @@ TEST_F(BuilderSetUp, fails_when_a_folder_cannot_be_made_and_logs_only_the_system
     EXPECT_THAT(log.lines(), ElementsAre("Not a directory"));
 }
 
-TEST_F(BuilderSetUp, fails_in_a_project_folder_without_write_permission) {
+TEST_F(BuilderSetUp, FailsInAProjectFolderWithoutWritePermission) {
     if (isRoot()) {
         EXPECT_TRUE(passesAsOrdinaryUser());
         return;
@@ -102,14 +102,14 @@ TEST_F(BuilderSetUp, fails_in_a_project_folder_without_write_permission) {
     std::filesystem::permissions(m_project.folder(), std::filesystem::perms::owner_all);
 }
 
-TEST_F(BuilderSetUp, fails_when_the_temporary_folder_is_a_dangling_link) {
+TEST_F(BuilderSetUp, FailsWhenTheTemporaryFolderIsADanglingLink) {
     std::filesystem::create_symlink("nowhere", m_project.folder() / "tmp");
     const LogCapture log;
     EXPECT_EQ(failure(), setUpFailed);
     EXPECT_EQ(log.lines().size(), 1U);
 }
 
-TEST_F(BuilderSetUp, fails_without_a_main_file_before_anything_is_copied) {
+TEST_F(BuilderSetUp, FailsWithoutAMainFileBeforeAnythingIsCopied) {
     m_project.settings->assemblyFiles().clear();
     m_project.addSource("other.asm", "nop\n");
     EXPECT_EQ(failure(), noMainFile);
@@ -118,7 +118,7 @@ TEST_F(BuilderSetUp, fails_without_a_main_file_before_anything_is_copied) {
         << "the folders made stay";
 }
 
-TEST_F(BuilderSetUp, fails_for_a_cr_lf_file_with_its_vectors_at_the_very_end) {
+TEST_F(BuilderSetUp, FailsForACrLfFileWithItsVectorsAtTheVeryEnd) {
     m_project.settings->assemblyFiles().clear();
     std::string text;
     for (int line = 0; line < 30; ++line) {
@@ -128,7 +128,7 @@ TEST_F(BuilderSetUp, fails_for_a_cr_lf_file_with_its_vectors_at_the_very_end) {
     EXPECT_EQ(failure(), noMainFile);
 }
 
-TEST_F(BuilderSetUp, a_failing_run_reports_the_builds_error_at_once) {
+TEST_F(BuilderSetUp, AFailingRunReportsTheBuildsErrorAtOnce) {
     m_project.settings->outputFilePath() = std::nullopt;
     Outcome outcome;
     m_project.makeBuilder()->run(outcome.runHandler());
@@ -136,13 +136,13 @@ TEST_F(BuilderSetUp, a_failing_run_reports_the_builds_error_at_once) {
     EXPECT_EQ(outcome.error(), setUpFailed);
 }
 
-TEST_F(BuilderSetUp, takes_requests_that_nobody_waits_for) {
+TEST_F(BuilderSetUp, TakesRequestsThatNobodyWaitsFor) {
     m_project.settings->outputFilePath() = std::nullopt;
     m_project.makeBuilder()->build(nullptr);
     m_project.makeBuilder()->run(nullptr);
 }
 
-TEST_F(BuilderSetUp, a_plain_file_counts_as_the_temporary_folder) {
+TEST_F(BuilderSetUp, APlainFileCountsAsTheTemporaryFolder) {
     m_project.home.write("Game/tmp", "a file");
     Outcome outcome;
     m_project.makeBuilder()->build(outcome.buildHandler());
@@ -152,7 +152,7 @@ TEST_F(BuilderSetUp, a_plain_file_counts_as_the_temporary_folder) {
     EXPECT_EQ(contentOf(m_project.folder() / "tmp"), "a file");
 }
 
-TEST_F(BuilderSetUp, an_existing_output_folder_and_a_missing_one_both_do) {
+TEST_F(BuilderSetUp, AnExistingOutputFolderAndAMissingOneBothDo) {
     m_project.settings->outputFilePath() = m_project.folder() / "deep/down/output";
     Outcome outcome;
     m_project.makeBuilder()->build(outcome.buildHandler());
@@ -164,7 +164,7 @@ TEST_F(BuilderSetUp, an_existing_output_folder_and_a_missing_one_both_do) {
     EXPECT_FALSE(second.error());
 }
 
-TEST_F(BuilderSetUp, the_locations_are_those_of_the_settings) {
+TEST_F(BuilderSetUp, TheLocationsAreThoseOfTheSettings) {
     m_project.settings->pathToEmulator() = "/usr/bin/emu";
     const auto builder = m_project.makeBuilder();
     EXPECT_EQ(builder->pathToEmulator(), "/usr/bin/emu");
@@ -174,13 +174,13 @@ TEST_F(BuilderSetUp, the_locations_are_those_of_the_settings) {
     EXPECT_FALSE(builder->tempPath());
 }
 
-TEST_F(BuilderSetUp, a_new_builder_has_no_console) {
+TEST_F(BuilderSetUp, ANewBuilderHasNoConsole) {
     const auto builder = std::make_shared<NESProjectBuilder>(m_project.settings);
     EXPECT_EQ(builder->consoleOutput().lock(), nullptr);
     EXPECT_EQ(builder->buildSetting(), m_project.settings);
 }
 
-TEST_F(BuilderSetUp, cleaning_removes_what_a_build_gathered) {
+TEST_F(BuilderSetUp, CleaningRemovesWhatABuildGathered) {
     m_project.home.write("Game/tmp/other", "kept");
     Outcome outcome;
     const auto builder = m_project.makeBuilder();

@@ -69,7 +69,7 @@ protected:
     BuildProject m_project;
 };
 
-TEST_F(BuilderThreads, completes_on_a_background_worker_without_waiting_for_the_main_thread) {
+TEST_F(BuilderThreads, CompletesOnABackgroundWorkerWithoutWaitingForTheMainThread) {
     Outcome outcome;
     m_project.script("print text\n");
     const auto builder = m_project.makeBuilder();
@@ -84,7 +84,7 @@ TEST_F(BuilderThreads, completes_on_a_background_worker_without_waiting_for_the_
     EXPECT_EQ(outcome.calls(), 1);
 }
 
-TEST_F(BuilderThreads, the_output_is_queued_before_the_completion_is_told) {
+TEST_F(BuilderThreads, TheOutputIsQueuedBeforeTheCompletionIsTold) {
     std::vector<std::string> order; // the main thread's own
     class OrderConsole : public ConsoleOutputDelegate {
     public:
@@ -108,7 +108,7 @@ TEST_F(BuilderThreads, the_output_is_queued_before_the_completion_is_told) {
     EXPECT_THAT(order, ElementsAre("output", "completion"));
 }
 
-TEST_F(BuilderThreads, output_for_a_builder_that_was_replaced_is_dropped) {
+TEST_F(BuilderThreads, OutputForABuilderThatWasReplacedIsDropped) {
     Outcome outcome;
     m_project.script("print text\n");
     auto builder = m_project.makeBuilder();
@@ -121,7 +121,7 @@ TEST_F(BuilderThreads, output_for_a_builder_that_was_replaced_is_dropped) {
     EXPECT_EQ(outcome.image(), m_project.folder() / "output/Game.nes");
 }
 
-TEST_F(BuilderThreads, a_build_goes_on_without_its_builder) {
+TEST_F(BuilderThreads, ABuildGoesOnWithoutItsBuilder) {
     Outcome outcome;
     const auto go = m_project.fifo("go");
     m_project.script("await go\nimage made\n");
@@ -135,7 +135,7 @@ TEST_F(BuilderThreads, a_build_goes_on_without_its_builder) {
     EXPECT_EQ(contentOf(m_project.folder() / "output/Game.nes"), "made");
 }
 
-TEST_F(BuilderThreads, output_for_a_console_that_is_gone_is_dropped) {
+TEST_F(BuilderThreads, OutputForAConsoleThatIsGoneIsDropped) {
     Outcome outcome;
     m_project.script("print text\n");
     const auto builder = m_project.makeBuilder();
@@ -148,7 +148,7 @@ TEST_F(BuilderThreads, output_for_a_console_that_is_gone_is_dropped) {
     EXPECT_FALSE(outcome.error());
 }
 
-TEST_F(BuilderThreads, the_last_reference_to_the_builder_may_drop_on_the_worker) {
+TEST_F(BuilderThreads, TheLastReferenceToTheBuilderMayDropOnTheWorker) {
     Outcome outcome;
     Outcome end; // told by what only the builder holds
     auto watch = std::shared_ptr<void>(nullptr, [told = end.runHandler()](void*) { told({}); });
@@ -170,7 +170,7 @@ TEST_F(BuilderThreads, the_last_reference_to_the_builder_may_drop_on_the_worker)
     EXPECT_THAT(m_project.console->texts, IsEmpty());
 }
 
-TEST_F(BuilderThreads, a_handler_may_start_the_next_build_on_its_worker) {
+TEST_F(BuilderThreads, AHandlerMayStartTheNextBuildOnItsWorker) {
     Outcome first;
     Outcome second;
     const auto builder = m_project.makeBuilder();
@@ -183,7 +183,7 @@ TEST_F(BuilderThreads, a_handler_may_start_the_next_build_on_its_worker) {
     EXPECT_FALSE(second.error());
 }
 
-TEST_F(BuilderThreads, three_builds_run_at_once_on_a_machine_with_two_processors) {
+TEST_F(BuilderThreads, ThreeBuildsRunAtOnceOnAMachineWithTwoProcessors) {
     QThreadPool* const pool = QThreadPool::globalInstance();
     const int formerCount = pool->maxThreadCount();
     pool->setMaxThreadCount(2);
@@ -221,7 +221,7 @@ TEST_F(BuilderThreads, three_builds_run_at_once_on_a_machine_with_two_processors
     }
 }
 
-TEST_F(BuilderThreads, many_builds_in_a_row_each_deliver_once) {
+TEST_F(BuilderThreads, ManyBuildsInARowEachDeliverOnce) {
     m_project.script("print text\n");
     constexpr std::size_t count = 20;
     for (std::size_t i = 0; i < count; ++i) {
@@ -235,7 +235,7 @@ TEST_F(BuilderThreads, many_builds_in_a_row_each_deliver_once) {
     }
 }
 
-TEST_F(BuilderThreads, a_grandchild_that_keeps_the_pipe_open_does_not_hold_the_build_up) {
+TEST_F(BuilderThreads, AGrandchildThatKeepsThePipeOpenDoesNotHoldTheBuildUp) {
     Outcome outcome;
     const auto held = m_project.fifo("held");
     FifoReader reader(held);
@@ -252,7 +252,7 @@ TEST_F(BuilderThreads, a_grandchild_that_keeps_the_pipe_open_does_not_hold_the_b
     EXPECT_TRUE(reader.allWritersGo());
 }
 
-TEST_F(BuilderThreads, a_grandchild_that_prints_without_end_does_not_hold_the_build_up) {
+TEST_F(BuilderThreads, AGrandchildThatPrintsWithoutEndDoesNotHoldTheBuildUp) {
     Outcome outcome;
     m_project.script("print before\nforkflood\nprint after\n");
     const auto builder = m_project.makeBuilder();
@@ -264,7 +264,7 @@ TEST_F(BuilderThreads, a_grandchild_that_prints_without_end_does_not_hold_the_bu
     EXPECT_NE(m_project.console->texts[0].find("after\n"), std::string::npos);
 }
 
-TEST_F(BuilderThreads, no_zombie_is_left) {
+TEST_F(BuilderThreads, NoZombieIsLeft) {
     Outcome outcome;
     const auto builder = m_project.makeBuilder();
     builder->build(outcome.buildHandler());
@@ -273,7 +273,7 @@ TEST_F(BuilderThreads, no_zombie_is_left) {
     EXPECT_EQ(errno, ECHILD);
 }
 
-TEST_F(BuilderThreads, quitting_ends_an_assembler_that_never_ends_and_its_process_group) {
+TEST_F(BuilderThreads, QuittingEndsAnAssemblerThatNeverEndsAndItsProcessGroup) {
     const auto childHolds = m_project.fifo("child");
     const auto grandchildHolds = m_project.fifo("grandchild");
     FifoReader child(childHolds);
@@ -292,7 +292,7 @@ TEST_F(BuilderThreads, quitting_ends_an_assembler_that_never_ends_and_its_proces
     EXPECT_TRUE(grandchild.allWritersGo());
 }
 
-TEST_F(BuilderThreads, a_stop_is_asked_for_with_every_piece_of_output) {
+TEST_F(BuilderThreads, AStopIsAskedForWithEveryPieceOfOutput) {
     constexpr int pieces = 64;
     constexpr int pipe = 65536; // what a pipe holds, so the most that comes in one piece
     m_project.script("fill " + std::to_string(pieces * pipe) + "\n");
@@ -313,7 +313,7 @@ TEST_F(BuilderThreads, a_stop_is_asked_for_with_every_piece_of_output) {
     EXPECT_FALSE(result.output);
 }
 
-TEST_F(BuilderThreads, quitting_ends_an_assembler_that_prints_without_end) {
+TEST_F(BuilderThreads, QuittingEndsAnAssemblerThatPrintsWithoutEnd) {
     const auto childHolds = m_project.fifo("child");
     FifoReader child(childHolds);
     m_project.settings->saveBuildSettings();
@@ -356,11 +356,11 @@ protected:
 };
 
 #ifdef KESTREL_SLOW_BUILD // and one that needs much memory of its own
-TEST_F(BuilderOutput, of_64_mebibytes_arrives_once) {
+TEST_F(BuilderOutput, Of64MebibytesArrivesOnce) {
     deliver(64 * 1024 * 1024);
 }
 #else
-TEST_F(BuilderOutput, of_a_gigabyte_arrives_once_and_is_held_once) {
+TEST_F(BuilderOutput, OfAGigabyteArrivesOnceAndIsHeldOnce) {
     constexpr qsizetype gigabyte = 1024 * 1024 * 1024;
     deliver(gigabyte);
     rusage usage{};

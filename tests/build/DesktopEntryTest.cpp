@@ -27,25 +27,25 @@ std::vector<std::string> wordsFor(const std::string& exec, const std::string& mo
     return words;
 }
 
-TEST(DesktopEntry, every_file_and_url_code_becomes_the_document) {
+TEST(DesktopEntry, EveryFileAndUrlCodeBecomesTheDocument) {
     for (const char* code : {"%f", "%F", "%u", "%U"}) {
         EXPECT_THAT(wordsFor(std::string("emu --full ") + code + " --end"),
                     ElementsAre("emu", "--full", "/games/My Game.nes", "--end"));
     }
 }
 
-TEST(DesktopEntry, the_document_is_appended_when_there_is_no_code_for_it) {
+TEST(DesktopEntry, TheDocumentIsAppendedWhenThereIsNoCodeForIt) {
     EXPECT_THAT(wordsFor("emu"), ElementsAre("emu", "/games/My Game.nes"));
     EXPECT_THAT(wordsFor("emu  -x\t-y "), ElementsAre("emu", "-x", "-y", "/games/My Game.nes"));
     EXPECT_THAT(wordsFor("emu %%f"), ElementsAre("emu", "%f", "/games/My Game.nes"));
 }
 
-TEST(DesktopEntry, a_code_inside_a_word_is_filled_in_there) {
+TEST(DesktopEntry, ACodeInsideAWordIsFilledInThere) {
     EXPECT_THAT(wordsFor("emu --rom=%f"), ElementsAre("emu", "--rom=/games/My Game.nes"));
     EXPECT_THAT(wordsFor("emu \"--rom=%f\""), ElementsAre("emu", "--rom=/games/My Game.nes"));
 }
 
-TEST(DesktopEntry, icon_name_and_location_codes_are_filled_in) {
+TEST(DesktopEntry, IconNameAndLocationCodesAreFilledIn) {
     EXPECT_THAT(wordsFor("emu %i %c %f", "Icon=emu-icon\n"),
                 ElementsAre("emu", "--icon", "emu-icon", "An Emu", "/games/My Game.nes"));
     EXPECT_THAT(wordsFor("emu %i %f"), ElementsAre("emu", "/games/My Game.nes"));
@@ -54,27 +54,27 @@ TEST(DesktopEntry, icon_name_and_location_codes_are_filled_in) {
     EXPECT_EQ(std::filesystem::path(located[1]).filename(), "emu.desktop");
 }
 
-TEST(DesktopEntry, obsolete_and_unknown_codes_are_left_out) {
+TEST(DesktopEntry, ObsoleteAndUnknownCodesAreLeftOut) {
     EXPECT_THAT(wordsFor("emu %d %D %n %N %v %m %q x%y %f %"),
                 ElementsAre("emu", "x", "/games/My Game.nes"));
 }
 
-TEST(DesktopEntry, quoted_words_keep_blanks_and_resolve_their_escapes) {
+TEST(DesktopEntry, QuotedWordsKeepBlanksAndResolveTheirEscapes) {
     EXPECT_THAT(wordsFor(R"("/opt/my emu/emu" "a \\"b\\" \\$c \\\\ \\`d" "" %f)"),
                 ElementsAre("/opt/my emu/emu", "a \"b\" $c \\ `d", "", "/games/My Game.nes"));
 }
 
-TEST(DesktopEntry, value_escapes_are_resolved_before_quoting) {
+TEST(DesktopEntry, ValueEscapesAreResolvedBeforeQuoting) {
     EXPECT_THAT(wordsFor(R"(emu\s"tab\there" %f)"),
                 ElementsAre("emu", "tab\there", "/games/My Game.nes"));
 }
 
-TEST(DesktopEntry, nothing_is_left_to_a_shell) {
+TEST(DesktopEntry, NothingIsLeftToAShell) {
     EXPECT_THAT(wordsFor("emu ; rm $HOME 'x y' %f"),
                 ElementsAre("emu", ";", "rm", "$HOME", "'x", "y'", "/games/My Game.nes"));
 }
 
-TEST(DesktopEntry, a_malformed_line_is_no_command) {
+TEST(DesktopEntry, AMalformedLineIsNoCommand) {
     EXPECT_TRUE(wordsFor("\"emu %f").empty());
     EXPECT_TRUE(wordsFor("\"\" %f").empty());
     EXPECT_TRUE(wordsFor("").empty());
@@ -83,7 +83,7 @@ TEST(DesktopEntry, a_malformed_line_is_no_command) {
     EXPECT_TRUE(wordsFor("%f -x").empty()) << "the image would be executed";
 }
 
-TEST(DesktopEntry, only_the_main_group_counts_and_the_first_of_a_repeated_key) {
+TEST(DesktopEntry, OnlyTheMainGroupCountsAndTheFirstOfARepeatedKey) {
     const test::TemporaryFolder folder;
     const auto file = folder.write("emu.desktop", "# a comment\n[Other]\nExec=wrong\n"
                                                   "[Desktop Entry]\r\nType = Application\r\n"
@@ -100,7 +100,7 @@ TEST(DesktopEntry, only_the_main_group_counts_and_the_first_of_a_repeated_key) {
     EXPECT_TRUE(command->inTerminal);
 }
 
-TEST(DesktopEntry, only_an_application_with_a_command_is_an_entry) {
+TEST(DesktopEntry, OnlyAnApplicationWithACommandIsAnEntry) {
     const test::TemporaryFolder folder;
     for (const char* text :
          {"", "Exec=emu\n", "[Desktop Entry]\nType=Application\n", "[Desktop Entry]\nExec=emu\n",
@@ -111,7 +111,7 @@ TEST(DesktopEntry, only_an_application_with_a_command_is_an_entry) {
     EXPECT_FALSE(DesktopEntry::read(folder.path()));
 }
 
-TEST(DesktopEntry, a_file_beyond_all_sense_is_not_read) {
+TEST(DesktopEntry, AFileBeyondAllSenseIsNotRead) {
     const test::TemporaryFolder folder;
     const std::string huge = "[Desktop Entry]\nType=Application\nExec=emu\n#";
     EXPECT_FALSE(DesktopEntry::read(folder.write("emu.desktop", huge + std::string(2 << 20, 'x'))));

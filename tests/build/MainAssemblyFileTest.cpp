@@ -21,7 +21,7 @@ std::shared_ptr<ProjectItem> source(const std::string& name, const std::filesyst
     return item;
 }
 
-TEST(PlacesVectors, in_any_letter_case_and_with_any_white_space) {
+TEST(PlacesVectors, InAnyLetterCaseAndWithAnyWhiteSpace) {
     for (const char16_t* text :
          {u".org $FFFA", u".ORG\t$fffa", u".Org \t \n $FffA", u"; see .org $FFFA", u"x.org $FFFA0",
           u".org\r\n$FFFA and more", u".org\u00a0$FFFA", u".org $1.org $FFFA"}) {
@@ -30,7 +30,7 @@ TEST(PlacesVectors, in_any_letter_case_and_with_any_white_space) {
     }
 }
 
-TEST(PlacesVectors, not_with_anything_else) {
+TEST(PlacesVectors, NotWithAnythingElse) {
     for (const char16_t* text :
          {u"", u".", u".org", u".org$FFFA", u"org $FFFA", u".org $FFF", u".org $FFFB", u".org FFFA",
           u".org  x $FFFA", u".or g $FFFA", u".org $FF FA", u".\u043erg $FFFA"}) {
@@ -39,7 +39,7 @@ TEST(PlacesVectors, not_with_anything_else) {
     }
 }
 
-TEST(PlacesVectors, not_found_in_the_tail_of_a_text_with_cr_lf_lines) {
+TEST(PlacesVectors, NotFoundInTheTailOfATextWithCrLfLines) {
     // 20 line ends are 20 characters of two units each: the last 20 units are not searched.
     const QString lines = QStringLiteral("lda #1\r\n").repeated(20);
     const QString vectors = QStringLiteral(".org $FFFA");
@@ -48,14 +48,14 @@ TEST(PlacesVectors, not_found_in_the_tail_of_a_text_with_cr_lf_lines) {
     EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(lines + vectors).remove(u'\r')));
 }
 
-TEST(PlacesVectors, found_only_when_the_whole_of_it_is_within_the_searched_units) {
+TEST(PlacesVectors, FoundOnlyWhenTheWholeOfItIsWithinTheSearchedUnits) {
     const QString start = QStringLiteral("\r\n\r\n.org $FFFA"); // ends at unit 14
     EXPECT_FALSE(MainAssemblyFile::placesVectors(start)) << "12 units are searched";
     EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(start + u'x'))) << "13 units";
     EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(start + QStringLiteral("xy"))));
 }
 
-TEST(PlacesVectors, a_cr_lf_before_the_match_needs_a_character_more_behind_it) {
+TEST(PlacesVectors, ACrLfBeforeTheMatchNeedsACharacterMoreBehindIt) {
     const QString match = QStringLiteral(".org $FFFA");
     EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(QStringLiteral("\r\n") + match)));
     EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(QStringLiteral("\r\n") + match + u'\n')));
@@ -63,7 +63,7 @@ TEST(PlacesVectors, a_cr_lf_before_the_match_needs_a_character_more_behind_it) {
         MainAssemblyFile::placesVectors(QString(QStringLiteral("\r\n") + match).append(u'\u0301')));
 }
 
-TEST(PlacesVectors, combined_characters_shorten_what_is_searched) {
+TEST(PlacesVectors, CombinedCharactersShortenWhatIsSearched) {
     const QString match = QStringLiteral(".org $FFFA");
     const QString family = QStringLiteral("\U0001F468\u200D\U0001F469\u200D\U0001F467"); // 8 units
     const QString accents = QStringLiteral("e\u0301e\u0301");
@@ -76,14 +76,14 @@ TEST(PlacesVectors, combined_characters_shorten_what_is_searched) {
     EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(accents + match + QStringLiteral("12"))));
 }
 
-TEST(PlacesVectors, characters_are_counted_across_lines_of_all_kinds) {
+TEST(PlacesVectors, CharactersAreCountedAcrossLinesOfAllKinds) {
     // One unit is lost by the CR LF, one by the accent; CR alone and LF alone lose none.
     const QString start = QStringLiteral("a\rb\nc\r\ne\u0301\n.org $FFFA");
     EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(start + QStringLiteral("1"))));
     EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(start + QStringLiteral("12"))));
 }
 
-TEST(PlacesVectors, megabytes_of_white_space_are_no_trouble) {
+TEST(PlacesVectors, MegabytesOfWhiteSpaceAreNoTrouble) {
     const QString blank(8 * 1024 * 1024, u' ');
     EXPECT_TRUE(MainAssemblyFile::placesVectors(
         QString(QStringLiteral(".org") + blank + QStringLiteral("$FFFA"))));
@@ -102,7 +102,7 @@ protected:
     test::TemporaryFolder m_folder;
 };
 
-TEST_F(MainAssemblyFileTest, is_the_first_of_the_list_that_places_vectors) {
+TEST_F(MainAssemblyFileTest, IsTheFirstOfTheListThatPlacesVectors) {
     m_folder.write("none.asm", "nop\n");
     m_folder.write("one.asm", m_vectors);
     m_folder.write("two.asm", m_vectors);
@@ -111,13 +111,13 @@ TEST_F(MainAssemblyFileTest, is_the_first_of_the_list_that_places_vectors) {
               "two.asm");
 }
 
-TEST_F(MainAssemblyFileTest, is_nothing_when_no_file_places_vectors) {
+TEST_F(MainAssemblyFileTest, IsNothingWhenNoFilePlacesVectors) {
     m_folder.write("none.asm", "nop\n");
     EXPECT_FALSE(find({}));
     EXPECT_FALSE(find({source("none.asm", m_folder.path())}));
 }
 
-TEST_F(MainAssemblyFileTest, of_a_relative_entry_is_below_the_project_by_path_and_name) {
+TEST_F(MainAssemblyFileTest, OfARelativeEntryIsBelowTheProjectByPathAndName) {
     m_folder.write("src/deep/main.asm", m_vectors);
     m_folder.write("top.asm", m_vectors);
     const auto relative = FilePathType::relative;
@@ -127,12 +127,12 @@ TEST_F(MainAssemblyFileTest, of_a_relative_entry_is_below_the_project_by_path_an
     EXPECT_FALSE(find({source("main.asm", "src/deep/main.asm", relative)}));
 }
 
-TEST_F(MainAssemblyFileTest, is_never_an_entry_without_a_file) {
+TEST_F(MainAssemblyFileTest, IsNeverAnEntryWithoutAFile) {
     m_folder.write("main.asm", m_vectors);
     EXPECT_FALSE(find({source("main.asm", m_folder.path(), FilePathType::noPath)}));
 }
 
-TEST_F(MainAssemblyFileTest, names_that_are_no_plain_name_are_passed_over) {
+TEST_F(MainAssemblyFileTest, NamesThatAreNoPlainNameArePassedOver) {
     m_folder.write("main.asm", m_vectors);
     std::filesystem::create_directories(m_folder.path() / "sub");
     for (const std::string& name :
@@ -143,7 +143,7 @@ TEST_F(MainAssemblyFileTest, names_that_are_no_plain_name_are_passed_over) {
     }
 }
 
-TEST_F(MainAssemblyFileTest, unreadable_files_are_passed_over) {
+TEST_F(MainAssemblyFileTest, UnreadableFilesArePassedOver) {
     std::filesystem::create_directories(m_folder.path() / "folder.asm");
     std::filesystem::create_symlink("nowhere", m_folder.path() / "dangling.asm");
     ASSERT_EQ(::mkfifo((m_folder.path() / "fifo.asm").c_str(), 0600), 0);
@@ -154,7 +154,7 @@ TEST_F(MainAssemblyFileTest, unreadable_files_are_passed_over) {
               "main.asm");
 }
 
-TEST_F(MainAssemblyFileTest, files_without_read_permission_are_passed_over) {
+TEST_F(MainAssemblyFileTest, FilesWithoutReadPermissionArePassedOver) {
     if (test::isRoot()) {
         EXPECT_TRUE(test::passesAsOrdinaryUser());
         return;
@@ -168,7 +168,7 @@ TEST_F(MainAssemblyFileTest, files_without_read_permission_are_passed_over) {
     EXPECT_EQ(find(files), "main.asm");
 }
 
-TEST_F(MainAssemblyFileTest, a_file_beyond_all_sense_is_passed_over_unread) {
+TEST_F(MainAssemblyFileTest, AFileBeyondAllSenseIsPassedOverUnread) {
     const auto huge = m_folder.write("huge.asm", m_vectors);
     m_folder.write("main.asm", m_vectors);
     const ProjectItems files{source("huge.asm", m_folder.path()),
@@ -181,7 +181,7 @@ TEST_F(MainAssemblyFileTest, a_file_beyond_all_sense_is_passed_over_unread) {
     }
 }
 
-TEST_F(MainAssemblyFileTest, files_that_are_not_utf8_are_passed_over) {
+TEST_F(MainAssemblyFileTest, FilesThatAreNotUtf8ArePassedOver) {
     m_folder.write("latin.asm", std::string("; caf\xe9\n") + m_vectors);
     m_folder.write("marked.asm", std::string("\xef\xbb\xbf") + m_vectors);
     EXPECT_EQ(find({source("latin.asm", m_folder.path()), source("marked.asm", m_folder.path())}),

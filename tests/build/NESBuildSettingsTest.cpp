@@ -57,7 +57,7 @@ protected:
         node("Game", FileType::project, m_home.path() / "Game");
 };
 
-TEST_F(NESBuildSettingsTest, an_empty_record_has_a_placeholder_project_and_nothing_else) {
+TEST_F(NESBuildSettingsTest, AnEmptyRecordHasAPlaceholderProjectAndNothingElse) {
     NESBuildSettings settings;
     EXPECT_THAT(settings.assemblyFiles(), IsEmpty());
     EXPECT_THAT(settings.graphicFiles(), IsEmpty());
@@ -74,13 +74,13 @@ TEST_F(NESBuildSettingsTest, an_empty_record_has_a_placeholder_project_and_nothi
     EXPECT_THAT(placeholder->subItems(), IsEmpty());
 }
 
-TEST_F(NESBuildSettingsTest, the_placeholder_is_never_saved) {
+TEST_F(NESBuildSettingsTest, ThePlaceholderIsNeverSaved) {
     NESBuildSettings().saveBuildSettings();
     EXPECT_FALSE(existsAt(m_home.path() / "Kestrel"));
     EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings"));
 }
 
-TEST_F(NESBuildSettingsTest, a_project_of_an_odd_kind_is_saved_like_any_other) {
+TEST_F(NESBuildSettingsTest, AProjectOfAnOddKindIsSavedLikeAnyOther) {
     const auto odd = std::make_shared<ProjectNavigationSettingItem>(
         "Game", m_home.path() / "Game", FileType::unknown, ProjectType::nes);
     NESBuildSettings(odd).saveBuildSettings();
@@ -88,7 +88,7 @@ TEST_F(NESBuildSettingsTest, a_project_of_an_odd_kind_is_saved_like_any_other) {
     EXPECT_THAT(m_log.lines(), ElementsAre("Did save build settings"));
 }
 
-TEST_F(NESBuildSettingsTest, without_a_file_only_the_project_is_set) {
+TEST_F(NESBuildSettingsTest, WithoutAFileOnlyTheProjectIsSet) {
     NESBuildSettings settings(m_project);
     EXPECT_EQ(settings.projectToBuild(), m_project);
     EXPECT_EQ(settings.projectPath(), m_home.path() / "Game");
@@ -98,7 +98,7 @@ TEST_F(NESBuildSettingsTest, without_a_file_only_the_project_is_set) {
     EXPECT_FALSE(existsAt(m_home.path() / "Game/.project"));
 }
 
-TEST_F(NESBuildSettingsTest, loads_everything_that_the_file_holds) {
+TEST_F(NESBuildSettingsTest, LoadsEverythingThatTheFileHolds) {
     writeFile(R"({"Version":"1","output_folder":"/elsewhere","emulator":"/usr/bin/emu",)"
               R"("code_assembly_files":[)" +
               entry("a.asm", "text") + "," + entry("b.asm", "text") + R"(],"graphic_files":[)" +
@@ -112,7 +112,7 @@ TEST_F(NESBuildSettingsTest, loads_everything_that_the_file_holds) {
     EXPECT_THAT(namesOf(settings.paletteFiles()), ElementsAre("p.pal"));
 }
 
-TEST_F(NESBuildSettingsTest, an_output_folder_that_is_a_number_loads_nothing_at_all) {
+TEST_F(NESBuildSettingsTest, AnOutputFolderThatIsANumberLoadsNothingAtAll) {
     writeFile(R"({"output_folder":5,"emulator":"/usr/bin/emu","code_assembly_files":[)" +
               entry("a.asm", "text") + R"(],"graphic_files":[)" + entry("t.chr", "graphics") +
               R"(],"palette_files":[)" + entry("p.pal", "palette") + "]}");
@@ -125,14 +125,14 @@ TEST_F(NESBuildSettingsTest, an_output_folder_that_is_a_number_loads_nothing_at_
     EXPECT_EQ(settings.projectPath(), m_home.path() / "Game");
 }
 
-TEST_F(NESBuildSettingsTest, a_missing_emulator_loads_nothing_at_all) {
+TEST_F(NESBuildSettingsTest, AMissingEmulatorLoadsNothingAtAll) {
     writeFile(R"({"output_folder":"/o","code_assembly_files":[)" + entry("a.asm", "text") + "]}");
     NESBuildSettings settings(m_project);
     EXPECT_FALSE(settings.outputFilePath());
     EXPECT_THAT(settings.assemblyFiles(), IsEmpty());
 }
 
-TEST_F(NESBuildSettingsTest, an_empty_emulator_is_none_and_none_is_written_as_empty) {
+TEST_F(NESBuildSettingsTest, AnEmptyEmulatorIsNoneAndNoneIsWrittenAsEmpty) {
     writeFile(R"({"output_folder":"/o","emulator":""})");
     NESBuildSettings settings(m_project);
     EXPECT_FALSE(settings.pathToEmulator());
@@ -140,14 +140,14 @@ TEST_F(NESBuildSettingsTest, an_empty_emulator_is_none_and_none_is_written_as_em
     EXPECT_EQ(stored()["emulator"], "");
 }
 
-TEST_F(NESBuildSettingsTest, an_empty_output_folder_is_taken_as_it_is) {
+TEST_F(NESBuildSettingsTest, AnEmptyOutputFolderIsTakenAsItIs) {
     writeFile(R"({"output_folder":"","emulator":""})");
     NESBuildSettings settings(m_project);
     ASSERT_TRUE(settings.outputFilePath());
     EXPECT_EQ(settings.outputFilePath()->string(), "");
 }
 
-TEST_F(NESBuildSettingsTest, a_list_that_is_no_list_of_objects_is_empty_and_the_others_load) {
+TEST_F(NESBuildSettingsTest, AListThatIsNoListOfObjectsIsEmptyAndTheOthersLoad) {
     writeFile(R"({"output_folder":"/o","emulator":"","code_assembly_files":[)" +
               entry("a.asm", "text") + R"(,7],"graphic_files":"none","palette_files":[)" +
               entry("p.pal", "palette") + "]}");
@@ -157,7 +157,7 @@ TEST_F(NESBuildSettingsTest, a_list_that_is_no_list_of_objects_is_empty_and_the_
     EXPECT_THAT(namesOf(settings.paletteFiles()), ElementsAre("p.pal"));
 }
 
-TEST_F(NESBuildSettingsTest, an_entry_that_is_no_node_is_skipped_and_the_order_kept) {
+TEST_F(NESBuildSettingsTest, AnEntryThatIsNoNodeIsSkippedAndTheOrderKept) {
     writeFile(R"({"output_folder":"/o","emulator":"","code_assembly_files":[)" +
               entry("a.asm", "text") + R"(,{"name":"x"},)" + entry("b.asm", "text") + "]}");
     NESBuildSettings settings(m_project);
@@ -167,7 +167,7 @@ TEST_F(NESBuildSettingsTest, an_entry_that_is_no_node_is_skipped_and_the_order_k
     EXPECT_TRUE(existsAt(file().string() + ".bak"));
 }
 
-TEST_F(NESBuildSettingsTest, a_file_that_cannot_be_parsed_leaves_what_the_record_holds) {
+TEST_F(NESBuildSettingsTest, AFileThatCannotBeParsedLeavesWhatTheRecordHolds) {
     NESBuildSettings settings(m_project);
     settings.assemblyFiles().push_back(node("kept.asm", FileType::text));
     for (const char* text : {"", "[]", "5", "{\"output_folder\":", "\xff\xfe"}) {
@@ -177,7 +177,7 @@ TEST_F(NESBuildSettingsTest, a_file_that_cannot_be_parsed_leaves_what_the_record
     }
 }
 
-TEST_F(NESBuildSettingsTest, a_new_project_gets_its_output_folder_and_empty_lists) {
+TEST_F(NESBuildSettingsTest, ANewProjectGetsItsOutputFolderAndEmptyLists) {
     NESBuildSettings(m_project).saveBuildSettings();
     const auto written = stored();
     EXPECT_EQ(written["Version"], "1");
@@ -191,7 +191,7 @@ TEST_F(NESBuildSettingsTest, a_new_project_gets_its_output_folder_and_empty_list
     EXPECT_NE(contentOf(file()).find('\n'), std::string::npos) << "written on one line";
 }
 
-TEST_F(NESBuildSettingsTest, saving_always_writes_the_projects_own_output_folder) {
+TEST_F(NESBuildSettingsTest, SavingAlwaysWritesTheProjectsOwnOutputFolder) {
     writeFile(R"({"output_folder":"/elsewhere","emulator":""})");
     NESBuildSettings settings(m_project);
     settings.saveBuildSettings();
@@ -199,7 +199,7 @@ TEST_F(NESBuildSettingsTest, saving_always_writes_the_projects_own_output_folder
     EXPECT_EQ(settings.outputFilePath(), "/elsewhere");
 }
 
-TEST_F(NESBuildSettingsTest, what_is_saved_is_loaded_again) {
+TEST_F(NESBuildSettingsTest, WhatIsSavedIsLoadedAgain) {
     NESBuildSettings settings(m_project);
     settings.pathToEmulator() = "/usr/bin/emu";
     settings.assemblyFiles() = {node("a.asm", FileType::text), node("b.asm", FileType::text)};
@@ -215,7 +215,7 @@ TEST_F(NESBuildSettingsTest, what_is_saved_is_loaded_again) {
     EXPECT_EQ(again.assemblyFiles()[0]->itemPath(), "/src");
 }
 
-TEST_F(NESBuildSettingsTest, a_name_that_is_not_text_makes_the_save_fail) {
+TEST_F(NESBuildSettingsTest, ANameThatIsNotTextMakesTheSaveFail) {
     NESBuildSettings settings(m_project);
     settings.assemblyFiles() = {node("\xff.asm", FileType::text)};
     settings.saveBuildSettings();
@@ -223,13 +223,13 @@ TEST_F(NESBuildSettingsTest, a_name_that_is_not_text_makes_the_save_fail) {
     EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings"));
 }
 
-TEST_F(NESBuildSettingsTest, a_save_that_fails_is_logged) {
+TEST_F(NESBuildSettingsTest, ASaveThatFailsIsLogged) {
     m_home.write("Game/.project", "a file where the folder should be");
     NESBuildSettings(m_project).saveBuildSettings();
     EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings"));
 }
 
-TEST_F(NESBuildSettingsTest, a_new_file_goes_to_the_list_of_its_kind_and_is_saved) {
+TEST_F(NESBuildSettingsTest, ANewFileGoesToTheListOfItsKindAndIsSaved) {
     NESBuildSettings settings(m_project);
     settings.addNewFile(node("a.asm", FileType::text));
     settings.addNewFile(node("t.chr", FileType::graphics));
@@ -241,7 +241,7 @@ TEST_F(NESBuildSettingsTest, a_new_file_goes_to_the_list_of_its_kind_and_is_save
     EXPECT_EQ(m_log.lines().size(), 3U);
 }
 
-TEST_F(NESBuildSettingsTest, adding_a_group_to_a_record_rewrites_the_file_unchanged) {
+TEST_F(NESBuildSettingsTest, AddingAGroupToARecordRewritesTheFileUnchanged) {
     NESBuildSettings settings(m_project);
     settings.addNewFile(node("a.asm", FileType::text));
     const auto before = contentOf(file());
@@ -251,14 +251,14 @@ TEST_F(NESBuildSettingsTest, adding_a_group_to_a_record_rewrites_the_file_unchan
     EXPECT_THAT(m_log.lines(), ElementsAre("Did save build settings", "Did save build settings"));
 }
 
-TEST_F(NESBuildSettingsTest, adding_to_a_project_loads_appends_and_saves) {
+TEST_F(NESBuildSettingsTest, AddingToAProjectLoadsAppendsAndSaves) {
     NESBuildSettings::add(node("a.asm", FileType::text), m_project);
     NESBuildSettings::add(node("b.asm", FileType::text), m_project);
     NESBuildSettings settings(m_project);
     EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("a.asm", "b.asm"));
 }
 
-TEST_F(NESBuildSettingsTest, adding_a_group_to_a_project_is_logged_and_leaves_the_file_untouched) {
+TEST_F(NESBuildSettingsTest, AddingAGroupToAProjectIsLoggedAndLeavesTheFileUntouched) {
     for (const auto type : {FileType::group, FileType::unknown, FileType::empty}) {
         NESBuildSettings::add(node("x", type), m_project);
     }
@@ -270,7 +270,7 @@ TEST_F(NESBuildSettingsTest, adding_a_group_to_a_project_is_logged_and_leaves_th
     EXPECT_EQ(m_log.lines(), std::vector<std::string>(4, "Cannot add file to build settings"));
 }
 
-TEST_F(NESBuildSettingsTest, of_two_entries_with_one_name_only_the_first_is_removed) {
+TEST_F(NESBuildSettingsTest, OfTwoEntriesWithOneNameOnlyTheFirstIsRemoved) {
     NESBuildSettings settings(m_project);
     settings.assemblyFiles() = {node("a.asm", FileType::text, "/one"),
                                 node("b.asm", FileType::text),
@@ -281,7 +281,7 @@ TEST_F(NESBuildSettingsTest, of_two_entries_with_one_name_only_the_first_is_remo
     EXPECT_EQ(stored()["code_assembly_files"].size(), 2U);
 }
 
-TEST_F(NESBuildSettingsTest, a_file_is_removed_from_the_list_of_its_kind_only) {
+TEST_F(NESBuildSettingsTest, AFileIsRemovedFromTheListOfItsKindOnly) {
     NESBuildSettings settings(m_project);
     settings.assemblyFiles() = {node("same", FileType::text)};
     settings.graphicFiles() = {node("same", FileType::graphics)};
@@ -290,7 +290,7 @@ TEST_F(NESBuildSettingsTest, a_file_is_removed_from_the_list_of_its_kind_only) {
     EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("same"));
 }
 
-TEST_F(NESBuildSettingsTest, removing_what_is_in_no_list_still_rewrites_the_file) {
+TEST_F(NESBuildSettingsTest, RemovingWhatIsInNoListStillRewritesTheFile) {
     NESBuildSettings settings(m_project);
     settings.assemblyFiles() = {node("a.asm", FileType::text)};
     settings.removeFile(node("b.asm", FileType::text));
@@ -298,7 +298,7 @@ TEST_F(NESBuildSettingsTest, removing_what_is_in_no_list_still_rewrites_the_file
     EXPECT_EQ(stored()["code_assembly_files"].size(), 1U);
 }
 
-TEST_F(NESBuildSettingsTest, removing_a_group_changes_nothing_but_still_rewrites_the_file) {
+TEST_F(NESBuildSettingsTest, RemovingAGroupChangesNothingButStillRewritesTheFile) {
     NESBuildSettings settings(m_project);
     settings.assemblyFiles() = {node("a.asm", FileType::text)};
     settings.removeFile(node("a.asm", FileType::group));
@@ -306,7 +306,7 @@ TEST_F(NESBuildSettingsTest, removing_a_group_changes_nothing_but_still_rewrites
     EXPECT_EQ(stored()["code_assembly_files"].size(), 1U);
 }
 
-TEST_F(NESBuildSettingsTest, a_project_with_an_empty_name_has_a_file_of_the_bare_ending) {
+TEST_F(NESBuildSettingsTest, AProjectWithAnEmptyNameHasAFileOfTheBareEnding) {
     const auto unnamed = node("", FileType::project, m_home.path() / "Game");
     NESBuildSettings::add(node("a.asm", FileType::text), unnamed);
     EXPECT_TRUE(existsAt(m_home.path() / "Game/.project/-BuildSettings.cfg"));
@@ -314,7 +314,7 @@ TEST_F(NESBuildSettingsTest, a_project_with_an_empty_name_has_a_file_of_the_bare
     EXPECT_THAT(namesOf(settings.assemblyFiles()), ElementsAre("a.asm"));
 }
 
-TEST_F(NESBuildSettingsTest, the_projects_structure_is_read_from_beside_the_settings) {
+TEST_F(NESBuildSettingsTest, TheProjectsStructureIsReadFromBesideTheSettings) {
     m_home.write("Game/.project/Game-ProjectStructure.cfg", entry("Game", "project"));
     NESBuildSettings settings(m_project);
     const auto root = settings.fetchProjectFileStructure();
@@ -323,7 +323,7 @@ TEST_F(NESBuildSettingsTest, the_projects_structure_is_read_from_beside_the_sett
     EXPECT_EQ(root->parent(), nullptr);
 }
 
-TEST_F(NESBuildSettingsTest, a_structure_that_cannot_be_read_is_nothing) {
+TEST_F(NESBuildSettingsTest, AStructureThatCannotBeReadIsNothing) {
     NESBuildSettings settings(m_project);
     EXPECT_EQ(settings.fetchProjectFileStructure(), nullptr);
     m_home.write("Game/.project/Game-ProjectStructure.cfg", "[]");
@@ -334,7 +334,7 @@ TEST_F(NESBuildSettingsTest, a_structure_that_cannot_be_read_is_nothing) {
     EXPECT_FALSE(NESBuildSettings::fetchProjectFileStructureConfigurationFile(*m_project));
 }
 
-TEST_F(NESBuildSettingsTest, the_list_of_absolute_paths_is_always_empty) {
+TEST_F(NESBuildSettingsTest, TheListOfAbsolutePathsIsAlwaysEmpty) {
     auto group = node("group", FileType::group);
     group->subItems() = {node("in.asm", FileType::text)};
     m_project->subItems() = {node("direct.asm", FileType::text), group};

@@ -42,7 +42,7 @@ protected:
     test::TemporaryFolder m_folder;
 };
 
-TEST_F(SourceGathererTest, copies_absolute_and_relative_entries_flat) {
+TEST_F(SourceGathererTest, CopiesAbsoluteAndRelativeEntriesFlat) {
     m_folder.write("src/a.asm", "A");
     m_folder.write("src/deep/b.asm", "B");
     gather({entry("a.asm", src()), entry("b.asm", "/src/deep", FilePathType::relative)});
@@ -50,7 +50,7 @@ TEST_F(SourceGathererTest, copies_absolute_and_relative_entries_flat) {
     EXPECT_EQ(contentOf(temp() / "b.asm"), "B");
 }
 
-TEST_F(SourceGathererTest, copies_the_lists_in_their_order_so_that_the_later_of_one_name_wins) {
+TEST_F(SourceGathererTest, CopiesTheListsInTheirOrderSoThatTheLaterOfOneNameWins) {
     m_folder.write("one/x", "first");
     m_folder.write("two/x", "second");
     const ProjectItems assembly{entry("x", m_folder.path() / "one")};
@@ -60,14 +60,14 @@ TEST_F(SourceGathererTest, copies_the_lists_in_their_order_so_that_the_later_of_
     EXPECT_EQ(contentOf(temp() / "x"), "second");
 }
 
-TEST_F(SourceGathererTest, leaves_files_of_earlier_builds_alone) {
+TEST_F(SourceGathererTest, LeavesFilesOfEarlierBuildsAlone) {
     m_folder.write("tmp/old.asm", "old");
     m_folder.write("src/a.asm", "A");
     gather({entry("a.asm", src())});
     EXPECT_EQ(contentOf(temp() / "old.asm"), "old");
 }
 
-TEST_F(SourceGathererTest, replaces_an_earlier_copy_even_a_read_only_one) {
+TEST_F(SourceGathererTest, ReplacesAnEarlierCopyEvenAReadOnlyOne) {
     m_folder.write("src/a.asm", "new");
     const auto copy = m_folder.write("tmp/a.asm", "old and longer");
     std::filesystem::permissions(copy, std::filesystem::perms::owner_read);
@@ -75,13 +75,13 @@ TEST_F(SourceGathererTest, replaces_an_earlier_copy_even_a_read_only_one) {
     EXPECT_EQ(contentOf(copy), "new");
 }
 
-TEST_F(SourceGathererTest, removes_the_earlier_copy_of_a_source_that_is_gone) {
+TEST_F(SourceGathererTest, RemovesTheEarlierCopyOfASourceThatIsGone) {
     m_folder.write("tmp/a.asm", "stale");
     gather({entry("a.asm", src())});
     EXPECT_FALSE(existsAt(temp() / "a.asm"));
 }
 
-TEST_F(SourceGathererTest, is_silent_about_a_source_and_a_folder_that_permissions_close) {
+TEST_F(SourceGathererTest, IsSilentAboutASourceAndAFolderThatPermissionsClose) {
     if (test::isRoot()) {
         EXPECT_TRUE(test::passesAsOrdinaryUser());
         return;
@@ -104,20 +104,20 @@ TEST_F(SourceGathererTest, is_silent_about_a_source_and_a_folder_that_permission
     EXPECT_EQ(contentOf(temp() / "open.asm"), "new");
 }
 
-TEST_F(SourceGathererTest, skips_entries_without_a_file) {
+TEST_F(SourceGathererTest, SkipsEntriesWithoutAFile) {
     m_folder.write("src/a.asm", "A");
     m_folder.write("tmp/a.asm", "kept");
     gather({entry("a.asm", src(), FilePathType::noPath)});
     EXPECT_EQ(contentOf(temp() / "a.asm"), "kept");
 }
 
-TEST_F(SourceGathererTest, leaves_a_file_alone_that_lies_in_the_temporary_folder_itself) {
+TEST_F(SourceGathererTest, LeavesAFileAloneThatLiesInTheTemporaryFolderItself) {
     m_folder.write("tmp/a.asm", "only copy");
     gather({entry("a.asm", temp())});
     EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
 }
 
-TEST_F(SourceGathererTest, leaves_a_hard_link_to_the_source_alone) {
+TEST_F(SourceGathererTest, LeavesAHardLinkToTheSourceAlone) {
     const auto source = m_folder.write("src/a.asm", "only content");
     std::filesystem::create_hard_link(source, temp() / "a.asm");
     gather({entry("a.asm", src())});
@@ -125,7 +125,7 @@ TEST_F(SourceGathererTest, leaves_a_hard_link_to_the_source_alone) {
     EXPECT_EQ(std::filesystem::hard_link_count(source), 2U);
 }
 
-TEST_F(SourceGathererTest, leaves_a_file_alone_that_the_source_is_a_link_to) {
+TEST_F(SourceGathererTest, LeavesAFileAloneThatTheSourceIsALinkTo) {
     m_folder.write("tmp/a.asm", "only copy");
     std::filesystem::create_directories(src());
     std::filesystem::create_symlink(temp() / "a.asm", src() / "a.asm");
@@ -134,7 +134,7 @@ TEST_F(SourceGathererTest, leaves_a_file_alone_that_the_source_is_a_link_to) {
     EXPECT_EQ(contentOf(src() / "a.asm"), "only copy");
 }
 
-TEST_F(SourceGathererTest, leaves_a_link_to_the_source_alone) {
+TEST_F(SourceGathererTest, LeavesALinkToTheSourceAlone) {
     const auto source = m_folder.write("src/a.asm", "A");
     std::filesystem::create_symlink(source, temp() / "a.asm");
     gather({entry("a.asm", src())});
@@ -142,7 +142,7 @@ TEST_F(SourceGathererTest, leaves_a_link_to_the_source_alone) {
     EXPECT_EQ(contentOf(source), "A");
 }
 
-TEST_F(SourceGathererTest, replaces_a_link_to_another_file_without_writing_through_it) {
+TEST_F(SourceGathererTest, ReplacesALinkToAnotherFileWithoutWritingThroughIt) {
     m_folder.write("src/a.asm", "A");
     const auto other = m_folder.write("precious.txt", "precious");
     std::filesystem::create_symlink(other, temp() / "a.asm");
@@ -152,7 +152,7 @@ TEST_F(SourceGathererTest, replaces_a_link_to_another_file_without_writing_throu
     EXPECT_EQ(contentOf(temp() / "a.asm"), "A");
 }
 
-TEST_F(SourceGathererTest, another_file_of_that_name_does_not_push_out_a_users_own) {
+TEST_F(SourceGathererTest, AnotherFileOfThatNameDoesNotPushOutAUsersOwn) {
     m_folder.write("tmp/a.asm", "only copy");
     m_folder.write("src/a.asm", "other");
     gather({entry("a.asm", src()), entry("a.asm", temp())});
@@ -161,7 +161,7 @@ TEST_F(SourceGathererTest, another_file_of_that_name_does_not_push_out_a_users_o
     EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
 }
 
-TEST_F(SourceGathererTest, another_file_of_that_name_does_not_push_out_what_a_source_is_a_link_to) {
+TEST_F(SourceGathererTest, AnotherFileOfThatNameDoesNotPushOutWhatASourceIsALinkTo) {
     m_folder.write("tmp/a.asm", "only copy");
     m_folder.write("tmp/b.asm", "another only copy");
     m_folder.write("one/a.asm", "other");
@@ -180,7 +180,7 @@ TEST_F(SourceGathererTest, another_file_of_that_name_does_not_push_out_what_a_so
     EXPECT_EQ(contentOf(src() / "linked.asm"), "another only copy");
 }
 
-TEST_F(SourceGathererTest, a_hard_link_to_a_source_gives_way_to_a_later_file_of_its_name) {
+TEST_F(SourceGathererTest, AHardLinkToASourceGivesWayToALaterFileOfItsName) {
     const auto first = m_folder.write("one/a.asm", "first");
     m_folder.write("two/a.asm", "second");
     std::filesystem::create_hard_link(first, temp() / "a.asm");
@@ -189,7 +189,7 @@ TEST_F(SourceGathererTest, a_hard_link_to_a_source_gives_way_to_a_later_file_of_
     EXPECT_EQ(contentOf(first), "first");
 }
 
-TEST_F(SourceGathererTest, never_removes_a_folder) {
+TEST_F(SourceGathererTest, NeverRemovesAFolder) {
     m_folder.write("src/a.asm", "A");
     m_folder.write("tmp/a.asm/inner", "kept");
     std::filesystem::create_directories(temp() / "b.asm");
@@ -198,7 +198,7 @@ TEST_F(SourceGathererTest, never_removes_a_folder) {
     EXPECT_TRUE(std::filesystem::is_directory(temp() / "b.asm"));
 }
 
-TEST_F(SourceGathererTest, skips_names_that_are_no_plain_name) {
+TEST_F(SourceGathererTest, SkipsNamesThatAreNoPlainName) {
     m_folder.write("src/sub/a.asm", "A");
     m_folder.write("victim.asm", "kept");
     gather({entry("../victim.asm", src()), entry("..", src()), entry(".", src()), entry("", src()),
@@ -208,7 +208,7 @@ TEST_F(SourceGathererTest, skips_names_that_are_no_plain_name) {
     EXPECT_TRUE(existsAt(src() / "sub/a.asm"));
 }
 
-TEST_F(SourceGathererTest, copies_nothing_into_a_temporary_folder_that_is_a_link) {
+TEST_F(SourceGathererTest, CopiesNothingIntoATemporaryFolderThatIsALink) {
     m_folder.write("src/a.asm", "A");
     const auto elsewhere = m_folder.write("elsewhere/a.asm", "kept").parent_path();
     std::filesystem::remove(temp());
@@ -217,7 +217,7 @@ TEST_F(SourceGathererTest, copies_nothing_into_a_temporary_folder_that_is_a_link
     EXPECT_EQ(contentOf(elsewhere / "a.asm"), "kept");
 }
 
-TEST_F(SourceGathererTest, copies_nothing_when_the_temporary_folder_is_a_file) {
+TEST_F(SourceGathererTest, CopiesNothingWhenTheTemporaryFolderIsAFile) {
     m_folder.write("src/a.asm", "A");
     std::filesystem::remove(temp());
     m_folder.write("tmp", "a file");
@@ -225,14 +225,14 @@ TEST_F(SourceGathererTest, copies_nothing_when_the_temporary_folder_is_a_file) {
     EXPECT_EQ(contentOf(temp()), "a file");
 }
 
-TEST_F(SourceGathererTest, copies_regular_files_only_and_never_waits_for_a_fifo) {
+TEST_F(SourceGathererTest, CopiesRegularFilesOnlyAndNeverWaitsForAFifo) {
     std::filesystem::create_directories(src() / "folder.asm");
     ASSERT_EQ(::mkfifo((src() / "fifo.asm").c_str(), 0600), 0);
     gather({entry("folder.asm", src()), entry("fifo.asm", src())});
     EXPECT_TRUE(std::filesystem::is_empty(temp()));
 }
 
-TEST_F(SourceGathererTest, copies_follow_a_link_at_the_source) {
+TEST_F(SourceGathererTest, CopiesFollowALinkAtTheSource) {
     const auto real = m_folder.write("real.asm", "real");
     std::filesystem::create_directories(src());
     std::filesystem::create_symlink(real, src() / "a.asm");
@@ -241,7 +241,7 @@ TEST_F(SourceGathererTest, copies_follow_a_link_at_the_source) {
     EXPECT_EQ(contentOf(temp() / "a.asm"), "real");
 }
 
-TEST_F(SourceGathererTest, a_large_file_and_an_empty_one_are_copied_whole) {
+TEST_F(SourceGathererTest, ALargeFileAndAnEmptyOneAreCopiedWhole) {
     const std::string large(3 * 1024 * 1024 + 1, 'x');
     m_folder.write("src/large.chr", large);
     m_folder.write("src/empty.chr", "");
@@ -250,7 +250,7 @@ TEST_F(SourceGathererTest, a_large_file_and_an_empty_one_are_copied_whole) {
     EXPECT_EQ(contentOf(temp() / "empty.chr"), "");
 }
 
-TEST_F(SourceGathererTest, a_copy_that_does_not_fit_on_the_disk_leaves_no_part_of_a_file) {
+TEST_F(SourceGathererTest, ACopyThatDoesNotFitOnTheDiskLeavesNoPartOfAFile) {
     m_folder.write("src/a.asm", std::string(100000, 'x'));
     // A file size limit fails like a full disk does; in a child, so that it does not outlast this.
     const auto status = [&] {
@@ -263,7 +263,7 @@ TEST_F(SourceGathererTest, a_copy_that_does_not_fit_on_the_disk_leaves_no_part_o
     EXPECT_EXIT(status(), ::testing::ExitedWithCode(0), "");
 }
 
-TEST_F(SourceGathererTest, cleaning_removes_the_listed_files_and_nothing_else) {
+TEST_F(SourceGathererTest, CleaningRemovesTheListedFilesAndNothingElse) {
     m_folder.write("src/a.asm", "A");
     m_folder.write("tmp/other.asm", "kept");
     const ProjectItems files{entry("a.asm", src()), entry("gone.asm", src())};
@@ -274,14 +274,14 @@ TEST_F(SourceGathererTest, cleaning_removes_the_listed_files_and_nothing_else) {
     EXPECT_EQ(contentOf(src() / "a.asm"), "A");
 }
 
-TEST_F(SourceGathererTest, cleaning_removes_a_link_and_not_what_it_leads_to) {
+TEST_F(SourceGathererTest, CleaningRemovesALinkAndNotWhatItLeadsTo) {
     const auto source = m_folder.write("src/a.asm", "A");
     std::filesystem::create_symlink(source, temp() / "a.asm");
     EXPECT_TRUE(clean({entry("a.asm", src())}));
     EXPECT_EQ(contentOf(source), "A");
 }
 
-TEST_F(SourceGathererTest, cleaning_leaves_folders_and_a_users_own_files_and_says_so) {
+TEST_F(SourceGathererTest, CleaningLeavesFoldersAndAUsersOwnFilesAndSaysSo) {
     m_folder.write("tmp/folder.asm/inner", "kept");
     m_folder.write("tmp/own.asm", "only copy");
     EXPECT_FALSE(clean({entry("folder.asm", src())}));
@@ -290,7 +290,7 @@ TEST_F(SourceGathererTest, cleaning_leaves_folders_and_a_users_own_files_and_say
     EXPECT_EQ(contentOf(temp() / "own.asm"), "only copy");
 }
 
-TEST_F(SourceGathererTest, cleaning_does_not_go_through_a_link_at_the_temporary_folders_place) {
+TEST_F(SourceGathererTest, CleaningDoesNotGoThroughALinkAtTheTemporaryFoldersPlace) {
     const auto elsewhere = m_folder.write("elsewhere/a.asm", "kept").parent_path();
     std::filesystem::remove(temp());
     EXPECT_TRUE(clean({entry("a.asm", src())})) << "no folder: nothing is left in it";

@@ -69,7 +69,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             continue;
         }
         if (same->length != other.size() || same->evaluation.status != plain->evaluation.status ||
-            (same->evaluation.status == nesasm::Evaluation::Status::Known &&
+            (same->evaluation.status == nesasm::Evaluation::Status::known &&
              (same->evaluation.value != plain->evaluation.value ||
               same->evaluation.bank != plain->evaluation.bank))) {
             std::abort();

@@ -41,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     options.mostWork = std::uint64_t{1} << 24U;
     std::size_t shown = 0;
     nesasm::Assembler assembler(options, [&shown](std::string_view text) { shown += text.size(); });
-    if (assembler.run() != nesasm::Assembler::Result::Built && shown == 0) {
+    if (assembler.run() != nesasm::Assembler::Result::built && shown == 0) {
         std::abort(); // a failure without a message
     }
     return 0;

@@ -12,12 +12,15 @@ bool isOneOf(std::string_view name, std::initializer_list<std::string_view> name
 }
 
 unsigned impliedCycles(std::string_view name) {
-    if (name == "BRK")
+    if (name == "BRK") {
         return 7;
-    if (isOneOf(name, {"RTI", "RTS"}))
+    }
+    if (isOneOf(name, {"RTI", "RTS"})) {
         return 6;
-    if (isOneOf(name, {"PLA", "PLP"}))
+    }
+    if (isOneOf(name, {"PLA", "PLP"})) {
         return 4;
+    }
     return isOneOf(name, {"PHA", "PHP"}) ? 3 : 2;
 }
 
@@ -28,28 +31,28 @@ std::pair<unsigned, bool> cyclesOf(const Instruction& instruction, Mode mode) {
     const bool modifies = isOneOf(name, {"ASL", "LSR", "ROL", "ROR", "INC", "DEC"});
     const bool stores = name == "STA";
     switch (mode) {
-    case Mode::Implied:
+    case Mode::implied:
         return {impliedCycles(name), false};
-    case Mode::Accumulator:
-    case Mode::Immediate:
+    case Mode::accumulator:
+    case Mode::immediate:
         return {2, false};
-    case Mode::ZeroPage:
+    case Mode::zeroPage:
         return {modifies ? 5 : 3, false};
-    case Mode::ZeroPageX:
-    case Mode::ZeroPageY:
+    case Mode::zeroPageX:
+    case Mode::zeroPageY:
         return {modifies ? 6 : 4, false};
-    case Mode::Absolute:
+    case Mode::absolute:
         return {name == "JMP" ? 3 : name == "JSR" || modifies ? 6 : 4, false};
-    case Mode::AbsoluteX:
-    case Mode::AbsoluteY:
+    case Mode::absoluteX:
+    case Mode::absoluteY:
         return {modifies ? 7 : stores ? 5 : 4, !modifies && !stores};
-    case Mode::Indirect:
+    case Mode::indirect:
         return {5, false};
-    case Mode::IndirectX:
+    case Mode::indirectX:
         return {6, false};
-    case Mode::IndirectY:
+    case Mode::indirectY:
         return {stores ? 6 : 5, !stores};
-    case Mode::Relative:
+    case Mode::relative:
         return {2, true};
     }
     return {0, false};
@@ -60,8 +63,9 @@ std::pair<unsigned, bool> cyclesOf(const Instruction& instruction, Mode mode) {
 std::string cyclesText(std::uint8_t opcode) {
     Mode mode{};
     const Instruction* const instruction = findOpcode(opcode, mode);
-    if (instruction == nullptr)
+    if (instruction == nullptr) {
         return {};
+    }
     const auto [cycles, mayBeMore] = cyclesOf(*instruction, mode);
     return std::to_string(cycles) + (mayBeMore ? "+" : "");
 }

@@ -15,26 +15,26 @@ struct ForeignWord {
     std::string_view advice;
 };
 
-constexpr std::string_view kBytes = "use .db for bytes and texts";
-constexpr std::string_view kWords = "use .dw for 16-bit values";
-constexpr std::string_view kSpace = "use .ds to leave room";
-constexpr std::string_view kNoSegments = "use .bank and .org to choose the place";
-constexpr std::string_view kNoScopes = "labels that begin with a dot are local to the label before";
-constexpr std::string_view kVariables = "use .rsset and .rs to lay out variables";
-constexpr std::string_view kUndocumented =
+constexpr std::string_view Bytes = "use .db for bytes and texts";
+constexpr std::string_view Words = "use .dw for 16-bit values";
+constexpr std::string_view Space = "use .ds to leave room";
+constexpr std::string_view NoSegments = "use .bank and .org to choose the place";
+constexpr std::string_view NoScopes = "labels that begin with a dot are local to the label before";
+constexpr std::string_view Variables = "use .rsset and .rs to lay out variables";
+constexpr std::string_view Undocumented =
     "this instruction is undocumented; .db can put its bytes into the program";
 
 // clang-format off
-constexpr std::array<ForeignWord, 80> kForeignWords{{
-    {"byt", kBytes}, {"dc", kBytes}, {"dcb", kBytes}, {"asc", kBytes}, {"ascii", kBytes},
-    {"asciiz", kBytes}, {"text", kBytes}, {"string", kBytes}, {"str", kBytes}, {"char", kBytes},
+constexpr std::array<ForeignWord, 80> ForeignWords{{
+    {"byt", Bytes}, {"dc", Bytes}, {"dcb", Bytes}, {"asc", Bytes}, {"ascii", Bytes},
+    {"asciiz", Bytes}, {"text", Bytes}, {"string", Bytes}, {"str", Bytes}, {"char", Bytes},
     {"hex", "use .db and write $ before each byte"},
-    {"addr", kWords}, {"wor", kWords}, {"dbyt", kWords}, {"dcw", kWords},
-    {"res", kSpace}, {"dsb", kSpace}, {"dsw", kSpace}, {"blkb", kSpace}, {"skip", kSpace},
+    {"addr", Words}, {"wor", Words}, {"dbyt", Words}, {"dcw", Words},
+    {"res", Space}, {"dsb", Space}, {"dsw", Space}, {"blkb", Space}, {"skip", Space},
     {"fill", "use .ds for zeros or .pad to fill up to an address"},
-    {"base", kNoSegments}, {"segment", kNoSegments}, {"seg", kNoSegments}, {"section", kNoSegments},
-    {"proc", kNoScopes}, {"endproc", kNoScopes}, {"scope", kNoScopes}, {"endscope", kNoScopes},
-    {"enum", kVariables}, {"ende", kVariables}, {"zeropage", kVariables},
+    {"base", NoSegments}, {"segment", NoSegments}, {"seg", NoSegments}, {"section", NoSegments},
+    {"proc", NoScopes}, {"endproc", NoScopes}, {"scope", NoScopes}, {"endscope", NoScopes},
+    {"enum", Variables}, {"ende", Variables}, {"zeropage", Variables},
     {"mac", "use .macro"}, {"mend", "use .endm"}, {"endmac", "use .endm"}, {"endmacro", "use .endm"},
     {"repeat", "use .rept"}, {"rep", "use .rept"}, {"endrep", "use .endr"}, {"endrepeat", "use .endr"},
     {"incsrc", "use .include"}, {"src", "use .include"}, {"inc", "use .include"},
@@ -55,20 +55,22 @@ constexpr std::array<ForeignWord, 80> kForeignWords{{
     {"push", "use PHA"}, {"pop", "use PLA"},
 }};
 
-constexpr std::array<std::string_view, 9> kUndocumentedInstructions{
+constexpr std::array<std::string_view, 9> UndocumentedInstructions{
     "lax", "sax", "dcp", "isc", "isb", "slo", "rla", "sre", "rra"};
 // clang-format on
 
 } // namespace
 
 std::string_view foreignWordAdvice(std::string_view word) {
-    for (const ForeignWord& row : kForeignWords)
-        if (equalsIgnoringCase(row.word, word))
+    for (const ForeignWord& row : ForeignWords) {
+        if (equalsIgnoringCase(row.word, word)) {
             return row.advice;
+        }
+    }
     const bool isUndocumented =
-        std::any_of(kUndocumentedInstructions.begin(), kUndocumentedInstructions.end(),
+        std::any_of(UndocumentedInstructions.begin(), UndocumentedInstructions.end(),
                     [&](std::string_view name) { return equalsIgnoringCase(name, word); });
-    return isUndocumented ? kUndocumented : std::string_view();
+    return isUndocumented ? Undocumented : std::string_view();
 }
 
 } // namespace nesasm

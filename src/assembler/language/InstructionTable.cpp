@@ -6,18 +6,19 @@ namespace nesasm {
 namespace {
 
 /// How an operand of each mode is written; n is any expression.
-constexpr std::array<std::string_view, kModeCount> kOperandTexts{
+constexpr std::array<std::string_view, ModeCount> OperandTexts{
     "",     " A",   " #n",  " <n",    " <n,x",  " <n,y", " n",
     " n,x", " n,y", " [n]", " [n,x]", " [n],y", " n"};
 
 } // namespace
 
 const Instruction* findOpcode(std::uint8_t opcode, Mode& mode) {
-    for (const Instruction& instruction : instructionTable) {
-        for (std::size_t i = 0; i < kModeCount; ++i) {
+    for (const Instruction& instruction : InstructionTable) {
+        for (std::size_t i = 0; i < ModeCount; ++i) {
             mode = static_cast<Mode>(i);
-            if (instruction.opcode(mode) == opcode)
+            if (instruction.opcode(mode) == opcode) {
                 return &instruction;
+            }
         }
     }
     return nullptr;
@@ -25,12 +26,14 @@ const Instruction* findOpcode(std::uint8_t opcode, Mode& mode) {
 
 std::string modesText(const Instruction& instruction) {
     std::string text;
-    for (std::size_t i = 0; i < kModeCount; ++i) {
-        if (!instruction.has(static_cast<Mode>(i)))
+    for (std::size_t i = 0; i < ModeCount; ++i) {
+        if (!instruction.has(static_cast<Mode>(i))) {
             continue;
-        if (!text.empty())
+        }
+        if (!text.empty()) {
             text += ", ";
-        text.append(instruction.name).append(kOperandTexts[i]);
+        }
+        text.append(instruction.name).append(OperandTexts[i]);
     }
     return text;
 }

@@ -8,43 +8,43 @@
 namespace nesasm {
 
 enum class Directive : std::uint8_t {
-    Align,
-    Assert,
-    Bank,
-    Bss,
-    Byte,
-    Code,
-    Data,
-    Ds,
-    Else,
-    ElseIf,
-    EndIf,
-    EndMacro,
-    EndRepeat,
-    Equ,
-    Error,
-    Fail,
-    If,
-    IfDef,
-    IfNotDef,
-    IncBin,
-    IncChr,
-    Include,
-    InesChr,
-    InesMap,
-    InesMir,
-    InesPrg,
-    List,
-    Macro,
-    NoList,
-    Org,
-    Pad,
-    Repeat,
-    Rs,
-    RsSet,
-    Warning,
-    Word,
-    Zp
+    align,
+    assertion,
+    bank,
+    bss,
+    byte,
+    code,
+    data,
+    ds,
+    elseBranch,
+    elseIf,
+    endIf,
+    endMacro,
+    endRepeat,
+    equ,
+    error,
+    fail,
+    ifTrue,
+    ifDef,
+    ifNotDef,
+    incBin,
+    incChr,
+    include,
+    inesChr,
+    inesMap,
+    inesMir,
+    inesPrg,
+    list,
+    macro,
+    noList,
+    org,
+    pad,
+    repeat,
+    rs,
+    rsSet,
+    warning,
+    word,
+    zp
 };
 
 /// One of a directive's names.
@@ -55,67 +55,67 @@ struct DirectiveName {
 };
 
 /// All names of directives, without their dots, in alphabetical order.
-inline constexpr std::array<DirectiveName, 39> directiveTable{{
-    {"align", Directive::Align, false},
-    {"assert", Directive::Assert, false},
-    {"bank", Directive::Bank, true},
-    {"bss", Directive::Bss, false},
-    {"byte", Directive::Byte, true},
-    {"code", Directive::Code, false},
-    {"data", Directive::Data, false},
-    {"db", Directive::Byte, true},
-    {"ds", Directive::Ds, true},
-    {"dw", Directive::Word, true},
-    {"else", Directive::Else, true},
-    {"elseif", Directive::ElseIf, true},
-    {"endif", Directive::EndIf, true},
-    {"endm", Directive::EndMacro, true},
-    {"endr", Directive::EndRepeat, false},
-    {"equ", Directive::Equ, true},
-    {"error", Directive::Error, false},
-    {"fail", Directive::Fail, false},
-    {"if", Directive::If, true},
-    {"ifdef", Directive::IfDef, true},
-    {"ifndef", Directive::IfNotDef, true},
-    {"incbin", Directive::IncBin, true},
-    {"incchr", Directive::IncChr, true},
-    {"include", Directive::Include, true},
-    {"ineschr", Directive::InesChr, true},
-    {"inesmap", Directive::InesMap, true},
-    {"inesmir", Directive::InesMir, true},
-    {"inesprg", Directive::InesPrg, true},
-    {"list", Directive::List, true},
-    {"macro", Directive::Macro, true},
-    {"nolist", Directive::NoList, true},
-    {"org", Directive::Org, true},
-    {"pad", Directive::Pad, false},
-    {"rept", Directive::Repeat, false},
-    {"rs", Directive::Rs, true},
-    {"rsset", Directive::RsSet, true},
-    {"warning", Directive::Warning, false},
-    {"word", Directive::Word, true},
-    {"zp", Directive::Zp, false},
+inline constexpr std::array<DirectiveName, 39> DirectiveTable{{
+    {"align", Directive::align, false},
+    {"assert", Directive::assertion, false},
+    {"bank", Directive::bank, true},
+    {"bss", Directive::bss, false},
+    {"byte", Directive::byte, true},
+    {"code", Directive::code, false},
+    {"data", Directive::data, false},
+    {"db", Directive::byte, true},
+    {"ds", Directive::ds, true},
+    {"dw", Directive::word, true},
+    {"else", Directive::elseBranch, true},
+    {"elseif", Directive::elseIf, true},
+    {"endif", Directive::endIf, true},
+    {"endm", Directive::endMacro, true},
+    {"endr", Directive::endRepeat, false},
+    {"equ", Directive::equ, true},
+    {"error", Directive::error, false},
+    {"fail", Directive::fail, false},
+    {"if", Directive::ifTrue, true},
+    {"ifdef", Directive::ifDef, true},
+    {"ifndef", Directive::ifNotDef, true},
+    {"incbin", Directive::incBin, true},
+    {"incchr", Directive::incChr, true},
+    {"include", Directive::include, true},
+    {"ineschr", Directive::inesChr, true},
+    {"inesmap", Directive::inesMap, true},
+    {"inesmir", Directive::inesMir, true},
+    {"inesprg", Directive::inesPrg, true},
+    {"list", Directive::list, true},
+    {"macro", Directive::macro, true},
+    {"nolist", Directive::noList, true},
+    {"org", Directive::org, true},
+    {"pad", Directive::pad, false},
+    {"rept", Directive::repeat, false},
+    {"rs", Directive::rs, true},
+    {"rsset", Directive::rsSet, true},
+    {"warning", Directive::warning, false},
+    {"word", Directive::word, true},
+    {"zp", Directive::zp, false},
 }};
 
-enum class Function : std::uint8_t { Low, High, Bank, Page, SizeOf };
+enum class Function : std::uint8_t { low, high, bank, page, sizeOf };
 
 struct FunctionName {
     std::string_view name;
     Function function;
 };
 
-inline constexpr std::array<FunctionName, 5> functionTable{{{"low", Function::Low},
-                                                            {"high", Function::High},
-                                                            {"bank", Function::Bank},
-                                                            {"page", Function::Page},
-                                                            {"sizeof", Function::SizeOf}}};
+inline constexpr std::array<FunctionName, 5> FunctionTable{{{"low", Function::low},
+                                                            {"high", Function::high},
+                                                            {"bank", Function::bank},
+                                                            {"page", Function::page},
+                                                            {"sizeof", Function::sizeOf}}};
 
 /// What a word means to the assembler, whatever the case of its letters.
 struct Keyword {
-    enum class Kind : std::uint8_t { None, Directive, Instruction };
+    enum class Kind : std::uint8_t { none, directive, instruction };
 
-    Kind kind = Kind::None;
-    std::uint8_t id = 0; ///< a Directive, or an index into instructionTable
+    Kind kind = Kind::none;
+    std::uint8_t id = 0; ///< a Directive, or an index into InstructionTable
 };
 
 /// Looks up a word as it stands in the source, with its leading dot if it has one. Some directives

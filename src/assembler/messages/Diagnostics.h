@@ -75,7 +75,7 @@ private:
     std::size_t m_largestErrorCount;
     bool m_colours;
     WarningSwitches m_switches;
-    std::array<std::size_t, kWarningCount> m_warningsOfAKind{};
+    std::array<std::size_t, WarningCount> m_warningsOfAKind{};
     bool m_stopped = false;
     bool m_tooMany = false;
     std::size_t m_errors = 0;

@@ -12,8 +12,9 @@ namespace {
 
 /// True and cut off when `text` begins with `prefix`.
 bool takePrefix(std::string_view& text, std::string_view prefix) {
-    if (!text.starts_with(prefix))
+    if (!text.starts_with(prefix)) {
         return false;
+    }
     text.remove_prefix(prefix.size());
     return true;
 }
@@ -21,8 +22,9 @@ bool takePrefix(std::string_view& text, std::string_view prefix) {
 } // namespace
 
 WarningSwitches::WarningSwitches() {
-    for (std::size_t i = 0; i < kWarningCount; ++i)
-        m_isOn[i] = warningTable[i].onByDefault;
+    for (std::size_t i = 0; i < WarningCount; ++i) {
+        m_isOn[i] = WarningTable[i].onByDefault;
+    }
 }
 
 std::string WarningSwitches::apply(std::string_view text) {
@@ -32,15 +34,16 @@ std::string WarningSwitches::apply(std::string_view text) {
     }
     const bool isError = takePrefix(text, "error=");
     const bool isOff = !isError && takePrefix(text, "no-");
-    const auto* const row = std::find_if(warningTable.begin(), warningTable.end(),
+    const auto* const row = std::find_if(WarningTable.begin(), WarningTable.end(),
                                          [&](const WarningRow& each) { return each.name == text; });
-    if (row == warningTable.end()) {
+    if (row == WarningTable.end()) {
         NearNames near(text);
-        for (const WarningRow& each : warningTable)
+        for (const WarningRow& each : WarningTable) {
             near.consider(each.name);
+        }
         return "there is no warning '" + std::string(text) + "'" + near.question();
     }
-    const auto index = static_cast<std::size_t>(row - warningTable.begin());
+    const auto index = static_cast<std::size_t>(row - WarningTable.begin());
     m_isOn[index] = !isOff;
     m_isError[index] = isError;
     return {};

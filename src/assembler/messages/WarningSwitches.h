@@ -25,8 +25,8 @@ public:
     }
 
 private:
-    std::array<bool, kWarningCount> m_isOn{};
-    std::array<bool, kWarningCount> m_isError{};
+    std::array<bool, WarningCount> m_isOn{};
+    std::array<bool, WarningCount> m_isError{};
     bool m_allAreErrors = false;
 };
 

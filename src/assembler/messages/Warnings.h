@@ -9,20 +9,20 @@
 namespace nesasm {
 
 enum class Warning : std::uint8_t {
-    OddNumber,
-    FileCase,
-    ValueTruncated,
-    JmpIndirectPageEnd,
-    UnusedBankGap,
-    ShadowedSymbol,
-    UserWarning,
-    OddChrSize,
-    Overwrite,
-    ZeroPagePossible,
-    UnusedSymbol,
-    MissingHash
+    oddNumber,
+    fileCase,
+    valueTruncated,
+    jmpIndirectPageEnd,
+    unusedBankGap,
+    shadowedSymbol,
+    userWarning,
+    oddChrSize,
+    overwrite,
+    zeroPagePossible,
+    unusedSymbol,
+    missingHash
 };
-inline constexpr std::size_t kWarningCount = 12;
+inline constexpr std::size_t WarningCount = 12;
 
 /// A row for each Warning, in its order: the name that is printed with it, whether it is on when
 /// nobody said anything, and what it is about.
@@ -32,7 +32,7 @@ struct WarningRow {
     std::string_view text;
 };
 
-inline constexpr std::array<WarningRow, kWarningCount> warningTable{{
+inline constexpr std::array<WarningRow, WarningCount> WarningTable{{
     {"odd-number", true, "a $ without a hexadecimal digit behind it counts as 0"},
     {"file-case", true, "a file was found only under another spelling of its letters' case"},
     {"value-truncated", true, "a value in .db or .dw does not fit and was cut"},
@@ -49,7 +49,7 @@ inline constexpr std::array<WarningRow, kWarningCount> warningTable{{
 }};
 
 constexpr const WarningRow& rowOf(Warning warning) {
-    return warningTable[static_cast<std::size_t>(warning)];
+    return WarningTable[static_cast<std::size_t>(warning)];
 }
 
 } // namespace nesasm

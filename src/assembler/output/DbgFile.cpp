@@ -17,8 +17,8 @@ namespace nesasm {
 
 namespace {
 
-constexpr std::uint32_t kHeaderSize = 16;
-constexpr unsigned kMacroLine = 2; ///< the type of a line of a macro's body
+constexpr std::uint32_t HeaderSize = 16;
+constexpr unsigned MacroLine = 2; ///< the type of a line of a macro's body
 
 std::string number(std::uint64_t value) {
     return std::to_string(value);
@@ -39,23 +39,29 @@ std::string absolutePath(const std::string& path) {
 std::string relativePath(const std::string& path, const std::string& folder) {
     const std::string base = folder == "/" ? folder : folder + "/";
     std::size_t common = 0;
-    for (std::size_t i = 0; i < path.size() && i < base.size() && path[i] == base[i]; ++i)
-        if (path[i] == '/')
+    for (std::size_t i = 0; i < path.size() && i < base.size() && path[i] == base[i]; ++i) {
+        if (path[i] == '/') {
             common = i + 1;
-    if (common == 0)
+        }
+    }
+    if (common == 0) {
         return path;
+    }
     std::string result;
-    for (std::size_t i = common; i < base.size(); ++i)
-        if (base[i] == '/')
+    for (std::size_t i = common; i < base.size(); ++i) {
+        if (base[i] == '/') {
             result += "../";
+        }
+    }
     return result + path.substr(common);
 }
 
 /// A text between double quotes, which it cannot hold itself.
 std::string inQuotes(std::string_view text) {
     std::string result = "\"";
-    for (const char c : printable(text))
+    for (const char c : printable(text)) {
         result += c == '"' ? '\'' : c;
+    }
     return result + '"';
 }
 
@@ -68,8 +74,9 @@ public:
         , m_folder(absolutePath(folderOf(output))) {}
 
     std::string text() {
-        for (const LineRecord& record : m_assembly.records.all())
+        for (const LineRecord& record : m_assembly.records.all()) {
             addRecord(record);
+        }
         chooseSegmentStarts();
         addSymbols();
         addSegments();
@@ -98,19 +105,21 @@ private:
     };
 
     void addRecord(const LineRecord& record) {
-        if (!record.isStatement || record.isRam || record.size == 0 || record.file == nullptr)
+        if (!record.isStatement || record.isRam || record.size == 0 || record.file == nullptr) {
             return;
+        }
         const Origins& origins = m_assembly.origins;
-        const bool isMacro = origins[record.origin].kind == Origin::Kind::Macro;
+        const bool isMacro = origins[record.origin].kind == Origin::Kind::macro;
         std::uint32_t bank = record.bank;
         std::uint32_t offset = record.offset;
         for (std::uint32_t left = record.size; left != 0; ++bank, offset = 0) {
-            const std::uint32_t part = std::min(left, kBankSize - offset);
+            const std::uint32_t part = std::min(left, BankSize - offset);
             const std::uint32_t span = addSpan(bank, offset, part, record.address);
-            lineOf(fileOf(record.file), record.number, isMacro ? kMacroLine : 0)
+            lineOf(fileOf(record.file), record.number, isMacro ? MacroLine : 0)
                 .spans.push_back(span);
-            if (isMacro)
+            if (isMacro) {
                 addCaller(record.origin, span);
+            }
             left -= part;
         }
     }
@@ -118,18 +127,19 @@ private:
     /// The line outside of all macros that led to the bytes of a macro.
     void addCaller(OriginId origin, std::uint32_t span) {
         const Origins& origins = m_assembly.origins;
-        while (origins[origin].kind == Origin::Kind::Macro) {
+        while (origins[origin].kind == Origin::Kind::macro) {
             const std::uint32_t line = origins[origin].callLine;
             origin = origins[origin].parent;
-            if (origins[origin].kind != Origin::Kind::Macro && origins[origin].source != nullptr)
+            if (origins[origin].kind != Origin::Kind::macro && origins[origin].source != nullptr) {
                 lineOf(fileOf(origins[origin].source), line, 0).spans.push_back(span);
+            }
         }
     }
 
     std::uint32_t addSpan(std::uint32_t bank, std::uint32_t offset, std::uint32_t size,
                           std::uint32_t address) {
         const auto segment = m_segmentIds.emplace(bank, m_segmentIds.size()).first;
-        m_bytesAtPages[bank][address & ~(kBankSize - 1)] += size;
+        m_bytesAtPages[bank][address & ~(BankSize - 1)] += size;
         m_spans += "span\tid=" + number(m_spanCount) + ",seg=" + number(segment->second) +
                    ",start=" + number(offset) + ",size=" + number(size) + "\n";
         return m_spanCount++;
@@ -137,29 +147,32 @@ private:
 
     /// A bank appears at the page at which most of its bytes were assembled.
     void chooseSegmentStarts() {
-        for (const auto& [bank, pages] : m_bytesAtPages)
+        for (const auto& [bank, pages] : m_bytesAtPages) {
             m_segmentStarts[bank] =
                 std::max_element(pages.begin(), pages.end(), [](const auto& a, const auto& b) {
                     return a.second < b.second;
                 })->first;
+        }
     }
 
     /// The segment of a label that lies in it as the debugger sees it.
     std::map<std::uint32_t, std::size_t>::const_iterator segmentOf(const Symbol& symbol) const {
-        if (!symbol.isLabel || symbol.bank < 0 || symbol.isAtBankEnd)
+        if (!symbol.isLabel || symbol.bank < 0 || symbol.isAtBankEnd) {
             return m_segmentIds.end();
+        }
         const auto bank = static_cast<std::uint32_t>(symbol.bank);
         const auto start = m_segmentStarts.find(bank);
         const bool isThere =
             start != m_segmentStarts.end() &&
-            (static_cast<std::uint32_t>(symbol.value) & ~(kBankSize - 1)) == start->second;
+            (static_cast<std::uint32_t>(symbol.value) & ~(BankSize - 1)) == start->second;
         return isThere ? m_segmentIds.find(bank) : m_segmentIds.end();
     }
 
     LineEntry& lineOf(std::uint32_t file, std::uint32_t line, unsigned type) {
         const auto [entry, isNew] = m_lines.try_emplace({file, line, type});
-        if (isNew)
+        if (isNew) {
             entry->second.id = static_cast<std::uint32_t>(m_lines.size() - 1);
+        }
         return entry->second;
     }
 
@@ -167,10 +180,12 @@ private:
         const auto [file, lineNumber, type] = key;
         std::string text =
             "line\tid=" + number(line.id) + ",file=" + number(file) + ",line=" + number(lineNumber);
-        if (type != 0)
+        if (type != 0) {
             text += ",type=" + number(type) + ",count=1";
-        for (std::size_t i = 0; i < line.spans.size(); ++i)
+        }
+        for (std::size_t i = 0; i < line.spans.size(); ++i) {
             text += (i == 0 ? ",span=" : "+") + number(line.spans[i]);
+        }
         return text += '\n';
     }
 
@@ -190,49 +205,55 @@ private:
 
     void addSymbols() {
         const SymbolTable& symbols = m_assembly.symbols;
-        std::vector<std::uint32_t> ids(symbols.size(), kNone);
+        std::vector<std::uint32_t> ids(symbols.size(), None);
         for (SymbolId id = 1; id < symbols.size(); ++id) {
             const Symbol& symbol = symbols[id];
-            if (!symbol.isKnown || symbol.isBroken)
+            if (!symbol.isKnown || symbol.isBroken) {
                 continue;
+            }
             const bool isLocal = symbol.name.starts_with('.');
-            const bool hasParent = isLocal && ids[symbol.scope] != kNone;
+            const bool hasParent = isLocal && ids[symbol.scope] != None;
             ids[id] = m_symbolCount++;
             m_symbols += "sym\tid=" + number(ids[id]) + ",name=" +
                          inQuotes(hasParent ? "@" + std::string(symbol.name.substr(1))
                                             : debugName(symbols, id)) +
                          ",addrsize=absolute";
-            if (symbol.size != kNone && symbol.size != 0)
+            if (symbol.size != None && symbol.size != 0) {
                 m_symbols += ",size=" + number(symbol.size);
+            }
             m_symbols += hasParent ? ",parent=" + number(ids[symbol.scope]) : ",scope=0";
-            if (symbol.origin != kNoOrigin && m_assembly.origins[symbol.origin].source != nullptr)
+            if (symbol.origin != NoOrigin && m_assembly.origins[symbol.origin].source != nullptr) {
                 m_symbols +=
                     ",def=" + number(lineOf(fileOf(m_assembly.origins[symbol.origin].source),
                                             symbol.line, typeOf(symbol.origin))
                                          .id);
+            }
             m_symbols += ",val=" + hexNumber(static_cast<std::uint32_t>(symbol.value), 1);
             const auto segment = segmentOf(symbol);
-            if (segment != m_segmentIds.end())
+            if (segment != m_segmentIds.end()) {
                 m_symbols += ",seg=" + number(segment->second);
+            }
             m_symbols += symbol.isLabel ? ",type=lab\n" : ",type=equ\n";
         }
     }
 
     unsigned typeOf(OriginId origin) const {
-        return m_assembly.origins[origin].kind == Origin::Kind::Macro ? kMacroLine : 0;
+        return m_assembly.origins[origin].kind == Origin::Kind::macro ? MacroLine : 0;
     }
 
     void addSegments() {
-        for (const auto& [bank, id] : m_segmentIds)
+        for (const auto& [bank, id] : m_segmentIds) {
             m_segmentTexts[id] = "seg\tid=" + number(id) + ",name=\"BANK" + number(bank) +
                                  "\",start=" + hexNumber(m_segmentStarts[bank], 6) +
-                                 ",size=" + hexNumber(kBankSize, 4) +
+                                 ",size=" + hexNumber(BankSize, 4) +
                                  ",addrsize=absolute,type=ro,oname=" +
                                  inQuotes(m_output.substr(m_output.rfind('/') + 1)) +
-                                 ",ooffs=" + number(kHeaderSize + std::uint64_t{bank} * kBankSize) +
+                                 ",ooffs=" + number(HeaderSize + std::uint64_t{bank} * BankSize) +
                                  ",bank=" + number(bank) + "\n";
-        for (const auto& [id, text] : m_segmentTexts)
+        }
+        for (const auto& [id, text] : m_segmentTexts) {
             m_segments += text;
+        }
     }
 
     const Assembly& m_assembly;

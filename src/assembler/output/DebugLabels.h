@@ -13,11 +13,11 @@ struct Assembly;
 
 /// A name for a place in the console's memory or in the image, as debuggers want it.
 struct DebugLabel {
-    enum class Memory : std::uint8_t { PrgRom, ChrRom, InternalRam, WorkRam, Other };
+    enum class Memory : std::uint8_t { prgRom, chrRom, internalRam, workRam, other };
 
     std::string name; ///< letters, digits, _ and @ only, each name once
     SymbolId symbol = 0;
-    Memory memory = Memory::Other;
+    Memory memory = Memory::other;
     std::uint32_t offset = 0;      ///< in that memory
     std::uint32_t address = 0;     ///< as the processor sees it
     std::uint32_t size = 1;        ///< in RAM the bytes reserved for it

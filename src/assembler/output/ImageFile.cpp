@@ -20,17 +20,18 @@ namespace nesasm {
 
 namespace {
 
-constexpr std::string_view kMark = "NES\x1A";
-constexpr std::size_t kHeaderSize = 16;
-constexpr int kMostLinks = 40;
+constexpr std::string_view Mark = "NES\x1A";
+constexpr std::size_t HeaderSize = 16;
+constexpr int MostLinks = 40;
 
 /// What `path` leads to when links are followed, also when nothing lies there.
 std::string linkTarget(std::string path) {
     std::array<char, 4096> target{};
-    for (int i = 0; i < kMostLinks; ++i) {
+    for (int i = 0; i < MostLinks; ++i) {
         const ssize_t length = readlink(path.c_str(), target.data(), target.size());
-        if (length < 0)
+        if (length < 0) {
             break;
+        }
         const std::string_view name(target.data(), static_cast<std::size_t>(length));
         path = name.starts_with('/') ? std::string(name) : joinPath(folderOf(path), name);
     }
@@ -40,10 +41,12 @@ std::string linkTarget(std::string path) {
 bool writeAll(int descriptor, const std::uint8_t* bytes, std::size_t size) {
     while (size != 0) {
         const ssize_t count = write(descriptor, bytes, size);
-        if (count < 0 && errno == EINTR)
+        if (count < 0 && errno == EINTR) {
             continue;
-        if (count <= 0)
+        }
+        if (count <= 0) {
             return false;
+        }
         bytes += count;
         size -= static_cast<std::size_t>(count);
     }
@@ -53,8 +56,9 @@ bool writeAll(int descriptor, const std::uint8_t* bytes, std::size_t size) {
 /// The permissions that the file is to have: those of the file it replaces, or the usual ones.
 mode_t permissionsFor(const std::string& path) {
     struct stat status {};
-    if (stat(path.c_str(), &status) == 0)
+    if (stat(path.c_str(), &status) == 0) {
         return status.st_mode & 07777U;
+    }
     const mode_t mask = umask(0);
     umask(mask);
     return 0666U & ~mask;
@@ -69,21 +73,22 @@ std::uint32_t percent(std::uint64_t part, std::uint64_t whole) {
 std::vector<std::uint8_t> imageFile(const Image& image) {
     const std::uint32_t banks = image.bankCount();
     std::vector<std::uint8_t> bytes;
-    bytes.reserve(kHeaderSize + std::size_t{banks} * kBankSize);
-    bytes.assign(kMark.begin(), kMark.end());
+    bytes.reserve(HeaderSize + std::size_t{banks} * BankSize);
+    bytes.assign(Mark.begin(), Mark.end());
     const Header& header = image.header;
     bytes.push_back(static_cast<std::uint8_t>(header.prg));
     bytes.push_back(static_cast<std::uint8_t>(header.chr));
     bytes.push_back(
         static_cast<std::uint8_t>((header.mirroring & 15U) | (header.mapper & 15U) << 4U));
     bytes.push_back(static_cast<std::uint8_t>(header.mapper & 0xF0U));
-    bytes.resize(kHeaderSize);
+    bytes.resize(HeaderSize);
     for (std::uint32_t bank = 0; bank < banks; ++bank) {
         const std::uint8_t* const content = image.bytes(bank);
-        if (content != nullptr)
-            bytes.insert(bytes.end(), content, content + kBankSize);
-        else
-            bytes.resize(bytes.size() + kBankSize, 0xFF);
+        if (content != nullptr) {
+            bytes.insert(bytes.end(), content, content + BankSize);
+        } else {
+            bytes.resize(bytes.size() + BankSize, 0xFF);
+        }
     }
     return bytes;
 }
@@ -91,16 +96,20 @@ std::vector<std::uint8_t> imageFile(const Image& image) {
 std::string writeImageFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
     const std::string target = linkTarget(path);
     const FileKind kind = fileKind(target);
-    if (kind == FileKind::Folder)
+    if (kind == FileKind::folder) {
         return "it is a folder";
-    if (kind == FileKind::Other)
+    }
+    if (kind == FileKind::other) {
         return "it is not a regular file";
-    if (kind == FileKind::Regular && access(target.c_str(), W_OK) != 0)
+    }
+    if (kind == FileKind::regular && access(target.c_str(), W_OK) != 0) {
         return std::strerror(errno);
+    }
     std::string temporary = joinPath(folderOf(target), ".nesasm-XXXXXX");
     const int descriptor = mkostemp(temporary.data(), O_CLOEXEC);
-    if (descriptor < 0)
+    if (descriptor < 0) {
         return std::strerror(errno);
+    }
     bool isFine = writeAll(descriptor, bytes.data(), bytes.size()) &&
                   fchmod(descriptor, permissionsFor(target)) == 0;
     int problem = errno;
@@ -112,8 +121,9 @@ std::string writeImageFile(const std::string& path, const std::vector<std::uint8
         isFine = false;
         problem = errno;
     }
-    if (isFine)
+    if (isFine) {
         return {};
+    }
     unlink(temporary.c_str());
     return std::strerror(problem);
 }
@@ -129,16 +139,18 @@ std::string writtenPath(const std::string& path) {
 void removeOldImage(const std::string& path) {
     const std::string target = linkTarget(path);
     const int descriptor = open(target.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    if (descriptor < 0)
+    if (descriptor < 0) {
         return;
+    }
     std::array<char, 4> mark{};
     struct stat status {};
     const bool isImage = fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) &&
                          read(descriptor, mark.data(), mark.size()) == 4 &&
-                         std::string_view(mark.data(), mark.size()) == kMark;
+                         std::string_view(mark.data(), mark.size()) == Mark;
     close(descriptor);
-    if (isImage)
+    if (isImage) {
         unlink(target.c_str());
+    }
 }
 
 std::uint32_t prgBankCount(const Image& image) {
@@ -152,11 +164,12 @@ std::string summaryLine(const std::string& path, const Image& image) {
     const Header& header = image.header;
     const std::uint32_t prg = prgBankCount(image);
     std::uint64_t used = 0;
-    for (std::uint32_t bank = 0; bank < prg; ++bank)
+    for (std::uint32_t bank = 0; bank < prg; ++bank) {
         used += image.bytesWritten(bank);
-    return printable(path) + ": " + std::to_string(kHeaderSize + std::size_t{banks} * kBankSize) +
+    }
+    return printable(path) + ": " + std::to_string(HeaderSize + std::size_t{banks} * BankSize) +
            " bytes, mapper " + std::to_string(header.mapper) + ", PRG " + std::to_string(prg) +
-           " x 8 KiB banks (" + std::to_string(percent(used, std::uint64_t{prg} * kBankSize)) +
+           " x 8 KiB banks (" + std::to_string(percent(used, std::uint64_t{prg} * BankSize)) +
            " % used), CHR " + std::to_string(banks - prg) + " x 8 KiB\n";
 }
 
@@ -165,7 +178,7 @@ std::string bankLines(const Image& image) {
     for (std::uint32_t bank = 0; bank < image.bankCount(); ++bank) {
         const std::uint32_t used = image.bytesWritten(bank);
         text += "bank " + std::to_string(bank) + ": " + std::to_string(used) + " of " +
-                std::to_string(kBankSize) + " bytes (" + std::to_string(percent(used, kBankSize)) +
+                std::to_string(BankSize) + " bytes (" + std::to_string(percent(used, BankSize)) +
                 " %)\n";
     }
     return text;

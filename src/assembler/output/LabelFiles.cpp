@@ -18,19 +18,20 @@ namespace {
 using Memory = DebugLabel::Memory;
 
 /// The longest line that the reader of .nl files takes.
-constexpr std::size_t kLongestNlLine = 512;
-constexpr std::uint32_t kNlBankSize = 0x4000;
+constexpr std::size_t LongestNlLine = 512;
+constexpr std::uint32_t NlBankSize = 0x4000;
 
 /// Of the header's byte 6: the RAM at $6000 to $7FFF keeps its contents (source: nesdev wiki,
 /// "INES").
-constexpr std::uint32_t kBatteryFlag = 2;
+constexpr std::uint32_t BatteryFlag = 2;
 
 std::string_view mlbType(Memory memory, const Header& header) {
-    static constexpr std::array<std::string_view, 5> kTypes{
+    static constexpr std::array<std::string_view, 5> Types{
         "NesPrgRom", "NesChrRom", "NesInternalRam", "NesWorkRam", "NesMemory"};
-    if (memory == Memory::WorkRam && (header.mirroring & kBatteryFlag) != 0)
+    if (memory == Memory::workRam && (header.mirroring & BatteryFlag) != 0) {
         return "NesSaveRam";
-    return kTypes[static_cast<std::size_t>(memory)];
+    }
+    return Types[static_cast<std::size_t>(memory)];
 }
 
 std::string hexDigits(std::uint32_t value, unsigned digits) {
@@ -39,19 +40,21 @@ std::string hexDigits(std::uint32_t value, unsigned digits) {
 
 std::string alsoText(const DebugLabel& label) {
     std::string text;
-    for (const std::string& name : label.also)
+    for (const std::string& name : label.also) {
         text.append(text.empty() ? "also " : ", ").append(name);
+    }
     return text;
 }
 
 std::string nlLine(const DebugLabel& label) {
     std::string line = hexText(label.address, 4);
-    if (label.size > 1)
+    if (label.size > 1) {
         line += "/" + hexDigits(label.size, 1);
+    }
     line += "#" + label.name;
-    line.resize(std::min(line.size(), kLongestNlLine - 1));
+    line.resize(std::min(line.size(), LongestNlLine - 1));
     line += "#" + alsoText(label);
-    line.resize(std::min(line.size(), kLongestNlLine));
+    line.resize(std::min(line.size(), LongestNlLine));
     return line += '\n';
 }
 
@@ -73,11 +76,13 @@ SideFile mlbFile(const Assembly& assembly, const std::string& output) {
         file.text.append(mlbType(label.memory, assembly.image.header))
             .append(":")
             .append(hexDigits(label.offset, 4));
-        if (label.size > 1)
+        if (label.size > 1) {
             file.text += "-" + hexDigits(label.offset + label.size - 1, 4);
+        }
         file.text += ":" + label.name;
-        if (!label.also.empty())
+        if (!label.also.empty()) {
             file.text += ":" + alsoText(label);
+        }
         file.text += '\n';
     }
     return file;
@@ -85,27 +90,31 @@ SideFile mlbFile(const Assembly& assembly, const std::string& output) {
 
 std::vector<std::string> nlPaths(const std::string& output, std::uint32_t banks) {
     std::vector<std::string> paths{output + ".ram.nl"};
-    for (std::uint32_t bank = 0; bank < banks; ++bank)
+    for (std::uint32_t bank = 0; bank < banks; ++bank) {
         paths.push_back(output + "." + hexDigits(bank, 1) + ".nl");
+    }
     return paths;
 }
 
 std::vector<SideFile> nlFiles(const Assembly& assembly, const std::string& output) {
-    const std::uint32_t prgSize = prgBankCount(assembly.image) * kBankSize;
+    const std::uint32_t prgSize = prgBankCount(assembly.image) * BankSize;
     std::vector<SideFile> files;
-    for (std::string& path : nlPaths(output, (prgSize + kNlBankSize - 1) / kNlBankSize))
+    for (std::string& path : nlPaths(output, (prgSize + NlBankSize - 1) / NlBankSize)) {
         files.push_back({std::move(path), {}});
+    }
     // An address may stand in a file once only; the same one in another 8 KiB of the same file
     // comes later and is left out.
     std::vector<std::map<std::uint32_t, bool>> taken(files.size());
     for (const DebugLabel& label : debugLabels(assembly)) {
         std::size_t index = 0;
-        if (label.memory == Memory::PrgRom)
-            index = 1 + label.offset / kNlBankSize;
-        else if (label.memory == Memory::ChrRom || label.address >= 0x8000)
+        if (label.memory == Memory::prgRom) {
+            index = 1 + label.offset / NlBankSize;
+        } else if (label.memory == Memory::chrRom || label.address >= 0x8000) {
             continue;
-        if (taken[index].emplace(label.address, true).second)
+        }
+        if (taken[index].emplace(label.address, true).second) {
             files[index].text += nlLine(label);
+        }
     }
     return files;
 }

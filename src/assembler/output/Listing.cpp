@@ -14,10 +14,10 @@ namespace nesasm {
 
 namespace {
 
-constexpr std::size_t kBytesInRow = 4;
-constexpr std::size_t kMostRows = 8;
-constexpr std::size_t kNumberWidth = 6;
-constexpr std::size_t kCyclesWidth = 3;
+constexpr std::size_t BytesInRow = 4;
+constexpr std::size_t MostRows = 8;
+constexpr std::size_t NumberWidth = 6;
+constexpr std::size_t CyclesWidth = 3;
 
 std::string padded(std::string text, std::size_t width) {
     text.insert(text.begin(), width - std::min(width, text.size()), ' ');
@@ -41,8 +41,9 @@ public:
         findOwners();
         for (std::size_t i = 0; i < m_records.size(); ++i) {
             const LineRecord& record = m_records[i];
-            if (record.isListed && (m_showsExpansions || !isExpansion(record)))
+            if (record.isListed && (m_showsExpansions || !isExpansion(record))) {
                 addLine(i);
+            }
         }
         addSymbols();
         return std::move(m_text);
@@ -55,12 +56,13 @@ private:
 
     /// Calls `use` with the bank and the offset of each byte that the line made.
     template<typename Use> static void forEachByte(const LineRecord& record, const Use& use) {
-        if (!record.isStatement || record.isRam)
+        if (!record.isStatement || record.isRam) {
             return;
+        }
         std::uint32_t bank = record.bank;
         std::uint32_t offset = record.offset;
         for (std::uint32_t left = record.size; left != 0; --left, ++offset) {
-            if (offset == kBankSize) {
+            if (offset == BankSize) {
                 ++bank;
                 offset = 0;
             }
@@ -70,15 +72,16 @@ private:
 
     void findOwners() {
         m_owners.resize(m_assembly.image.bankCount());
-        for (std::size_t i = 0; i < m_records.size(); ++i)
+        for (std::size_t i = 0; i < m_records.size(); ++i) {
             forEachByte(m_records[i], [&](std::uint32_t bank, std::uint32_t offset) {
-                m_owners[bank].resize(kBankSize);
+                m_owners[bank].resize(BankSize);
                 m_owners[bank][offset] = static_cast<std::uint32_t>(i);
             });
+        }
     }
 
     bool isExpansion(const LineRecord& record) const {
-        return m_assembly.origins[record.origin].kind != Origin::Kind::File;
+        return m_assembly.origins[record.origin].kind != Origin::Kind::file;
     }
 
     void addLine(std::size_t index) {
@@ -87,36 +90,41 @@ private:
         const Bytes bytes = bytesOf(index);
         std::string cycles;
         // One instruction is at most three bytes; longer data just may look like one.
-        if (record.isStatement && isInstruction(record) && !bytes.empty() && bytes[0])
+        if (record.isStatement && isInstruction(record) && !bytes.empty() && bytes[0]) {
             cycles = cyclesText(*bytes[0]);
+        }
         const LineRecord& place = placeOf(index);
         const bool hasPlace = !bytes.empty() || (record.isStatement && !isBlankLine(record.text));
         const std::size_t rows =
-            std::max<std::size_t>(1, (bytes.size() + kBytesInRow - 1) / kBytesInRow);
-        for (std::size_t row = 0; row < std::min(rows, kMostRows); ++row) {
-            std::string line = row == 0 ? padded(std::to_string(record.number), kNumberWidth)
-                                        : std::string(kNumberWidth, ' ');
+            std::max<std::size_t>(1, (bytes.size() + BytesInRow - 1) / BytesInRow);
+        for (std::size_t row = 0; row < std::min(rows, MostRows); ++row) {
+            std::string line = row == 0 ? padded(std::to_string(record.number), NumberWidth)
+                                        : std::string(NumberWidth, ' ');
             line += isExpansion(record) ? '+' : ' ';
-            line += placeText(place, hasPlace, row * kBytesInRow);
-            line += filled(rowText(bytes, row), 3 * kBytesInRow + 1);
-            line += filled(row == 0 ? cycles : "", kCyclesWidth + 1);
-            if (row == 0)
+            line += placeText(place, hasPlace, row * BytesInRow);
+            line += filled(rowText(bytes, row), 3 * BytesInRow + 1);
+            line += filled(row == 0 ? cycles : "", CyclesWidth + 1);
+            if (row == 0) {
                 line += sourceText(record.text);
+            }
             addTrimmed(line);
         }
-        if (rows > kMostRows)
-            addTrimmed(std::string(kNumberWidth + 1, ' ') + "... " + counted(bytes.size(), "byte"));
+        if (rows > MostRows) {
+            addTrimmed(std::string(NumberWidth + 1, ' ') + "... " + counted(bytes.size(), "byte"));
+        }
     }
 
     void addFileLine(const LineRecord& record) {
         const Origin& origin = m_assembly.origins[record.origin];
-        if (origin.kind != Origin::Kind::File || record.origin == m_file)
+        if (origin.kind != Origin::Kind::file || record.origin == m_file) {
             return;
+        }
         m_file = record.origin;
         m_text += "--- " + printable(origin.file);
-        if (origin.parent != kNoOrigin)
+        if (origin.parent != NoOrigin) {
             m_text += ", included at " + printable(m_assembly.origins[origin.parent].file) + ":" +
                       std::to_string(origin.callLine);
+        }
         m_text += '\n';
     }
 
@@ -124,29 +132,35 @@ private:
     Bytes bytesOf(std::size_t index) const {
         Bytes bytes;
         append(index, bytes);
-        if (m_showsExpansions)
+        if (m_showsExpansions) {
             return bytes;
-        for (std::size_t i = index + 1; i < m_records.size() && isExpansion(m_records[i]); ++i)
+        }
+        for (std::size_t i = index + 1; i < m_records.size() && isExpansion(m_records[i]); ++i) {
             append(i, bytes);
+        }
         return bytes;
     }
 
     /// The line whose bytes come first among those that bytesOf gives.
     const LineRecord& placeOf(std::size_t index) const {
-        if (m_records[index].size != 0 || m_showsExpansions)
+        if (m_records[index].size != 0 || m_showsExpansions) {
             return m_records[index];
-        for (std::size_t i = index + 1; i < m_records.size() && isExpansion(m_records[i]); ++i)
-            if (m_records[i].size != 0)
+        }
+        for (std::size_t i = index + 1; i < m_records.size() && isExpansion(m_records[i]); ++i) {
+            if (m_records[i].size != 0) {
                 return m_records[i];
+            }
+        }
         return m_records[index];
     }
 
     void append(std::size_t index, Bytes& bytes) const {
         forEachByte(m_records[index], [&](std::uint32_t bank, std::uint32_t offset) {
-            if (m_owners[bank][offset] == index)
+            if (m_owners[bank][offset] == index) {
                 bytes.emplace_back(m_assembly.image.bytes(bank)[offset]);
-            else
+            } else {
                 bytes.emplace_back();
+            }
         });
     }
 
@@ -154,24 +168,28 @@ private:
 
     /// True when the statement of the line is an instruction.
     bool isInstruction(const LineRecord& record) const {
-        if (record.size == 0 || record.size > 3)
+        if (record.size == 0 || record.size > 3) {
             return false;
+        }
         const char* p = skipBlanks(record.text);
         for (bool isFirst = p == record.text; startsName(p); isFirst = false) {
             const char* const end = wordEnd(p);
             const std::string_view word(p, static_cast<std::size_t>(end - p));
-            if (*end != ':' && findKeyword(word).kind == Keyword::Kind::Instruction)
+            if (*end != ':' && findKeyword(word).kind == Keyword::Kind::instruction) {
                 return true;
-            if (*end != ':' && !isFirst)
+            }
+            if (*end != ':' && !isFirst) {
                 return false;
+            }
             p = skipBlanks(*end == ':' ? end + 1 : end);
         }
         return false;
     }
 
     std::string placeText(const LineRecord& record, bool hasPlace, std::size_t behind) const {
-        if (!hasPlace)
+        if (!hasPlace) {
             return "          ";
+        }
         std::string text = padded(record.isRam ? "" : std::to_string(record.bank), 3) + ":";
         text +=
             hexText((record.address + static_cast<std::uint32_t>(behind)) & 0xFFFFU, 4).substr(1);
@@ -180,9 +198,10 @@ private:
 
     static std::string rowText(const Bytes& bytes, std::size_t row) {
         std::string text;
-        const std::size_t end = std::min(bytes.size(), (row + 1) * kBytesInRow);
-        for (std::size_t i = row * kBytesInRow; i < end; ++i)
+        const std::size_t end = std::min(bytes.size(), (row + 1) * BytesInRow);
+        for (std::size_t i = row * BytesInRow; i < end; ++i) {
             text += (bytes[i] ? hexText(*bytes[i], 2).substr(1) : "..") + " ";
+        }
         return text;
     }
 
@@ -191,17 +210,20 @@ private:
     }
 
     void addTrimmed(std::string line) {
-        while (!line.empty() && isBlank(line.back()))
+        while (!line.empty() && isBlank(line.back())) {
             line.pop_back();
+        }
         m_text += line += '\n';
     }
 
     void addSymbols() {
         const SymbolTable& symbols = m_assembly.symbols;
         std::vector<std::pair<std::string, SymbolId>> sorted;
-        for (SymbolId id = 1; id < symbols.size(); ++id)
-            if (symbols[id].isKnown)
+        for (SymbolId id = 1; id < symbols.size(); ++id) {
+            if (symbols[id].isKnown) {
                 sorted.emplace_back(shownName(id), id);
+            }
+        }
         std::sort(sorted.begin(), sorted.end());
         m_text += "\nSymbols: value, bank, uses, name, where it is defined\n";
         for (const auto& [name, id] : sorted) {
@@ -211,9 +233,10 @@ private:
             line +=
                 padded(symbol.isLabel && symbol.bank >= 0 ? std::to_string(symbol.bank) : "", 3);
             line += padded(std::to_string(symbol.uses), 6) + "  " + printable(name);
-            if (symbol.origin != kNoOrigin)
+            if (symbol.origin != NoOrigin) {
                 line += "  " + printable(m_assembly.origins[symbol.origin].file) + ":" +
                         std::to_string(symbol.line);
+            }
             m_text += line += '\n';
         }
     }
@@ -230,7 +253,7 @@ private:
     bool m_showsExpansions;
     /// For each byte of each bank the line that wrote it last; empty where nothing was written.
     std::vector<std::vector<std::uint32_t>> m_owners;
-    OriginId m_file = kNoOrigin;
+    OriginId m_file = NoOrigin;
     std::string m_text;
 };
 

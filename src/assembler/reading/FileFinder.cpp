@@ -23,15 +23,17 @@ std::string withSlashes(std::string_view name) {
 std::optional<std::string> matchingEntry(const std::string& folder, std::string_view name) {
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(
         opendir(folder.empty() ? "." : folder.c_str()), &closedir);
-    if (!listing)
+    if (!listing) {
         return std::nullopt;
+    }
     std::optional<std::string> match;
     bool several = false;
     // Each listing has its own stream, so no other thread's readdir is disturbed.
     while (const dirent* entry = readdir(listing.get())) { // NOLINT(concurrency-mt-unsafe)
         const std::string_view found(entry->d_name);
-        if (found == name)
+        if (found == name) {
             return std::string(name);
+        }
         if (equalsIgnoringCase(found, name)) {
             several = match.has_value();
             match = found;
@@ -47,20 +49,22 @@ std::optional<std::string> matchingPath(const std::string& path) {
         const std::size_t end = std::min(path.find('/', begin), path.size());
         const std::string part = path.substr(begin, end - begin);
         begin = end + 1;
-        if (part.empty())
+        if (part.empty()) {
             continue;
+        }
         if (part == "." || part == "..") {
             result = joinPath(result, part);
             continue;
         }
         if (const std::string exact = joinPath(result, part);
-            fileKind(exact) != FileKind::Missing) {
+            fileKind(exact) != FileKind::missing) {
             result = exact;
             continue;
         }
         const auto entry = matchingEntry(result, part);
-        if (!entry)
+        if (!entry) {
             return std::nullopt;
+        }
         result = joinPath(result, *entry);
     }
     return result;
@@ -70,11 +74,13 @@ std::optional<FileFinder::Found> firstOf(const std::vector<std::string>& paths, 
     std::optional<FileFinder::Found> other;
     for (const std::string& candidate : paths) {
         const auto path = ignoringCase ? matchingPath(candidate) : candidate;
-        const FileKind kind = path ? fileKind(*path) : FileKind::Missing;
-        if (kind == FileKind::Regular)
+        const FileKind kind = path ? fileKind(*path) : FileKind::missing;
+        if (kind == FileKind::regular) {
             return FileFinder::Found{*path, ignoringCase, true};
-        if (kind != FileKind::Missing && !other)
+        }
+        if (kind != FileKind::missing && !other) {
             other = FileFinder::Found{*path, ignoringCase, false};
+        }
     }
     return other;
 }
@@ -83,14 +89,15 @@ std::optional<FileFinder::Found> firstOf(const std::vector<std::string>& paths, 
 
 FileFinder::FileFinder(std::vector<std::string> includeFolders, std::string_view includeList)
     : m_includeFolders(std::move(includeFolders)) {
-    if (fileKind(std::string(includeList)) == FileKind::Folder) {
+    if (fileKind(std::string(includeList)) == FileKind::folder) {
         m_environmentFolders.emplace_back(includeList);
         return;
     }
     while (!includeList.empty()) {
         const std::size_t end = std::min(includeList.find(':'), includeList.size());
-        if (end != 0)
+        if (end != 0) {
             m_environmentFolders.emplace_back(includeList.substr(0, end));
+        }
         includeList.remove_prefix(std::min(end + 1, includeList.size()));
     }
 }
@@ -99,8 +106,9 @@ std::optional<FileFinder::Found> FileFinder::findInput(const std::string& name) 
     const bool isBare = name.find('/') == std::string::npos;
     std::vector<std::string> paths;
     if (isBare) {
-        for (const std::string& folder : m_environmentFolders)
+        for (const std::string& folder : m_environmentFolders) {
             paths.push_back(joinPath(folder, name));
+        }
         paths.push_back(name);
     } else {
         paths = candidates(withSlashes(name), {});
@@ -111,8 +119,9 @@ std::optional<FileFinder::Found> FileFinder::findInput(const std::string& name) 
     for (const bool ignoringCase : {false, true}) {
         for (std::size_t i = 0; i < paths.size(); ++i) {
             auto found = firstOf({paths[i]}, ignoringCase);
-            if (!found || !found->isRegular)
+            if (!found || !found->isRegular) {
                 continue;
+            }
             m_searchesCurrentFolder = i < firstOfEnvironment || i >= endOfEnvironment;
             return found;
         }
@@ -123,19 +132,23 @@ std::optional<FileFinder::Found> FileFinder::findInput(const std::string& name) 
 std::optional<FileFinder::Found>
 FileFinder::find(std::string_view name, const std::string& includingFolder, bool isSource) const {
     const std::string path = withSlashes(name);
-    if (path.empty() || path.find('\0') != std::string::npos)
+    if (path.empty() || path.find('\0') != std::string::npos) {
         return std::nullopt;
+    }
     std::vector<std::vector<std::string>> searches{candidates(path, includingFolder)};
-    if (isSource)
+    if (isSource) {
         searches.push_back(candidates(path + ".asm", includingFolder));
+    }
     std::optional<Found> other;
     for (const bool ignoringCase : {false, true}) {
         for (const auto& paths : searches) {
             auto found = firstOf(paths, ignoringCase);
-            if (found && found->isRegular)
+            if (found && found->isRegular) {
                 return found;
-            if (!other)
+            }
+            if (!other) {
                 other = std::move(found);
+            }
         }
     }
     return other;
@@ -143,20 +156,26 @@ FileFinder::find(std::string_view name, const std::string& includingFolder, bool
 
 std::vector<std::string> FileFinder::candidates(const std::string& name,
                                                 const std::string& folder) const {
-    if (name.starts_with('/'))
+    if (name.starts_with('/')) {
         return {name};
+    }
     std::vector<std::string> paths;
-    if (m_searchesCurrentFolder)
+    if (m_searchesCurrentFolder) {
         paths.push_back(name);
-    for (const std::string& place : m_includeFolders)
+    }
+    for (const std::string& place : m_includeFolders) {
         paths.push_back(joinPath(place, name));
-    for (const std::string& place : m_environmentFolders)
+    }
+    for (const std::string& place : m_environmentFolders) {
         paths.push_back(joinPath(place, name));
-    if (!folder.empty())
+    }
+    if (!folder.empty()) {
         paths.push_back(joinPath(folder, name));
+    }
     const std::string bareName = name.substr(name.rfind('/') + 1);
-    for (const std::string& place : m_environmentFolders)
+    for (const std::string& place : m_environmentFolders) {
         paths.push_back(joinPath(place, bareName));
+    }
     return paths;
 }
 

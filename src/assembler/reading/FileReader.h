@@ -26,7 +26,7 @@ struct FileContents {
     std::string_view view() const { return {bytes.get(), size}; }
 };
 
-enum class FileKind { Missing, Regular, Folder, Other };
+enum class FileKind { missing, regular, folder, other };
 
 /// What lies at `path`, links followed.
 FileKind fileKind(const std::string& path);
@@ -63,7 +63,7 @@ private:
 };
 
 /// Files above this size are refused: no source or data of an NES game comes near it.
-inline constexpr std::size_t kLargestFile = std::size_t{256} << 20U;
+inline constexpr std::size_t LargestFile = std::size_t{256} << 20U;
 
 /// Reads the whole of the regular file at `path`. Returns "" or why it could not be read, as
 /// DataFile::open does.

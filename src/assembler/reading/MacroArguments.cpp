@@ -11,18 +11,20 @@ namespace nesasm {
 namespace {
 
 /// No line of a macro may grow beyond this.
-constexpr std::size_t kLongestLine = std::size_t{1} << 20U;
+constexpr std::size_t LongestLine = std::size_t{1} << 20U;
 
 /// The end of the argument at `p`: a comma outside of brackets and quotes, or the statement's end.
 const char* argumentEnd(const char* p) {
     int depth = 0;
     while (!endsStatement(*p)) {
-        if (*p == ',' && depth <= 0)
+        if (*p == ',' && depth <= 0) {
             break;
-        if (*p == '(' || *p == '[')
+        }
+        if (*p == '(' || *p == '[') {
             ++depth;
-        else if (*p == ')' || *p == ']')
+        } else if (*p == ')' || *p == ']') {
             --depth;
+        }
         p = skipQuoted(p);
     }
     return p;
@@ -30,26 +32,31 @@ const char* argumentEnd(const char* p) {
 
 /// When `p` is at ", x" or ", y" and nothing else comes before the next comma: the place behind it.
 const char* behindIndex(const char* p) {
-    if (*p != ',')
+    if (*p != ',') {
         return p;
+    }
     const char* const letter = skipBlanks(p + 1);
-    if (lowered(*letter) != 'x' && lowered(*letter) != 'y')
+    if (lowered(*letter) != 'x' && lowered(*letter) != 'y') {
         return p;
+    }
     const char* const behind = skipBlanks(letter + 1);
     return *behind == ',' || endsStatement(*behind) ? behind : p;
 }
 
 std::string_view trimmed(const char* begin, const char* end) {
-    while (begin < end && isBlank(*begin))
+    while (begin < end && isBlank(*begin)) {
         ++begin;
-    while (end > begin && isBlank(end[-1]))
+    }
+    while (end > begin && isBlank(end[-1])) {
         --end;
+    }
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
 bool isName(std::string_view text) {
-    if (text.starts_with('.') ? text.size() == 1 : text.empty() || !isWordStart(text[0]))
+    if (text.starts_with('.') ? text.size() == 1 : text.empty() || !isWordStart(text[0])) {
         return false;
+    }
     return std::all_of(text.begin(), text.end(), isWordPart);
 }
 
@@ -60,28 +67,35 @@ bool isIndirect(std::string_view text) {
     std::size_t close = 0;
     for (; close < text.size(); ++close) {
         depth += text[close] == '(' ? 1 : text[close] == ')' ? -1 : 0;
-        if (depth == 0)
+        if (depth == 0) {
             break;
+        }
     }
     std::string behind;
-    for (const char c : text.substr(std::min(close + 1, text.size())))
-        if (!isBlank(c))
+    for (const char c : text.substr(std::min(close + 1, text.size()))) {
+        if (!isBlank(c)) {
             behind += lowered(c);
+        }
+    }
     return behind.empty() || behind == ",y";
 }
 
 } // namespace
 
 const char* skipQuoted(const char* p) {
-    if (*p == '\'' && !isLineEnd(p[1]) && p[2] == '\'')
+    if (*p == '\'' && !isLineEnd(p[1]) && p[2] == '\'') {
         return p + 3;
-    if (*p != '"')
+    }
+    if (*p != '"') {
         return p + 1;
+    }
     for (++p; !isLineEnd(*p); ++p) {
-        if (*p == '"')
+        if (*p == '"') {
             return p + 1;
-        if (*p == '\\' && p[1] == '"')
+        }
+        if (*p == '\\' && p[1] == '"') {
             ++p;
+        }
     }
     return p;
 }
@@ -89,21 +103,25 @@ const char* skipQuoted(const char* p) {
 bool MacroArguments::read(const char*& p) {
     m_count = 0;
     p = skipBlanks(p);
-    if (endsStatement(*p))
+    if (endsStatement(*p)) {
         return true;
+    }
     for (;;) {
         const char* const begin = p;
         p = argumentEnd(p);
-        if (!trimmed(begin, p).empty())
-            for (const char* behind = behindIndex(p); behind != p; behind = behindIndex(p))
+        if (!trimmed(begin, p).empty()) {
+            for (const char* behind = behindIndex(p); behind != p; behind = behindIndex(p)) {
                 p = behind;
-        if (m_count == kLargestCount) {
+            }
+        }
+        if (m_count == LargestCount) {
             p = skipBlanks(begin);
             return false;
         }
         m_texts[m_count++] = trimmed(begin, p);
-        if (*p != ',')
+        if (*p != ',') {
             return true;
+        }
         ++p;
     }
 }
@@ -113,11 +131,13 @@ std::string_view MacroArguments::operator[](std::size_t number) const {
 }
 
 unsigned kindOfArgument(std::string_view text) {
-    if (text.empty())
+    if (text.empty()) {
         return 0;
+    }
     if (text.size() == 1 &&
-        (lowered(text[0]) == 'a' || lowered(text[0]) == 'x' || lowered(text[0]) == 'y'))
+        (lowered(text[0]) == 'a' || lowered(text[0]) == 'x' || lowered(text[0]) == 'y')) {
         return 1;
+    }
     switch (text[0]) {
     case '#':
         return 2;
@@ -138,8 +158,9 @@ bool expandLine(std::string_view line, const MacroArguments& arguments, std::uin
         const std::size_t mark = std::min(line.find('\\'), line.size());
         out.append(line.substr(0, mark));
         line.remove_prefix(mark);
-        if (line.empty())
+        if (line.empty()) {
             break;
+        }
         const char second = line.size() > 1 ? line[1] : '\n';
         const char third = line.size() > 2 ? line[2] : '\n';
         std::size_t used = 2;
@@ -158,8 +179,9 @@ bool expandLine(std::string_view line, const MacroArguments& arguments, std::uin
             used = 1;
         }
         line.remove_prefix(used);
-        if (out.size() > kLongestLine)
+        if (out.size() > LongestLine) {
             return false;
+        }
     }
     return true;
 }

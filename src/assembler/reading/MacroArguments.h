@@ -12,7 +12,7 @@ namespace nesasm {
 /// The arguments of one macro call, as views into its line.
 class MacroArguments {
 public:
-    static constexpr std::size_t kLargestCount = 9;
+    static constexpr std::size_t LargestCount = 9;
 
     /// Splits the text from `p` to the end of the statement. False when there are more than nine
     /// arguments; `p` is then at the tenth.
@@ -23,7 +23,7 @@ public:
     std::string_view operator[](std::size_t number) const;
 
 private:
-    std::array<std::string_view, kLargestCount> m_texts;
+    std::array<std::string_view, LargestCount> m_texts;
     std::size_t m_count = 0;
 };
 

@@ -12,14 +12,14 @@ class SourceFile;
 
 /// One file that was entered, one macro that was expanded or one repetition.
 struct Origin {
-    enum class Kind : std::uint8_t { File, Macro, Repeat };
+    enum class Kind : std::uint8_t { file, macro, repeat };
 
-    Kind kind = Kind::File;
+    Kind kind = Kind::file;
     bool kept = false;     ///< a stored position refers to it
     bool reported = false; ///< an error in this macro expansion has been shown
     std::string_view file; ///< the file that the lines come from, as the source named it
     std::string_view macro;
-    OriginId parent = kNoOrigin;
+    OriginId parent = NoOrigin;
     std::uint32_t callLine = 0;         ///< in the parent
     const SourceFile* source = nullptr; ///< the same file
 };
@@ -36,8 +36,9 @@ public:
 
     /// Forgets an origin that has ended, when nothing refers to it.
     void release(OriginId id) {
-        if (id + 1 == m_origins.size() && !m_origins[id].kept)
+        if (id + 1 == m_origins.size() && !m_origins[id].kept) {
             m_origins.pop_back();
+        }
     }
 
 private:

@@ -10,13 +10,14 @@ namespace nesasm {
 namespace {
 
 /// What a line counts for beyond its bytes.
-constexpr std::uint64_t kWorkOfLine = 100;
+constexpr std::uint64_t WorkOfLine = 100;
 
 } // namespace
 
 Frame& SourceStack::push(Origin::Kind kind, const Passage& passage, OriginId origin) {
-    if (m_depth == m_frames.size())
+    if (m_depth == m_frames.size()) {
         m_frames.push_back(std::make_unique<Frame>());
+    }
     Frame& frame = *m_frames[m_depth++];
     frame.kind = kind;
     frame.passage = passage;
@@ -24,7 +25,7 @@ Frame& SourceStack::push(Origin::Kind kind, const Passage& passage, OriginId ori
     frame.line = passage.firstLine - 1;
     frame.origin = origin;
     frame.repetitions = 0;
-    frame.countsAsWork = kind != Origin::Kind::File;
+    frame.countsAsWork = kind != Origin::Kind::file;
     frame.label = 0;
     return frame;
 }
@@ -33,8 +34,9 @@ SourceStack::Next SourceStack::next(Line& line) {
     Frame& frame = top();
     const std::string_view text = frame.passage.text;
     if (frame.cursor == text.data() + text.size()) {
-        if (frame.repetitions == 0 || text.empty())
-            return Next::EndOfFrame;
+        if (frame.repetitions == 0 || text.empty()) {
+            return Next::endOfFrame;
+        }
         --frame.repetitions;
         frame.cursor = text.data();
         frame.line = frame.passage.firstLine - 1;
@@ -49,18 +51,21 @@ SourceStack::Next SourceStack::next(Line& line) {
         end = lineEnd(begin);
     }
     frame.cursor = end;
-    if (end < textEnd)
+    if (end < textEnd) {
         frame.cursor += end[0] == '\r' && end + 1 < textEnd && end[1] == '\n' ? 2 : 1;
+    }
     line = {begin, ++frame.line, frame.origin, ++m_order, false};
     const std::string_view content(begin, static_cast<std::size_t>(end - begin));
     if (frame.countsAsWork) {
-        m_work += content.size() + kWorkOfLine;
-        if (m_work > m_mostWork)
-            return Next::TooMuch;
+        m_work += content.size() + WorkOfLine;
+        if (m_work > m_mostWork) {
+            return Next::tooMuch;
+        }
     }
-    if (frame.kind == Origin::Kind::Macro && content.find('\\') != std::string_view::npos)
+    if (frame.kind == Origin::Kind::macro && content.find('\\') != std::string_view::npos) {
         return expand(frame, content, line);
-    return Next::Line;
+    }
+    return Next::line;
 }
 
 SourceStack::Next SourceStack::expand(Frame& frame, std::string_view text, Line& line) {
@@ -70,7 +75,7 @@ SourceStack::Next SourceStack::expand(Frame& frame, std::string_view text, Line&
     frame.buffer += '\n';
     line.begin = frame.buffer.data();
     line.isShortLived = true;
-    return fits ? Next::Line : Next::TooLong;
+    return fits ? Next::line : Next::tooLong;
 }
 
 } // namespace nesasm

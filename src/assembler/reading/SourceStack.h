@@ -27,18 +27,18 @@ struct Passage {
 struct Line {
     const char* begin = nullptr;
     std::uint32_t number = 0;
-    OriginId origin = kNoOrigin;
+    OriginId origin = NoOrigin;
     std::uint32_t order = 0;
     bool isShortLived = false; ///< the text is overwritten by the next line
 };
 
 /// A passage that is being read.
 struct Frame {
-    Origin::Kind kind = Origin::Kind::File;
+    Origin::Kind kind = Origin::Kind::file;
     Passage passage;
     const char* cursor = nullptr;
     std::uint32_t line = 0; ///< number of the line that was read last
-    OriginId origin = kNoOrigin;
+    OriginId origin = NoOrigin;
     std::uint32_t repetitions = 0; ///< still to come
     bool countsAsWork = false;
     MacroArguments arguments;
@@ -52,7 +52,7 @@ struct Frame {
 /// The files, macros and repetitions that are being read, one inside the other.
 class SourceStack {
 public:
-    enum class Next : std::uint8_t { Line, EndOfFrame, TooLong, TooMuch };
+    enum class Next : std::uint8_t { line, endOfFrame, tooLong, tooMuch };
 
     /// `mostWork`: see Options.
     explicit SourceStack(std::uint64_t mostWork)

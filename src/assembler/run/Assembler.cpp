@@ -19,12 +19,13 @@ Assembler::~Assembler() = default;
 
 Assembler::Result Assembler::run() {
     StatementAssembler statements(*m_assembly);
-    for (const auto& [name, value] : m_options.definitions)
+    for (const auto& [name, value] : m_options.definitions) {
         statements.predefine(name, value);
+    }
     if (const std::string problem = statements.openInput(m_options.input); !problem.empty()) {
         m_sink(printable("error: the input '" + m_options.input + "' cannot be read: " + problem) +
                "\n");
-        return Result::Unreadable;
+        return Result::unreadable;
     }
     statements.run();
     m_assembly->image.finish();
@@ -34,15 +35,16 @@ Assembler::Result Assembler::run() {
         checkHeader();
     }
     m_assembly->diagnostics.finish();
-    return m_assembly->diagnostics.errorCount() == 0 ? Result::Built : Result::Errors;
+    return m_assembly->diagnostics.errorCount() == 0 ? Result::built : Result::errors;
 }
 
 void Assembler::checkHeader() {
     const Header& header = m_assembly->image.header;
     const std::uint32_t announced = header.prg * 2 + header.chr;
     const std::uint32_t present = m_assembly->image.bankCount();
-    if (m_assembly->diagnostics.errorCount() != 0)
+    if (m_assembly->diagnostics.errorCount() != 0) {
         return;
+    }
     if (announced == present) {
         checkVectors();
         return;
@@ -50,14 +52,14 @@ void Assembler::checkHeader() {
     const Position& place = m_assembly->headerPosition;
     if (place.order == 0) {
         m_assembly->diagnostics.warning(
-            Warning::UnusedBankGap, place,
+            Warning::unusedBankGap, place,
             "the header announces no banks, but the file holds " + counted(present, "bank") +
                 " of 8 KiB; .inesprg (program, 16 KiB each) and .ineschr (tiles, 8 KiB each) "
                 "belong at the start of the source");
         return;
     }
     m_assembly->diagnostics.warning(
-        Warning::UnusedBankGap, place,
+        Warning::unusedBankGap, place,
         "the header announces " + counted(announced, "bank") + " of 8 KiB (.inesprg " +
             std::to_string(header.prg) + ", .ineschr " + std::to_string(header.chr) +
             "), but the file holds " + std::to_string(present) +
@@ -68,11 +70,12 @@ void Assembler::checkHeader() {
 /// A program whose last bank is empty has no vectors: they went into another bank.
 void Assembler::checkVectors() {
     const std::uint32_t prgBanks = m_assembly->image.header.prg * 2;
-    if (prgBanks == 0 || m_assembly->image.bytesWritten(prgBanks - 1) != 0)
+    if (prgBanks == 0 || m_assembly->image.bytesWritten(prgBanks - 1) != 0) {
         return;
+    }
     const std::string last = std::to_string(prgBanks - 1);
     m_assembly->diagnostics.warning(
-        Warning::UnusedBankGap, m_assembly->headerPosition,
+        Warning::unusedBankGap, m_assembly->headerPosition,
         "nothing was written in bank " + last +
             ", the last of the program, where the vectors belong: .org never changes the bank; is "
             "a .bank " +

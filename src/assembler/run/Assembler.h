@@ -18,9 +18,9 @@ struct Assembly;
 class Assembler {
 public:
     enum class Result {
-        Built,
-        Errors,    ///< the source has errors; they have been shown
-        Unreadable ///< the input cannot be read; that has been shown
+        built,
+        errors,    ///< the source has errors; they have been shown
+        unreadable ///< the input cannot be read; that has been shown
     };
 
     /// Messages go to `sink`, which must stay usable while run() runs.

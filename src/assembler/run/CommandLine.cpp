@@ -19,24 +19,27 @@ namespace {
 std::optional<std::int64_t> numberOf(std::string_view text, int base) {
     std::int64_t value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
-    if (text.empty() || error != std::errc() || end != text.data() + text.size())
+    if (text.empty() || error != std::errc() || end != text.data() + text.size()) {
         return std::nullopt;
+    }
     return value;
 }
 
 /// A value of -D: decimal, $ hexadecimal or % binary, with a sign or without.
 std::optional<std::int32_t> valueOf(std::string_view text) {
     const bool isNegative = text.starts_with('-');
-    if (isNegative)
+    if (isNegative) {
         text.remove_prefix(1);
+    }
     int base = 10;
     if (text.starts_with('$') || text.starts_with('%')) {
         base = text[0] == '$' ? 16 : 2;
         text.remove_prefix(1);
     }
     const auto value = numberOf(text, base);
-    if (!value || *value < 0 || *value > 0xFFFFFFFF)
+    if (!value || *value < 0 || *value > 0xFFFFFFFF) {
         return std::nullopt;
+    }
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(isNegative ? -*value : *value));
 }
 
@@ -50,15 +53,18 @@ std::string addDefinition(std::string_view text, Options& options) {
     const std::string_view name = text.substr(0, sign);
     const auto value =
         sign == text.size() ? std::optional<std::int32_t>(1) : valueOf(text.substr(sign + 1));
-    if (!isSymbolName(name))
+    if (!isSymbolName(name)) {
         return "-D needs the name of a symbol, not " + quoted(name);
-    if (!value)
+    }
+    if (!value) {
         return "-D " + std::string(name) + " needs a number behind the =, as in $20, not " +
                quoted(text.substr(sign + 1));
+    }
     const bool isTaken = std::any_of(options.definitions.begin(), options.definitions.end(),
                                      [&](const auto& known) { return known.first == name; });
-    if (isTaken)
+    if (isTaken) {
         return "-D gives " + quoted(name) + " a value twice";
+    }
     options.definitions.emplace_back(name, *value);
     return {};
 }
@@ -70,80 +76,93 @@ public:
         : m_line(line) {}
 
     static bool knows(std::string_view name) {
-        return std::find(kNames.begin(), kNames.end(), name) != kNames.end();
+        return std::find(Names.begin(), Names.end(), name) != Names.end();
     }
     /// What to say of an option that there is not.
     static std::string unknown(std::string_view option) {
         NearNames near(option.substr(0, option.find('=')));
-        for (const std::string_view name : kNames)
+        for (const std::string_view name : Names) {
             near.consider(name);
-        for (const std::string_view name : {"--help", "--version", "--expand-macros", "-v"})
+        }
+        for (const std::string_view name : {"--help", "--version", "--expand-macros", "-v"}) {
             near.consider(name);
+        }
         return "there is no option " + quoted(option) + near.question();
     }
 
     std::string apply(std::string_view name, std::string_view value) {
-        if (name == "-D")
+        if (name == "-D") {
             return addDefinition(value, m_line.options);
-        if (value.empty())
+        }
+        if (value.empty()) {
             return std::string(name) + " needs a value";
-        if (name == "--input" || name == "--output")
+        }
+        if (name == "--input" || name == "--output") {
             return setOnce(name, name == "--input" ? m_line.options.input : m_line.output, value);
+        }
         if (name == "-I") {
             m_line.options.includeFolders.emplace_back(value);
             return {};
         }
-        if (name == "--listing")
+        if (name == "--listing") {
             return setOnce(name, m_line.listing, value);
-        if (name == "--labels")
+        }
+        if (name == "--labels") {
             return addLabels(value);
-        if (name == "-W")
+        }
+        if (name == "-W") {
             return m_line.options.warnings.apply(value);
+        }
         return name == "--color" ? setColours(value) : setLimit(value);
     }
 
 private:
-    static constexpr std::array<std::string_view, 9> kNames{"--input", "--output",  "-I",
-                                                            "-D",      "-W",        "--max-errors",
-                                                            "--color", "--listing", "--labels"};
+    static constexpr std::array<std::string_view, 9> Names{"--input", "--output",  "-I",
+                                                           "-D",      "-W",        "--max-errors",
+                                                           "--color", "--listing", "--labels"};
 
     static std::string setOnce(std::string_view name, std::string& target, std::string_view value) {
-        if (!target.empty())
+        if (!target.empty()) {
             return std::string(name) + " is given twice";
+        }
         target = value;
         return {};
     }
     std::string addLabels(std::string_view value) {
         using Labels = CommandLine::Labels;
         Labels format{};
-        if (value == "mlb")
-            format = Labels::Mlb;
-        else if (value == "nl")
-            format = Labels::Nl;
-        else if (value == "dbg")
-            format = Labels::Dbg;
-        else
+        if (value == "mlb") {
+            format = Labels::mlb;
+        } else if (value == "nl") {
+            format = Labels::nl;
+        } else if (value == "dbg") {
+            format = Labels::dbg;
+        } else {
             return "--labels takes mlb, nl or dbg, not " + quoted(value);
+        }
         std::vector<Labels>& labels = m_line.labels;
-        if (std::find(labels.begin(), labels.end(), format) == labels.end())
+        if (std::find(labels.begin(), labels.end(), format) == labels.end()) {
             labels.push_back(format);
+        }
         return {};
     }
     std::string setColours(std::string_view value) {
-        if (value == "auto")
-            m_line.colours = CommandLine::Colours::Auto;
-        else if (value == "always")
-            m_line.colours = CommandLine::Colours::Always;
-        else if (value == "never")
-            m_line.colours = CommandLine::Colours::Never;
-        else
+        if (value == "auto") {
+            m_line.colours = CommandLine::Colours::automatic;
+        } else if (value == "always") {
+            m_line.colours = CommandLine::Colours::always;
+        } else if (value == "never") {
+            m_line.colours = CommandLine::Colours::never;
+        } else {
             return "--color takes auto, always or never, not " + quoted(value);
+        }
         return {};
     }
     std::string setLimit(std::string_view value) {
         const auto limit = numberOf(value, 10);
-        if (!limit || *limit < 0)
+        if (!limit || *limit < 0) {
             return "--max-errors takes a number, 0 for no limit, not " + quoted(value);
+        }
         m_line.options.largestErrorCount = static_cast<std::size_t>(*limit);
         return {};
     }
@@ -157,7 +176,7 @@ std::string readArgument(std::span<const std::string_view>& arguments, CommandLi
     const std::string_view argument = arguments.front();
     arguments = arguments.subspan(1);
     if (argument == "--help" || argument == "--version") {
-        line.wish = argument == "--help" ? CommandLine::Wish::Help : CommandLine::Wish::Version;
+        line.wish = argument == "--help" ? CommandLine::Wish::help : CommandLine::Wish::version;
         return {};
     }
     if (argument == "-v" || argument == "--expand-macros") {
@@ -172,11 +191,13 @@ std::string readArgument(std::span<const std::string_view>& arguments, CommandLi
         value = name.substr(name.starts_with("--") ? length + 1 : length);
         name = name.substr(0, length);
     }
-    if (!ValuedOptions::knows(name))
+    if (!ValuedOptions::knows(name)) {
         return ValuedOptions::unknown(argument);
+    }
     if (!value) {
-        if (arguments.empty())
+        if (arguments.empty()) {
             return std::string(name) + " needs a value";
+        }
         value = arguments.front();
         arguments = arguments.subspan(1);
     }
@@ -187,23 +208,27 @@ std::string readArgument(std::span<const std::string_view>& arguments, CommandLi
 
 std::string readCommandLine(std::span<const std::string_view> arguments, CommandLine& line) {
     ValuedOptions options(line);
-    line.wish = CommandLine::Wish::Assemble;
+    line.wish = CommandLine::Wish::assemble;
     // What is behind a mistake is read too: the output should be known.
     std::string problem;
-    while (!arguments.empty() && line.wish == CommandLine::Wish::Assemble) {
+    while (!arguments.empty() && line.wish == CommandLine::Wish::assemble) {
         std::string another = readArgument(arguments, line, options);
-        if (problem.empty())
+        if (problem.empty()) {
             problem = std::move(another);
+        }
     }
-    if (!problem.empty() || line.wish != CommandLine::Wish::Assemble)
+    if (!problem.empty() || line.wish != CommandLine::Wish::assemble) {
         return problem;
+    }
     line.options.recordsLines =
         !line.listing.empty() || std::find(line.labels.begin(), line.labels.end(),
-                                           CommandLine::Labels::Dbg) != line.labels.end();
-    if (line.options.input.empty())
+                                           CommandLine::Labels::dbg) != line.labels.end();
+    if (line.options.input.empty()) {
         return "the file to assemble is missing: --input FILE";
-    if (line.output.empty())
+    }
+    if (line.output.empty()) {
         return "the image to write is missing: --output FILE";
+    }
     return {};
 }
 
@@ -231,9 +256,9 @@ Exit status: 0 built, 1 the source has errors, 2 wrong usage or a file that cann
 
 Warnings:
 )";
-    constexpr std::size_t kNameWidth = 24;
-    for (const WarningRow& row : warningTable) {
-        text.append("  ").append(row.name).append(kNameWidth - row.name.size(), ' ');
+    constexpr std::size_t NameWidth = 24;
+    for (const WarningRow& row : WarningTable) {
+        text.append("  ").append(row.name).append(NameWidth - row.name.size(), ' ');
         text.append(row.text).append(row.onByDefault ? "\n" : " (off by default)\n");
     }
     return text;

@@ -12,18 +12,18 @@ namespace nesasm {
 
 /// What the command line asks for.
 struct CommandLine {
-    enum class Wish { Assemble, Help, Version };
-    enum class Colours { Auto, Always, Never };
-    enum class Labels { Mlb, Nl, Dbg };
+    enum class Wish { assemble, help, version };
+    enum class Colours { automatic, always, never };
+    enum class Labels { mlb, nl, dbg };
 
-    Wish wish = Wish::Assemble;
+    Wish wish = Wish::assemble;
     Options options; ///< all but includeList and colours, which depend on the surroundings
     std::string output;
     std::vector<Labels> labels; ///< the formats, each once
     std::string listing;        ///< "" for none
     bool listsExpansions = false;
     bool isVerbose = false;
-    Colours colours = Colours::Auto;
+    Colours colours = Colours::automatic;
 };
 
 /// Reads the arguments behind the program's name. Returns "" or what is wrong first, as a sentence;

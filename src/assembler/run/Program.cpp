@@ -15,12 +15,13 @@ namespace nesasm {
 
 namespace {
 
-constexpr std::string_view kVersionLine = "NESasm " KESTREL_VERSION "\n";
+constexpr std::string_view VersionLine = "NESasm " KESTREL_VERSION "\n";
 
 bool wantsColours(CommandLine::Colours colours, const Surroundings& surroundings) {
-    if (!surroundings.isTerminal || colours == CommandLine::Colours::Never)
+    if (!surroundings.isTerminal || colours == CommandLine::Colours::never) {
         return false;
-    return colours == CommandLine::Colours::Always || !surroundings.refusesColours;
+    }
+    return colours == CommandLine::Colours::always || !surroundings.refusesColours;
 }
 
 std::string unwritable(const std::string& path, const std::string& problem) {
@@ -30,8 +31,9 @@ std::string unwritable(const std::string& path, const std::string& problem) {
 /// Says so and returns false when `path` is one of the files read.
 bool isFree(const std::string& path, const Assembler& assembler, const TextSink& sink) {
     FileIdentity identity;
-    if (!identify(path, identity) || !assembler.hasRead(identity))
+    if (!identify(path, identity) || !assembler.hasRead(identity)) {
         return true;
+    }
     sink(printable("error: the output '" + path +
                    "' is one of the files that are read: it is left alone") +
          "\n");
@@ -56,39 +58,43 @@ bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const T
 int build(const CommandLine& line, const TextSink& sink) {
     Assembler assembler(line.options, sink);
     const Assembler::Result result = assembler.run();
-    if (!isFree(line.output, assembler, sink))
-        return kWrongUse;
-    if (result != Assembler::Result::Built) {
+    if (!isFree(line.output, assembler, sink)) {
+        return WrongUse;
+    }
+    if (result != Assembler::Result::built) {
         removeOldImage(line.output);
-        return result == Assembler::Result::Errors ? kSourceErrors : kWrongUse;
+        return result == Assembler::Result::errors ? SourceErrors : WrongUse;
     }
     if (!writeSideFiles(line, assembler, sink)) {
         removeOldImage(line.output);
-        return kWrongUse;
+        return WrongUse;
     }
     if (const std::string problem = writeImageFile(line.output, imageFile(assembler.image()));
         !problem.empty()) {
         removeOldImage(line.output);
         sink(unwritable(line.output, problem));
-        return kWrongUse;
+        return WrongUse;
     }
     sink(summaryLine(line.output, assembler.image()));
-    if (line.isVerbose)
+    if (line.isVerbose) {
         sink(bankLines(assembler.image()));
-    return kBuilt;
+    }
+    return Built;
 }
 
 /// Removes an older image at the output of a call that is refused, unless the call would read it.
 void removeRefusedImage(const CommandLine& line) {
-    if (line.output.empty())
+    if (line.output.empty()) {
         return;
+    }
     if (!line.options.input.empty()) {
         // Only the sources tell which files are read; what they say does not matter here.
         Assembler assembler(line.options, [](std::string_view) {});
         assembler.run();
         FileIdentity identity;
-        if (identify(line.output, identity) && assembler.hasRead(identity))
+        if (identify(line.output, identity) && assembler.hasRead(identity)) {
             return;
+        }
     }
     removeOldImage(line.output);
 }
@@ -96,17 +102,18 @@ void removeRefusedImage(const CommandLine& line) {
 int refuse(const CommandLine& line, const std::string& problem, const TextSink& sink) {
     sink(printable("error: " + problem) + "\nNESasm --help lists the options.\n");
     removeRefusedImage(line);
-    return kWrongUse;
+    return WrongUse;
 }
 
 int buildOrRefuse(const CommandLine& line, const std::string& problem, const TextSink& sink) {
     try {
         return problem.empty() ? build(line, sink) : refuse(line, problem, sink);
     } catch (const std::bad_alloc&) {
-        if (problem.empty())
+        if (problem.empty()) {
             removeOldImage(line.output);
+        }
         sink("error: there is not enough memory for this program\n");
-        return kWrongUse;
+        return WrongUse;
     }
 }
 
@@ -116,11 +123,12 @@ int runProgram(std::span<const std::string_view> arguments, const Surroundings& 
                const TextSink& sink) {
     CommandLine line;
     std::string problem = readCommandLine(arguments, line);
-    if (problem.empty() && line.wish == CommandLine::Wish::Assemble)
+    if (problem.empty() && line.wish == CommandLine::Wish::assemble) {
         problem = sharedOutput(line);
-    if (problem.empty() && line.wish != CommandLine::Wish::Assemble) {
-        sink(line.wish == CommandLine::Wish::Help ? helpText() : std::string(kVersionLine));
-        return kBuilt;
+    }
+    if (problem.empty() && line.wish != CommandLine::Wish::assemble) {
+        sink(line.wish == CommandLine::Wish::help ? helpText() : std::string(VersionLine));
+        return Built;
     }
     line.options.includeList = surroundings.includeList;
     line.options.colours = wantsColours(line.colours, surroundings);

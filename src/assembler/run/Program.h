@@ -16,9 +16,9 @@ struct Surroundings {
 };
 
 /// The exit statuses of the program.
-inline constexpr int kBuilt = 0;
-inline constexpr int kSourceErrors = 1;
-inline constexpr int kWrongUse = 2;
+inline constexpr int Built = 0;
+inline constexpr int SourceErrors = 1;
+inline constexpr int WrongUse = 2;
 
 /// The whole program: reads the arguments behind its name, assembles, writes the image. What is
 /// meant for a person goes to `sink`. Returns the exit status.

@@ -17,7 +17,7 @@ namespace nesasm {
 namespace {
 
 /// PRG has no more banks of 16 KiB: the header counts them in one byte.
-constexpr std::uint32_t kMostNlBanks = 255;
+constexpr std::uint32_t MostNlBanks = 255;
 
 struct Output {
     std::string_view option;
@@ -26,18 +26,20 @@ struct Output {
 
 std::vector<Output> outputs(const CommandLine& line) {
     std::vector<Output> all{{"--output", line.output}};
-    if (!line.listing.empty())
+    if (!line.listing.empty()) {
         all.push_back({"--listing", line.listing});
+    }
     for (const CommandLine::Labels format : line.labels) {
         switch (format) {
-        case CommandLine::Labels::Mlb:
+        case CommandLine::Labels::mlb:
             all.push_back({"--labels mlb", withEnding(line.output, ".mlb")});
             break;
-        case CommandLine::Labels::Nl:
-            for (std::string& path : nlPaths(line.output, kMostNlBanks))
+        case CommandLine::Labels::nl:
+            for (std::string& path : nlPaths(line.output, MostNlBanks)) {
                 all.push_back({"--labels nl", std::move(path)});
+            }
             break;
-        case CommandLine::Labels::Dbg:
+        case CommandLine::Labels::dbg:
             all.push_back({"--labels dbg", withEnding(line.output, ".dbg")});
             break;
         }
@@ -48,14 +50,16 @@ std::vector<Output> outputs(const CommandLine& line) {
 } // namespace
 
 std::string sharedOutput(const CommandLine& line) {
-    if (line.listing.empty() && line.labels.empty())
+    if (line.listing.empty() && line.labels.empty()) {
         return {};
+    }
     std::map<std::string, std::string_view> known;
     for (const Output& each : outputs(line)) {
         const auto [other, isNew] = known.emplace(writtenPath(each.path), each.option);
-        if (!isNew)
+        if (!isNew) {
             return std::string(other->second) + " and " + std::string(each.option) +
                    " would both write the file '" + each.path + "'";
+        }
     }
     return {};
 }
@@ -64,21 +68,22 @@ std::vector<SideFile> sideFiles(const Assembly& assembly, const CommandLine& lin
     std::vector<SideFile> files;
     for (const CommandLine::Labels format : line.labels) {
         switch (format) {
-        case CommandLine::Labels::Mlb:
+        case CommandLine::Labels::mlb:
             files.push_back(mlbFile(assembly, line.output));
             break;
-        case CommandLine::Labels::Nl: {
+        case CommandLine::Labels::nl: {
             std::vector<SideFile> several = nlFiles(assembly, line.output);
             std::move(several.begin(), several.end(), std::back_inserter(files));
             break;
         }
-        case CommandLine::Labels::Dbg:
+        case CommandLine::Labels::dbg:
             files.push_back(dbgFile(assembly, line.output));
             break;
         }
     }
-    if (!line.listing.empty())
+    if (!line.listing.empty()) {
         files.push_back({line.listing, listingText(assembly, line.listsExpansions)});
+    }
     return files;
 }
 

@@ -11,16 +11,17 @@
 
 namespace {
 
-constexpr std::size_t kBufferSize = 1U << 16U;
+constexpr std::size_t BufferSize = 1U << 16U;
 
 /// Writes the text to the standard output and empties it; nobody can be told when that fails.
 void flush(std::string& text) {
     for (std::size_t done = 0; done < text.size();) {
         const ssize_t count = write(STDOUT_FILENO, text.data() + done, text.size() - done);
-        if (count > 0)
+        if (count > 0) {
             done += static_cast<std::size_t>(count);
-        else if (count == 0 || errno != EINTR)
+        } else if (count == 0 || errno != EINTR) {
             break;
+        }
     }
     text.clear();
 }
@@ -47,8 +48,9 @@ int main(int argumentCount, char** arguments) {
     std::string waiting;
     const int status = nesasm::runProgram(texts, surroundings, [&waiting](std::string_view text) {
         waiting += text;
-        if (waiting.size() >= kBufferSize)
+        if (waiting.size() >= BufferSize) {
             flush(waiting);
+        }
     });
     flush(waiting);
     return status;

@@ -10,7 +10,7 @@ namespace nesasm {
 
 namespace {
 
-constexpr std::size_t kLongestFinding = 24;
+constexpr std::size_t LongestFinding = 24;
 
 } // namespace
 
@@ -39,22 +39,25 @@ Position Assembly::keep(const char* p) {
 
 void Assembly::markBroken(std::string_view name) {
     Symbol& symbol = symbols[intern(name)];
-    if (!symbol.isDefined)
+    if (!symbol.isDefined) {
         symbol.isDefined = symbol.isBroken = true;
+    }
 }
 
 bool Assembly::expectEnd(const char* p, std::string_view remedy) {
     p = skipBlanks(p);
-    if (endsStatement(*p))
+    if (endsStatement(*p)) {
         return true;
+    }
     const bool isIndex = (lowered(*p) == 'x' || lowered(*p) == 'y') && !isWordPart(p[1]);
     std::string text = "the statement should end here, but " + foundText(p) + " follows";
-    if (!remedy.empty())
+    if (!remedy.empty()) {
         text += remedy;
-    else if (isIndex)
+    } else if (isIndex) {
         text += "; a comma belongs before an index";
-    else
+    } else {
         text += *p == ':' ? "; a colon stands only where a label is defined" : commentRemedy(p);
+    }
     error(p, std::move(text));
     return false;
 }
@@ -62,15 +65,17 @@ bool Assembly::expectEnd(const char* p, std::string_view remedy) {
 void Assembly::reportExcess(std::size_t excess, const char* p) {
     if (!image.isRam()) {
         if (!m_overflows.empty() && m_overflows.back().bank == image.bank() &&
-            !m_overflows.back().isOver)
+            !m_overflows.back().isOver) {
             m_overflows.back().excess += excess;
-        else
+        } else {
             m_overflows.push_back({keep(p), image.bank(), excess, false});
+        }
         return;
     }
-    if (std::exchange(sectionErrorReported, true))
+    if (std::exchange(sectionErrorReported, true)) {
         return;
-    const std::string name = image.section() == Section::Bss ? ".bss" : ".zp";
+    }
+    const std::string name = image.section() == Section::bss ? ".bss" : ".zp";
     error(
         p,
         name +
@@ -78,14 +83,16 @@ void Assembly::reportExcess(std::size_t excess, const char* p) {
 }
 
 void Assembly::noteMove() {
-    if (!m_overflows.empty())
+    if (!m_overflows.empty()) {
         m_overflows.back().isOver = true;
+    }
 }
 
 void Assembly::noteOverwriting() {
     const Image::Overwritten bytes = image.takeOverwritten();
-    if (!diagnostics.isOn(Warning::Overwrite))
+    if (!diagnostics.isOn(Warning::overwrite)) {
         return;
+    }
     if (!m_overwritings.empty()) {
         Image::Overwritten& last = m_overwritings.back().bytes;
         if (last.bank == bytes.bank && last.offset + last.count == bytes.offset) {
@@ -97,17 +104,19 @@ void Assembly::noteOverwriting() {
 }
 
 void Assembly::reportPlaces() {
-    for (const Overflow& overflow : m_overflows)
+    for (const Overflow& overflow : m_overflows) {
         diagnostics.error(overflow.position,
                           "bank " + std::to_string(overflow.bank) + " is full: it overflows by " +
                               counted(overflow.excess, "byte") +
                               ", beginning here; move something into another .bank");
-    for (const Overwriting& each : m_overwritings)
-        diagnostics.warning(Warning::Overwrite, each.position,
+    }
+    for (const Overwriting& each : m_overwritings) {
+        diagnostics.warning(Warning::overwrite, each.position,
                             counted(each.bytes.count, "byte") + ", from bank " +
                                 std::to_string(each.bytes.bank) + " offset " +
                                 hexText(each.bytes.offset) +
                                 " on, had been written before: the later bytes win");
+    }
 }
 
 const char* commentRemedy(const char* p) {
@@ -117,10 +126,12 @@ const char* commentRemedy(const char* p) {
 }
 
 std::string foundText(const char* p) {
-    if (isLineEnd(*p) || *p == ';')
+    if (isLineEnd(*p) || *p == ';') {
         return "the end of the statement";
-    if (*p == '\'')
+    }
+    if (*p == '\'') {
         return "a single quote";
+    }
     const char* end = p;
     if (isWordPart(*p)) {
         end = wordEnd(p);
@@ -128,10 +139,11 @@ std::string foundText(const char* p) {
         const auto length = static_cast<std::size_t>(lineEnd(p) - p);
         end = p + characterLength({p, length});
     }
-    const bool isLong = static_cast<std::size_t>(end - p) > kLongestFinding;
-    if (!isLong)
+    const bool isLong = static_cast<std::size_t>(end - p) > LongestFinding;
+    if (!isLong) {
         return quoted({p, static_cast<std::size_t>(end - p)});
-    return quoted(std::string(p, kLongestFinding).append("..."));
+    }
+    return quoted(std::string(p, LongestFinding).append("..."));
 }
 
 } // namespace nesasm

@@ -96,8 +96,9 @@ struct Assembly {
 
     /// Puts bytes into the image at the present place; what does not fit is reported.
     void emit(const std::uint8_t* bytes, std::size_t count, const char* p) {
-        if (const std::size_t excess = image.emit(bytes, count); excess != 0)
+        if (const std::size_t excess = image.emit(bytes, count); excess != 0) {
             reportExcess(excess, p);
+        }
     }
     /// Notes that `excess` bytes did not fit into the bank or section.
     void reportExcess(std::size_t excess, const char* p);

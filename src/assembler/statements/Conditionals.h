@@ -14,25 +14,25 @@ namespace nesasm {
 class Conditionals {
 public:
     /// What .elseif, .else and .endif may be told.
-    enum class Answer { Fine, NoIf, AfterElse };
+    enum class Answer { fine, noIf, afterElse };
 
     /// True when the present line is in a branch not taken.
-    bool skips() const { return !m_open.empty() && m_open.back().state != State::Taken; }
+    bool skips() const { return !m_open.empty() && m_open.back().state != State::taken; }
 
     /// `text` keeps the line that `position` points into when the next line overwrites it; it is
     /// empty for other lines, else its last byte is a line end.
     void open(bool condition, const Position& position, std::string text) {
         m_open.push_back(
-            {condition ? State::Taken : State::Waiting, false, position, std::move(text)});
+            {condition ? State::taken : State::waiting, false, position, std::move(text)});
     }
     /// An .if inside a branch not taken: none of its branches is taken.
     void openSkipped(const Position& position, std::string text) {
-        m_open.push_back({State::Over, false, position, std::move(text)});
+        m_open.push_back({State::over, false, position, std::move(text)});
     }
 
     /// True when an .elseif at this place has to have its condition evaluated.
     bool wantsCondition(std::size_t outer) const {
-        return m_open.size() > outer && m_open.back().state == State::Waiting &&
+        return m_open.size() > outer && m_open.back().state == State::waiting &&
                !m_open.back().elseSeen;
     }
     /// `outer`: how many were open where the present file or macro began; those are out of reach.
@@ -44,15 +44,16 @@ public:
     /// Where the innermost one begins; valid until another is opened or closed.
     Position innermost() const;
     void dropTo(std::size_t depth) {
-        while (m_open.size() > depth)
+        while (m_open.size() > depth) {
             m_open.pop_back();
+        }
     }
 
 private:
     enum class State {
-        Waiting, ///< no branch has been taken yet
-        Taken,   ///< this branch is taken
-        Over     ///< no further branch is taken
+        waiting, ///< no branch has been taken yet
+        taken,   ///< this branch is taken
+        over     ///< no further branch is taken
     };
     struct Open {
         State state;

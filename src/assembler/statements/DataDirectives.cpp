@@ -25,16 +25,16 @@ DataDirectives::DataDirectives(Assembly& assembly, ExpressionParser& parser)
 void DataDirectives::run(Directive directive, const char* p) {
     p = skipBlanks(p);
     switch (directive) {
-    case Directive::Byte:
-        data(Field::Byte, p);
+    case Directive::byte:
+        data(Field::byte, p);
         break;
-    case Directive::Word:
-        data(Field::Word, p);
+    case Directive::word:
+        data(Field::word, p);
         break;
-    case Directive::Ds:
+    case Directive::ds:
         space(p);
         break;
-    case Directive::Align:
+    case Directive::align:
         align(p);
         break;
     default:
@@ -47,9 +47,10 @@ void DataDirectives::data(Field field, const char* p) {
     while (item(field, p)) {
         p = skipBlanks(p);
         if (*p != ',') {
-            if (!endsStatement(*p))
+            if (!endsStatement(*p)) {
                 m_assembly.error(p, "a comma or the end of the statement was expected, but " +
                                         foundText(p) + " was found");
+            }
             return;
         }
         p = skipBlanks(p + 1);
@@ -57,11 +58,13 @@ void DataDirectives::data(Field field, const char* p) {
 }
 
 bool DataDirectives::item(Field field, const char*& p) {
-    if (*p == '"' && field == Field::Byte)
+    if (*p == '"' && field == Field::byte) {
         return string(p);
+    }
     const char* const start = p;
-    if (!m_parser.parse(p, ExpressionParser::Prefix::LowHigh))
+    if (!m_parser.parse(p, ExpressionParser::Prefix::lowHigh)) {
         return false;
+    }
     emitField(m_assembly, m_parser, {field, start, 0, 0, false});
     return true;
 }
@@ -74,16 +77,19 @@ bool DataDirectives::string(const char*& p) {
             return false;
         }
         const char* part = p;
-        while (*p != '"' && !isLineEnd(*p) && (*p != '\\' || p[1] != '"'))
+        while (*p != '"' && !isLineEnd(*p) && (*p != '\\' || p[1] != '"')) {
             ++p;
+        }
         if (*p == '\\') {
-            if (part != p)
+            if (part != p) {
                 m_assembly.emit(bytesOf(part), static_cast<std::size_t>(p - part), start);
+            }
             part = ++p;
             ++p;
         }
-        if (part != p)
+        if (part != p) {
             m_assembly.emit(bytesOf(part), static_cast<std::size_t>(p - part), start);
+        }
     }
     ++p;
     return true;
@@ -92,8 +98,9 @@ bool DataDirectives::string(const char*& p) {
 void DataDirectives::space(const char* p) {
     const char* const start = p;
     const auto count = m_parser.parseKnown(p, "the count of .ds", 0, 0xFFFF);
-    if (count && m_assembly.expectEnd(p))
+    if (count && m_assembly.expectEnd(p)) {
         fill(static_cast<std::size_t>(*count), 0, start);
+    }
 }
 
 void DataDirectives::align(const char* p) {
@@ -108,8 +115,9 @@ void DataDirectives::align(const char* p) {
 void DataDirectives::pad(const char* p) {
     const char* const start = p;
     const auto address = m_parser.parseKnown(p, "the address of .pad", 0, 0x10000);
-    if (!address)
+    if (!address) {
         return;
+    }
     if (static_cast<std::uint32_t>(*address) < m_assembly.here) {
         m_assembly.error(
             start, "the address of .pad lies " +
@@ -125,22 +133,25 @@ void DataDirectives::alignOrPadTo(std::int64_t count, const char* start, const c
     if (*p == ',') {
         ++p;
         const auto given = m_parser.parseKnown(p, "the fill byte", -128, 255);
-        if (!given)
+        if (!given) {
             return;
+        }
         byte = *given;
     }
-    if (m_assembly.expectEnd(p))
+    if (m_assembly.expectEnd(p)) {
         fill(static_cast<std::size_t>(count), static_cast<std::uint8_t>(byte & 0xFF), start);
+    }
 }
 
 void DataDirectives::fill(std::size_t count, std::uint8_t byte, const char* start) {
     if (m_assembly.image.isRam()) {
-        if (const std::size_t excess = m_assembly.image.reserve(count); excess != 0)
+        if (const std::size_t excess = m_assembly.image.reserve(count); excess != 0) {
             m_assembly.error(start, "there is no room for this: it goes " +
                                         counted(excess, "byte") +
-                                        (m_assembly.image.section() == Section::Bss
+                                        (m_assembly.image.section() == Section::bss
                                              ? " beyond the end of .bss ($800)"
                                              : " beyond the end of .zp ($100)"));
+        }
         return;
     }
     std::array<std::uint8_t, 256> bytes{};

@@ -15,12 +15,13 @@ void Definitions::label(std::string_view name, const char* at) {
     const SymbolId id = m_assembly.intern(name);
     const auto value = static_cast<std::int32_t>(m_assembly.image.address());
     const std::int32_t bank =
-        m_assembly.image.isRam() ? kNoBank : static_cast<std::int32_t>(m_assembly.image.bank());
+        m_assembly.image.isRam() ? NoBank : static_cast<std::int32_t>(m_assembly.image.bank());
     define(id, value, bank, at);
     m_assembly.symbols[id].isLabel = true;
-    m_assembly.symbols[id].isAtBankEnd = bank >= 0 && m_assembly.image.offset() == kBankSize;
-    if (!name.starts_with('.'))
+    m_assembly.symbols[id].isAtBankEnd = bank >= 0 && m_assembly.image.offset() == BankSize;
+    if (!name.starts_with('.')) {
         m_assembly.scope = id;
+    }
     m_assembly.sizedLabel = id;
     m_assembly.sizedFrom = m_assembly.image.total();
 }
@@ -38,12 +39,12 @@ void Definitions::assign(std::string_view name, const char* at, const char* p) {
         return;
     }
     const Evaluation result = m_parser.evaluateNow();
-    if (result.status == Evaluation::Status::Known) {
+    if (result.status == Evaluation::Status::known) {
         define(id, result.value, result.bank, at);
         return;
     }
     Symbol& symbol = m_assembly.symbols[id];
-    if (result.status == Evaluation::Status::Broken) {
+    if (result.status == Evaluation::Status::broken) {
         m_assembly.markBroken(name);
         return;
     }
@@ -60,20 +61,22 @@ void Definitions::assign(std::string_view name, const char* at, const char* p) {
 void Definitions::reserve(std::string_view name, const char* at, const char* p) {
     const auto count = m_parser.parseKnown(p, "the count of .rs", 0, 0x10000);
     if (!count || !m_assembly.expectEnd(p)) {
-        if (!name.empty())
+        if (!name.empty()) {
             m_assembly.markBroken(name);
+        }
         return;
     }
     if (!name.empty()) {
         const SymbolId id = m_assembly.intern(name);
-        define(id, m_assembly.reserveCounter, kNoBank, at);
+        define(id, m_assembly.reserveCounter, NoBank, at);
         m_assembly.symbols[id].size = static_cast<std::uint32_t>(*count);
         m_assembly.symbols[id].isReserved = true;
     }
-    if (m_assembly.reserveCounter + *count > 0x10000)
+    if (m_assembly.reserveCounter + *count > 0x10000) {
         m_assembly.error(at, "the variables reserved with .rs go beyond the address $FFFF");
-    else
+    } else {
         m_assembly.reserveCounter += *count;
+    }
 }
 
 void Definitions::predefine(std::string_view name, std::int32_t value) {
@@ -92,15 +95,17 @@ void Definitions::define(SymbolId id, std::int32_t value, std::int32_t bank, con
         symbol.bank = bank;
         return;
     }
-    if (symbol.isBroken)
+    if (symbol.isBroken) {
         return;
+    }
     if (symbol.isKnown) {
-        if (symbol.value != value)
+        if (symbol.value != value) {
             reportSecondValue(m_assembly, m_assembly.at(at), symbol, value);
+        }
         return;
     }
     // The first value is not known yet: compared when it is.
-    const Operation literal{OpCode::Literal, 0, static_cast<std::uint32_t>(value), 0};
+    const Operation literal{OpCode::literal, 0, static_cast<std::uint32_t>(value), 0};
     m_assembly.deferred.symbols.push_back(
         {m_assembly.deferred.keep({&literal, 1}, m_assembly.keep(at)), id, true});
 }
@@ -111,39 +116,44 @@ void Definitions::markDefined(SymbolId id, const char* at) {
     symbol.line = m_assembly.line.number;
     symbol.origin = m_assembly.line.origin;
     m_assembly.origins[symbol.origin].kept = true;
-    if (m_assembly.diagnostics.isOn(Warning::UnusedSymbol))
+    if (m_assembly.diagnostics.isOn(Warning::unusedSymbol)) {
         m_assembly.definitions.push_back({id, m_assembly.keep(at)});
+    }
 }
 
 void Definitions::warnIfShadowing(std::string_view name, const char* at) {
-    if (name.size() < 3 || name.size() > 6)
+    if (name.size() < 3 || name.size() > 6) {
         return;
+    }
     Function function{};
-    if (findKeyword(name).kind == Keyword::Kind::Instruction)
-        m_assembly.warn(Warning::ShadowedSymbol, at,
+    if (findKeyword(name).kind == Keyword::Kind::instruction) {
+        m_assembly.warn(Warning::shadowedSymbol, at,
                         quoted(name) + " is also the name of an instruction");
-    else if (findFunction(name, function))
-        m_assembly.warn(Warning::ShadowedSymbol, at,
+    } else if (findFunction(name, function)) {
+        m_assembly.warn(Warning::shadowedSymbol, at,
                         quoted(name) + " is also the name of a function");
+    }
 }
 
 void reportSecondValue(Assembly& assembly, const Position& position, const Symbol& symbol,
                        std::int32_t value) {
     std::string text = quoted(symbol.name) + " already has the value " + valueText(symbol.value);
-    if (symbol.origin != kNoOrigin)
+    if (symbol.origin != NoOrigin) {
         text += " from " + std::string(assembly.origins[symbol.origin].file) + ":" +
                 std::to_string(symbol.line);
-    else
+    } else {
         text += " from the command line";
+    }
     text += "; here it would get " + valueText(value);
-    const bool isInMacro = position.origin != kNoOrigin &&
-                           assembly.origins[position.origin].kind == Origin::Kind::Macro;
-    if (symbol.isLabel && isInMacro)
+    const bool isInMacro = position.origin != NoOrigin &&
+                           assembly.origins[position.origin].kind == Origin::Kind::macro;
+    if (symbol.isLabel && isInMacro) {
         text += ": \\@ in the name makes another one of it in each expansion";
-    else if (symbol.isLabel)
+    } else if (symbol.isLabel) {
         text += symbol.name.starts_with('.')
                     ? ": give one of them another name"
                     : ": give one of them another name, or a local one that begins with a dot";
+    }
     assembly.diagnostics.error(position, std::move(text));
 }
 

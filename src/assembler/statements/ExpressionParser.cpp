@@ -12,10 +12,10 @@ namespace nesasm {
 
 namespace {
 
-constexpr int kDeepestNesting = 100;
-constexpr const char* kTooDeep =
+constexpr int DeepestNesting = 100;
+constexpr const char* TooDeep =
     "the expression is nested more than 100 deep; give a part of it a name with =";
-constexpr std::uint64_t kLargestLiteral = 0xFFFFFFFFU;
+constexpr std::uint64_t LargestLiteral = 0xFFFFFFFFU;
 
 bool endsOddNumber(char c) {
     switch (c) {
@@ -41,11 +41,13 @@ bool endsOddNumber(char c) {
 
 /// What to do about a letter behind the digits of a number.
 std::string numberRemedy(unsigned base, char letter) {
-    if (base != 10)
+    if (base != 10) {
         return base == 2 ? "; behind % only 0 and 1 are digits"
                          : "; behind $ only 0 to 9 and A to F are digits";
-    if (lowered(letter) == 'b')
+    }
+    if (lowered(letter) == 'b') {
         return "; a binary number begins with %, as in %1010";
+    }
     const bool isHexadecimal =
         lowered(letter) == 'x' || lowered(letter) == 'h' || hexDigit(letter) >= 0;
     return isHexadecimal ? "; a hexadecimal number begins with $, as in $1F" : "";
@@ -60,7 +62,7 @@ bool ExpressionParser::parse(const char*& p, Prefix prefix) {
     m_operations.clear();
     m_stack = 0;
     m_nesting = 0;
-    m_lowHigh = prefix == Prefix::LowHigh;
+    m_lowHigh = prefix == Prefix::lowHigh;
     m_p = p;
     const bool fine = binary(1);
     p = m_p;
@@ -83,57 +85,61 @@ bool ExpressionParser::parseRest(const char*& p) {
 ExpressionParser::Binary ExpressionParser::binaryAt(const char* p) {
     switch (*p) {
     case '|':
-        return p[1] == '|' ? Binary{OpCode::LogicalOr, 1, 2} : Binary{OpCode::Or, 3, 1};
+        return p[1] == '|' ? Binary{OpCode::logicalOr, 1, 2} : Binary{OpCode::bitOr, 3, 1};
     case '&':
-        return p[1] == '&' ? Binary{OpCode::LogicalAnd, 2, 2} : Binary{OpCode::And, 5, 1};
+        return p[1] == '&' ? Binary{OpCode::logicalAnd, 2, 2} : Binary{OpCode::bitAnd, 5, 1};
     case '^':
-        return {OpCode::Xor, 4, 1};
+        return {OpCode::bitXor, 4, 1};
     case '=':
-        return {OpCode::Equal, 6, p[1] == '=' ? 2 : 1};
+        return {OpCode::equal, 6, p[1] == '=' ? 2 : 1};
     case '!':
-        return p[1] == '=' ? Binary{OpCode::NotEqual, 6, 2} : Binary{};
+        return p[1] == '=' ? Binary{OpCode::notEqual, 6, 2} : Binary{};
     case '<':
         switch (p[1]) {
         case '<':
-            return {OpCode::ShiftLeft, 8, 2};
+            return {OpCode::shiftLeft, 8, 2};
         case '=':
-            return {OpCode::LessEqual, 7, 2};
+            return {OpCode::lessEqual, 7, 2};
         case '>':
-            return {OpCode::NotEqual, 6, 2};
+            return {OpCode::notEqual, 6, 2};
         default:
-            return {OpCode::Less, 7, 1};
+            return {OpCode::less, 7, 1};
         }
     case '>':
-        if (p[1] == '>')
-            return {OpCode::ShiftRight, 8, 2};
-        return p[1] == '=' ? Binary{OpCode::GreaterEqual, 7, 2} : Binary{OpCode::Greater, 7, 1};
+        if (p[1] == '>') {
+            return {OpCode::shiftRight, 8, 2};
+        }
+        return p[1] == '=' ? Binary{OpCode::greaterEqual, 7, 2} : Binary{OpCode::greater, 7, 1};
     case '+':
-        return {OpCode::Add, 9, 1};
+        return {OpCode::add, 9, 1};
     case '-':
-        return {OpCode::Subtract, 9, 1};
+        return {OpCode::subtract, 9, 1};
     case '*':
-        return {OpCode::Multiply, 10, 1};
+        return {OpCode::multiply, 10, 1};
     case '/':
-        return {OpCode::Divide, 10, 1};
+        return {OpCode::divide, 10, 1};
     case '%':
-        return {OpCode::Remainder, 10, 1};
+        return {OpCode::remainder, 10, 1};
     default:
         return {};
     }
 }
 
 bool ExpressionParser::binary(int precedence) {
-    if (!unary(std::exchange(m_lowHigh, false)))
+    if (!unary(std::exchange(m_lowHigh, false))) {
         return false;
+    }
     for (;;) {
         m_p = skipBlanks(m_p);
         const Binary next = binaryAt(m_p);
-        if (next.precedence == 0 || next.precedence < precedence)
+        if (next.precedence == 0 || next.precedence < precedence) {
             return true;
+        }
         const char* const at = m_p;
         m_p += next.length;
-        if (!binary(next.precedence + 1) || !push(next.code, 0, at))
+        if (!binary(next.precedence + 1) || !push(next.code, 0, at)) {
             return false;
+        }
     }
 }
 
@@ -146,24 +152,26 @@ bool ExpressionParser::unary(bool lowHigh) {
     }
     switch (*m_p) {
     case '-':
-        return applyPrefix(OpCode::Negate);
+        return applyPrefix(OpCode::negate);
     case '~':
-        return applyPrefix(OpCode::Complement);
+        return applyPrefix(OpCode::complement);
     case '!':
-        return applyPrefix(OpCode::Not);
+        return applyPrefix(OpCode::logicalNot);
     case '+':
     case '<':
     case '>': {
         const char* const at = m_p;
-        if (*at != '+' && !lowHigh)
+        if (*at != '+' && !lowHigh) {
             return fail(at, "a value was expected, not '" + std::string(1, *at) +
                                 "'; LOW() and HIGH() take a byte of a value");
-        if (++m_nesting > kDeepestNesting)
-            return fail(at, kTooDeep);
+        }
+        if (++m_nesting > DeepestNesting) {
+            return fail(at, TooDeep);
+        }
         ++m_p;
         const bool fine = *at == '+'
                               ? unary(false)
-                              : binary(1) && push(*at == '<' ? OpCode::Low : OpCode::High, 0, at);
+                              : binary(1) && push(*at == '<' ? OpCode::low : OpCode::high, 0, at);
         --m_nesting;
         return fine;
     }
@@ -174,8 +182,9 @@ bool ExpressionParser::unary(bool lowHigh) {
 
 bool ExpressionParser::applyPrefix(OpCode code) {
     const char* const at = m_p++;
-    if (++m_nesting > kDeepestNesting)
-        return fail(at, kTooDeep);
+    if (++m_nesting > DeepestNesting) {
+        return fail(at, TooDeep);
+    }
     const bool fine = unary(false) && push(code, 0, at);
     --m_nesting;
     return fine;
@@ -183,17 +192,20 @@ bool ExpressionParser::applyPrefix(OpCode code) {
 
 bool ExpressionParser::primary() {
     const char c = *m_p;
-    if (isWordStart(c) || c == '.')
+    if (isWordStart(c) || c == '.') {
         return word();
-    if (isDigit(c))
+    }
+    if (isDigit(c)) {
         return number();
+    }
     switch (c) {
     case '$':
         return hexadecimal();
     case '%': {
         const char* const begin = m_p++;
-        if (*m_p != '0' && *m_p != '1')
+        if (*m_p != '0' && *m_p != '1') {
             return fail(begin, "a binary number needs digits 0 or 1 behind its %");
+        }
         return digits(2, begin);
     }
     case '\'':
@@ -202,7 +214,7 @@ bool ExpressionParser::primary() {
         return parenthesized();
     case '*':
         ++m_p;
-        return push(OpCode::Here, m_assembly.here, m_p - 1);
+        return push(OpCode::here, m_assembly.here, m_p - 1);
     case '"':
         return fail(
             m_p,
@@ -216,13 +228,16 @@ bool ExpressionParser::primary() {
 
 bool ExpressionParser::parenthesized() {
     const char* const at = m_p++;
-    if (++m_nesting > kDeepestNesting)
-        return fail(at, kTooDeep);
-    if (!binary(1))
+    if (++m_nesting > DeepestNesting) {
+        return fail(at, TooDeep);
+    }
+    if (!binary(1)) {
         return false;
+    }
     --m_nesting;
-    if (*m_p != ')')
+    if (*m_p != ')') {
         return fail(m_p, "a ')' was expected, but " + foundText(m_p) + " was found");
+    }
     ++m_p;
     return true;
 }
@@ -231,45 +246,52 @@ bool ExpressionParser::word() {
     const char* const begin = m_p;
     m_p = wordEnd(begin);
     const std::string_view name(begin, static_cast<std::size_t>(m_p - begin));
-    if (name == ".")
+    if (name == ".") {
         return fail(begin, "a value was expected, but '.' was found");
+    }
     if (name.size() >= 3 && name.size() <= 6) {
         const char* const next = skipBlanks(m_p);
         Function which{};
-        if (*next == '(' && findFunction(name, which))
+        if (*next == '(' && findFunction(name, which)) {
             return function(which, begin);
+        }
         // Two values side by side: the parentheses have been forgotten.
-        if ((startsName(next) || isDigit(*next) || *next == '$') && findFunction(name, which))
+        if ((startsName(next) || isDigit(*next) || *next == '$') && findFunction(name, which)) {
             return fail(begin, std::string(name) + " needs its operand in parentheses");
+        }
     }
-    if (*m_p == '(' && *begin != '.')
+    if (*m_p == '(' && *begin != '.') {
         return fail(begin, "there is no function " + quoted(name) +
                                "; there are LOW, HIGH, BANK, PAGE and SIZEOF");
+    }
     const SymbolId id = m_assembly.intern(name);
     ++m_assembly.symbols[id].uses;
-    return push(OpCode::Value, id, begin);
+    return push(OpCode::value, id, begin);
 }
 
 bool ExpressionParser::function(Function function, const char* at) {
     m_p = skipBlanks(m_p);
-    if (function != Function::SizeOf) {
-        static constexpr OpCode kCodes[]{OpCode::Low, OpCode::High, OpCode::Bank, OpCode::Page};
-        return parenthesized() && push(kCodes[static_cast<std::size_t>(function)], 0, at);
+    if (function != Function::sizeOf) {
+        static constexpr OpCode Codes[]{OpCode::low, OpCode::high, OpCode::bank, OpCode::page};
+        return parenthesized() && push(Codes[static_cast<std::size_t>(function)], 0, at);
     }
-    for (m_p = skipBlanks(m_p + 1); *m_p == '#';)
+    for (m_p = skipBlanks(m_p + 1); *m_p == '#';) {
         m_p = skipBlanks(m_p + 1);
+    }
     const char* const begin = m_p;
-    if (!startsName(begin))
+    if (!startsName(begin)) {
         return fail(begin,
                     "SIZEOF() needs the name of a label, but " + foundText(begin) + " was found");
+    }
     m_p = wordEnd(begin);
     const SymbolId id = m_assembly.intern({begin, static_cast<std::size_t>(m_p - begin)});
     ++m_assembly.symbols[id].uses;
     m_p = skipBlanks(m_p);
-    if (*m_p != ')')
+    if (*m_p != ')') {
         return fail(m_p, "a ')' was expected, but " + foundText(m_p) + " was found");
+    }
     ++m_p;
-    return push(OpCode::SizeOf, id, begin);
+    return push(OpCode::sizeOf, id, begin);
 }
 
 bool ExpressionParser::number() {
@@ -278,14 +300,16 @@ bool ExpressionParser::number() {
 
 bool ExpressionParser::hexadecimal() {
     const char* const begin = m_p++;
-    if (hexDigit(*m_p) >= 0)
+    if (hexDigit(*m_p) >= 0) {
         return digits(16, begin);
-    while (!endsOddNumber(*m_p))
+    }
+    while (!endsOddNumber(*m_p)) {
         ++m_p;
-    m_assembly.warn(Warning::OddNumber, begin,
+    }
+    m_assembly.warn(Warning::oddNumber, begin,
                     "there is no hexadecimal digit behind this $: '" + std::string(begin, m_p) +
                         "' counts as 0");
-    return push(OpCode::Literal, 0, begin);
+    return push(OpCode::literal, 0, begin);
 }
 
 bool ExpressionParser::digits(unsigned base, const char* begin) {
@@ -295,43 +319,52 @@ bool ExpressionParser::digits(unsigned base, const char* begin) {
         // Underscores may stand between the digits of a binary number.
         if (base == 2 && *m_p == '_') {
             const char* behind = m_p;
-            while (*behind == '_')
+            while (*behind == '_') {
                 ++behind;
-            if (*behind != '0' && *behind != '1')
+            }
+            if (*behind != '0' && *behind != '1') {
                 break;
+            }
             m_p = behind;
         }
         const int digit = hexDigit(*m_p);
-        if (digit < 0 || static_cast<unsigned>(digit) >= base)
+        if (digit < 0 || static_cast<unsigned>(digit) >= base) {
             break;
+        }
         value = value * base + static_cast<unsigned>(digit);
-        tooLarge = tooLarge || value > kLargestLiteral;
-        if (tooLarge)
+        tooLarge = tooLarge || value > LargestLiteral;
+        if (tooLarge) {
             value = 0;
+        }
     }
-    if (isWordPart(*m_p))
+    if (isWordPart(*m_p)) {
         return fail(m_p,
                     foundText(m_p) + " cannot be part of this number" + numberRemedy(base, *m_p));
-    if (tooLarge)
+    }
+    if (tooLarge) {
         return fail(begin, "the number does not fit into 32 bits");
-    return push(OpCode::Literal, static_cast<std::uint32_t>(value), begin);
+    }
+    return push(OpCode::literal, static_cast<std::uint32_t>(value), begin);
 }
 
 bool ExpressionParser::character() {
     const char* const begin = m_p;
-    if (isLineEnd(m_p[1]) || m_p[2] != '\'')
+    if (isLineEnd(m_p[1]) || m_p[2] != '\'') {
         return fail(
             begin,
             "one character between quotes was expected, as in 'A'; a text stands in double quotes");
+    }
     m_p += 3;
-    return push(OpCode::Literal, static_cast<unsigned char>(begin[1]), begin);
+    return push(OpCode::literal, static_cast<unsigned char>(begin[1]), begin);
 }
 
 bool ExpressionParser::push(OpCode code, std::uint32_t argument, const char* at) {
-    if (code <= OpCode::SizeOf && ++m_stack > kLargestStack)
+    if (code <= OpCode::sizeOf && ++m_stack > LargestStack) {
         return fail(at, "the expression is too complicated; give a part of it a name with =");
-    if (code >= OpCode::Multiply)
+    }
+    if (code >= OpCode::multiply) {
         --m_stack;
+    }
     const auto column = static_cast<std::uint32_t>(at - m_assembly.line.begin);
     m_operations.push_back(
         {code, static_cast<std::uint16_t>(m_assembly.image.bank()), argument, column});
@@ -345,9 +378,9 @@ bool ExpressionParser::fail(const char* at, std::string text) {
 
 Evaluation ExpressionParser::evaluateNow() const {
     Evaluation result = evaluate(m_operations, m_assembly.symbols);
-    if (result.status == Evaluation::Status::Failed) {
+    if (result.status == Evaluation::Status::failed) {
         m_assembly.error(m_assembly.line.begin + result.column, problemText(result));
-        result.status = Evaluation::Status::Broken;
+        result.status = Evaluation::Status::broken;
     }
     return result;
 }
@@ -357,14 +390,17 @@ DeferredExpression ExpressionParser::defer(const char* start) {
 }
 
 std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const char* what) {
-    if (!parse(p))
+    if (!parse(p)) {
         return std::nullopt;
+    }
     const Evaluation result = evaluateNow();
-    if (result.status == Evaluation::Status::Known)
+    if (result.status == Evaluation::Status::known) {
         return result.value;
-    if (result.status == Evaluation::Status::Unknown && !m_assembly.isIncomplete)
+    }
+    if (result.status == Evaluation::Status::unknown && !m_assembly.isIncomplete) {
         m_assembly.error(m_assembly.line.begin + result.column,
                          [&] { return unknownText(result, what); });
+    }
     return std::nullopt;
 }
 
@@ -373,15 +409,17 @@ std::string ExpressionParser::unknownText(const Evaluation& result, const char* 
     const Symbol& symbol = m_assembly.symbols[result.symbol];
     const bool isSize =
         std::any_of(m_operations.begin(), m_operations.end(), [&](const auto& each) {
-            return each.code == OpCode::SizeOf && each.column == result.column;
+            return each.code == OpCode::sizeOf && each.column == result.column;
         });
-    if (isSize && symbol.isDefined && !symbol.isLabel)
+    if (isSize && symbol.isDefined && !symbol.isLabel) {
         return noSizeText(symbol);
+    }
     std::string text = isSize ? "the size of " : "the value of ";
     text.append(quoted(symbol.name)).append(" is not known here, but ").append(what);
     text += " needs it at once: ";
-    if (!symbol.isDefined)
+    if (!symbol.isDefined) {
         return text.append("define it further up").append(remedyForSymbol(m_assembly, symbol));
+    }
     return text += isSize
                        ? "it is known when the label's own line has ended"
                        : "it is made from a symbol that is not known yet; define that one above it";
@@ -391,8 +429,9 @@ std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const c
                                                          std::int32_t least, std::int32_t most) {
     const char* const start = skipBlanks(p);
     const auto value = parseKnown(p, what);
-    if (!value || (*value >= least && *value <= most))
+    if (!value || (*value >= least && *value <= most)) {
         return value;
+    }
     m_assembly.error(start, std::string(what) + " must be " + std::to_string(least) + " to " +
                                 std::to_string(most) + ", but it is " + std::to_string(*value));
     return std::nullopt;

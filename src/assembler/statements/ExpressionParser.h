@@ -17,14 +17,14 @@ class ExpressionParser {
 public:
     /// What a < or > where an operand is expected means.
     enum class Prefix {
-        None,   ///< nothing: an error
-        LowHigh ///< LOW() or HIGH() of all that follows
+        none,   ///< nothing: an error
+        lowHigh ///< LOW() or HIGH() of all that follows
     };
 
     explicit ExpressionParser(Assembly& assembly);
 
     /// Reads one expression at `p`, which is moved behind it. False when an error was reported.
-    bool parse(const char*& p, Prefix prefix = Prefix::None);
+    bool parse(const char*& p, Prefix prefix = Prefix::none);
 
     /// Goes on reading an expression of which the part that is in parentheses has just been parsed.
     bool parseRest(const char*& p);
@@ -37,8 +37,9 @@ public:
 
     /// What was read last is an address: when it is a symbol alone, that symbol is one.
     void noteAddress() {
-        if (m_operations.size() == 1 && m_operations[0].code == OpCode::Value)
+        if (m_operations.size() == 1 && m_operations[0].code == OpCode::value) {
             m_assembly.symbols[m_operations[0].argument].isAddress = true;
+        }
     }
 
     /// Keeps what was read last until all symbols are known.

@@ -16,8 +16,9 @@ bool isPageEnd(std::int32_t address) {
 
 /// What to do about an address that is not in the zero page, where it has to be.
 const char* zeroPageRemedy(const Position& position, std::int32_t value) {
-    if (position.line == nullptr || value <= 0xFF)
+    if (position.line == nullptr || value <= 0xFF) {
         return "";
+    }
     const char mark = position.line[position.column];
     return mark == '<'                  ? "; without the < the instruction takes any address"
            : mark == '[' || mark == '(' ? "; a pointer's two bytes lie there"
@@ -28,22 +29,24 @@ const char* zeroPageRemedy(const Position& position, std::int32_t value) {
 std::string branchRemedy(const Position& position) {
     const Instruction* const branch = instructionBefore(position);
     const std::string target = writtenOperand(position);
-    Mode mode = Mode::Relative;
+    Mode mode = Mode::relative;
     // For a JMP a parenthesis has another meaning, and * another value.
     if (branch == nullptr || !branch->has(mode) || target.empty() ||
-        target.find_first_of("(*") != std::string::npos)
+        target.find_first_of("(*") != std::string::npos) {
         return "; branch on the opposite condition over a JMP to the target instead";
-    constexpr unsigned kConditionBit = 0x20;
+    }
+    constexpr unsigned ConditionBit = 0x20;
     const Instruction* const opposite =
-        findOpcode(static_cast<std::uint8_t>(branch->opcode(mode) ^ kConditionBit), mode);
+        findOpcode(static_cast<std::uint8_t>(branch->opcode(mode) ^ ConditionBit), mode);
     return "; write " + std::string(opposite->name) + " *+5 and below it JMP " + target +
            " instead";
 }
 
 std::string remedyFor(Field field, const Position& position, std::int32_t value) {
-    if (field == Field::Relative)
+    if (field == Field::relative) {
         return branchRemedy(position);
-    return field == Field::ZeroPage ? zeroPageRemedy(position, value) : "";
+    }
+    return field == Field::zeroPage ? zeroPageRemedy(position, value) : "";
 }
 
 } // namespace
@@ -51,18 +54,20 @@ std::string remedyFor(Field field, const Position& position, std::int32_t value)
 void checkField(Diagnostics& diagnostics, const Position& position, Field field, std::int32_t value,
                 std::uint32_t next) {
     if (!fits(field, value, next)) {
-        if (field == Field::Byte || field == Field::Word)
-            diagnostics.warning(Warning::ValueTruncated, position, misfitText(field, value, next));
-        else
+        if (field == Field::byte || field == Field::word) {
+            diagnostics.warning(Warning::valueTruncated, position, misfitText(field, value, next));
+        } else {
             diagnostics.error(position,
                               misfitText(field, value, next) + remedyFor(field, position, value));
+        }
         return;
     }
-    if (field == Field::JumpIndirect && isPageEnd(value))
+    if (field == Field::jumpIndirect && isPageEnd(value)) {
         diagnostics.warning(
-            Warning::JmpIndirectPageEnd, position,
+            Warning::jmpIndirectPageEnd, position,
             "the processor takes the high byte of this address from the start of the "
             "same page, not from the next one");
+    }
 }
 
 void emitField(Assembly& assembly, ExpressionParser& parser, const FieldToWrite& what) {
@@ -70,20 +75,24 @@ void emitField(Assembly& assembly, ExpressionParser& parser, const FieldToWrite&
     std::array<std::uint8_t, 3> bytes{what.opcode, 0, 0};
     const std::size_t before = what.hasOpcode ? 1 : 0;
     const std::size_t size = before + sizeOf(what.field);
-    if (result.status == Evaluation::Status::Known) {
-        if (!fits(what.field, result.value, what.next) || what.field == Field::JumpIndirect)
+    if (result.status == Evaluation::Status::known) {
+        if (!fits(what.field, result.value, what.next) || what.field == Field::jumpIndirect) {
             checkField(assembly.diagnostics, assembly.at(what.start), what.field, result.value,
                        what.next);
+        }
         const auto value = encoded(what.field, result.value, what.next);
         bytes[before] = value[0];
-        if (before + 1 < bytes.size())
+        if (before + 1 < bytes.size()) {
             bytes[before + 1] = value[1];
+        }
     }
-    if (what.hasOpcode && what.field != Field::Immediate)
+    if (what.hasOpcode && what.field != Field::immediate) {
         parser.noteAddress();
+    }
     assembly.emit(bytes.data(), size, what.start);
-    if (result.status != Evaluation::Status::Unknown || assembly.image.isRam())
+    if (result.status != Evaluation::Status::unknown || assembly.image.isRam()) {
         return;
+    }
     // Numbered after the bytes are in place: they themselves must not count as written over it.
     const std::uint32_t offset = assembly.image.offset() - sizeOf(what.field);
     assembly.deferred.fields.push_back({parser.defer(what.start), assembly.image.nextPatch(),

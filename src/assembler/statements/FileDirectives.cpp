@@ -14,23 +14,24 @@ namespace nesasm {
 
 namespace {
 
-constexpr std::size_t kDeepestInclude = 64;
-constexpr std::size_t kMostNamesInRing = 8;
-constexpr std::size_t kTileSize = 16;
+constexpr std::size_t DeepestInclude = 64;
+constexpr std::size_t MostNamesInRing = 8;
+constexpr std::size_t TileSize = 16;
 /// What looking for a file in a macro, a repetition or a file included again counts for.
-constexpr std::uint64_t kWorkOfSearch = 8000;
+constexpr std::uint64_t WorkOfSearch = 8000;
 /// What a byte of a data file counts for.
-constexpr std::uint64_t kWorkOfByte = 4;
+constexpr std::uint64_t WorkOfByte = 4;
 /// What a byte of a packed picture counts for beyond being read: it may stand for 63 pixels.
-constexpr std::uint64_t kWorkOfPackedByte = 16;
+constexpr std::uint64_t WorkOfPackedByte = 16;
 
 /// As many parts of the path as the name has: a folder's case may be what differs.
 std::string otherCaseText(const std::string& path, std::string_view name) {
     const auto isSeparator = [](char c) { return c == '/' || c == '\\'; };
     auto parts = 1 + std::count_if(name.begin(), name.end(), isSeparator);
     std::size_t begin = path.size();
-    while (parts-- > 0 && begin != 0 && begin != std::string::npos)
+    while (parts-- > 0 && begin != 0 && begin != std::string::npos) {
         begin = path.rfind('/', begin - 1);
+    }
     const std::size_t first = begin == std::string::npos ? 0 : begin + (path[begin] == '/' ? 1 : 0);
     return "the file is spelled '" + path.substr(first) +
            "' on the disk: the build fails where letter case counts";
@@ -44,30 +45,34 @@ FileDirectives::FileDirectives(Assembly& assembly, ExpressionParser& parser)
 
 void FileDirectives::run(Directive directive, const char* p) {
     p = skipBlanks(p);
-    if (directive == Directive::Include)
+    if (directive == Directive::include) {
         include(p);
-    else if (directive == Directive::IncBin)
+    } else if (directive == Directive::incBin) {
         binary(p);
-    else
+    } else {
         tiles(p);
+    }
 }
 
 std::string FileDirectives::openInput(const std::string& name) {
     const auto found = m_assembly.finder.findInput(name);
-    if (!found)
+    if (!found) {
         return "there is no such file";
+    }
     std::string problem;
     bool wasRead = false;
     const SourceFile* const file = m_assembly.files.source(found->path, problem, wasRead);
-    if (file == nullptr)
+    if (file == nullptr) {
         return problem;
+    }
     const std::string_view kept = m_assembly.arena.keepLine(name);
     enter(*file, kept, false);
     m_assembly.headerPosition = {file->text().data(), 1, 0, m_assembly.sources.top().origin, 0};
-    if (found->caseDiffers)
-        m_assembly.diagnostics.warning(Warning::FileCase,
+    if (found->caseDiffers) {
+        m_assembly.diagnostics.warning(Warning::fileCase,
                                        {nullptr, 0, 0, m_assembly.sources.top().origin, 0},
                                        otherCaseText(found->path, name));
+    }
     return {};
 }
 
@@ -86,16 +91,18 @@ std::optional<std::string_view> FileDirectives::fileName(const char*& p) {
     }
     const std::string_view name(start + 1, static_cast<std::size_t>(p - start - 1));
     ++p;
-    if (!name.empty())
+    if (!name.empty()) {
         return name;
+    }
     m_assembly.error(start, "the file name is empty");
     return std::nullopt;
 }
 
 std::optional<std::string> FileDirectives::find(std::string_view name, const char* at,
                                                 bool isSource) {
-    if (m_assembly.sources.top().countsAsWork && !countWork(kWorkOfSearch, at))
+    if (m_assembly.sources.top().countsAsWork && !countWork(WorkOfSearch, at)) {
         return std::nullopt;
+    }
     const std::string folder = folderOf(m_assembly.sources.top().passage.file->path());
     const auto found = m_assembly.finder.find(name, folder, isSource);
     if (!found) {
@@ -108,15 +115,17 @@ std::optional<std::string> FileDirectives::find(std::string_view name, const cha
                 at);
         return std::nullopt;
     }
-    if (found->caseDiffers)
-        m_assembly.warn(Warning::FileCase, at,
+    if (found->caseDiffers) {
+        m_assembly.warn(Warning::fileCase, at,
                         otherCaseText(found->path, name) + "; spell it so here");
+    }
     return found->path;
 }
 
 bool FileDirectives::countWork(std::uint64_t work, const char* at) {
-    if (m_assembly.sources.addWork(work))
+    if (m_assembly.sources.addWork(work)) {
         return true;
+    }
     m_assembly.diagnostics.fatal(m_assembly.at(at),
                                  "files are read too often, or too many bytes of them: look for a "
                                  "repetition or a macro that reads one again and again");
@@ -131,40 +140,48 @@ void FileDirectives::missing(std::string_view name, const std::string& why, cons
 void FileDirectives::include(const char* p) {
     const char* const at = p;
     const auto name = fileName(p);
-    if (!name || !m_assembly.expectEnd(p) || isTooDeep(*name, at))
+    if (!name || !m_assembly.expectEnd(p) || isTooDeep(*name, at)) {
         return;
+    }
     const auto path = find(*name, at, true);
-    if (!path)
+    if (!path) {
         return;
+    }
     std::string problem;
     bool wasRead = false;
     const SourceFile* const file = m_assembly.files.source(*path, problem, wasRead);
-    if (file == nullptr)
+    if (file == nullptr) {
         missing(*name, problem, at);
-    else
+    } else {
         enter(*file, *name, wasRead);
+    }
 }
 
 bool FileDirectives::isTooDeep(std::string_view name, const char* at) {
     std::vector<std::string_view> names;
-    for (std::size_t i = 0; i < m_assembly.sources.depth(); ++i)
-        if (m_assembly.sources.at(i).kind == Origin::Kind::File)
+    for (std::size_t i = 0; i < m_assembly.sources.depth(); ++i) {
+        if (m_assembly.sources.at(i).kind == Origin::Kind::file) {
             names.push_back(m_assembly.sources.at(i).passage.fileName);
-    if (names.size() <= kDeepestInclude)
+        }
+    }
+    if (names.size() <= DeepestInclude) {
         return false;
-    std::string text =
-        "files are included more than " + std::to_string(kDeepestInclude) + " deep: ";
+    }
+    std::string text = "files are included more than " + std::to_string(DeepestInclude) + " deep: ";
     // From the last time that this file was entered: that is the ring, if it is one.
     std::size_t first = names.size();
-    while (first != 0 && names[first - 1] != name)
+    while (first != 0 && names[first - 1] != name) {
         --first;
+    }
     const bool isRing = first != 0;
-    if (!isRing || names.size() - first + 1 > kMostNamesInRing)
-        first = names.size() - kMostNamesInRing + 1;
-    else
+    if (!isRing || names.size() - first + 1 > MostNamesInRing) {
+        first = names.size() - MostNamesInRing + 1;
+    } else {
         --first;
-    for (; first < names.size(); ++first)
+    }
+    for (; first < names.size(); ++first) {
         text.append(names[first]).append(" -> ");
+    }
     m_assembly.diagnostics.fatal(m_assembly.at(at), text.append(name));
     return true;
 }
@@ -172,8 +189,9 @@ bool FileDirectives::isTooDeep(std::string_view name, const char* at) {
 void FileDirectives::enter(const SourceFile& file, std::string_view name, bool wasRead) {
     Origin origin;
     if (!m_assembly.sources.empty()) {
-        if (m_assembly.line.isShortLived)
+        if (m_assembly.line.isShortLived) {
             name = m_assembly.arena.keepLine(name);
+        }
         origin.parent = m_assembly.line.origin;
         origin.callLine = m_assembly.line.number;
         m_assembly.origins[origin.parent].kept = true;
@@ -181,7 +199,7 @@ void FileDirectives::enter(const SourceFile& file, std::string_view name, bool w
     origin.file = name;
     origin.source = &file;
     const OriginId id = m_assembly.origins.add(origin);
-    Frame& frame = m_assembly.sources.push(Origin::Kind::File, {file.text(), 1, &file, name}, id);
+    Frame& frame = m_assembly.sources.push(Origin::Kind::file, {file.text(), 1, &file, name}, id);
     frame.countsAsWork = wasRead;
     frame.conditionals = m_assembly.conditionals.depth();
     frame.label = std::exchange(m_assembly.sizedLabel, 0);
@@ -191,30 +209,36 @@ void FileDirectives::enter(const SourceFile& file, std::string_view name, bool w
 void FileDirectives::binary(const char* p) {
     const char* const at = p;
     const auto name = fileName(p);
-    if (!name)
+    if (!name) {
         return;
+    }
     std::int32_t offset = 0;
     std::optional<std::int32_t> length;
     const char* numbers[2]{p, p};
     for (int i = 0; i < 2; ++i) {
         p = skipBlanks(p);
-        if (*p != ',')
+        if (*p != ',') {
             break;
+        }
         numbers[i] = skipBlanks(++p);
         const auto value = m_parser.parseKnown(
             p, i == 0 ? "the offset of .incbin" : "the length of .incbin", 0, INT32_MAX);
-        if (!value)
+        if (!value) {
             return;
-        if (i == 0)
+        }
+        if (i == 0) {
             offset = *value;
-        else
+        } else {
             length = value;
+        }
     }
-    if (!m_assembly.expectEnd(p))
+    if (!m_assembly.expectEnd(p)) {
         return;
+    }
     const auto path = find(*name, at, false);
-    if (!path)
+    if (!path) {
         return;
+    }
     DataFile file;
     if (const std::string problem = m_assembly.files.open(*path, file); !problem.empty()) {
         missing(*name, problem, at);
@@ -231,71 +255,79 @@ void FileDirectives::binary(const char* p) {
         return;
     }
     const std::size_t count = length ? static_cast<std::size_t>(*length) : left;
-    if (count % kTileSize != 0 && name->size() > 4 &&
-        equalsIgnoringCase(name->substr(name->size() - 4), ".chr"))
-        m_assembly.warn(Warning::OddChrSize, at,
+    if (count % TileSize != 0 && name->size() > 4 &&
+        equalsIgnoringCase(name->substr(name->size() - 4), ".chr")) {
+        m_assembly.warn(Warning::oddChrSize, at,
                         "these " + counted(count, "byte") + " of " + quoted(*name) +
                             " are no whole tiles: a tile takes 16 bytes, and 8 KiB of tiles 8192");
+    }
     putPart(file, static_cast<std::size_t>(offset), count, *name, at);
 }
 
 /// Puts `count` bytes of a file from `offset` on; those that no image can hold are not even read.
 void FileDirectives::putPart(const DataFile& file, std::size_t offset, std::size_t count,
                              std::string_view name, const char* at) {
-    constexpr std::size_t kMostBytes = std::size_t{kBankCount} * kBankSize;
+    constexpr std::size_t MostBytes = std::size_t{BankCount} * BankSize;
     if (m_assembly.image.isRam()) {
         m_assembly.reportExcess(count, at);
         return;
     }
-    if (count > kMostBytes) {
+    if (count > MostBytes) {
         reportBeyondLastBank(count, at);
         return;
     }
-    if (!countWork(count * kWorkOfByte, at))
+    if (!countWork(count * WorkOfByte, at)) {
         return;
+    }
     const auto bytes = std::make_unique_for_overwrite<std::uint8_t[]>(count);
     std::size_t got = 0;
     const std::string problem = file.read(offset, reinterpret_cast<char*>(bytes.get()), count, got);
-    if (!problem.empty())
+    if (!problem.empty()) {
         missing(name, problem, at);
-    else
+    } else {
         put(bytes.get(), got, at);
+    }
 }
 
 void FileDirectives::tiles(const char* p) {
     const char* const at = p;
     const auto name = fileName(p);
-    if (!name || !m_assembly.expectEnd(p))
+    if (!name || !m_assembly.expectEnd(p)) {
         return;
+    }
     const auto path = find(*name, at, false);
-    if (!path)
+    if (!path) {
         return;
+    }
     FileContents contents;
     if (const std::string problem = m_assembly.files.data(*path, contents); !problem.empty()) {
         missing(*name, problem, at);
         return;
     }
     const std::uint64_t unpacking =
-        std::min<std::uint64_t>(contents.size * kWorkOfPackedByte, kMostPicturePixels);
-    if (!countWork(contents.size + unpacking, at))
+        std::min<std::uint64_t>(contents.size * WorkOfPackedByte, MostPicturePixels);
+    if (!countWork(contents.size + unpacking, at)) {
         return;
+    }
     std::vector<std::uint8_t> bytes;
-    if (const std::string problem = readPcxTiles(contents.view(), bytes); !problem.empty())
+    if (const std::string problem = readPcxTiles(contents.view(), bytes); !problem.empty()) {
         m_assembly.error(at, "the picture '" + std::string(*name) + "' cannot be used: " + problem);
-    else
+    } else {
         put(bytes.data(), bytes.size(), at);
+    }
 }
 
 void FileDirectives::put(const std::uint8_t* bytes, std::size_t count, const char* at) {
-    if (m_assembly.image.isRam())
+    if (m_assembly.image.isRam()) {
         m_assembly.reportExcess(count, at);
-    else if (!m_assembly.image.emitAcrossBanks(bytes, count))
+    } else if (!m_assembly.image.emitAcrossBanks(bytes, count)) {
         reportBeyondLastBank(count, at);
+    }
 }
 
 void FileDirectives::reportBeyondLastBank(std::size_t count, const char* at) {
     m_assembly.error(at, "these " + counted(count, "byte") + " go beyond the last bank, number " +
-                             std::to_string(kBankCount - 1));
+                             std::to_string(BankCount - 1));
 }
 
 } // namespace nesasm

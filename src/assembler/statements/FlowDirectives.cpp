@@ -13,12 +13,12 @@ FlowDirectives::FlowDirectives(Assembly& assembly, ExpressionParser& parser)
 
 bool FlowDirectives::isConditional(Directive directive) {
     switch (directive) {
-    case Directive::If:
-    case Directive::IfDef:
-    case Directive::IfNotDef:
-    case Directive::ElseIf:
-    case Directive::Else:
-    case Directive::EndIf:
+    case Directive::ifTrue:
+    case Directive::ifDef:
+    case Directive::ifNotDef:
+    case Directive::elseIf:
+    case Directive::elseBranch:
+    case Directive::endIf:
         return true;
     default:
         return false;
@@ -30,14 +30,14 @@ void FlowDirectives::condition(Directive directive, const char* at, const char* 
     Conditionals& conditionals = m_assembly.conditionals;
     const std::size_t outer = m_assembly.sources.top().conditionals;
     switch (directive) {
-    case Directive::ElseIf:
+    case Directive::elseIf:
         elseIf(at, p);
         return;
-    case Directive::Else:
+    case Directive::elseBranch:
         report(conditionals.otherwise(outer), ".else", at);
         m_assembly.expectEnd(p);
         return;
-    case Directive::EndIf:
+    case Directive::endIf:
         report(conditionals.close(outer), ".endif", at);
         m_assembly.expectEnd(p);
         return;
@@ -46,17 +46,20 @@ void FlowDirectives::condition(Directive directive, const char* at, const char* 
     }
     const Position position = m_assembly.at(at);
     std::string text;
-    if (m_assembly.line.isShortLived)
+    if (m_assembly.line.isShortLived) {
         text.assign(position.line, lineEnd(position.line)).append(1, '\n');
-    if (conditionals.skips())
+    }
+    if (conditionals.skips()) {
         conditionals.openSkipped(position, std::move(text));
-    else
+    } else {
         conditionals.open(isTrue(directive, p), position, std::move(text));
+    }
 }
 
 bool FlowDirectives::isTrue(Directive directive, const char* p) {
-    if (directive != Directive::If)
-        return isDefined(p) == (directive == Directive::IfDef);
+    if (directive != Directive::ifTrue) {
+        return isDefined(p) == (directive == Directive::ifDef);
+    }
     const auto value = m_parser.parseKnown(p, "the condition of .if");
     return value && m_assembly.expectEnd(p) && *value != 0;
 }
@@ -70,11 +73,12 @@ bool FlowDirectives::isDefined(const char* p) {
     const SymbolId id =
         m_assembly.symbols.find({p, static_cast<std::size_t>(end - p)}, m_assembly.scope);
     m_assembly.expectEnd(end);
-    if (id == 0)
+    if (id == 0) {
         return false;
+    }
     Symbol& symbol = m_assembly.symbols[id];
     ++symbol.uses;
-    return symbol.isDefined || symbol.macro != kNone;
+    return symbol.isDefined || symbol.macro != None;
 }
 
 void FlowDirectives::elseIf(const char* at, const char* p) {
@@ -88,10 +92,11 @@ void FlowDirectives::elseIf(const char* at, const char* p) {
 }
 
 void FlowDirectives::report(Conditionals::Answer answer, const char* name, const char* at) {
-    if (answer == Conditionals::Answer::NoIf)
+    if (answer == Conditionals::Answer::noIf) {
         m_assembly.error(at, std::string(name) + " without an .if before it in this file or macro");
-    else if (answer == Conditionals::Answer::AfterElse)
+    } else if (answer == Conditionals::Answer::afterElse) {
         m_assembly.error(at, std::string(name) + " behind the .else of the same .if");
+    }
 }
 
 void FlowDirectives::closeFrame() {
@@ -107,19 +112,22 @@ void FlowDirectives::closeFrame() {
 
 void FlowDirectives::message(Directive directive, const char* at, const char* p) {
     p = skipBlanks(p);
-    if (directive == Directive::Assert) {
+    if (directive == Directive::assertion) {
         assertion(at, p);
         return;
     }
     std::optional<std::string> said = "the source gives up here (.fail)";
-    if (directive != Directive::Fail || !endsStatement(*p))
+    if (directive != Directive::fail || !endsStatement(*p)) {
         said = text(p);
-    if (!said || !m_assembly.expectEnd(p))
+    }
+    if (!said || !m_assembly.expectEnd(p)) {
         return;
-    if (directive == Directive::Warning)
-        m_assembly.warn(Warning::UserWarning, at, std::move(*said));
-    else
+    }
+    if (directive == Directive::warning) {
+        m_assembly.warn(Warning::userWarning, at, std::move(*said));
+    } else {
         m_assembly.error(at, std::move(*said));
+    }
 }
 
 std::optional<std::string> FlowDirectives::text(const char*& p) {
@@ -135,8 +143,9 @@ std::optional<std::string> FlowDirectives::text(const char*& p) {
             m_assembly.error(start, "this string has no closing '\"'");
             return std::nullopt;
         }
-        if (*p == '\\' && p[1] == '"')
+        if (*p == '\\' && p[1] == '"') {
             ++p;
+        }
         said += *p;
     }
     ++p;
@@ -144,23 +153,27 @@ std::optional<std::string> FlowDirectives::text(const char*& p) {
 }
 
 void FlowDirectives::assertion(const char* at, const char* p) {
-    if (!m_parser.parse(p))
+    if (!m_parser.parse(p)) {
         return;
+    }
     const Evaluation result = m_parser.evaluateNow();
     DeferredExpression expression;
-    if (result.status == Evaluation::Status::Unknown)
+    if (result.status == Evaluation::Status::unknown) {
         expression = m_parser.defer(at);
+    }
     std::optional<std::string> said = "the assertion does not hold";
     if (*p == ',') {
         p = skipBlanks(p + 1);
         said = text(p);
     }
-    if (!said || !m_assembly.expectEnd(p))
+    if (!said || !m_assembly.expectEnd(p)) {
         return;
-    if (result.status == Evaluation::Status::Unknown)
+    }
+    if (result.status == Evaluation::Status::unknown) {
         m_assembly.deferred.assertions.push_back({expression, m_assembly.arena.keepLine(*said)});
-    else if (result.status == Evaluation::Status::Known && result.value == 0)
+    } else if (result.status == Evaluation::Status::known && result.value == 0) {
         m_assembly.error(at, std::move(*said));
+    }
 }
 
 } // namespace nesasm

@@ -14,20 +14,20 @@ namespace {
 
 constexpr Field fieldOf(Mode mode) {
     switch (mode) {
-    case Mode::Immediate:
-        return Field::Immediate;
-    case Mode::ZeroPage:
-    case Mode::ZeroPageX:
-    case Mode::ZeroPageY:
-    case Mode::IndirectX:
-    case Mode::IndirectY:
-        return Field::ZeroPage;
-    case Mode::Indirect:
-        return Field::JumpIndirect;
-    case Mode::Relative:
-        return Field::Relative;
+    case Mode::immediate:
+        return Field::immediate;
+    case Mode::zeroPage:
+    case Mode::zeroPageX:
+    case Mode::zeroPageY:
+    case Mode::indirectX:
+    case Mode::indirectY:
+        return Field::zeroPage;
+    case Mode::indirect:
+        return Field::jumpIndirect;
+    case Mode::relative:
+        return Field::relative;
     default:
-        return Field::Absolute;
+        return Field::absolute;
     }
 }
 
@@ -52,15 +52,17 @@ void InstructionAssembler::assemble(const Instruction& instruction, const char* 
                                     const char* p) {
     p = skipBlanks(p);
     const char* const operand = p;
-    if (instruction.has(Mode::Implied) && !endsStatement(*p)) {
-        reportMode(instruction, Shape::Plain, operand);
+    if (instruction.has(Mode::implied) && !endsStatement(*p)) {
+        reportMode(instruction, Shape::plain, operand);
         return;
     }
     const auto shape = readOperand(instruction, p);
-    if (!shape)
+    if (!shape) {
         return;
-    if (!m_assembly.expectEnd(p))
+    }
+    if (!m_assembly.expectEnd(p)) {
         return;
+    }
     const auto mode = modeOf(instruction, *shape);
     if (!mode) {
         reportMode(instruction, *shape, endsStatement(*operand) ? start : operand);
@@ -74,25 +76,28 @@ InstructionAssembler::readOperand(const Instruction& instruction, const char*& p
     switch (*p) {
     case '#':
         ++p;
-        if (!m_parser.parse(p, ExpressionParser::Prefix::LowHigh))
+        if (!m_parser.parse(p, ExpressionParser::Prefix::lowHigh)) {
             return std::nullopt;
+        }
         if (*p == ',') {
             fail(p, "behind an immediate value there is no index; " +
                         std::string(instruction.name) +
                         " can be written: " + modesText(instruction));
             return std::nullopt;
         }
-        return Shape::Immediate;
+        return Shape::immediate;
     case '<': {
         ++p;
-        if (!m_parser.parse(p))
+        if (!m_parser.parse(p)) {
             return std::nullopt;
+        }
         const auto index = readIndex(p);
-        if (!index)
+        if (!index) {
             return std::nullopt;
-        return *index == Index::None ? Shape::ZeroPage
-               : *index == Index::X  ? Shape::ZeroPageX
-                                     : Shape::ZeroPageY;
+        }
+        return *index == Index::none ? Shape::zeroPage
+               : *index == Index::x  ? Shape::zeroPageX
+                                     : Shape::zeroPageY;
     }
     case '[':
         return readBracket(p);
@@ -101,30 +106,35 @@ InstructionAssembler::readOperand(const Instruction& instruction, const char*& p
     default:
         break;
     }
-    if (endsStatement(*p))
-        return Shape::None;
-    if (isRegister(p, 'a') && instruction.has(Mode::Accumulator) &&
+    if (endsStatement(*p)) {
+        return Shape::none;
+    }
+    if (isRegister(p, 'a') && instruction.has(Mode::accumulator) &&
         endsStatement(*skipBlanks(p + 1))) {
         ++p;
-        return Shape::Accumulator;
+        return Shape::accumulator;
     }
-    if (!m_parser.parse(p))
+    if (!m_parser.parse(p)) {
         return std::nullopt;
+    }
     const auto index = readIndex(p);
-    if (!index)
+    if (!index) {
         return std::nullopt;
-    return *index == Index::None ? Shape::Plain
-           : *index == Index::X  ? Shape::PlainX
-                                 : Shape::PlainY;
+    }
+    return *index == Index::none ? Shape::plain
+           : *index == Index::x  ? Shape::plainX
+                                 : Shape::plainY;
 }
 
 /// [e], [e,x] or [e],y
 std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(const char*& p) {
     p = skipLowMark(p + 1);
-    if (!m_parser.parse(p))
+    if (!m_parser.parse(p)) {
         return std::nullopt;
-    if (*p == ',')
+    }
+    if (*p == ',') {
         return insideIndex(p, ']');
+    }
     if (*p != ']') {
         fail(p, "a ']' was expected, but " + foundText(p) + " was found");
         return std::nullopt;
@@ -132,42 +142,47 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(con
     ++p;
     const char* const comma = skipBlanks(p);
     const auto index = readIndex(p);
-    if (!index)
+    if (!index) {
         return std::nullopt;
-    if (*index == Index::X) {
+    }
+    if (*index == Index::x) {
         fail(comma, "there is no addressing mode [n],x; [n,x] and [n],y exist");
         return std::nullopt;
     }
-    return *index == Index::Y ? Shape::IndirectY : Shape::Indirect;
+    return *index == Index::y ? Shape::indirectY : Shape::indirect;
 }
 
 /// (e), (e,x), (e),y, or an expression that begins with a parenthesis
 std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis(const char*& p) {
     p = skipLowMark(p + 1);
-    if (!m_parser.parse(p))
+    if (!m_parser.parse(p)) {
         return std::nullopt;
-    if (*p == ',')
+    }
+    if (*p == ',') {
         return insideIndex(p, ')');
+    }
     if (*p != ')') {
         fail(p, "a ')' was expected, but " + foundText(p) + " was found");
         return std::nullopt;
     }
     p = skipBlanks(p + 1);
     const bool closesLast = *p == ',' || endsStatement(*p);
-    if (!closesLast && !m_parser.parseRest(p))
+    if (!closesLast && !m_parser.parseRest(p)) {
         return std::nullopt;
+    }
     const auto index = readIndex(p);
-    if (!index)
+    if (!index) {
         return std::nullopt;
+    }
     switch (*index) {
-    case Index::X:
-        return Shape::PlainX;
-    case Index::Y:
-        return closesLast ? Shape::ParenthesisY : Shape::PlainY;
-    case Index::None:
+    case Index::x:
+        return Shape::plainX;
+    case Index::y:
+        return closesLast ? Shape::parenthesisY : Shape::plainY;
+    case Index::none:
         break;
     }
-    return closesLast ? Shape::Parenthesis : Shape::Plain;
+    return closesLast ? Shape::parenthesis : Shape::plain;
 }
 
 /// The rest of (e,x) or [e,x], at the comma
@@ -175,10 +190,11 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(con
                                                                              char closing) {
     const char* const comma = p;
     const auto index = readIndex(p);
-    if (!index)
+    if (!index) {
         return std::nullopt;
+    }
     p = skipBlanks(p);
-    if (*index == Index::Y) {
+    if (*index == Index::y) {
         fail(comma,
              "inside the brackets only x can be the index; y stands behind them, as in [n],y");
         return std::nullopt;
@@ -189,14 +205,15 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(con
         return std::nullopt;
     }
     ++p;
-    return Shape::IndirectX;
+    return Shape::indirectX;
 }
 
 /// ",x" or ",y" or nothing; nullopt when something else stands behind a comma
 std::optional<InstructionAssembler::Index> InstructionAssembler::readIndex(const char*& p) {
     const char* const comma = skipBlanks(p);
-    if (*comma != ',')
-        return Index::None;
+    if (*comma != ',') {
+        return Index::none;
+    }
     const char* const letter = skipBlanks(comma + 1);
     const bool isX = isRegister(letter, 'x');
     if (!isX && !isRegister(letter, 'y')) {
@@ -205,7 +222,7 @@ std::optional<InstructionAssembler::Index> InstructionAssembler::readIndex(const
         return std::nullopt;
     }
     p = letter + 1;
-    return isX ? Index::X : Index::Y;
+    return isX ? Index::x : Index::y;
 }
 
 std::optional<Mode> InstructionAssembler::modeOf(const Instruction& instruction,
@@ -214,87 +231,93 @@ std::optional<Mode> InstructionAssembler::modeOf(const Instruction& instruction,
         return instruction.has(mode) ? std::optional(mode) : std::nullopt;
     };
     switch (shape) {
-    case Shape::None:
-        return instruction.has(Mode::Accumulator) ? Mode::Accumulator : present(Mode::Implied);
-    case Shape::Accumulator:
-        return present(Mode::Accumulator);
-    case Shape::Immediate:
-        return present(Mode::Immediate);
-    case Shape::ZeroPage:
-        return present(Mode::ZeroPage);
-    case Shape::ZeroPageX:
-        return present(Mode::ZeroPageX);
-    case Shape::ZeroPageY:
-        return present(Mode::ZeroPageY);
-    case Shape::Parenthesis:
-        if (instruction.has(Mode::Indirect))
-            return Mode::Indirect;
+    case Shape::none:
+        return instruction.has(Mode::accumulator) ? Mode::accumulator : present(Mode::implied);
+    case Shape::accumulator:
+        return present(Mode::accumulator);
+    case Shape::immediate:
+        return present(Mode::immediate);
+    case Shape::zeroPage:
+        return present(Mode::zeroPage);
+    case Shape::zeroPageX:
+        return present(Mode::zeroPageX);
+    case Shape::zeroPageY:
+        return present(Mode::zeroPageY);
+    case Shape::parenthesis:
+        if (instruction.has(Mode::indirect)) {
+            return Mode::indirect;
+        }
         [[fallthrough]];
-    case Shape::Plain:
-        return instruction.has(Mode::Relative) ? Mode::Relative : present(Mode::Absolute);
-    case Shape::PlainX:
-        return present(Mode::AbsoluteX);
-    case Shape::PlainY:
-        return present(Mode::AbsoluteY);
-    case Shape::ParenthesisY:
+    case Shape::plain:
+        return instruction.has(Mode::relative) ? Mode::relative : present(Mode::absolute);
+    case Shape::plainX:
+        return present(Mode::absoluteX);
+    case Shape::plainY:
+        return present(Mode::absoluteY);
+    case Shape::parenthesisY:
         return present(modeOfParenthesisY(instruction));
-    case Shape::Indirect:
-        return present(Mode::Indirect);
-    case Shape::IndirectX:
-        return present(Mode::IndirectX);
-    case Shape::IndirectY:
-        return present(Mode::IndirectY);
+    case Shape::indirect:
+        return present(Mode::indirect);
+    case Shape::indirectX:
+        return present(Mode::indirectX);
+    case Shape::indirectY:
+        return present(Mode::indirectY);
     }
     return std::nullopt;
 }
 
 /// (e),y is indirect only when e is known by now to lie in the zero page.
 Mode InstructionAssembler::modeOfParenthesisY(const Instruction& instruction) const {
-    if (!instruction.has(Mode::IndirectY))
-        return Mode::AbsoluteY;
+    if (!instruction.has(Mode::indirectY)) {
+        return Mode::absoluteY;
+    }
     const Evaluation value = evaluate(m_parser.operations(), m_assembly.symbols);
-    return value.status == Evaluation::Status::Known && value.value < 0x100 ? Mode::IndirectY
-                                                                            : Mode::AbsoluteY;
+    return value.status == Evaluation::Status::known && value.value < 0x100 ? Mode::indirectY
+                                                                            : Mode::absoluteY;
 }
 
 void InstructionAssembler::emit(const Instruction& instruction, Mode mode, const char* start,
                                 const char* operand) {
     const auto opcode = static_cast<std::uint8_t>(instruction.opcode(mode));
-    if (mode == Mode::Implied || mode == Mode::Accumulator) {
+    if (mode == Mode::implied || mode == Mode::accumulator) {
         m_assembly.emit(&opcode, 1, start);
         return;
     }
-    if (m_hints.areWanted())
+    if (m_hints.areWanted()) {
         m_hints.look(instruction, mode, m_parser.operations(), operand);
+    }
     emitField(m_assembly, m_parser, {fieldOf(mode), operand, m_assembly.here + 2, opcode, true});
 }
 
 /// How an operand of that shape is written; n is any expression.
 std::string_view InstructionAssembler::shapeText(Shape shape) {
-    static constexpr std::array<std::string_view, 14> kTexts{
-        "",    "A",   "#n",  "<n",    "<n,x", "<n,y",  "n",
-        "n,x", "n,y", "(n)", "(n),y", "[n]",  "[n,x]", "[n],y"};
-    return kTexts[static_cast<std::size_t>(shape)];
+    static constexpr std::array<std::string_view, 14> Texts{"",      "A",   "#n",    "<n",   "<n,x",
+                                                            "<n,y",  "n",   "n,x",   "n,y",  "(n)",
+                                                            "(n),y", "[n]", "[n,x]", "[n],y"};
+    return Texts[static_cast<std::size_t>(shape)];
 }
 
 void InstructionAssembler::reportMode(const Instruction& instruction, Shape shape,
                                       const char* operand) {
     const std::string name(instruction.name);
     std::string text;
-    if (shape == Shape::None)
+    if (shape == Shape::none) {
         text = name + " needs an operand";
-    else if (instruction.has(Mode::Implied))
+    } else if (instruction.has(Mode::implied)) {
         text = name + " takes no operand";
-    else
+    } else {
         text = name + " does not have the addressing mode " + quoted(shapeText(shape));
+    }
     text += "; it can be written: " + modesText(instruction);
-    if (shape != Shape::None && instruction.has(Mode::Implied))
+    if (shape != Shape::none && instruction.has(Mode::implied)) {
         text += commentRemedy(operand);
-    if ((shape == Shape::PlainX && instruction.has(Mode::ZeroPageX)) ||
-        (shape == Shape::PlainY && instruction.has(Mode::ZeroPageY)))
+    }
+    if ((shape == Shape::plainX && instruction.has(Mode::zeroPageX)) ||
+        (shape == Shape::plainY && instruction.has(Mode::zeroPageY))) {
         text += "; an address in the zero page needs a < before it";
-    else if (shape == Shape::Immediate && !instruction.has(Mode::Implied))
+    } else if (shape == Shape::immediate && !instruction.has(Mode::implied)) {
         text += "; with a # it is a value, but " + name + " needs an address";
+    }
     fail(operand, std::move(text));
 }
 

@@ -20,22 +20,22 @@ public:
 private:
     /// How an operand is written.
     enum class Shape {
-        None,
-        Accumulator,
-        Immediate,
-        ZeroPage,
-        ZeroPageX,
-        ZeroPageY,
-        Plain,
-        PlainX,
-        PlainY,
-        Parenthesis,
-        ParenthesisY, ///< (e) and (e),y; (e),x is only grouping
-        Indirect,
-        IndirectX,
-        IndirectY
+        none,
+        accumulator,
+        immediate,
+        zeroPage,
+        zeroPageX,
+        zeroPageY,
+        plain,
+        plainX,
+        plainY,
+        parenthesis,
+        parenthesisY, ///< (e) and (e),y; (e),x is only grouping
+        indirect,
+        indirectX,
+        indirectY
     };
-    enum class Index { None, X, Y };
+    enum class Index { none, x, y };
 
     std::optional<Shape> readOperand(const Instruction& instruction, const char*& p);
     std::optional<Shape> readBracket(const char*& p);

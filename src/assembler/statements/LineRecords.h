@@ -16,7 +16,7 @@ namespace nesasm {
 struct LineRecord {
     const char* text = nullptr; ///< ends at its line end
     const SourceFile* file = nullptr;
-    OriginId origin = kNoOrigin;
+    OriginId origin = NoOrigin;
     std::uint32_t number = 0;
     std::uint32_t address = 0;
     std::uint32_t bank = 0;

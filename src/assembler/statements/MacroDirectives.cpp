@@ -10,8 +10,8 @@ namespace nesasm {
 
 namespace {
 
-constexpr std::size_t kDeepestNesting = 256;
-constexpr std::int32_t kMostRepetitions = 65535;
+constexpr std::size_t DeepestNesting = 256;
+constexpr std::int32_t MostRepetitions = 65535;
 
 std::string_view wordAt(const char* p) {
     return {p, static_cast<std::size_t>(wordEnd(p) - p)};
@@ -19,13 +19,14 @@ std::string_view wordAt(const char* p) {
 
 /// The end of a word of a macro's body, which may hold arguments to be put in.
 const char* bodyWordEnd(const char* p) {
-    while (isWordPart(*p) || (*p == '\\' && !isLineEnd(p[1])))
+    while (isWordPart(*p) || (*p == '\\' && !isLineEnd(p[1]))) {
         p += *p == '\\' ? 2 : 1;
+    }
     return p;
 }
 
 bool isDirective(Keyword keyword, Directive directive) {
-    return keyword.kind == Keyword::Kind::Directive &&
+    return keyword.kind == Keyword::Kind::directive &&
            keyword.id == static_cast<std::uint8_t>(directive);
 }
 
@@ -37,7 +38,7 @@ MacroDirectives::MacroDirectives(Assembly& assembly, ExpressionParser& parser)
 
 std::uint32_t MacroDirectives::find(std::string_view name) const {
     const SymbolId id = m_assembly.symbols.find(name, m_assembly.scope);
-    return id == 0 ? kNone : m_assembly.symbols[id].macro;
+    return id == 0 ? None : m_assembly.symbols[id].macro;
 }
 
 void MacroDirectives::defineNamedBehind(const char* p) {
@@ -54,19 +55,23 @@ void MacroDirectives::define(std::string_view name, const char* at, const char* 
     const std::string_view remedy =
         startsName(skipBlanks(p)) ? "; a macro's arguments have no names: \\1 to \\9 stand for them"
                                   : "";
-    if (!m_assembly.expectEnd(p, remedy))
+    if (!m_assembly.expectEnd(p, remedy)) {
         markArgumentNames(p);
+    }
     const bool isFine = mayDefine(name, at);
-    if (m_assembly.line.isShortLived)
+    if (m_assembly.line.isShortLived) {
         name = m_assembly.arena.keepLine(name);
+    }
     Macro macro{name, {}};
-    if (!collect(Directive::Macro, Directive::EndMacro, at, macro.body) || !isFine)
+    if (!collect(Directive::macro, Directive::endMacro, at, macro.body) || !isFine) {
         return;
+    }
     const SymbolId id = m_assembly.intern(name);
     m_assembly.symbols[id].macro = static_cast<std::uint32_t>(m_assembly.macros.size());
     m_assembly.macros.push_back(macro);
-    if (findKeyword(name).kind != Keyword::Kind::None)
+    if (findKeyword(name).kind != Keyword::Kind::none) {
         m_assembly.macroHidesKeyword = true;
+    }
 }
 
 /// The words behind a macro's name were meant as names of its arguments: that the body uses them is
@@ -89,11 +94,11 @@ bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
                          shown + " cannot name a macro: a name that begins with a dot is local");
         return false;
     }
-    if (findKeyword(name).kind == Keyword::Kind::Directive) {
+    if (findKeyword(name).kind == Keyword::Kind::directive) {
         m_assembly.error(at, shown + " cannot name a macro: it is a directive");
         return false;
     }
-    if (const std::uint32_t former = find(name); former != kNone) {
+    if (const std::uint32_t former = find(name); former != None) {
         const Passage& body = m_assembly.macros[former].body;
         m_assembly.error(at, "the macro " + shown + " has already been defined at " +
                                  std::string(body.fileName) + ":" +
@@ -105,18 +110,20 @@ bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
 
 void MacroDirectives::skipBody(const char* at) {
     Passage body;
-    collect(Directive::Macro, Directive::EndMacro, at, body);
+    collect(Directive::macro, Directive::endMacro, at, body);
 }
 
 std::optional<Directive> MacroDirectives::directiveOf(const char* begin, const char*& at) const {
     for (const char* p = begin;;) {
         const bool isFirst = p == begin && !isBlank(*p);
         p = skipBlanks(p);
-        if (!startsName(p) && *p != '\\')
+        if (!startsName(p) && *p != '\\') {
             return std::nullopt;
+        }
         const char* const end = bodyWordEnd(p);
-        if (end == p)
+        if (end == p) {
             return std::nullopt; // a backslash at the end of the line
+        }
         if (*end == ':') {
             p = end + 1;
             continue;
@@ -124,18 +131,19 @@ std::optional<Directive> MacroDirectives::directiveOf(const char* begin, const c
         const std::string_view word(p, static_cast<std::size_t>(end - p));
         const Keyword keyword = findKeyword(word);
         const char* const next = skipBlanks(end);
-        if (*next == '.' || keyword.kind == Keyword::Kind::None) {
-            if (isDirective(findKeyword(wordAt(next)), Directive::Macro)) {
+        if (*next == '.' || keyword.kind == Keyword::Kind::none) {
+            if (isDirective(findKeyword(wordAt(next)), Directive::macro)) {
                 at = next;
-                return Directive::Macro;
+                return Directive::macro;
             }
         }
-        if (keyword.kind == Keyword::Kind::Directive) {
+        if (keyword.kind == Keyword::Kind::directive) {
             at = p;
             return static_cast<Directive>(keyword.id);
         }
-        if (!isFirst || keyword.kind == Keyword::Kind::Instruction || find(word) != kNone)
+        if (!isFirst || keyword.kind == Keyword::Kind::instruction || find(word) != None) {
             return std::nullopt;
+        }
         p = next; // a label
     }
 }
@@ -145,11 +153,11 @@ bool MacroDirectives::collect(Directive opening, Directive closing, const char* 
     const Frame& frame = sources.top();
     const char* const first = frame.cursor;
     body = {{}, frame.line + 1, frame.passage.file, frame.passage.fileName};
-    const bool isCopied = frame.kind == Origin::Kind::Macro;
+    const bool isCopied = frame.kind == Origin::Kind::macro;
     std::string copy;
     for (std::size_t nesting = 0;;) {
         if (sources.isAtEnd()) {
-            const bool isMacro = closing == Directive::EndMacro;
+            const bool isMacro = closing == Directive::endMacro;
             m_assembly.isIncomplete = true;
             m_assembly.error(
                 at, isMacro ? "this macro has no .endm before the end of the file"
@@ -157,40 +165,45 @@ bool MacroDirectives::collect(Directive opening, Directive closing, const char* 
             return false;
         }
         Line line;
-        if (const auto problem = sources.next(line); problem != SourceStack::Next::Line) {
+        if (const auto problem = sources.next(line); problem != SourceStack::Next::line) {
             reportRunaway(m_assembly, line, problem);
             return false;
         }
-        if (m_assembly.recordsLines)
+        if (m_assembly.recordsLines) {
             m_assembly.records.add(line, frame.passage.file);
+        }
         const char* word = line.begin;
         const auto directive = directiveOf(line.begin, word);
-        if (directive == opening)
+        if (directive == opening) {
             ++nesting;
+        }
         if (directive == closing && nesting-- == 0) {
             // A label before the end belongs to the body.
             const bool hasLabel = skipBlanks(line.begin) != word;
             if (isCopied || hasLabel) {
                 copy = isCopied ? copy : std::string(first, line.begin);
-                if (hasLabel)
+                if (hasLabel) {
                     copy.append(line.begin, word);
+                }
                 body.text = m_assembly.arena.keepLine(copy);
             } else {
                 body.text = {first, static_cast<std::size_t>(line.begin - first)};
             }
             return true;
         }
-        if (isCopied)
+        if (isCopied) {
             copy.append(line.begin, lineEnd(line.begin)) += '\n';
+        }
     }
 }
 
 bool MacroDirectives::isTooDeep(const char* at) {
-    if (m_assembly.sources.depth() < kDeepestNesting)
+    if (m_assembly.sources.depth() < DeepestNesting) {
         return false;
+    }
     m_assembly.diagnostics.fatal(m_assembly.at(at),
                                  "macros and repetitions are nested more than " +
-                                     std::to_string(kDeepestNesting) +
+                                     std::to_string(DeepestNesting) +
                                      " deep: does this macro call itself without end?");
     return true;
 }
@@ -211,36 +224,39 @@ Frame& MacroDirectives::enter(Origin::Kind kind, const Passage& body, std::strin
 }
 
 void MacroDirectives::call(std::uint32_t macro, const char* at, const char* p) {
-    if (isTooDeep(at))
+    if (isTooDeep(at)) {
         return;
+    }
     MacroArguments arguments;
     if (!arguments.read(p)) {
         m_assembly.error(p, "a macro takes at most nine arguments; this is the tenth");
         return;
     }
     Frame& frame =
-        enter(Origin::Kind::Macro, m_assembly.macros[macro].body, m_assembly.macros[macro].name);
+        enter(Origin::Kind::macro, m_assembly.macros[macro].body, m_assembly.macros[macro].name);
     frame.arguments = arguments;
     frame.number = ++m_assembly.expansions;
 }
 
 void MacroDirectives::repeat(const char* at, const char* p) {
     p = skipBlanks(p);
-    const auto count = m_parser.parseKnown(p, "the count of .rept", 0, kMostRepetitions);
-    if (count)
+    const auto count = m_parser.parseKnown(p, "the count of .rept", 0, MostRepetitions);
+    if (count) {
         m_assembly.expectEnd(p);
+    }
     Passage body;
-    if (!collect(Directive::Repeat, Directive::EndRepeat, at, body) || !count || *count == 0 ||
-        isTooDeep(at))
+    if (!collect(Directive::repeat, Directive::endRepeat, at, body) || !count || *count == 0 ||
+        isTooDeep(at)) {
         return;
-    enter(Origin::Kind::Repeat, body, {}).repetitions = static_cast<std::uint32_t>(*count) - 1;
+    }
+    enter(Origin::Kind::repeat, body, {}).repetitions = static_cast<std::uint32_t>(*count) - 1;
 }
 
 void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next problem) {
     const auto column = static_cast<std::uint32_t>(skipBlanks(line.begin) - line.begin);
     const Position position{line.begin, line.number, column, line.origin, line.order};
     assembly.diagnostics.fatal(
-        position, problem == SourceStack::Next::TooLong
+        position, problem == SourceStack::Next::tooLong
                       ? "with its arguments put in, this line of a macro is too long"
                       : "macros, repetitions and files included again come to more lines "
                         "than can be assembled: is there one without end?");

@@ -21,7 +21,7 @@ public:
     /// .macro with the name behind it, at `p`.
     void defineNamedBehind(const char* p);
 
-    /// The macro of this name, kNone when there is none.
+    /// The macro of this name, None when there is none.
     std::uint32_t find(std::string_view name) const;
 
     /// A call, with `p` behind the name that begins at `at`.

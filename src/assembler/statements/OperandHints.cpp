@@ -13,12 +13,12 @@ namespace {
 /// The mode that does the same with an address in the zero page.
 std::optional<Mode> zeroPageModeOf(Mode mode) {
     switch (mode) {
-    case Mode::Absolute:
-        return Mode::ZeroPage;
-    case Mode::AbsoluteX:
-        return Mode::ZeroPageX;
-    case Mode::AbsoluteY:
-        return Mode::ZeroPageY;
+    case Mode::absolute:
+        return Mode::zeroPage;
+    case Mode::absoluteX:
+        return Mode::zeroPageX;
+    case Mode::absoluteY:
+        return Mode::zeroPageY;
     default:
         return std::nullopt;
     }
@@ -27,58 +27,65 @@ std::optional<Mode> zeroPageModeOf(Mode mode) {
 /// A number, or one byte of something: what immediate operands are mostly made of.
 bool looksImmediate(std::span<const Operation> operations, const SymbolTable& symbols) {
     const OpCode last = operations.back().code;
-    if (last == OpCode::Low || last == OpCode::High)
+    if (last == OpCode::low || last == OpCode::high) {
         return true;
-    if (operations.size() != 1 || last != OpCode::Literal)
+    }
+    if (operations.size() != 1 || last != OpCode::literal) {
         return false;
+    }
     const Evaluation value = evaluate(operations, symbols);
-    return value.status == Evaluation::Status::Known && value.value >= 0 && value.value <= 0xFF;
+    return value.status == Evaluation::Status::known && value.value >= 0 && value.value <= 0xFF;
 }
 
 } // namespace
 
 OperandHints::OperandHints(Assembly& assembly)
     : m_assembly(assembly)
-    , m_zeroPage(assembly.diagnostics.isOn(Warning::ZeroPagePossible))
-    , m_hash(assembly.diagnostics.isOn(Warning::MissingHash)) {}
+    , m_zeroPage(assembly.diagnostics.isOn(Warning::zeroPagePossible))
+    , m_hash(assembly.diagnostics.isOn(Warning::missingHash)) {}
 
 void OperandHints::look(const Instruction& instruction, Mode mode,
                         std::span<const Operation> operations, const char* operand) {
-    if (m_hash && mode == Mode::Absolute && instruction.has(Mode::Immediate) &&
+    if (m_hash && mode == Mode::absolute && instruction.has(Mode::immediate) &&
         looksImmediate(operations, m_assembly.symbols)) {
         const std::string name(instruction.name);
         const std::string written = writtenOperand(m_assembly.at(operand));
         const std::string shown = written.empty() ? "n" : written;
-        m_assembly.warn(Warning::MissingHash, operand,
+        m_assembly.warn(Warning::missingHash, operand,
                         "without a # this is an address, not a value; for the value write " + name +
                             " #" + shown + ", for the address " + name + " <" + shown);
         return;
     }
-    if (!m_zeroPage)
+    if (!m_zeroPage) {
         return;
+    }
     const Evaluation value = evaluate(operations, m_assembly.symbols);
-    if (value.status == Evaluation::Status::Known)
+    if (value.status == Evaluation::Status::known) {
         warnOfZeroPage(instruction, mode, value.value, m_assembly.at(operand));
+    }
 }
 
 void OperandHints::lookLate(const DeferredField& field, std::int32_t value) {
-    if (!m_zeroPage || field.field != Field::Absolute || field.offset == 0)
+    if (!m_zeroPage || field.field != Field::absolute || field.offset == 0) {
         return;
+    }
     const std::uint8_t* const bytes = m_assembly.image.bytes(field.bank);
     Mode mode{};
     const Instruction* const instruction =
         bytes == nullptr ? nullptr : findOpcode(bytes[field.offset - 1], mode);
-    if (instruction != nullptr)
+    if (instruction != nullptr) {
         warnOfZeroPage(*instruction, mode, value, field.expression.position);
+    }
 }
 
 void OperandHints::warnOfZeroPage(const Instruction& instruction, Mode mode, std::int32_t value,
                                   const Position& position) {
     const auto shorter = zeroPageModeOf(mode);
-    if (!shorter || !instruction.has(*shorter) || value < 0 || value > 0xFF)
+    if (!shorter || !instruction.has(*shorter) || value < 0 || value > 0xFF) {
         return;
+    }
     m_assembly.diagnostics.warning(
-        Warning::ZeroPagePossible, position,
+        Warning::zeroPagePossible, position,
         "the address " + hexText(static_cast<unsigned>(value), 2) +
             " lies in the zero page: with a < before the operand the instruction is a byte shorter "
             "and faster");

@@ -15,7 +15,7 @@ namespace nesasm {
 namespace {
 
 /// For so many errors the whole symbol table is searched.
-constexpr std::size_t kMostSearches = 100;
+constexpr std::size_t MostSearches = 100;
 
 std::string placeOf(const SymbolTable& symbols, SymbolId scope) {
     return scope == 0 ? std::string("before the first label")
@@ -28,18 +28,23 @@ std::string namesakeText(const SymbolTable& symbols, const Symbol& symbol) {
     const Symbol* other = nullptr;
     for (SymbolId id = 1; id < symbols.size(); ++id) {
         const Symbol& each = symbols[id];
-        if (!each.isDefined)
+        if (!each.isDefined) {
             continue;
-        if (each.name == symbol.name)
+        }
+        if (each.name == symbol.name) {
             return "; it is defined " + placeOf(symbols, each.scope);
+        }
         const bool isLocal = each.name.starts_with('.');
-        if (other == nullptr && each.name.substr(isLocal ? 1 : 0) == bare)
+        if (other == nullptr && each.name.substr(isLocal ? 1 : 0) == bare) {
             other = &each;
+        }
     }
-    if (other == nullptr)
+    if (other == nullptr) {
         return {};
-    if (!other->name.starts_with('.'))
+    }
+    if (!other->name.starts_with('.')) {
         return "; there is " + quoted(other->name) + ", without the dot";
+    }
     return "; there is the local label " + quoted(other->name) + " " +
            placeOf(symbols, other->scope);
 }
@@ -60,21 +65,26 @@ bool isHexadecimal(std::string_view name) {
 std::string remedyForWord(const Assembly& assembly, std::string_view word) {
     const bool isDotted = word.starts_with('.');
     const std::string_view bare = isDotted ? word.substr(1) : word;
-    if (const std::string_view advice = foreignWordAdvice(bare); !advice.empty())
+    if (const std::string_view advice = foreignWordAdvice(bare); !advice.empty()) {
         return "; " + std::string(advice);
-    NearNames near(word);
-    for (const Macro& macro : assembly.macros)
-        near.consider(macro.name);
-    std::string dotted[directiveTable.size()];
-    for (std::size_t i = 0; i < directiveTable.size(); ++i) {
-        dotted[i] = "." + std::string(directiveTable[i].name);
-        if (isDotted || directiveTable[i].worksWithoutDot || word == directiveTable[i].name)
-            near.consider(isDotted ? std::string_view(dotted[i]) : directiveTable[i].name,
-                          dotted[i]);
     }
-    if (!isDotted)
-        for (const Instruction& instruction : instructionTable)
+    NearNames near(word);
+    for (const Macro& macro : assembly.macros) {
+        near.consider(macro.name);
+    }
+    std::string dotted[DirectiveTable.size()];
+    for (std::size_t i = 0; i < DirectiveTable.size(); ++i) {
+        dotted[i] = "." + std::string(DirectiveTable[i].name);
+        if (isDotted || DirectiveTable[i].worksWithoutDot || word == DirectiveTable[i].name) {
+            near.consider(isDotted ? std::string_view(dotted[i]) : DirectiveTable[i].name,
+                          dotted[i]);
+        }
+    }
+    if (!isDotted) {
+        for (const Instruction& instruction : InstructionTable) {
             near.consider(instruction.name);
+        }
+    }
     return near.question();
 }
 
@@ -85,22 +95,28 @@ std::string noSizeText(const Symbol& symbol) {
 
 std::string remedyForSymbol(const Assembly& assembly, const Symbol& symbol) {
     const SymbolTable& symbols = assembly.symbols;
-    if (isRegisterName(symbol.name))
+    if (isRegisterName(symbol.name)) {
         return "; as a register it cannot stand here: TAX, TXA, TAY and TYA copy between registers";
-    if (isHexadecimal(symbol.name))
+    }
+    if (isHexadecimal(symbol.name)) {
         return "; a hexadecimal number begins with $, as in $1F";
-    if (symbol.macro != kNone)
+    }
+    if (symbol.macro != None) {
         return "; it is a macro, which has no value";
-    if (assembly.diagnostics.errorCount() > kMostSearches)
+    }
+    if (assembly.diagnostics.errorCount() > MostSearches) {
         return {};
-    if (std::string namesake = namesakeText(symbols, symbol); !namesake.empty())
+    }
+    if (std::string namesake = namesakeText(symbols, symbol); !namesake.empty()) {
         return namesake;
+    }
     NearNames near(symbol.name);
     const bool isLocal = symbol.name.starts_with('.');
     for (SymbolId id = 1; id < symbols.size(); ++id) {
         const Symbol& each = symbols[id];
-        if (each.isDefined && each.name.starts_with('.') == isLocal && each.scope == symbol.scope)
+        if (each.isDefined && each.name.starts_with('.') == isLocal && each.scope == symbol.scope) {
             near.consider(each.name);
+        }
     }
     return near.question();
 }

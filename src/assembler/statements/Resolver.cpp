@@ -19,9 +19,10 @@ Resolver::Resolver(Assembly& assembly)
 void Resolver::run() {
     m_wrongLines = m_assembly.diagnostics.linesWithErrors();
     const auto count = static_cast<std::uint32_t>(m_assembly.deferred.symbols.size());
-    m_visits.assign(count, Visit::New);
-    for (std::uint32_t i = 0; i < count; ++i)
+    m_visits.assign(count, Visit::fresh);
+    for (std::uint32_t i = 0; i < count; ++i) {
         settle(i);
+    }
     settleFields();
     settleAssertions();
     reportUnused();
@@ -32,15 +33,17 @@ void Resolver::settle(std::uint32_t first) {
     m_waiting.assign(1, first);
     while (!m_waiting.empty()) {
         const std::uint32_t index = m_waiting.back();
-        if (m_visits[index] == Visit::New) {
-            m_visits[index] = Visit::Waiting;
-            if (waitForOthers(m_assembly.deferred.symbols[index].expression))
+        if (m_visits[index] == Visit::fresh) {
+            m_visits[index] = Visit::waiting;
+            if (waitForOthers(m_assembly.deferred.symbols[index].expression)) {
                 continue;
+            }
         }
         m_waiting.pop_back();
-        if (m_visits[index] == Visit::Done)
+        if (m_visits[index] == Visit::done) {
             continue;
-        m_visits[index] = Visit::Done;
+        }
+        m_visits[index] = Visit::done;
         settleOne(index);
     }
 }
@@ -48,11 +51,14 @@ void Resolver::settle(std::uint32_t first) {
 bool Resolver::waitForOthers(const DeferredExpression& expression) {
     const std::size_t before = m_waiting.size();
     for (const Operation& operation : m_assembly.deferred.operations(expression)) {
-        if (operation.code != OpCode::Value)
+        if (operation.code != OpCode::value) {
             continue;
+        }
         const Symbol& symbol = m_assembly.symbols[operation.argument];
-        if (!symbol.isKnown && symbol.deferred != kNone && m_visits[symbol.deferred] == Visit::New)
+        if (!symbol.isKnown && symbol.deferred != None &&
+            m_visits[symbol.deferred] == Visit::fresh) {
             m_waiting.push_back(symbol.deferred);
+        }
     }
     return m_waiting.size() > before;
 }
@@ -63,11 +69,13 @@ void Resolver::settleOne(std::uint32_t index) {
     const bool isKnown = compute(deferred.expression, result);
     Symbol& symbol = m_assembly.symbols[deferred.symbol];
     if (deferred.isSecond) {
-        if (!symbol.isKnown && !symbol.isBroken && symbol.deferred != kNone &&
-            m_visits[symbol.deferred] != Visit::Done)
+        if (!symbol.isKnown && !symbol.isBroken && symbol.deferred != None &&
+            m_visits[symbol.deferred] != Visit::done) {
             return; // found broken further on
-        if (isKnown && symbol.isKnown && symbol.value != result.value)
+        }
+        if (isKnown && symbol.isKnown && symbol.value != result.value) {
             reportSecondValue(m_assembly, deferred.expression.position, symbol, result.value);
+        }
         return;
     }
     symbol.isKnown = isKnown;
@@ -81,14 +89,14 @@ bool Resolver::compute(const DeferredExpression& expression, Evaluation& result)
     Position position = expression.position;
     position.column = result.column;
     switch (result.status) {
-    case Evaluation::Status::Known:
+    case Evaluation::Status::known:
         return true;
-    case Evaluation::Status::Failed:
+    case Evaluation::Status::failed:
         m_assembly.diagnostics.error(position, problemText(result));
         return false;
-    case Evaluation::Status::Broken:
+    case Evaluation::Status::broken:
         return false;
-    case Evaluation::Status::Unknown:
+    case Evaluation::Status::unknown:
         break;
     }
     reportUnknown(position, m_assembly.symbols[result.symbol]);
@@ -97,43 +105,48 @@ bool Resolver::compute(const DeferredExpression& expression, Evaluation& result)
 
 void Resolver::reportUnknown(const Position& position, const Symbol& symbol) {
     Diagnostics& diagnostics = m_assembly.diagnostics;
-    if (symbol.isKnown)
+    if (symbol.isKnown) {
         diagnostics.error(position, noSizeText(symbol));
-    else if (symbol.isDefined)
+    } else if (symbol.isDefined) {
         diagnostics.error(position,
                           quoted(symbol.name) +
                               " is defined by itself: its value needs itself to be computed");
-    else if (!m_assembly.isIncomplete &&
-             !std::binary_search(m_wrongLines.begin(), m_wrongLines.end(), position.order))
+    } else if (!m_assembly.isIncomplete &&
+               !std::binary_search(m_wrongLines.begin(), m_wrongLines.end(), position.order)) {
         diagnostics.error(position, [&] { return undefinedText(symbol); });
+    }
 }
 
 std::string Resolver::undefinedText(const Symbol& symbol) const {
     const bool isLocal = symbol.name.starts_with('.');
     std::string text = isLocal ? "the local label " : "the symbol ";
     text.append(quoted(symbol.name)).append(" is not defined");
-    if (!isLocal)
+    if (!isLocal) {
         text += " anywhere";
-    else if (symbol.scope == 0)
+    } else if (symbol.scope == 0) {
         text += " before the first label";
-    else
+    } else {
         text.append(" under ").append(quoted(m_assembly.symbols[symbol.scope].name));
+    }
     return text + remedyForSymbol(m_assembly, symbol);
 }
 
 /// An undefined A behind an instruction that does not work on the accumulator: reported as such.
 bool Resolver::isAccumulator(const DeferredField& field) {
     const auto operations = m_assembly.deferred.operations(field.expression);
-    if (field.field != Field::Absolute || operations.size() != 1 ||
-        operations[0].code != OpCode::Value)
+    if (field.field != Field::absolute || operations.size() != 1 ||
+        operations[0].code != OpCode::value) {
         return false;
+    }
     const Symbol& symbol = m_assembly.symbols[operations[0].argument];
-    if (symbol.isDefined || !equalsIgnoringCase(symbol.name, "a"))
+    if (symbol.isDefined || !equalsIgnoringCase(symbol.name, "a")) {
         return false;
+    }
     const Position& position = field.expression.position;
     const Instruction* const instruction = instructionBefore(position);
-    if (instruction == nullptr)
+    if (instruction == nullptr) {
         return false;
+    }
     const std::string name(instruction->name);
     m_assembly.diagnostics.error(
         position,
@@ -146,15 +159,18 @@ bool Resolver::isAccumulator(const DeferredField& field) {
 
 void Resolver::settleFields() {
     for (const DeferredField& field : m_assembly.deferred.fields) {
-        if (m_assembly.diagnostics.limitReached())
+        if (m_assembly.diagnostics.limitReached()) {
             return;
+        }
         Evaluation result;
-        if (isAccumulator(field) || !compute(field.expression, result))
+        if (isAccumulator(field) || !compute(field.expression, result)) {
             continue;
+        }
         checkField(m_assembly.diagnostics, field.expression.position, field.field, result.value,
                    field.next);
-        if (m_hints.areWanted())
+        if (m_hints.areWanted()) {
             m_hints.lookLate(field, result.value);
+        }
         const auto bytes = encoded(field.field, result.value, field.next);
         m_assembly.image.patch(field.number, field.bank, field.offset, bytes.data(),
                                sizeOf(field.field));
@@ -164,18 +180,20 @@ void Resolver::settleFields() {
 void Resolver::settleAssertions() {
     for (const DeferredAssertion& assertion : m_assembly.deferred.assertions) {
         Evaluation result;
-        if (compute(assertion.expression, result) && result.value == 0)
+        if (compute(assertion.expression, result) && result.value == 0) {
             m_assembly.diagnostics.error(assertion.expression.position,
                                          std::string(assertion.text));
+        }
     }
 }
 
 void Resolver::reportUnused() {
     for (const Definition& definition : m_assembly.definitions) {
         const Symbol& symbol = m_assembly.symbols[definition.symbol];
-        if (symbol.uses == 0 && !symbol.isBroken)
-            m_assembly.diagnostics.warning(Warning::UnusedSymbol, definition.position,
+        if (symbol.uses == 0 && !symbol.isBroken) {
+            m_assembly.diagnostics.warning(Warning::unusedSymbol, definition.position,
                                            quoted(symbol.name) + " is never used");
+        }
     }
 }
 

@@ -18,7 +18,7 @@ public:
     void run();
 
 private:
-    enum class Visit : std::uint8_t { New, Waiting, Done };
+    enum class Visit : std::uint8_t { fresh, waiting, done };
 
     void settle(std::uint32_t first);
     bool waitForOthers(const DeferredExpression& expression);

@@ -21,7 +21,7 @@ std::string_view view(const char* begin, const char* end) {
 bool isDirectiveAt(const char* p, Directive directive) {
     const char* const end = wordEnd(p);
     const Keyword keyword = findKeyword(view(p, end));
-    return keyword.kind == Keyword::Kind::Directive &&
+    return keyword.kind == Keyword::Kind::directive &&
            keyword.id == static_cast<std::uint8_t>(directive) && *end != ':';
 }
 
@@ -29,30 +29,33 @@ bool isDirectiveAt(const char* p, Directive directive) {
 /// meant as a label.
 bool isStatementAt(const char* p) {
     const Keyword::Kind kind =
-        startsName(p) ? findKeyword(view(p, wordEnd(p))).kind : Keyword::Kind::None;
-    return kind == Keyword::Kind::Instruction || (kind == Keyword::Kind::Directive && *p == '.');
+        startsName(p) ? findKeyword(view(p, wordEnd(p))).kind : Keyword::Kind::none;
+    return kind == Keyword::Kind::instruction || (kind == Keyword::Kind::directive && *p == '.');
 }
 
 /// Whether givesValue() can hold where this byte stands. It is asked for every instruction.
-constexpr std::array<bool, 256> kMayGiveValue = [] {
+constexpr std::array<bool, 256> MayGiveValue = [] {
     std::array<bool, 256> table{};
-    for (const char c : {'=', '.', 'e', 'E', 'r', 'R'})
+    for (const char c : {'=', '.', 'e', 'E', 'r', 'R'}) {
         table[static_cast<unsigned char>(c)] = true;
+    }
     return table;
 }();
 
 /// True when what stands at `next`, behind a keyword, can only mean that the keyword was taken for
 /// the name of a symbol: = e, .equ e, .rs e.
 bool givesValue(const char* next) {
-    if (*next == '=')
+    if (*next == '=') {
         return next[1] != '=';
+    }
     next += *next == '.' ? 1 : 0;
-    if (lowered(next[0]) == 'e' && lowered(next[1]) == 'q' && lowered(next[2]) == 'u')
+    if (lowered(next[0]) == 'e' && lowered(next[1]) == 'q' && lowered(next[2]) == 'u') {
         next += 3;
-    else if (lowered(next[0]) == 'r' && lowered(next[1]) == 's')
+    } else if (lowered(next[0]) == 'r' && lowered(next[1]) == 's') {
         next += 2;
-    else
+    } else {
         return false;
+    }
     // An operand of that name would have an operator, a comma or nothing behind it.
     const char* const value = skipBlanks(next);
     return value != next && (isWordStart(*value) || isDigit(*value) || *value == '$' ||
@@ -61,17 +64,20 @@ bool givesValue(const char* next) {
 
 /// What helps somebody who began a statement with the sign at `p`, as other assemblers have it.
 std::string_view signRemedy(const char* p) {
-    if (isDigit(*p))
+    if (isDigit(*p)) {
         return "; a name does not begin with a digit";
-    if (*p == '*' && *skipBlanks(p + 1) == '=')
+    }
+    if (*p == '*' && *skipBlanks(p + 1) == '=') {
         return "; .org sets the address";
-    if (*p == '#' && isWordStart(p[1]))
+    }
+    if (*p == '#' && isWordStart(p[1])) {
         return "; a directive begins with a dot";
+    }
     return commentRemedy(p);
 }
 
 /// How a remedy begins that leaves no doubt about what was meant.
-constexpr std::string_view kAdvice = "; use ";
+constexpr std::string_view Advice = "; use ";
 
 } // namespace
 
@@ -89,10 +95,10 @@ StatementAssembler::StatementAssembler(Assembly& assembly)
 void StatementAssembler::run() {
     while (!m_assembly.sources.empty() && !m_assembly.diagnostics.limitReached()) {
         switch (const auto next = m_assembly.sources.next(m_assembly.line)) {
-        case SourceStack::Next::Line:
+        case SourceStack::Next::line:
             line();
             break;
-        case SourceStack::Next::EndOfFrame:
+        case SourceStack::Next::endOfFrame:
             endFrame();
             break;
         default:
@@ -105,9 +111,10 @@ void StatementAssembler::run() {
 void StatementAssembler::endFrame() {
     m_flow.closeFrame();
     const Frame& frame = m_assembly.sources.top();
-    if (frame.label != 0)
+    if (frame.label != 0) {
         m_assembly.symbols[frame.label].size =
             static_cast<std::uint32_t>(m_assembly.image.total() - frame.totalBefore);
+    }
     m_assembly.sources.pop();
     m_assembly.origins.release(frame.origin);
 }
@@ -135,27 +142,32 @@ void StatementAssembler::assembleLine() {
     }
     const char* const begin = m_assembly.line.begin;
     const char* const p = skipBlanks(begin);
-    if (endsStatement(*p))
+    if (endsStatement(*p)) {
         return;
+    }
     m_assembly.here = m_assembly.image.address();
     m_assembly.sizedLabel = 0;
     statement(p, p == begin);
-    if (m_assembly.image.hasOverwritten())
+    if (m_assembly.image.hasOverwritten()) {
         m_assembly.noteOverwriting();
-    if (m_assembly.sizedLabel != 0)
+    }
+    if (m_assembly.sizedLabel != 0) {
         m_assembly.symbols[m_assembly.sizedLabel].size =
             static_cast<std::uint32_t>(m_assembly.image.total() - m_assembly.sizedFrom);
+    }
 }
 
 void StatementAssembler::skippedLine() {
     const char* at = nullptr;
     const auto directive = m_macros.directiveOf(m_assembly.line.begin, at);
-    if (!directive)
+    if (!directive) {
         return;
-    if (*directive == Directive::Macro)
+    }
+    if (*directive == Directive::macro) {
         m_macros.skipBody(at);
-    else if (FlowDirectives::isConditional(*directive))
+    } else if (FlowDirectives::isConditional(*directive)) {
         m_flow.condition(*directive, at, wordEnd(at));
+    }
 }
 
 void StatementAssembler::statement(const char* p, bool isFirstColumn) {
@@ -169,14 +181,16 @@ void StatementAssembler::statement(const char* p, bool isFirstColumn) {
         const std::string_view word = view(p, end);
         if (*end == ':') {
             const char* const next = skipBlanks(end + 1);
-            if (isNamed(word, p, next))
+            if (isNamed(word, p, next)) {
                 return;
+            }
             m_definitions.label(word, p);
             p = next;
             continue;
         }
-        if (isKnownWord(word, p) || isNamed(word, p, skipBlanks(end)))
+        if (isKnownWord(word, p) || isNamed(word, p, skipBlanks(end))) {
             return;
+        }
         if (!isFirstColumn) {
             reportUnknown(word, p, bareLabel);
             return;
@@ -193,30 +207,32 @@ bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
     const Keyword keyword = findKeyword(word);
     const char* const end = p + word.size();
     const char* const next = skipBlanks(end);
-    const bool isKeyword = keyword.kind != Keyword::Kind::None;
-    const bool mayGiveValue = kMayGiveValue[static_cast<unsigned char>(*next)];
+    const bool isKeyword = keyword.kind != Keyword::Kind::none;
+    const bool mayGiveValue = MayGiveValue[static_cast<unsigned char>(*next)];
     if ((*next == '.' || (!isKeyword && lowered(*next) == 'm')) &&
-        isDirectiveAt(next, Directive::Macro)) {
+        isDirectiveAt(next, Directive::macro)) {
         m_macros.define(word, p, wordEnd(next));
         return true;
     }
-    if (keyword.kind == Keyword::Kind::Directive) {
-        if (mayGiveValue && namesSymbol(p, next))
+    if (keyword.kind == Keyword::Kind::directive) {
+        if (mayGiveValue && namesSymbol(p, next)) {
             reportKeyword(word, p, true);
-        else
+        } else {
             directive(static_cast<Directive>(keyword.id), p, end);
+        }
         return true;
     }
     if (!isKeyword || m_assembly.macroHidesKeyword) {
-        if (const std::uint32_t macro = m_macros.find(word); macro != kNone) {
+        if (const std::uint32_t macro = m_macros.find(word); macro != None) {
             m_macros.call(macro, p, end);
             return true;
         }
     }
-    if (isKeyword && mayGiveValue && namesSymbol(p, next))
+    if (isKeyword && mayGiveValue && namesSymbol(p, next)) {
         reportKeyword(word, p, false);
-    else if (isKeyword)
-        m_instructions.assemble(instructionTable[keyword.id], p, end);
+    } else if (isKeyword) {
+        m_instructions.assemble(InstructionTable[keyword.id], p, end);
+    }
     return isKeyword;
 }
 
@@ -240,17 +256,19 @@ bool StatementAssembler::isNamed(std::string_view name, const char* at, const ch
         m_definitions.assign(name, at, next + 1);
         return true;
     }
-    if (!startsName(next))
+    if (!startsName(next)) {
         return false;
+    }
     const char* const end = wordEnd(next);
-    if (isDirectiveAt(next, Directive::Equ))
+    if (isDirectiveAt(next, Directive::equ)) {
         m_definitions.assign(name, at, end);
-    else if (isDirectiveAt(next, Directive::Rs))
+    } else if (isDirectiveAt(next, Directive::rs)) {
         m_definitions.reserve(name, at, end);
-    else if (isDirectiveAt(next, Directive::Macro))
+    } else if (isDirectiveAt(next, Directive::macro)) {
         m_macros.define(name, at, end);
-    else
+    } else {
         return false;
+    }
     return true;
 }
 
@@ -260,44 +278,44 @@ void StatementAssembler::directive(Directive directive, const char* at, const ch
         return;
     }
     switch (directive) {
-    case Directive::Byte:
-    case Directive::Word:
-    case Directive::Ds:
-    case Directive::Align:
-    case Directive::Pad:
+    case Directive::byte:
+    case Directive::word:
+    case Directive::ds:
+    case Directive::align:
+    case Directive::pad:
         m_data.run(directive, p);
         break;
-    case Directive::Include:
-    case Directive::IncBin:
-    case Directive::IncChr:
+    case Directive::include:
+    case Directive::incBin:
+    case Directive::incChr:
         m_files.run(directive, p);
         break;
-    case Directive::Macro:
+    case Directive::macro:
         m_macros.defineNamedBehind(p);
         break;
-    case Directive::Repeat:
+    case Directive::repeat:
         m_macros.repeat(at, p);
         break;
-    case Directive::EndMacro:
-    case Directive::EndRepeat:
-        m_assembly.error(at, directive == Directive::EndMacro ? ".endm without a .macro before it"
+    case Directive::endMacro:
+    case Directive::endRepeat:
+        m_assembly.error(at, directive == Directive::endMacro ? ".endm without a .macro before it"
                                                               : ".endr without a .rept before it");
         break;
-    case Directive::Equ:
+    case Directive::equ:
         m_assembly.error(at, ".equ needs a name before it, as in NAME .equ 5");
         break;
-    case Directive::Rs:
+    case Directive::rs:
         m_definitions.reserve({}, at, p);
         break;
-    case Directive::Assert:
-    case Directive::Fail:
-    case Directive::Error:
-    case Directive::Warning:
+    case Directive::assertion:
+    case Directive::fail:
+    case Directive::error:
+    case Directive::warning:
         m_flow.message(directive, at, p);
         break;
-    case Directive::List:
-    case Directive::NoList:
-        m_assembly.records.list(directive == Directive::List);
+    case Directive::list:
+    case Directive::noList:
+        m_assembly.records.list(directive == Directive::list);
         m_assembly.expectEnd(p);
         break;
     default:
@@ -310,12 +328,14 @@ void StatementAssembler::reportUnknown(std::string_view word, const char* p,
                                        std::string_view label) {
     const bool isDotted = word.starts_with('.');
     // A macro may be what is missing; a directive or an instruction is not.
-    constexpr std::size_t kMnemonicLength = 3;
-    if (m_assembly.isIncomplete && !isDotted && word.size() != kMnemonicLength)
+    constexpr std::size_t MnemonicLength = 3;
+    if (m_assembly.isIncomplete && !isDotted && word.size() != MnemonicLength) {
         return;
+    }
     m_assembly.error(p, [&] { return unknownText(word, p, label); });
-    if (label.empty())
+    if (label.empty()) {
         m_assembly.markBroken(word);
+    }
 }
 
 std::string StatementAssembler::unknownText(std::string_view word, const char* p,
@@ -331,14 +351,15 @@ std::string StatementAssembler::unknownText(std::string_view word, const char* p
     const char* const next = skipBlanks(p + word.size());
     if (label.empty() && (endsStatement(*next) || isStatementAt(next))) {
         const bool isForeign = isDotted && !isSymbol && !foreignWordAdvice(word.substr(1)).empty();
-        if (remedy.starts_with(kAdvice))
+        if (remedy.starts_with(Advice)) {
             text += remedy;
-        else if (isForeign)
+        } else if (isForeign) {
             text += remedy + "; an indented local label of this name needs a colon behind it";
-        else
+        } else {
             text.append(isDotted ? "; an indented local label needs a colon behind it"
                                  : "; an indented label needs a colon behind it")
                 .append(remedy);
+        }
     } else if (!remedy.empty()) {
         text += remedy;
     } else if (!labelRemedy.empty()) {
@@ -356,8 +377,9 @@ void StatementAssembler::reportUnexpected(const char* p, std::string_view label)
                                 foundText(p) + " was found" + std::string(signRemedy(p)));
         return;
     }
-    if (m_assembly.isIncomplete)
+    if (m_assembly.isIncomplete) {
         return;
+    }
     m_assembly.error(p, [&] {
         return quoted(label) +
                " at the start of the line is a label here, so an "

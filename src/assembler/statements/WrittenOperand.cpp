@@ -11,34 +11,40 @@ namespace nesasm {
 
 namespace {
 
-constexpr std::size_t kLongestOperand = 24;
+constexpr std::size_t LongestOperand = 24;
 
 } // namespace
 
 const Instruction* instructionBefore(const Position& position) {
-    if (position.line == nullptr)
+    if (position.line == nullptr) {
         return nullptr;
+    }
     const char* end = position.line + position.column;
-    while (end > position.line && isBlank(end[-1]))
+    while (end > position.line && isBlank(end[-1])) {
         --end;
+    }
     const char* begin = end;
-    while (begin > position.line && isWordPart(begin[-1]))
+    while (begin > position.line && isWordPart(begin[-1])) {
         --begin;
+    }
     const Keyword keyword = findKeyword({begin, static_cast<std::size_t>(end - begin)});
-    return keyword.kind == Keyword::Kind::Instruction ? &instructionTable[keyword.id] : nullptr;
+    return keyword.kind == Keyword::Kind::instruction ? &InstructionTable[keyword.id] : nullptr;
 }
 
 std::string writtenOperand(const Position& position) {
-    if (position.line == nullptr)
+    if (position.line == nullptr) {
         return {};
+    }
     const char* const begin = position.line + position.column;
     const char* end = begin;
-    while (!endsStatement(*end))
+    while (!endsStatement(*end)) {
         end += *end == '\'' && end[1] == ';' && end[2] == '\'' ? 3 : 1;
-    while (end > begin && isBlank(end[-1]))
+    }
+    while (end > begin && isBlank(end[-1])) {
         --end;
+    }
     const std::string_view text(begin, static_cast<std::size_t>(end - begin));
-    return text.size() <= kLongestOperand ? std::string(text) : std::string();
+    return text.size() <= LongestOperand ? std::string(text) : std::string();
 }
 
 } // namespace nesasm

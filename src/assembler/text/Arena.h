@@ -16,7 +16,7 @@ public:
     std::string_view keepLine(std::string_view text);
 
 private:
-    static constexpr std::size_t kBlockSize = std::size_t{1} << 16U;
+    static constexpr std::size_t BlockSize = std::size_t{1} << 16U;
 
     std::vector<std::unique_ptr<char[]>> m_blocks;
     char* m_free = nullptr;

@@ -6,54 +6,58 @@
 
 namespace nesasm {
 
-/// What a byte of source text may be, as bits; see characterClasses.
+/// What a byte of source text may be, as bits; see CharacterClasses.
 enum CharacterClass : std::uint8_t {
-    kBlank = 1,
-    kLineEnd = 2,
-    kStatementEnd = 4, ///< a line end or the comment mark
-    kWordStart = 8,
-    kWordPart = 16,
-    kDigit = 32
+    blankClass = 1,
+    lineEndClass = 2,
+    statementEndClass = 4, ///< a line end or the comment mark
+    wordStartClass = 8,
+    wordPartClass = 16,
+    digitClass = 32
 };
 
 constexpr std::array<std::uint8_t, 256> makeCharacterClasses() {
     std::array<std::uint8_t, 256> classes{};
-    for (const char c : {' ', '\t', '\v', '\f'})
-        classes[static_cast<unsigned char>(c)] = kBlank;
-    for (const char c : {'\n', '\r'})
-        classes[static_cast<unsigned char>(c)] = kLineEnd | kStatementEnd;
-    classes[static_cast<unsigned char>(';')] = kStatementEnd;
-    for (unsigned c = 0; c < 26; ++c)
-        classes['a' + c] = classes['A' + c] = kWordStart | kWordPart;
-    classes['_'] = kWordStart | kWordPart;
-    classes['.'] = kWordPart;
-    for (unsigned c = '0'; c <= '9'; ++c)
-        classes[c] = kWordPart | kDigit;
+    for (const char c : {' ', '\t', '\v', '\f'}) {
+        classes[static_cast<unsigned char>(c)] = blankClass;
+    }
+    for (const char c : {'\n', '\r'}) {
+        classes[static_cast<unsigned char>(c)] = lineEndClass | statementEndClass;
+    }
+    classes[static_cast<unsigned char>(';')] = statementEndClass;
+    for (unsigned c = 0; c < 26; ++c) {
+        classes['a' + c] = classes['A' + c] = wordStartClass | wordPartClass;
+    }
+    classes['_'] = wordStartClass | wordPartClass;
+    classes['.'] = wordPartClass;
+    for (unsigned c = '0'; c <= '9'; ++c) {
+        classes[c] = wordPartClass | digitClass;
+    }
     return classes;
 }
 
-inline constexpr std::array<std::uint8_t, 256> characterClasses = makeCharacterClasses();
+inline constexpr std::array<std::uint8_t, 256> CharacterClasses = makeCharacterClasses();
 
 constexpr bool isOfClass(char c, unsigned classes) {
-    return (characterClasses[static_cast<unsigned char>(c)] & classes) != 0;
+    return (CharacterClasses[static_cast<unsigned char>(c)] & classes) != 0;
 }
 constexpr bool isBlank(char c) {
-    return isOfClass(c, kBlank);
+    return isOfClass(c, blankClass);
 }
 constexpr bool isLineEnd(char c) {
-    return isOfClass(c, kLineEnd);
+    return isOfClass(c, lineEndClass);
 }
 constexpr bool endsStatement(char c) {
-    return isOfClass(c, kStatementEnd);
+    return isOfClass(c, statementEndClass);
 }
 constexpr bool isWordStart(char c) {
-    return isOfClass(c, kWordStart);
+    return isOfClass(c, wordStartClass);
 }
 constexpr bool isWordPart(char c) {
-    return isOfClass(c, kWordPart);
+    return isOfClass(c, wordPartClass);
 }
 constexpr bool isDigit(char c) {
-    return isOfClass(c, kDigit);
+    return isOfClass(c, digitClass);
 }
 
 /// The letter in lower case; other bytes below $80 stay recognisable as no letters.
@@ -63,8 +67,9 @@ constexpr char lowered(char c) {
 
 /// The value of a hexadecimal digit, -1 for any other byte.
 constexpr int hexDigit(char c) {
-    if (c >= '0' && c <= '9')
+    if (c >= '0' && c <= '9') {
         return c - '0';
+    }
     const char l = lowered(c);
     return l >= 'a' && l <= 'f' ? l - 'a' + 10 : -1;
 }
@@ -72,21 +77,24 @@ constexpr int hexDigit(char c) {
 // All source text ends with a line end, so none of the scanners below needs to know where it stops.
 
 inline const char* skipBlanks(const char* p) {
-    while (isBlank(*p))
+    while (isBlank(*p)) {
         ++p;
+    }
     return p;
 }
 
 /// The end of the word that starts at `p`; a leading dot belongs to it.
 inline const char* wordEnd(const char* p) {
-    while (isWordPart(*p))
+    while (isWordPart(*p)) {
         ++p;
+    }
     return p;
 }
 
 inline const char* lineEnd(const char* p) {
-    while (!isLineEnd(*p))
+    while (!isLineEnd(*p)) {
         ++p;
+    }
     return p;
 }
 

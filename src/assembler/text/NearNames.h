@@ -24,7 +24,7 @@ public:
     std::string question() const;
 
 private:
-    static constexpr std::size_t kMostNames = 3;
+    static constexpr std::size_t MostNames = 3;
     struct Name {
         std::string_view text;
         std::size_t distance = 0;
@@ -32,7 +32,7 @@ private:
 
     std::string_view m_wanted;
     std::size_t m_limit;
-    std::array<Name, kMostNames + 1> m_names;
+    std::array<Name, MostNames + 1> m_names;
     std::size_t m_count = 0;
 };
 

@@ -26,7 +26,7 @@ struct DeferredField {
     std::uint32_t next = 0;   ///< the address behind a branch
     std::uint16_t bank = 0;
     std::uint16_t offset = 0;
-    Field field = Field::Byte;
+    Field field = Field::byte;
 };
 
 /// A symbol that gets its value (or is given one a second time, which must be the same).

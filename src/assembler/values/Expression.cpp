@@ -18,9 +18,10 @@ std::int32_t wrapped(std::int64_t number) {
 }
 
 std::int32_t mergedBank(std::int32_t a, std::int32_t b) {
-    if (a == kNoBank)
+    if (a == NoBank) {
         return b;
-    return b == kNoBank ? a : kSeveralBanks;
+    }
+    return b == NoBank ? a : SeveralBanks;
 }
 
 /// Sums, differences and products wrap at 64 bits, which unsigned arithmetic gives.
@@ -28,11 +29,11 @@ std::int64_t wrapping(OpCode code, std::int64_t left, std::int64_t right) {
     const auto a = static_cast<std::uint64_t>(left);
     const auto b = static_cast<std::uint64_t>(right);
     switch (code) {
-    case OpCode::Multiply:
+    case OpCode::multiply:
         return static_cast<std::int64_t>(a * b);
-    case OpCode::Add:
+    case OpCode::add:
         return static_cast<std::int64_t>(a + b);
-    case OpCode::Subtract:
+    case OpCode::subtract:
         return static_cast<std::int64_t>(a - b);
     default:
         return static_cast<std::int64_t>(a << b);
@@ -40,37 +41,40 @@ std::int64_t wrapping(OpCode code, std::int64_t left, std::int64_t right) {
 }
 
 const char* divide(OpCode code, std::int64_t& left, std::int64_t right) {
-    if (right == 0)
+    if (right == 0) {
         return "division by zero";
-    if (right == -1)
-        left = code == OpCode::Divide ? wrapping(OpCode::Subtract, 0, left) : 0;
-    else
-        left = code == OpCode::Divide ? left / right : left % right;
+    }
+    if (right == -1) {
+        left = code == OpCode::divide ? wrapping(OpCode::subtract, 0, left) : 0;
+    } else {
+        left = code == OpCode::divide ? left / right : left % right;
+    }
     return nullptr;
 }
 
 const char* shift(OpCode code, std::int64_t& left, std::int64_t right) {
-    if (right < 0 || right > 31)
+    if (right < 0 || right > 31) {
         return "a shift count must be 0 to 31";
-    left = code == OpCode::ShiftLeft ? wrapping(code, left, right) : left >> right;
+    }
+    left = code == OpCode::shiftLeft ? wrapping(code, left, right) : left >> right;
     return nullptr;
 }
 
 std::int64_t compared(OpCode code, std::int64_t left, std::int64_t right) {
     switch (code) {
-    case OpCode::Less:
+    case OpCode::less:
         return left < right ? 1 : 0;
-    case OpCode::LessEqual:
+    case OpCode::lessEqual:
         return left <= right ? 1 : 0;
-    case OpCode::Greater:
+    case OpCode::greater:
         return left > right ? 1 : 0;
-    case OpCode::GreaterEqual:
+    case OpCode::greaterEqual:
         return left >= right ? 1 : 0;
-    case OpCode::Equal:
+    case OpCode::equal:
         return left == right ? 1 : 0;
-    case OpCode::NotEqual:
+    case OpCode::notEqual:
         return left != right ? 1 : 0;
-    case OpCode::LogicalAnd:
+    case OpCode::logicalAnd:
         return left != 0 && right != 0 ? 1 : 0;
     default:
         return left != 0 || right != 0 ? 1 : 0;
@@ -83,24 +87,24 @@ const char* applyBinary(OpCode code, Value& left, const Value& right) {
     std::int64_t& a = left.number;
     const std::int64_t b = right.number;
     switch (code) {
-    case OpCode::Multiply:
-    case OpCode::Add:
-    case OpCode::Subtract:
+    case OpCode::multiply:
+    case OpCode::add:
+    case OpCode::subtract:
         a = wrapping(code, a, b);
         return nullptr;
-    case OpCode::Divide:
-    case OpCode::Remainder:
+    case OpCode::divide:
+    case OpCode::remainder:
         return divide(code, a, b);
-    case OpCode::ShiftLeft:
-    case OpCode::ShiftRight:
+    case OpCode::shiftLeft:
+    case OpCode::shiftRight:
         return shift(code, a, b);
-    case OpCode::And:
+    case OpCode::bitAnd:
         a &= b;
         return nullptr;
-    case OpCode::Xor:
+    case OpCode::bitXor:
         a ^= b;
         return nullptr;
-    case OpCode::Or:
+    case OpCode::bitOr:
         a |= b;
         return nullptr;
     default:
@@ -112,29 +116,31 @@ const char* applyBinary(OpCode code, Value& left, const Value& right) {
 const char* applyUnary(OpCode code, Value& value) {
     std::int64_t& number = value.number;
     switch (code) {
-    case OpCode::Negate:
-        number = wrapping(OpCode::Subtract, 0, number);
+    case OpCode::negate:
+        number = wrapping(OpCode::subtract, 0, number);
         break;
-    case OpCode::Complement:
+    case OpCode::complement:
         number = ~number;
         break;
-    case OpCode::Not:
+    case OpCode::logicalNot:
         number = number == 0 ? 1 : 0;
         break;
-    case OpCode::Low:
+    case OpCode::low:
         number &= 0xFF;
         break;
-    case OpCode::High:
+    case OpCode::high:
         number = (number >> 8) & 0xFF;
         break;
-    case OpCode::Page:
+    case OpCode::page:
         number >>= 13;
         break;
     default:
-        if (value.bank == kNoBank)
+        if (value.bank == NoBank) {
             return "BANK() needs a label that lies in a bank; there is none in this expression";
-        if (value.bank == kSeveralBanks)
+        }
+        if (value.bank == SeveralBanks) {
             return "BANK() needs one label; there are several in this expression";
+        }
         number = value.bank;
         break;
     }
@@ -144,52 +150,56 @@ const char* applyUnary(OpCode code, Value& value) {
 /// Fetches an operand; returns what keeps it from being known.
 Evaluation::Status fetch(const Operation& operation, const SymbolTable& symbols, Value& value) {
     using Status = Evaluation::Status;
-    if (operation.code == OpCode::Literal || operation.code == OpCode::Here) {
+    if (operation.code == OpCode::literal || operation.code == OpCode::here) {
         value.number = operation.argument;
-        value.bank = operation.code == OpCode::Here ? operation.bank : kNoBank;
-        return Status::Known;
+        value.bank = operation.code == OpCode::here ? operation.bank : NoBank;
+        return Status::known;
     }
     const Symbol& symbol = symbols[operation.argument];
-    if (symbol.isBroken)
-        return Status::Broken;
-    if (operation.code == OpCode::SizeOf) {
-        if (symbol.size == kNone)
-            return Status::Unknown;
-        value = {symbol.size, kNoBank};
-        return Status::Known;
+    if (symbol.isBroken) {
+        return Status::broken;
     }
-    if (!symbol.isKnown)
-        return Status::Unknown;
+    if (operation.code == OpCode::sizeOf) {
+        if (symbol.size == None) {
+            return Status::unknown;
+        }
+        value = {symbol.size, NoBank};
+        return Status::known;
+    }
+    if (!symbol.isKnown) {
+        return Status::unknown;
+    }
     value = {symbol.value, symbol.bank};
-    return Status::Known;
+    return Status::known;
 }
 
 } // namespace
 
 Evaluation evaluate(std::span<const Operation> operations, const SymbolTable& symbols) {
-    std::array<Value, kLargestStack> stack;
+    std::array<Value, LargestStack> stack;
     std::size_t depth = 0;
     Evaluation result;
     for (const Operation& operation : operations) {
-        if (operation.code <= OpCode::SizeOf) {
+        if (operation.code <= OpCode::sizeOf) {
             result.status = fetch(operation, symbols, stack[depth++]);
-            if (result.status != Evaluation::Status::Known) {
+            if (result.status != Evaluation::Status::known) {
                 result.symbol = operation.argument;
                 result.column = operation.column;
                 return result;
             }
             continue;
         }
-        if (operation.code >= OpCode::Multiply)
+        if (operation.code >= OpCode::multiply) {
             --depth;
-        result.problem = operation.code >= OpCode::Multiply
+        }
+        result.problem = operation.code >= OpCode::multiply
                              ? applyBinary(operation.code, stack[depth - 1], stack[depth])
                              : applyUnary(operation.code, stack[depth - 1]);
         if (result.problem != nullptr) {
             result.showsValue =
-                operation.code == OpCode::ShiftLeft || operation.code == OpCode::ShiftRight;
+                operation.code == OpCode::shiftLeft || operation.code == OpCode::shiftRight;
             result.value = wrapped(stack[depth].number);
-            result.status = Evaluation::Status::Failed;
+            result.status = Evaluation::Status::failed;
             result.column = operation.column;
             return result;
         }
@@ -201,8 +211,9 @@ Evaluation evaluate(std::span<const Operation> operations, const SymbolTable& sy
 
 std::string problemText(const Evaluation& evaluation) {
     std::string text = evaluation.problem;
-    if (evaluation.showsValue)
+    if (evaluation.showsValue) {
         text += ", but it is " + std::to_string(evaluation.value);
+    }
     return text;
 }
 

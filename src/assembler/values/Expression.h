@@ -10,60 +10,60 @@
 namespace nesasm {
 
 enum class OpCode : std::uint8_t {
-    Literal, ///< `argument`, unsigned
-    Here,    ///< the address `argument` in the bank `bank`
-    Value,   ///< of the symbol `argument`
-    SizeOf,  ///< of the label `argument`
-    Negate,
-    Complement,
-    Not,
-    Low,
-    High,
-    Bank,
-    Page,
-    Multiply,
-    Divide,
-    Remainder,
-    Add,
-    Subtract,
-    ShiftLeft,
-    ShiftRight,
-    Less,
-    LessEqual,
-    Greater,
-    GreaterEqual,
-    Equal,
-    NotEqual,
-    And,
-    Xor,
-    Or,
-    LogicalAnd,
-    LogicalOr
+    literal, ///< `argument`, unsigned
+    here,    ///< the address `argument` in the bank `bank`
+    value,   ///< of the symbol `argument`
+    sizeOf,  ///< of the label `argument`
+    negate,
+    complement,
+    logicalNot,
+    low,
+    high,
+    bank,
+    page,
+    multiply,
+    divide,
+    remainder,
+    add,
+    subtract,
+    shiftLeft,
+    shiftRight,
+    less,
+    lessEqual,
+    greater,
+    greaterEqual,
+    equal,
+    notEqual,
+    bitAnd,
+    bitXor,
+    bitOr,
+    logicalAnd,
+    logicalOr
 };
 
 /// One step of an expression in reverse Polish notation.
 struct Operation {
-    OpCode code = OpCode::Literal;
+    OpCode code = OpCode::literal;
     std::uint16_t bank = 0;
     std::uint32_t argument = 0;
     std::uint32_t column = 0; ///< where it stands in its line, in bytes from 0
 };
 
 /// The most values that may wait at once while an expression is computed.
-inline constexpr std::size_t kLargestStack = 256;
+inline constexpr std::size_t LargestStack = 256;
 
 /// What computing an expression came to.
 struct Evaluation {
     enum class Status : std::uint8_t {
-        Known,
-        Unknown, ///< `symbol`, used at `column`, has no value yet
-        Failed,  ///< `problem`, at `column`
-        Broken   ///< it needs a symbol whose definition has been reported as wrong
+        known,
+        unknown, ///< `symbol`, used at `column`, has no value yet
+        failed,  ///< `problem`, at `column`
+        broken   ///< it needs a symbol whose definition has been reported as wrong
     };
 
-    Status status = Status::Known;
+    Status status = Status::known;
     std::int32_t value = 0;
-    std::int32_t bank = kNoBank;
+    std::int32_t bank = NoBank;
     std::uint32_t column = 0;
     SymbolId symbol = 0;
     const char* problem = nullptr;
@@ -71,7 +71,7 @@ struct Evaluation {
 };
 
 /// Computes an expression as far as its symbols are known: in 64 bits, the result wrapped to 32
-/// signed. The operations must be well formed and need at most kLargestStack values at once.
+/// signed. The operations must be well formed and need at most LargestStack values at once.
 Evaluation evaluate(std::span<const Operation> operations, const SymbolTable& symbols);
 
 /// The problem of a failed evaluation, for a message.

@@ -19,22 +19,22 @@ std::string branchText(std::int32_t target, std::uint32_t next) {
 
 std::string misfitText(Field field, std::int32_t value, std::uint32_t next) {
     switch (field) {
-    case Field::Byte:
+    case Field::byte:
         return "the value " + valueText(value) +
                " does not fit into a byte (-256 to 255) and was cut";
-    case Field::Word:
+    case Field::word:
         return "the value " + valueText(value) +
                " does not fit into a word (-32768 to 65535) and was cut";
-    case Field::Immediate:
+    case Field::immediate:
         return "the value " + valueText(value) + " does not fit into a byte (-256 to 255)" +
                (value > 0 ? "; leave out the # to use it as an address, or " : "; ") +
                "take one byte of it with #LOW() or #HIGH()";
-    case Field::ZeroPage:
+    case Field::zeroPage:
         return "the address " + valueText(value) + " is not in the zero page ($00 to $FF)";
-    case Field::Absolute:
-    case Field::JumpIndirect:
+    case Field::absolute:
+    case Field::jumpIndirect:
         return "the address " + valueText(value) + " does not fit into 16 bits (-32768 to 65535)";
-    case Field::Relative:
+    case Field::relative:
         return branchText(value, next);
     }
     return {};

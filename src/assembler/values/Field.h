@@ -9,21 +9,21 @@ namespace nesasm {
 
 /// What a value is put into.
 enum class Field : std::uint8_t {
-    Byte,         ///< an item of .db
-    Word,         ///< an item of .dw
-    Immediate,    ///< the byte behind an opcode
-    ZeroPage,     ///< a zero-page address, plain or indirect
-    Absolute,     ///< a 16-bit address
-    JumpIndirect, ///< the address of the address in JMP [n]
-    Relative      ///< a branch's distance
+    byte,         ///< an item of .db
+    word,         ///< an item of .dw
+    immediate,    ///< the byte behind an opcode
+    zeroPage,     ///< a zero-page address, plain or indirect
+    absolute,     ///< a 16-bit address
+    jumpIndirect, ///< the address of the address in JMP [n]
+    relative      ///< a branch's distance
 };
 
 /// Bytes that a field takes in the image.
 constexpr std::uint32_t sizeOf(Field field) {
     switch (field) {
-    case Field::Word:
-    case Field::Absolute:
-    case Field::JumpIndirect:
+    case Field::word:
+    case Field::absolute:
+    case Field::jumpIndirect:
         return 2;
     default:
         return 1;
@@ -33,16 +33,16 @@ constexpr std::uint32_t sizeOf(Field field) {
 /// True when `value` may stand in the field. `next` is the address behind a branch.
 constexpr bool fits(Field field, std::int32_t value, std::uint32_t next) {
     switch (field) {
-    case Field::Byte:
-    case Field::Immediate:
+    case Field::byte:
+    case Field::immediate:
         return value >= -256 && value <= 255;
-    case Field::ZeroPage:
+    case Field::zeroPage:
         return value >= 0 && value <= 0xFF;
-    case Field::Word:
-    case Field::Absolute:
-    case Field::JumpIndirect:
+    case Field::word:
+    case Field::absolute:
+    case Field::jumpIndirect:
         return value >= -32768 && value <= 65535;
-    case Field::Relative: {
+    case Field::relative: {
         const std::int64_t distance = std::int64_t{value} - next;
         return distance >= -128 && distance <= 127;
     }
@@ -52,7 +52,7 @@ constexpr bool fits(Field field, std::int32_t value, std::uint32_t next) {
 
 /// The bytes of the value in the field, low byte first; only the first sizeOf(field) count.
 constexpr std::array<std::uint8_t, 2> encoded(Field field, std::int32_t value, std::uint32_t next) {
-    const std::uint32_t bits = field == Field::Relative ? static_cast<std::uint32_t>(value) - next
+    const std::uint32_t bits = field == Field::relative ? static_cast<std::uint32_t>(value) - next
                                                         : static_cast<std::uint32_t>(value);
     return {static_cast<std::uint8_t>(bits & 0xFFU),
             static_cast<std::uint8_t>((bits >> 8U) & 0xFFU)};

@@ -8,21 +8,22 @@ namespace nesasm {
 
 namespace {
 
-using WrittenMap = std::array<std::uint64_t, kBankSize / 64>;
+using WrittenMap = std::array<std::uint64_t, BankSize / 64>;
 
 bool isWritten(const WrittenMap& map, std::uint32_t offset) {
     return ((map[offset / 64] >> (offset % 64)) & 1U) != 0;
 }
 
-/// The first written offset at or behind `offset`, kBankSize when there is none.
+/// The first written offset at or behind `offset`, BankSize when there is none.
 std::uint32_t nextWritten(const WrittenMap& map, std::uint32_t offset) {
-    while (offset < kBankSize) {
+    while (offset < BankSize) {
         const std::uint64_t rest = map[offset / 64] >> (offset % 64);
-        if (rest != 0)
+        if (rest != 0) {
             return offset + static_cast<std::uint32_t>(std::countr_zero(rest));
+        }
         offset = (offset / 64 + 1) * 64;
     }
-    return kBankSize;
+    return BankSize;
 }
 
 /// Marks the offsets from `begin` up to `end`.
@@ -37,27 +38,28 @@ void markWritten(WrittenMap& map, std::uint32_t begin, std::uint32_t end) {
 } // namespace
 
 Image::Image()
-    : m_banks(kBankCount)
-    , m_places(kBankCount) {}
+    : m_banks(BankCount)
+    , m_places(BankCount) {}
 
 std::uint32_t Image::sectionEnd() const {
     switch (m_section) {
-    case Section::ZeroPage:
+    case Section::zeroPage:
         return 0x100;
-    case Section::Bss:
+    case Section::bss:
         return 0x800;
     default:
-        return kBankSize;
+        return BankSize;
     }
 }
 
 void Image::selectSection(Section section) {
-    if (section == m_section)
+    if (section == m_section) {
         return;
+    }
     leave();
     m_section = section;
     if (isRam()) {
-        m_offset = m_ramOffsets[section == Section::Bss ? 1 : 0];
+        m_offset = m_ramOffsets[section == Section::bss ? 1 : 0];
         m_page = m_limit = 0;
         return;
     }
@@ -66,22 +68,24 @@ void Image::selectSection(Section section) {
 
 void Image::selectBank(std::uint32_t bank) {
     // The RAM sections lie in no bank; the section that is left for them keeps its own.
-    if (isRam() || bank == m_bank)
+    if (isRam() || bank == m_bank) {
         return;
+    }
     leave();
     enter(bank);
 }
 
 bool Image::setAddress(std::uint32_t address) {
     if (isRam()) {
-        if (address > sectionEnd())
+        if (address > sectionEnd()) {
             return false;
+        }
         m_offset = address;
         return true;
     }
     leave();
     m_page = address >> 13U;
-    m_offset = address & (kBankSize - 1);
+    m_offset = address & (BankSize - 1);
     m_usedBanks = std::max(m_usedBanks, m_bank + 1);
     arrive();
     return true;
@@ -105,7 +109,7 @@ void Image::arrive() {
 /// Notes the run of bytes that ends at the place, and the place itself.
 void Image::leave() {
     if (isRam()) {
-        m_ramOffsets[m_section == Section::Bss ? 1 : 0] = m_offset;
+        m_ramOffsets[m_section == Section::bss ? 1 : 0] = m_offset;
         return;
     }
     if (m_offset > m_runStart) {
@@ -126,14 +130,15 @@ Image::Bank& Image::makeBank() {
 }
 
 std::size_t Image::emitCarefully(const std::uint8_t* bytes, std::size_t count) {
-    if (isRam())
+    if (isRam()) {
         return count;
+    }
     const auto fitting = static_cast<std::uint32_t>(std::min<std::size_t>(count, room()));
     if (fitting != 0) {
         Bank& bank = makeBank();
         if (nextWritten(bank.written, m_offset) < m_offset + fitting) {
-            bank.firstLivePatch.resize(kBankSize);
-            for (std::uint32_t offset = m_offset; offset < m_offset + fitting; ++offset)
+            bank.firstLivePatch.resize(BankSize);
+            for (std::uint32_t offset = m_offset; offset < m_offset + fitting; ++offset) {
                 if (isWritten(bank.written, offset)) {
                     bank.firstLivePatch[offset] = m_patchCount;
                     if (m_overwritten.count++ == 0) {
@@ -141,6 +146,7 @@ std::size_t Image::emitCarefully(const std::uint8_t* bytes, std::size_t count) {
                         m_overwritten.offset = offset;
                     }
                 }
+            }
         }
         std::memcpy(bank.bytes.data() + m_offset, bytes, fitting);
         m_offset += fitting;
@@ -159,11 +165,13 @@ bool Image::emitAcrossBanks(const std::uint8_t* bytes, std::size_t count) {
             bytes += part;
             count -= part;
         }
-        if (room() != 0)
+        if (room() != 0) {
             break;
+        }
         // The page stays: labels go on from the page of the bank in which the data began.
-        if (m_bank + 1 >= kBankCount)
+        if (m_bank + 1 >= BankCount) {
             return count == 0;
+        }
         const std::uint32_t page = m_page;
         leave();
         enter(m_bank + 1);
@@ -184,10 +192,11 @@ std::size_t Image::reserve(std::size_t count) {
 void Image::patch(std::uint32_t number, std::uint32_t bank, std::uint32_t offset,
                   const std::uint8_t* bytes, std::size_t count) {
     Bank* const target = m_banks[bank].get();
-    for (std::size_t i = 0; i < count && target != nullptr && offset + i < kBankSize; ++i) {
+    for (std::size_t i = 0; i < count && target != nullptr && offset + i < BankSize; ++i) {
         const std::vector<std::uint32_t>& live = target->firstLivePatch;
-        if (live.empty() || live[offset + i] <= number)
+        if (live.empty() || live[offset + i] <= number) {
             target->bytes[offset + i] = bytes[i];
+        }
     }
 }
 
@@ -197,9 +206,11 @@ const std::uint8_t* Image::bytes(std::uint32_t bank) const {
 
 std::uint32_t Image::bytesWritten(std::uint32_t bank) const {
     int count = 0;
-    if (m_banks[bank])
-        for (const std::uint64_t bits : m_banks[bank]->written)
+    if (m_banks[bank]) {
+        for (const std::uint64_t bits : m_banks[bank]->written) {
             count += std::popcount(bits);
+        }
+    }
     return static_cast<std::uint32_t>(count);
 }
 

@@ -10,9 +10,9 @@
 
 namespace nesasm {
 
-inline constexpr std::uint32_t kBankSize = 0x2000;
+inline constexpr std::uint32_t BankSize = 0x2000;
 /// The largest image that the header can describe has 255 units of 16 KiB and 255 of 8 KiB.
-inline constexpr std::uint32_t kBankCount = 255 * 2 + 255;
+inline constexpr std::uint32_t BankCount = 255 * 2 + 255;
 
 /// The iNES header's fields as the source gives them.
 struct Header {
@@ -22,7 +22,7 @@ struct Header {
     std::uint32_t mirroring = 0; ///< the low four flags
 };
 
-enum class Section : std::uint8_t { Code, Data, ZeroPage, Bss };
+enum class Section : std::uint8_t { code, data, zeroPage, bss };
 
 /// The banks of the image, and the place in them where the next byte goes.
 class Image {
@@ -35,7 +35,7 @@ public:
     bool setAddress(std::uint32_t address);
 
     Section section() const { return m_section; }
-    bool isRam() const { return m_section >= Section::ZeroPage; }
+    bool isRam() const { return m_section >= Section::zeroPage; }
     std::uint32_t bank() const { return m_bank; }
     std::uint32_t offset() const { return m_offset; }
     std::uint32_t address() const { return (m_page << 13U) + m_offset; }
@@ -89,8 +89,8 @@ public:
 
 private:
     struct Bank {
-        std::array<std::uint8_t, kBankSize> bytes;
-        std::array<std::uint64_t, kBankSize / 64> written;
+        std::array<std::uint8_t, BankSize> bytes;
+        std::array<std::uint64_t, BankSize / 64> written;
         /// For each byte the patches made before it was last written over; empty until needed.
         std::vector<std::uint32_t> firstLivePatch;
     };
@@ -111,7 +111,7 @@ private:
     std::vector<Place> m_places;                   ///< of each bank, whichever section is in it
     std::array<std::uint32_t, 2> m_sectionBanks{}; ///< of .code and .data
     std::array<std::uint32_t, 2> m_ramOffsets{0, 0x200}; ///< of .zp and .bss
-    Section m_section = Section::Code;
+    Section m_section = Section::code;
     std::uint32_t m_bank = 0;
     std::uint32_t m_page = 0;
     std::uint32_t m_offset = 0;

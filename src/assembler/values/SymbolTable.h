@@ -11,23 +11,23 @@
 namespace nesasm {
 
 using SymbolId = std::uint32_t;
-inline constexpr std::uint32_t kNone = 0xFFFFFFFFU;
+inline constexpr std::uint32_t None = 0xFFFFFFFFU;
 
 /// Which label a value goes back to, for BANK(): the number of the label's bank, or one of these.
-inline constexpr std::int32_t kNoBank = -1;       ///< no label in it
-inline constexpr std::int32_t kSeveralBanks = -2; ///< more than one label in it
+inline constexpr std::int32_t NoBank = -1;       ///< no label in it
+inline constexpr std::int32_t SeveralBanks = -2; ///< more than one label in it
 
 /// A name and all that is known of it.
 struct Symbol {
     std::string_view name;
-    SymbolId scope = 0;          ///< of a local name: the label it belongs to, 0 before the first
-    std::int32_t value = 0;      ///< while `isKnown`
-    std::int32_t bank = kNoBank; ///< while `isKnown`
-    std::uint32_t size = kNone; ///< bytes on the label's own line, kNone when there is no such line
-    std::uint32_t macro = kNone;    ///< index of the macro of this name
-    std::uint32_t deferred = kNone; ///< index of the expression that will give the value
-    std::uint32_t line = 0;         ///< where it was defined
-    OriginId origin = kNoOrigin;
+    SymbolId scope = 0;         ///< of a local name: the label it belongs to, 0 before the first
+    std::int32_t value = 0;     ///< while `isKnown`
+    std::int32_t bank = NoBank; ///< while `isKnown`
+    std::uint32_t size = None;  ///< bytes on the label's own line, None when there is no such line
+    std::uint32_t macro = None; ///< index of the macro of this name
+    std::uint32_t deferred = None; ///< index of the expression that will give the value
+    std::uint32_t line = 0;        ///< where it was defined
+    OriginId origin = NoOrigin;
     std::uint32_t uses = 0;
     bool isDefined = false;
     bool isKnown = false;

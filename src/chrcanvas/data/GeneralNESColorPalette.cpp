@@ -12,9 +12,9 @@ std::size_t GeneralNESColorPalette::count() const {
 }
 
 ColorEntry GeneralNESColorPalette::entry(std::size_t index) const {
-    constexpr std::uint8_t canonicalBlack = 0x0F;
+    constexpr std::uint8_t CanonicalBlack = 0x0F;
     return masterColor(index < MasterColorCount ? static_cast<std::uint8_t>(index)
-                                                : canonicalBlack);
+                                                : CanonicalBlack);
 }
 
 bool GeneralNESColorPalette::setEntry(std::size_t /*index*/, const ColorEntry& /*entry*/) {

@@ -29,8 +29,8 @@ QColor screenColor(const RgbColor& color) {
 
 /// The text's size for a box, in pixels of the toolkit.
 int textSize(const QFont& font, int boxSize) {
-    constexpr int smallest = 8;
-    return std::max(smallest, std::min(QFontInfo(font).pixelSize(), boxSize / 2));
+    constexpr int Smallest = 8;
+    return std::max(Smallest, std::min(QFontInfo(font).pixelSize(), boxSize / 2));
 }
 
 } // namespace

@@ -91,9 +91,9 @@ std::optional<PaletteBox> BoxSelectorView::cursorAfter(int key) const {
 }
 
 void BoxSelectorView::keyPressEvent(QKeyEvent* event) {
-    constexpr Qt::KeyboardModifiers commands =
+    constexpr Qt::KeyboardModifiers Commands =
         Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::ShiftModifier;
-    if ((event->modifiers() & commands) != Qt::NoModifier) {
+    if ((event->modifiers() & Commands) != Qt::NoModifier) {
         event->ignore();
         return;
     }

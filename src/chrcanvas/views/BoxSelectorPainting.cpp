@@ -55,16 +55,16 @@ void BoxSelectorView::paintLabel(QPainter& painter, int paletteNumber) {
 
 void BoxSelectorView::repaintBox(PaletteBox box) {
     if (holds(box)) {
-        constexpr int gap = BoxGrid::Gap;
-        update(grid().rect(box).adjusted(-gap, -gap, gap, gap));
+        constexpr int Gap = BoxGrid::Gap;
+        update(grid().rect(box).adjusted(-Gap, -Gap, Gap, Gap));
     }
 }
 
 void BoxSelectorView::repaintPalette(int paletteNumber) {
     const QRect rect = grid().paletteRect(paletteNumber);
     if (!rect.isEmpty()) {
-        constexpr int gap = BoxGrid::Gap;
-        update(rect.adjusted(-rect.left(), -gap, gap, gap));
+        constexpr int Gap = BoxGrid::Gap;
+        update(rect.adjusted(-rect.left(), -Gap, Gap, Gap));
     }
 }
 

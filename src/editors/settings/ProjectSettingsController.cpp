@@ -134,15 +134,15 @@ ProjectSettingsController::addNewItemFromProjectController() const {
 }
 
 const ProjectItems& ProjectSettingsController::assemblyFiles() const {
-    return m_lists[Assembly]->files();
+    return m_lists[assembly]->files();
 }
 
 const ProjectItems& ProjectSettingsController::graphicFiles() const {
-    return m_lists[Graphics]->files();
+    return m_lists[graphics]->files();
 }
 
 const ProjectItems& ProjectSettingsController::paletteFiles() const {
-    return m_lists[Palettes]->files();
+    return m_lists[palettes]->files();
 }
 
 bool ProjectSettingsController::updateBuildSettings() {
@@ -159,7 +159,7 @@ bool ProjectSettingsController::updateBuildSettings() {
     m_projectLabel->setText(QString::fromStdString(m_currentProject->itemName()));
     m_outputField->setFolder(QString::fromStdString(pathText(*outputFolder)));
     m_emulatorField->setEmulator(builder.pathToEmulator());
-    for (std::size_t place = 0; place < PlaceCount; ++place) {
+    for (std::size_t place = 0; place < placeCount; ++place) {
         m_lists[place]->setFiles(*m_buildSettings->listFor(Kinds[place]), m_currentProject);
     }
     return true;
@@ -175,7 +175,7 @@ bool ProjectSettingsController::settingsAreCurrent() {
 ProjectSettingsController::Place
 ProjectSettingsController::placeOfTable(const QAbstractItemView* tableView) const {
     std::size_t place = 0;
-    while (place < PlaceCount && m_lists[place]->table() != tableView) {
+    while (place < placeCount && m_lists[place]->table() != tableView) {
         ++place;
     }
     return static_cast<Place>(place);
@@ -183,7 +183,7 @@ ProjectSettingsController::placeOfTable(const QAbstractItemView* tableView) cons
 
 int ProjectSettingsController::numberOfRows(const QAbstractItemView* tableView) const {
     const Place place = placeOfTable(tableView);
-    return place == PlaceCount ? 0 : static_cast<int>(m_lists[place]->files().size());
+    return place == placeCount ? 0 : static_cast<int>(m_lists[place]->files().size());
 }
 
 const ProjectSettingCell* ProjectSettingsController::viewFor(const QAbstractItemView* tableView,
@@ -198,7 +198,7 @@ const ProjectSettingCell* ProjectSettingsController::viewFor(const QAbstractItem
 
 void ProjectSettingsController::entrySelectedForTableView(const QAbstractItemView* tableView) {
     const Place place = placeOfTable(tableView);
-    if (place != PlaceCount) {
+    if (place != placeCount) {
         m_selectedRows[place] = m_lists[place]->table()->selectedRow();
     }
 }
@@ -245,7 +245,7 @@ void ProjectSettingsController::fileWasPicked(Place place,
 
 /// Shows the lists as the settings have them; a list that is shown so already keeps its selection.
 void ProjectSettingsController::showLists() {
-    for (std::size_t place = 0; place < PlaceCount; ++place) {
+    for (std::size_t place = 0; place < placeCount; ++place) {
         const ProjectItems& files = *m_buildSettings->listFor(Kinds[place]);
         if (m_lists[place]->files() != files) {
             m_lists[place]->setFiles(files, m_currentProject);

@@ -92,17 +92,17 @@ public:
     const ProjectItems& paletteFiles() const;
 
     /// The selected rows of the three tables, each -1 while nothing is selected in it.
-    int currentlySelectedForForAssembly() const { return m_selectedRows[Assembly]; }
-    int currentlySelectedForForGraphics() const { return m_selectedRows[Graphics]; }
-    int currentlySelectedForForPalettes() const { return m_selectedRows[Palettes]; }
+    int currentlySelectedForForAssembly() const { return m_selectedRows[assembly]; }
+    int currentlySelectedForForGraphics() const { return m_selectedRows[graphics]; }
+    int currentlySelectedForForPalettes() const { return m_selectedRows[palettes]; }
 
     /// The picker, while it is open.
     AddNewItemFromProjectController* addNewItemFromProjectController() const;
 
     /// The parts of the pane, which it owns.
-    BuildFileList* assemblyList() const { return m_lists[Assembly]; }
-    BuildFileList* graphicsList() const { return m_lists[Graphics]; }
-    BuildFileList* paletteList() const { return m_lists[Palettes]; }
+    BuildFileList* assemblyList() const { return m_lists[assembly]; }
+    BuildFileList* graphicsList() const { return m_lists[graphics]; }
+    BuildFileList* paletteList() const { return m_lists[palettes]; }
     OutputField* outputField() const { return m_outputField; }
     EmulatorField* emulatorField() const { return m_emulatorField; }
 
@@ -115,7 +115,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    enum Place : std::size_t { Assembly, Graphics, Palettes, PlaceCount };
+    enum Place : std::size_t { assembly, graphics, palettes, placeCount };
 
     void buildView();
     void connectLists();
@@ -128,8 +128,8 @@ private:
     std::shared_ptr<ProjectItem> m_currentProject;
     ProjectSettingsDataSource* m_datasource = nullptr;
     std::shared_ptr<NESBuildSettings> m_buildSettings;
-    std::array<BuildFileList*, PlaceCount> m_lists{};
-    std::array<int, PlaceCount> m_selectedRows{-1, -1, -1};
+    std::array<BuildFileList*, placeCount> m_lists{};
+    std::array<int, placeCount> m_selectedRows{-1, -1, -1};
     ElidedLabel* m_projectLabel;
     QBoxLayout* m_listsLayout = nullptr;
     OutputField* m_outputField;

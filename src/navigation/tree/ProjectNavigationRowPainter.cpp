@@ -35,18 +35,18 @@ double contrast(const QColor& one, const QColor& other) {
 /// Plain red on a light background; else the first red that stands out enough, or the one that
 /// does so most.
 QColor readableRed(const QColor& background, bool light) {
-    static constexpr std::array<QRgb, 4> reds = {0xffff6b6b, 0xffffb3b3, 0xff500000, 0xffff0000};
-    constexpr double enough = 4.5; // WCAG 2.1, success criterion 1.4.3
+    static constexpr std::array<QRgb, 4> Reds = {0xffff6b6b, 0xffffb3b3, 0xff500000, 0xffff0000};
+    constexpr double Enough = 4.5; // WCAG 2.1, success criterion 1.4.3
     if (light) {
         return Qt::red;
     }
     const auto against = [&](QRgb red) { return contrast(QColor(red), background); };
     const auto readable =
-        std::find_if(reds.begin(), reds.end(), [&](QRgb red) { return against(red) >= enough; });
-    if (readable != reds.end()) {
+        std::find_if(Reds.begin(), Reds.end(), [&](QRgb red) { return against(red) >= Enough; });
+    if (readable != Reds.end()) {
         return {*readable};
     }
-    return {*std::max_element(reds.begin(), reds.end(),
+    return {*std::max_element(Reds.begin(), Reds.end(),
                               [&](QRgb one, QRgb two) { return against(one) < against(two); })};
 }
 

@@ -8,8 +8,9 @@
 namespace nesasm::test {
 
 std::vector<int> Assembled::bytes(std::size_t count) const {
-    if (file.size() < 16 + count)
+    if (file.size() < 16 + count) {
         return {};
+    }
     return {file.begin() + 16, file.begin() + 16 + static_cast<std::ptrdiff_t>(count)};
 }
 
@@ -18,9 +19,10 @@ Assembled assembled(std::string_view source, Options options) {
     options.input = folder.write("game.asm", source).string();
     Assembled result;
     Assembler assembler(options, [&](std::string_view text) { result.messages += text; });
-    result.isBuilt = assembler.run() == Assembler::Result::Built;
-    if (result.isBuilt)
+    result.isBuilt = assembler.run() == Assembler::Result::built;
+    if (result.isBuilt) {
         result.file = imageFile(assembler.image());
+    }
     return result;
 }
 

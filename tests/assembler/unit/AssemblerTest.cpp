@@ -28,8 +28,8 @@ TEST(Assembler, TwoInOneProcessDoNotDisturbEachOther) {
     std::string said;
     Assembler first(one, [](std::string_view) {});
     Assembler second(two, [&](std::string_view text) { said += text; });
-    EXPECT_EQ(second.run(), Assembler::Result::Errors);
-    EXPECT_EQ(first.run(), Assembler::Result::Built);
+    EXPECT_EQ(second.run(), Assembler::Result::errors);
+    EXPECT_EQ(first.run(), Assembler::Result::built);
     const auto file = imageFile(first.image());
     ASSERT_GT(file.size(), 19U);
     EXPECT_EQ(file[16], 1);
@@ -41,14 +41,16 @@ TEST(Assembler, TwoInOneProcessDoNotDisturbEachOther) {
 TEST(Assembler, SeveralRunInParallel) {
     std::vector<test::Assembled> results(4);
     std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < results.size(); ++i)
+    for (std::size_t i = 0; i < results.size(); ++i) {
         threads.emplace_back([&results, i] {
             results[i] =
                 assembled("M .macro\n .db \\1, late\n .endm\n .rept 1000\n M " + std::to_string(i) +
                           "\n .endr\nlate = " + std::to_string(i) + "\n");
         });
-    for (std::thread& thread : threads)
+    }
+    for (std::thread& thread : threads) {
         thread.join();
+    }
     for (std::size_t i = 0; i < results.size(); ++i) {
         const int number = static_cast<int>(i);
         EXPECT_EQ(results[i].bytes(2), (std::vector<int>{number, number}));

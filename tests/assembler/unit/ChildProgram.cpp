@@ -14,8 +14,9 @@ namespace {
 
 std::vector<char*> pointers(std::vector<std::string>& texts) {
     std::vector<char*> result;
-    for (std::string& text : texts)
+    for (std::string& text : texts) {
         result.push_back(text.data());
+    }
     result.push_back(nullptr);
     return result;
 }
@@ -31,8 +32,9 @@ std::vector<char*> pointers(std::vector<std::string>& texts) {
                            ? output
                            : open(start.standardOutput.c_str(), O_WRONLY | O_CLOEXEC);
     dup2(target, STDOUT_FILENO);
-    if (chdir(start.folder.c_str()) == 0)
+    if (chdir(start.folder.c_str()) == 0) {
         execve(arguments[0], arguments.data(), environment.data());
+    }
     _exit(127);
 }
 
@@ -40,26 +42,30 @@ std::vector<char*> pointers(std::vector<std::string>& texts) {
 
 ChildResult runNesasm(const ChildStart& start) {
     std::vector<std::string> words;
-    if (start.isOrdinaryUser && geteuid() == 0)
+    if (start.isOrdinaryUser && geteuid() == 0) {
         words = {"/usr/bin/setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"};
+    }
     words.emplace_back(KESTREL_NESASM);
     words.insert(words.end(), start.arguments.begin(), start.arguments.end());
     std::vector<std::string> variables = start.environment;
     std::vector<char*> arguments = pointers(words);
     std::vector<char*> environment = pointers(variables);
     std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) {
         return {};
+    }
     const pid_t child = fork();
-    if (child == 0)
+    if (child == 0) {
         becomeProgram(start, ends[1], arguments, environment);
+    }
     close(ends[1]);
     ChildResult result;
     std::array<char, 4096> part{};
     for (ssize_t count = 1; count > 0 || (count < 0 && errno == EINTR);) {
         count = read(ends[0], part.data(), part.size());
-        if (count > 0)
+        if (count > 0) {
             result.output.append(part.data(), static_cast<std::size_t>(count));
+        }
     }
     close(ends[0]);
     int status = 0;

@@ -46,19 +46,19 @@ TEST(CommandLine, ReadsAllOptions) {
     using Definitions = std::vector<std::pair<std::string, std::int32_t>>;
     EXPECT_EQ(line.options.definitions, (Definitions{{"X", 1}, {"Y", 255}, {"Z", -5}}));
     EXPECT_EQ(line.options.largestErrorCount, 0U);
-    EXPECT_EQ(line.colours, CommandLine::Colours::Never);
+    EXPECT_EQ(line.colours, CommandLine::Colours::never);
     EXPECT_TRUE(line.isVerbose);
-    EXPECT_TRUE(line.options.warnings.isOn(Warning::Overwrite));
-    EXPECT_FALSE(line.options.warnings.isOn(Warning::OddNumber));
-    EXPECT_TRUE(line.options.warnings.isError(Warning::FileCase));
+    EXPECT_TRUE(line.options.warnings.isOn(Warning::overwrite));
+    EXPECT_FALSE(line.options.warnings.isOn(Warning::oddNumber));
+    EXPECT_TRUE(line.options.warnings.isError(Warning::fileCase));
 }
 
 TEST(CommandLine, HelpAndVersionNeedNothingElse) {
     CommandLine line;
     EXPECT_EQ(read({"--help"}, line), "");
-    EXPECT_EQ(line.wish, CommandLine::Wish::Help);
+    EXPECT_EQ(line.wish, CommandLine::Wish::help);
     EXPECT_EQ(read({"--version"}, line), "");
-    EXPECT_EQ(line.wish, CommandLine::Wish::Version);
+    EXPECT_EQ(line.wish, CommandLine::Wish::version);
 }
 
 TEST(CommandLine, WrongUseIsExplained) {
@@ -90,8 +90,9 @@ TEST(CommandLine, WrongUseIsExplained) {
         {"-"},
         {""},
     };
-    for (const auto& arguments : wrong)
+    for (const auto& arguments : wrong) {
         EXPECT_NE(problem(arguments), "") << (arguments.empty() ? "nothing" : arguments.back());
+    }
 }
 
 } // namespace

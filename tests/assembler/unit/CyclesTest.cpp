@@ -17,8 +17,9 @@ TEST(Cycles, AreThoseOfTheManual) {
         {0x91, "6"},  {0xE6, "5"}, {0xF6, "6"},  {0xEE, "6"}, {0xFE, "7"},  {0x4C, "3"},
         {0x6C, "5"},  {0x20, "6"}, {0xD0, "2+"}, {0xB6, "4"}, {0xBE, "4+"}, {0x2C, "4"},
         {0x02, ""},   {0xFF, ""}};
-    for (const auto& [opcode, text] : expected)
+    for (const auto& [opcode, text] : expected) {
         EXPECT_EQ(cyclesText(static_cast<std::uint8_t>(opcode)), text) << std::hex << opcode;
+    }
 }
 
 } // namespace

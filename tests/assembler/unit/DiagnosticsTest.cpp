@@ -10,9 +10,9 @@ namespace {
 class DiagnosticsTest : public ::testing::Test {
 protected:
     Position place(const char* line, std::uint32_t column, std::uint32_t order = 1) {
-        if (m_file == kNoOrigin)
-            m_file =
-                m_origins.add({Origin::Kind::File, false, false, "game.asm", {}, kNoOrigin, 0});
+        if (m_file == NoOrigin) {
+            m_file = m_origins.add({Origin::Kind::file, false, false, "game.asm", {}, NoOrigin, 0});
+        }
         return {line, order, column, m_file, order};
     }
     Diagnostics made(std::size_t limit = 0, bool colours = false) {
@@ -20,7 +20,7 @@ protected:
     }
 
     Origins m_origins;
-    OriginId m_file = kNoOrigin;
+    OriginId m_file = NoOrigin;
     std::string m_shown;
 };
 
@@ -34,7 +34,7 @@ TEST_F(DiagnosticsTest, ShowsPlaceLineCaretAndCount) {
 TEST_F(DiagnosticsTest, SortsByTheOrderOfTheSource) {
     Diagnostics diagnostics = made();
     diagnostics.error(place("b\n", 0, 2), "second");
-    diagnostics.warning(Warning::OddNumber, place("a\n", 0, 1), "first");
+    diagnostics.warning(Warning::oddNumber, place("a\n", 0, 1), "first");
     diagnostics.finish();
     EXPECT_LT(m_shown.find("first [odd-number]"), m_shown.find("second"));
     EXPECT_NE(m_shown.find("1 error, 1 warning\n"), std::string::npos);
@@ -42,8 +42,9 @@ TEST_F(DiagnosticsTest, SortsByTheOrderOfTheSource) {
 
 TEST_F(DiagnosticsTest, StopsAtTheLimitAndSaysSo) {
     Diagnostics diagnostics = made(2);
-    for (std::uint32_t i = 1; i < 10; ++i)
+    for (std::uint32_t i = 1; i < 10; ++i) {
         diagnostics.error(place("x\n", 0, i), "wrong");
+    }
     EXPECT_TRUE(diagnostics.limitReached());
     EXPECT_EQ(diagnostics.errorCount(), 2U);
     diagnostics.finish();
@@ -55,9 +56,10 @@ TEST_F(DiagnosticsTest, ABrokenMacroIsReportedOnceAnExpansion) {
     Diagnostics diagnostics = made();
     for (int i = 0; i < 2; ++i) {
         const OriginId expansion =
-            m_origins.add({Origin::Kind::Macro, false, false, "game.asm", "M", call.origin, 7});
-        for (std::uint32_t line = 1; line < 4; ++line)
+            m_origins.add({Origin::Kind::macro, false, false, "game.asm", "M", call.origin, 7});
+        for (std::uint32_t line = 1; line < 4; ++line) {
             diagnostics.error({"bad\n", line, 0, expansion, 5}, "wrong");
+        }
     }
     EXPECT_EQ(diagnostics.errorCount(), 2U);
     diagnostics.finish();
@@ -87,10 +89,11 @@ TEST_F(DiagnosticsTest, ColoursAreThereOnlyOnWish) {
 }
 
 TEST_F(DiagnosticsTest, EveryWarningHasANameOfItsOwnAndAText) {
-    for (std::size_t i = 0; i < warningTable.size(); ++i) {
-        EXPECT_FALSE(warningTable[i].text.empty());
-        for (std::size_t other = 0; other < i; ++other)
-            EXPECT_NE(warningTable[i].name, warningTable[other].name);
+    for (std::size_t i = 0; i < WarningTable.size(); ++i) {
+        EXPECT_FALSE(WarningTable[i].text.empty());
+        for (std::size_t other = 0; other < i; ++other) {
+            EXPECT_NE(WarningTable[i].name, WarningTable[other].name);
+        }
     }
 }
 

@@ -61,16 +61,16 @@ TEST(Expression, UnknownSymbolsAreNamed) {
     SymbolTable symbols;
     const SymbolId id = symbols.intern("later", 0, nullptr);
     const Operation operations[]{
-        {OpCode::Literal, 0, 1, 0}, {OpCode::Value, 0, id, 4}, {OpCode::Add, 0, 0, 2}};
+        {OpCode::literal, 0, 1, 0}, {OpCode::value, 0, id, 4}, {OpCode::add, 0, 0, 2}};
     Evaluation result = evaluate(operations, symbols);
-    EXPECT_EQ(result.status, Evaluation::Status::Unknown);
+    EXPECT_EQ(result.status, Evaluation::Status::unknown);
     EXPECT_EQ(result.symbol, id);
     EXPECT_EQ(result.column, 4U);
     symbols[id].isKnown = true;
     symbols[id].value = 41;
     symbols[id].bank = 3;
     result = evaluate(operations, symbols);
-    EXPECT_EQ(result.status, Evaluation::Status::Known);
+    EXPECT_EQ(result.status, Evaluation::Status::known);
     EXPECT_EQ(result.value, 42);
     EXPECT_EQ(result.bank, 3);
 }
@@ -81,15 +81,17 @@ TEST(Expression, DeepNestingIsAnErrorAndLongChainsAreNot) {
     const auto signs = test::assembled("v = " + std::string(100000, '-') + "1\n");
     EXPECT_NE(signs.messages.find("nested more than 100 deep"), std::string::npos);
     std::string sum = "v = 0";
-    for (int i = 0; i < 100000; ++i)
+    for (int i = 0; i < 100000; ++i) {
         sum += "+1";
+    }
     EXPECT_TRUE(test::assembled(sum + "\n .assert v = 100000\n").isBuilt);
 }
 
 TEST(Expression, ALongChainOfForwardSymbolsIsResolved) {
     std::string source = " .org $8000\n .dw s0\n";
-    for (int i = 0; i < 50000; ++i)
+    for (int i = 0; i < 50000; ++i) {
         source += "s" + std::to_string(i) + " = s" + std::to_string(i + 1) + "\n";
+    }
     source += "s50000:\n";
     EXPECT_EQ(test::assembled(source).bytes(2), (std::vector<int>{0x02, 0x80}));
 }

@@ -61,7 +61,7 @@ TEST(Image, DataThatRunOnKeepThePage) {
 
 TEST(Image, DataThatEndAtTheEndOfABankLeaveThePlaceInTheNextUnused) {
     Image image;
-    const std::vector<std::uint8_t> bytes(kBankSize, 9);
+    const std::vector<std::uint8_t> bytes(BankSize, 9);
     EXPECT_TRUE(image.emitAcrossBanks(bytes.data(), bytes.size()));
     EXPECT_EQ(image.bank(), 1U);
     EXPECT_EQ(image.offset(), 0U);
@@ -71,8 +71,8 @@ TEST(Image, DataThatEndAtTheEndOfABankLeaveThePlaceInTheNextUnused) {
 
 TEST(Image, DataBeyondTheLastBankAreRefused) {
     Image image;
-    image.selectBank(kBankCount - 1);
-    const std::vector<std::uint8_t> bytes(kBankSize + 1, 9);
+    image.selectBank(BankCount - 1);
+    const std::vector<std::uint8_t> bytes(BankSize + 1, 9);
     EXPECT_FALSE(image.emitAcrossBanks(bytes.data(), bytes.size()));
 }
 
@@ -103,14 +103,14 @@ TEST(Image, CountsEachByteOnce) {
 
 TEST(Image, RamSectionsHaveTheirBounds) {
     Image image;
-    image.selectSection(Section::Bss);
+    image.selectSection(Section::bss);
     EXPECT_EQ(image.address(), 0x200U);
     EXPECT_EQ(image.reserve(0x600), 0U);
     EXPECT_EQ(image.reserve(3), 3U);
-    image.selectSection(Section::ZeroPage);
+    image.selectSection(Section::zeroPage);
     EXPECT_EQ(image.address(), 0U);
     EXPECT_FALSE(image.setAddress(0x101));
-    image.selectSection(Section::Bss);
+    image.selectSection(Section::bss);
     EXPECT_EQ(image.address(), 0x800U);
     image.finish();
     EXPECT_EQ(image.bankCount(), 0U);
@@ -123,12 +123,12 @@ TEST(Image, TheFileHasTheHeaderAndEveryBankUpToTheHighestUsed) {
     put(image, {0xAB});
     image.finish();
     const auto file = imageFile(image);
-    ASSERT_EQ(file.size(), 16U + 3 * kBankSize);
+    ASSERT_EQ(file.size(), 16U + 3 * BankSize);
     const std::vector<std::uint8_t> header(file.begin(), file.begin() + 16);
     EXPECT_EQ(header, (std::vector<std::uint8_t>{'N', 'E', 'S', 0x1A, 2, 1, 0xA9, 0x40, 0, 0, 0, 0,
                                                  0, 0, 0, 0}));
     EXPECT_EQ(file[16], 0xFF);
-    EXPECT_EQ(file[16 + 2 * kBankSize], 0xAB);
+    EXPECT_EQ(file[16 + 2 * BankSize], 0xAB);
 }
 
 } // namespace

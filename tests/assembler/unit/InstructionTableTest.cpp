@@ -15,7 +15,7 @@ namespace {
 
 /// The operation code matrix of MOS Technology's "MCS6500 Microcomputer Family Programming Manual",
 /// appendix B, a row for each high digit; "..." marks codes that are not documented.
-constexpr std::array<std::array<const char*, 16>, 16> kMatrix{{
+constexpr std::array<std::array<const char*, 16>, 16> Matrix{{
     {"BRK imp", "ORA izx", "...", "...", "...", "ORA zp", "ASL zp", "...", "PHP imp", "ORA imm",
      "ASL acc", "...", "...", "ORA abs", "ASL abs", "..."},
     {"BPL rel", "ORA izy", "...", "...", "...", "ORA zpx", "ASL zpx", "...", "CLC imp", "ORA aby",
@@ -79,9 +79,10 @@ TEST(InstructionTable, EveryDocumentedInstructionInEveryModeHasItsEncoding) {
     int count = 0;
     for (int opcode = 0; opcode < 256; ++opcode) {
         const std::string entry =
-            kMatrix[static_cast<std::size_t>(opcode / 16)][static_cast<std::size_t>(opcode % 16)];
-        if (entry == "...")
+            Matrix[static_cast<std::size_t>(opcode / 16)][static_cast<std::size_t>(opcode % 16)];
+        if (entry == "...") {
             continue;
+        }
         ++count;
         const Writing& writing = writings().at(entry.substr(4));
         const std::string source = " .org $8000\n " + entry.substr(0, 3) + writing.operand + "\n";
@@ -96,15 +97,17 @@ TEST(InstructionTable, EveryDocumentedInstructionInEveryModeHasItsEncoding) {
 
 TEST(InstructionTable, HoldsNoEncodingBeyondTheDocumentedOnes) {
     int count = 0;
-    for (const Instruction& instruction : instructionTable)
-        for (const std::uint16_t opcode : instruction.opcodes)
-            count += opcode != Instruction::kNoOpcode ? 1 : 0;
+    for (const Instruction& instruction : InstructionTable) {
+        for (const std::uint16_t opcode : instruction.opcodes) {
+            count += opcode != Instruction::NoOpcode ? 1 : 0;
+        }
+    }
     EXPECT_EQ(count, 151);
 }
 
 TEST(InstructionTable, ListsTheModesAsTheyAreWritten) {
-    EXPECT_EQ(instructionTable[0].name, "ADC");
-    EXPECT_EQ(modesText(instructionTable[0]),
+    EXPECT_EQ(InstructionTable[0].name, "ADC");
+    EXPECT_EQ(modesText(InstructionTable[0]),
               "ADC #n, ADC <n, ADC <n,x, ADC n, ADC n,x, ADC n,y, ADC [n,x], ADC [n],y");
 }
 

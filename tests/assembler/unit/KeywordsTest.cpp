@@ -13,14 +13,14 @@ namespace nesasm {
 namespace {
 
 TEST(Keywords, KnowsEveryInstructionInAnyCase) {
-    for (std::size_t i = 0; i < instructionTable.size(); ++i) {
-        const std::string name(instructionTable[i].name);
+    for (std::size_t i = 0; i < InstructionTable.size(); ++i) {
+        const std::string name(InstructionTable[i].name);
         for (const std::string& word :
              {name, std::string{name[0], static_cast<char>(name[1] | 0x20), name[2]}}) {
-            EXPECT_EQ(findKeyword(word).kind, Keyword::Kind::Instruction) << word;
+            EXPECT_EQ(findKeyword(word).kind, Keyword::Kind::instruction) << word;
             EXPECT_EQ(findKeyword(word).id, i) << word;
         }
-        EXPECT_EQ(findKeyword("." + name).kind, Keyword::Kind::None) << name;
+        EXPECT_EQ(findKeyword("." + name).kind, Keyword::Kind::none) << name;
     }
 }
 
@@ -29,23 +29,24 @@ TEST(Keywords, SomeDirectivesWorkWithoutTheirDot) {
          {"db",     "byte",  "dw",     "word",  "ds", "bank",    "org",     "include", "incbin",
           "incchr", "macro", "endm",   "equ",   "if", "ifdef",   "ifndef",  "elseif",  "else",
           "endif",  "list",  "nolist", "rsset", "rs", "inesprg", "ineschr", "inesmap", "inesmir"}) {
-        EXPECT_EQ(findKeyword(word).kind, Keyword::Kind::Directive) << word;
-        EXPECT_EQ(findKeyword("." + word).kind, Keyword::Kind::Directive) << word;
+        EXPECT_EQ(findKeyword(word).kind, Keyword::Kind::directive) << word;
+        EXPECT_EQ(findKeyword("." + word).kind, Keyword::Kind::directive) << word;
     }
 }
 
 TEST(Keywords, TheOtherDirectivesNeedTheirDot) {
     for (const std::string word : {"code", "data", "zp", "bss", "fail", "error", "warning", "pad",
                                    "align", "rept", "endr", "assert"}) {
-        EXPECT_EQ(findKeyword(word).kind, Keyword::Kind::None) << word;
-        EXPECT_EQ(findKeyword("." + word).kind, Keyword::Kind::Directive) << word;
+        EXPECT_EQ(findKeyword(word).kind, Keyword::Kind::none) << word;
+        EXPECT_EQ(findKeyword("." + word).kind, Keyword::Kind::directive) << word;
     }
 }
 
 TEST(Keywords, OtherWordsMeanNothing) {
     for (const char* const word :
-         {"", ".", "ld", "ldaa", "x", "inesprgs", "d_b", "..db", "a1b", "DB1"})
-        EXPECT_EQ(findKeyword(word).kind, Keyword::Kind::None) << word;
+         {"", ".", "ld", "ldaa", "x", "inesprgs", "d_b", "..db", "a1b", "DB1"}) {
+        EXPECT_EQ(findKeyword(word).kind, Keyword::Kind::none) << word;
+    }
 }
 
 } // namespace

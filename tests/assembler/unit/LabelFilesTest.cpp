@@ -18,7 +18,7 @@ namespace nesasm {
 
 namespace {
 
-constexpr const char* kSource = R"(	.inesprg 2
+constexpr const char* Source = R"(	.inesprg 2
 	.ineschr 1
 twice .macro
 .in\@:	lda #\1
@@ -77,12 +77,12 @@ protected:
     LabelFiles() {
         m_folder.write("data.bin", std::string(8200, 'd'));
         Options options;
-        options.input = m_folder.write("game.asm", kSource).string();
+        options.input = m_folder.write("game.asm", Source).string();
         options.includeFolders = {m_folder.path().string()};
         options.recordsLines = true;
         m_assembler = std::make_unique<Assembler>(
             options, [&](std::string_view text) { m_messages += text; });
-        EXPECT_EQ(m_assembler->run(), Assembler::Result::Built) << m_messages;
+        EXPECT_EQ(m_assembler->run(), Assembler::Result::built) << m_messages;
         m_image = imageFile(m_assembler->image());
     }
     std::string output() const { return (m_folder.path() / "game.nes").string(); }
@@ -103,25 +103,29 @@ TEST_F(LabelFiles, DbgCountsItsRowsAndRefersToRowsThatAreThere) {
     EXPECT_EQ(all[0].keyword, "version");
     EXPECT_EQ(all[0].values.at("major"), "2");
     EXPECT_EQ(all[1].keyword, "info");
-    for (const Row& row : all)
+    for (const Row& row : all) {
         if (row.values.contains("id")) {
             EXPECT_TRUE(ids[row.keyword].insert(row.number("id")).second) << row.keyword;
         }
+    }
     for (const char* kind :
-         {"csym", "file", "lib", "line", "mod", "scope", "seg", "span", "sym", "type"})
+         {"csym", "file", "lib", "line", "mod", "scope", "seg", "span", "sym", "type"}) {
         EXPECT_EQ(all[1].number(kind), ids[kind].size()) << kind;
+    }
     const std::map<std::string, std::string> references{{"file", "file"},  {"seg", "seg"},
                                                         {"mod", "mod"},    {"scope", "scope"},
                                                         {"parent", "sym"}, {"def", "line"}};
     for (const Row& row : all) {
-        for (const auto& [key, kind] : references)
+        for (const auto& [key, kind] : references) {
             if (row.keyword != "info" && row.values.contains(key)) {
                 EXPECT_TRUE(ids[kind].contains(row.number(key))) << row.keyword << " " << key;
             }
+        }
         if (row.keyword == "line" && row.values.contains("span")) {
             std::istringstream spans(row.values.at("span"));
-            for (std::string span; std::getline(spans, span, '+');)
+            for (std::string span; std::getline(spans, span, '+');) {
                 EXPECT_TRUE(ids["span"].contains(std::stoul(span)));
+            }
         }
     }
 }
@@ -131,26 +135,30 @@ TEST_F(LabelFiles, DbgLeadsFromASourceLineToItsBytes) {
     std::map<unsigned long, const Row*> spans;
     std::map<unsigned long, const Row*> segments;
     for (const Row& row : all) {
-        if (row.keyword == "span")
+        if (row.keyword == "span") {
             spans[row.number("id")] = &row;
-        if (row.keyword == "seg")
+        }
+        if (row.keyword == "seg") {
             segments[row.number("id")] = &row;
+        }
     }
     const auto bytesOfLine = [&](unsigned long line, bool inMacro) {
         std::vector<int> bytes;
         for (const Row& row : all) {
             if (row.keyword != "line" || row.number("line") != line ||
                 !row.values.contains("span") ||
-                (row.values.contains("type") && row.number("type") == 2) != inMacro)
+                (row.values.contains("type") && row.number("type") == 2) != inMacro) {
                 continue;
+            }
             std::istringstream list(row.values.at("span"));
             for (std::string id; std::getline(list, id, '+');) {
                 const Row& span = *spans.at(std::stoul(id));
                 const Row& segment = *segments.at(span.number("seg"));
                 EXPECT_LE(span.number("start") + span.number("size"), segment.number("size"));
                 const unsigned long first = segment.number("ooffs") + span.number("start");
-                for (unsigned long i = first; i < first + span.number("size"); ++i)
+                for (unsigned long i = first; i < first + span.number("size"); ++i) {
                     bytes.push_back(m_image.at(i));
+                }
             }
         }
         return bytes;
@@ -163,19 +171,22 @@ TEST_F(LabelFiles, DbgLeadsFromASourceLineToItsBytes) {
 }
 
 TEST_F(LabelFiles, DbgNamesTheSourceAsSeenFromItsOwnFolder) {
-    for (const Row& row : rows())
+    for (const Row& row : rows()) {
         if (row.keyword == "file") {
             EXPECT_EQ(row.values.at("name"), "\"game.asm\"");
-            EXPECT_EQ(row.number("size"), std::string(kSource).size());
+            EXPECT_EQ(row.number("size"), std::string(Source).size());
         }
+    }
 }
 
 TEST_F(LabelFiles, DbgGivesEachLabelItsPlace) {
     std::map<std::string, const Row*> symbols;
     const std::vector<Row> all = rows();
-    for (const Row& row : all)
-        if (row.keyword == "sym")
+    for (const Row& row : all) {
+        if (row.keyword == "sym") {
             symbols[row.values.at("name")] = &row;
+        }
+    }
     ASSERT_TRUE(symbols.contains("\"start\""));
     EXPECT_EQ(symbols.at("\"start\"")->number("val"), 0x8000U);
     EXPECT_EQ(symbols.at("\"start\"")->values.at("type"), "lab");

@@ -14,11 +14,13 @@ std::vector<std::string> split(const std::string& text) {
     const std::string line = text + "\n";
     const char* p = line.c_str();
     MacroArguments arguments;
-    if (!arguments.read(p))
+    if (!arguments.read(p)) {
         return {"too many"};
+    }
     std::vector<std::string> result;
-    for (std::size_t i = 1; i <= arguments.count(); ++i)
+    for (std::size_t i = 1; i <= arguments.count(); ++i) {
         result.emplace_back(arguments[i]);
+    }
     return result;
 }
 

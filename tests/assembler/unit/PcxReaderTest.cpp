@@ -49,8 +49,9 @@ TEST(PcxReader, RunsCrossLinesAndTilesGoRowByRow) {
 TEST(PcxReader, BytesBeyondTheWidthAreDropped) {
     std::vector<std::uint8_t> tiles;
     std::string lines;
-    for (int i = 0; i < 8; ++i)
+    for (int i = 0; i < 8; ++i) {
         lines += run(8, 3) + run(2, 0);
+    }
     ASSERT_EQ(readPcxTiles(header(8, 8, 10) + lines, tiles), "");
     EXPECT_EQ(tiles, std::vector<std::uint8_t>(16, 0xFF));
 }

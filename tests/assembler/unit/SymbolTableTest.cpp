@@ -31,11 +31,13 @@ TEST(SymbolTable, LocalNamesBelongToTheirScope) {
 TEST(SymbolTable, KeepsEveryNameWhileItGrows) {
     SymbolTable table;
     Arena arena;
-    constexpr std::uint32_t kCount = 50000;
-    for (std::uint32_t i = 0; i < kCount; ++i)
+    constexpr std::uint32_t Count = 50000;
+    for (std::uint32_t i = 0; i < Count; ++i) {
         ASSERT_EQ(table.intern("label_" + std::to_string(i), 0, &arena), i + 1);
-    for (std::uint32_t i = 0; i < kCount; ++i)
+    }
+    for (std::uint32_t i = 0; i < Count; ++i) {
         ASSERT_EQ(table.find("label_" + std::to_string(i), 0), i + 1);
+    }
 }
 
 } // namespace

@@ -13,15 +13,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path goldenCases = KESTREL_GOLDEN_CASES;
+const fs::path GoldenCases = KESTREL_GOLDEN_CASES;
 
 std::string wasApplied(WarningSwitches& switches, const char* text) {
     return switches.apply(text);
 }
 
 TEST(WarningTable, EveryRowHasAGoldenCase) {
-    for (const WarningRow& row : warningTable) {
-        const std::string stem = (goldenCases / "warnings" / row.name).string();
+    for (const WarningRow& row : WarningTable) {
+        const std::string stem = (GoldenCases / "warnings" / row.name).string();
         EXPECT_TRUE(fs::is_regular_file(stem + "-warns.asm")) << row.name;
         EXPECT_NE(kestrel::test::contentOf(stem + "-warns.out").find(": warning: "),
                   std::string::npos)
@@ -36,8 +36,8 @@ TEST(WarningTable, EveryRowHasAGoldenCase) {
 }
 
 TEST(WarningTable, EveryRowHasAWarningAndAText) {
-    EXPECT_EQ(static_cast<std::size_t>(Warning::MissingHash) + 1, warningTable.size());
-    for (const WarningRow& row : warningTable) {
+    EXPECT_EQ(static_cast<std::size_t>(Warning::missingHash) + 1, WarningTable.size());
+    for (const WarningRow& row : WarningTable) {
         EXPECT_FALSE(row.name.empty());
         EXPECT_FALSE(row.text.empty()) << row.name;
     }
@@ -45,8 +45,8 @@ TEST(WarningTable, EveryRowHasAWarningAndAText) {
 
 TEST(WarningSwitches, BeginAsTheTableSays) {
     const WarningSwitches switches;
-    for (std::size_t i = 0; i < kWarningCount; ++i) {
-        EXPECT_EQ(switches.isOn(static_cast<Warning>(i)), warningTable[i].onByDefault);
+    for (std::size_t i = 0; i < WarningCount; ++i) {
+        EXPECT_EQ(switches.isOn(static_cast<Warning>(i)), WarningTable[i].onByDefault);
         EXPECT_FALSE(switches.isError(static_cast<Warning>(i)));
     }
 }
@@ -54,24 +54,25 @@ TEST(WarningSwitches, BeginAsTheTableSays) {
 TEST(WarningSwitches, TurnOnAndOff) {
     WarningSwitches switches;
     EXPECT_EQ(wasApplied(switches, "overwrite"), "");
-    EXPECT_TRUE(switches.isOn(Warning::Overwrite));
+    EXPECT_TRUE(switches.isOn(Warning::overwrite));
     EXPECT_EQ(wasApplied(switches, "no-overwrite"), "");
-    EXPECT_FALSE(switches.isOn(Warning::Overwrite));
+    EXPECT_FALSE(switches.isOn(Warning::overwrite));
     EXPECT_EQ(wasApplied(switches, "error=overwrite"), "");
-    EXPECT_TRUE(switches.isOn(Warning::Overwrite));
-    EXPECT_TRUE(switches.isError(Warning::Overwrite));
-    EXPECT_FALSE(switches.isError(Warning::OddNumber));
+    EXPECT_TRUE(switches.isOn(Warning::overwrite));
+    EXPECT_TRUE(switches.isError(Warning::overwrite));
+    EXPECT_FALSE(switches.isError(Warning::oddNumber));
     EXPECT_EQ(wasApplied(switches, "overwrite"), "");
-    EXPECT_FALSE(switches.isError(Warning::Overwrite)) << "the later switch wins";
+    EXPECT_FALSE(switches.isError(Warning::overwrite)) << "the later switch wins";
     EXPECT_EQ(wasApplied(switches, "error"), "");
-    EXPECT_TRUE(switches.isError(Warning::OddNumber));
+    EXPECT_TRUE(switches.isError(Warning::oddNumber));
 }
 
 TEST(WarningSwitches, UnknownNamesAreRefused) {
     WarningSwitches switches;
     for (const char* text :
-         {"", "no-", "error=", "nothing", "error=no-overwrite", "no-error", "OVERWRITE"})
+         {"", "no-", "error=", "nothing", "error=no-overwrite", "no-error", "OVERWRITE"}) {
         EXPECT_NE(wasApplied(switches, text), "") << text;
+    }
     EXPECT_NE(wasApplied(switches, "overwrte").find("did you mean 'overwrite'?"),
               std::string::npos);
 }
@@ -96,8 +97,9 @@ TEST(NearNames, NamesOnlyTheNearest) {
     near.consider("enemy_x");
     EXPECT_EQ(near.question(), "; did you mean 'PLAYER_X'?");
     NearNames several("lds");
-    for (const char* name : {"lda", "ldx", "ldy", "lsr", "cld"})
+    for (const char* name : {"lda", "ldx", "ldy", "lsr", "cld"}) {
         several.consider(name);
+    }
     EXPECT_EQ(several.question(), "; did you mean 'lda' or 'ldx' or 'ldy'?");
     EXPECT_EQ(NearNames("x").question(), "");
     NearNames nothing("x");
