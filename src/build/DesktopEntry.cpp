@@ -85,11 +85,13 @@ bool isEscapable(char character) {
     return character == '"' || character == '`' || character == '$' || character == '\\';
 }
 
-/// Reads a quoted word part from behind its opening quote; false when it is not closed.
-bool readQuoted(std::string_view exec, std::size_t& position, std::string& word) {
+/// Reads a quoted word part from behind its opening quote up to the closing one, where `position`
+/// stops; nothing when it is not closed.
+std::optional<std::string> readQuoted(std::string_view exec, std::size_t& position) {
+    std::string word;
     for (; position < exec.size(); ++position) {
         if (exec[position] == '"') {
-            return true;
+            return word;
         }
         if (exec[position] == '\\' && position + 1 < exec.size() &&
             isEscapable(exec[position + 1])) {
@@ -97,7 +99,7 @@ bool readQuoted(std::string_view exec, std::size_t& position, std::string& word)
         }
         word += exec[position];
     }
-    return false;
+    return std::nullopt;
 }
 
 } // namespace
@@ -165,9 +167,11 @@ std::optional<std::vector<std::string>> DesktopEntry::wordsOf(std::string_view e
         }
         started = true;
         if (exec[i] == '"') {
-            if (!readQuoted(exec, ++i, word)) {
+            const auto quoted = readQuoted(exec, ++i);
+            if (!quoted) {
                 return std::nullopt;
             }
+            word += *quoted;
         } else {
             // An escape outside quotes is against the rules, and found in entries all the same.
             i += exec[i] == '\\' && i + 1 < exec.size() ? 1 : 0;

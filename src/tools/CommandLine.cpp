@@ -3,6 +3,7 @@
 
 #include "tools/Messages.h"
 
+#include <optional>
 #include <system_error>
 
 namespace kestrel {
@@ -40,8 +41,8 @@ CommandLine refusal(std::string problem) {
 }
 
 /// The option that `argument` is or begins with, one that the assembler has and that takes a value;
-/// "" for any other.
-std::string_view valuedAssemblerOption(std::string_view argument) {
+/// nothing for any other.
+std::optional<std::string_view> valuedAssemblerOption(std::string_view argument) {
     for (const std::string_view name : {"--listing", "--labels", "--max-errors"}) {
         if (argument == name || (argument.starts_with(name) && argument[name.size()] == '=')) {
             return name;
@@ -52,7 +53,7 @@ std::string_view valuedAssemblerOption(std::string_view argument) {
             return name;
         }
     }
-    return {};
+    return std::nullopt;
 }
 
 bool isPlainAssemblerOption(std::string_view argument) {
@@ -66,27 +67,24 @@ std::string absoluteText(const std::string& path) {
     return error || path.empty() ? path : absolute.string();
 }
 
-/// Takes the assembler's option at `index`, with its value if that is the next argument. False when
-/// the value is missing.
-bool takeAssemblerOption(const std::vector<std::string>& arguments, std::size_t& index,
-                         std::vector<std::string>& taken) {
+/// The assembler's option at `index` as the assembler is to get it, with its value; `index` moves
+/// on when that is the next argument. Nothing when the value is missing.
+std::optional<std::vector<std::string>>
+takeAssemblerOption(const std::vector<std::string>& arguments, std::size_t& index) {
     const std::string& argument = arguments[index];
-    const std::string_view name = valuedAssemblerOption(argument);
-    if (name.empty()) {
-        taken.push_back(argument);
-        return true;
+    const auto name = valuedAssemblerOption(argument);
+    if (!name) {
+        return std::vector{argument};
     }
     std::string value;
-    if (argument != name) {
-        value = argument.substr(name.size() + (name.starts_with("--") ? 1 : 0));
+    if (argument != *name) {
+        value = argument.substr(name->size() + (name->starts_with("--") ? 1 : 0));
     } else if (++index < arguments.size()) {
         value = arguments[index];
     } else {
-        return false;
+        return std::nullopt;
     }
-    taken.emplace_back(name);
-    taken.push_back(name == "--listing" ? absoluteText(value) : value);
-    return true;
+    return std::vector{std::string(*name), *name == "--listing" ? absoluteText(value) : value};
 }
 
 bool isOption(std::string_view argument) {
@@ -126,10 +124,13 @@ CommandLine CommandLine::parse(const std::vector<std::string>& arguments) {
             optionsEnded = true;
         } else if (argument == "--relocate") {
             result.action = Action::relocate;
-        } else if (isPlainAssemblerOption(argument) || !valuedAssemblerOption(argument).empty()) {
-            if (!takeAssemblerOption(arguments, i, result.assemblerArguments)) {
+        } else if (isPlainAssemblerOption(argument) || valuedAssemblerOption(argument)) {
+            const auto taken = takeAssemblerOption(arguments, i);
+            if (!taken) {
                 return refusal("the option " + shown(argument) + " needs a value behind it.");
             }
+            result.assemblerArguments.insert(result.assemblerArguments.end(), taken->begin(),
+                                             taken->end());
         } else {
             return refusal("there is no option " + shown(argument) +
                            "; the options are --relocate, --help and --version, and those for the "

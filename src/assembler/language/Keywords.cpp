@@ -82,14 +82,13 @@ Keyword findKeyword(std::string_view word) {
     return {};
 }
 
-bool findFunction(std::string_view word, Function& function) {
+std::optional<Function> findFunction(std::string_view word) {
     for (const FunctionName& row : FunctionTable) {
         if (equalsIgnoringCase(row.name, word)) {
-            function = row.function;
-            return true;
+            return row.function;
         }
     }
-    return false;
+    return std::nullopt;
 }
 
 } // namespace nesasm

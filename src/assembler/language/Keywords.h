@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace nesasm {
@@ -122,7 +123,7 @@ struct Keyword {
 /// are known without the dot, instructions never have one.
 Keyword findKeyword(std::string_view word);
 
-/// True and sets `function` when `word` names a function.
-bool findFunction(std::string_view word, Function& function);
+/// The function that `word` names.
+std::optional<Function> findFunction(std::string_view word);
 
 } // namespace nesasm

@@ -28,13 +28,12 @@ FileKind fileKind(const std::string& path) {
     return S_ISDIR(status.st_mode) ? FileKind::folder : FileKind::other;
 }
 
-bool identify(const std::string& path, FileIdentity& identity) {
+std::optional<FileIdentity> identify(const std::string& path) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) {
-        return false;
+        return std::nullopt;
     }
-    identity = identityOf(status);
-    return true;
+    return identityOf(status);
 }
 
 DataFile::~DataFile() {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,8 +32,8 @@ enum class FileKind { missing, regular, folder, other };
 /// What lies at `path`, links followed.
 FileKind fileKind(const std::string& path);
 
-/// The identity of the file at `path`, links followed; false when there is none.
-bool identify(const std::string& path, FileIdentity& identity);
+/// The identity of the file at `path`, links followed; nothing when there is none.
+std::optional<FileIdentity> identify(const std::string& path);
 
 /// One regular file that is open for reading, of which a part may be wanted only.
 class DataFile {

@@ -30,8 +30,8 @@ std::string unwritable(const std::string& path, const std::string& problem) {
 
 /// Says so and returns false when `path` is one of the files read.
 bool isFree(const std::string& path, const Assembler& assembler, const TextSink& sink) {
-    FileIdentity identity;
-    if (!identify(path, identity) || !assembler.hasRead(identity)) {
+    const auto identity = identify(path);
+    if (!identity || !assembler.hasRead(*identity)) {
         return true;
     }
     sink(printable("error: the output '" + path +
@@ -91,8 +91,8 @@ void removeRefusedImage(const CommandLine& line) {
         // Only the sources tell which files are read; what they say does not matter here.
         Assembler assembler(line.options, [](std::string_view) {});
         assembler.run();
-        FileIdentity identity;
-        if (identify(line.output, identity) && assembler.hasRead(identity)) {
+        const auto identity = identify(line.output);
+        if (identity && assembler.hasRead(*identity)) {
             return;
         }
     }

@@ -125,11 +125,10 @@ void Definitions::warnIfShadowing(std::string_view name, const char* at) {
     if (name.size() < 3 || name.size() > 6) {
         return;
     }
-    Function function{};
     if (findKeyword(name).kind == Keyword::Kind::instruction) {
         m_assembly.warn(Warning::shadowedSymbol, at,
                         quoted(name) + " is also the name of an instruction");
-    } else if (findFunction(name, function)) {
+    } else if (findFunction(name)) {
         m_assembly.warn(Warning::shadowedSymbol, at,
                         quoted(name) + " is also the name of a function");
     }

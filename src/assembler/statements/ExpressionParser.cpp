@@ -251,12 +251,13 @@ bool ExpressionParser::word() {
     }
     if (name.size() >= 3 && name.size() <= 6) {
         const char* const next = skipBlanks(m_p);
-        Function which{};
-        if (*next == '(' && findFunction(name, which)) {
-            return function(which, begin);
+        if (*next == '(') {
+            if (const auto which = findFunction(name)) {
+                return function(*which, begin);
+            }
         }
         // Two values side by side: the parentheses have been forgotten.
-        if ((startsName(next) || isDigit(*next) || *next == '$') && findFunction(name, which)) {
+        if ((startsName(next) || isDigit(*next) || *next == '$') && findFunction(name)) {
             return fail(begin, std::string(name) + " needs its operand in parentheses");
         }
     }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <uchardet.h>
 #include <utility>
 
@@ -10,15 +11,16 @@ namespace kestrel {
 
 namespace {
 
-/// What the detection library says; empty when it does not know.
-std::string detected(std::string_view bytes) {
+/// What the detection library says; nothing when it does not know.
+std::optional<std::string> detected(std::string_view bytes) {
     const std::unique_ptr<uchardet, decltype(&uchardet_delete)> detector(uchardet_new(),
                                                                          &uchardet_delete);
     if (uchardet_handle_data(detector.get(), bytes.data(), bytes.size()) != 0) {
-        return {};
+        return std::nullopt;
     }
     uchardet_data_end(detector.get());
-    return uchardet_get_charset(detector.get());
+    std::string name = uchardet_get_charset(detector.get()); // empty: it does not know
+    return name.empty() ? std::nullopt : std::optional(std::move(name));
 }
 
 /// Control characters other than white space are in no text, but in almost all other data.
@@ -38,15 +40,15 @@ std::vector<std::string> EncodingDetector::candidates(std::string_view bytes) {
     if (!looksLikeText(bytes)) {
         return {};
     }
-    std::string name = detected(bytes);
+    auto name = detected(bytes);
     if (name == "UHC") {
         name = "windows-949";
     } else if (name == "ISO-8859-1") {
         name = "windows-1252"; // the same, with characters where the other has control codes
     }
     std::vector<std::string> names;
-    if (!name.empty()) {
-        names.push_back(std::move(name));
+    if (name) {
+        names.push_back(std::move(*name));
     }
     // A short comment may tell the library nothing. Japanese has rules that other text breaks; the
     // last one takes any bytes.

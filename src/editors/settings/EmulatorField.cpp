@@ -55,12 +55,13 @@ void EmulatorField::setEmulator(const std::optional<std::filesystem::path>& emul
 }
 
 void EmulatorField::refresh() {
-    const QString problem = m_emulator ? EmulatorProblem::of(*m_emulator) : QString();
+    const auto problem = m_emulator ? EmulatorProblem::of(*m_emulator) : std::nullopt;
     QPalette colours = palette();
     colours.setColor(QPalette::WindowText,
-                     problem.isEmpty() ? colours.color(QPalette::PlaceholderText) : ProblemColour);
+                     problem ? ProblemColour : colours.color(QPalette::PlaceholderText));
     m_problemLabel->setPalette(colours);
-    m_problemLabel->setText(m_emulator ? problem : tr("No emulator is set for this project yet."));
+    m_problemLabel->setText(m_emulator ? problem.value_or(QString())
+                                       : tr("No emulator is set for this project yet."));
 }
 
 } // namespace kestrel

@@ -17,7 +17,7 @@ QString say(const char* text) {
     return QCoreApplication::translate("EmulatorProblem", text);
 }
 
-QString ofDesktopEntry(const std::filesystem::path& file) {
+std::optional<QString> ofDesktopEntry(const std::filesystem::path& file) {
     const auto entry = DesktopEntry::read(file);
     const auto command = entry ? entry->command("game.nes") : std::nullopt;
     if (!command) {
@@ -28,16 +28,16 @@ QString ofDesktopEntry(const std::filesystem::path& file) {
         return say("This emulator cannot be started: its program “%1” is not installed.")
             .arg(program);
     }
-    return {};
+    return std::nullopt;
 }
 
 } // namespace
 
-QString EmulatorProblem::of(const std::filesystem::path& emulator) {
+std::optional<QString> EmulatorProblem::of(const std::filesystem::path& emulator) {
     // A bare name is looked for where the system keeps its programs.
     if (!emulator.has_parent_path() && emulator.extension() != ".desktop" &&
         !QStandardPaths::findExecutable(QString::fromStdString(emulator.string())).isEmpty()) {
-        return {};
+        return std::nullopt;
     }
     if (!existsAt(emulator)) {
         return say("This emulator cannot be started: there is no such file.");
@@ -45,7 +45,7 @@ QString EmulatorProblem::of(const std::filesystem::path& emulator) {
     const QFileInfo file(QFile::decodeName(QByteArray::fromStdString(emulator.string())));
 #ifdef Q_OS_MACOS
     if (file.isDir() && emulator.extension() == ".app") {
-        return {};
+        return std::nullopt;
     }
 #endif
     if (!file.isFile()) {
@@ -57,7 +57,7 @@ QString EmulatorProblem::of(const std::filesystem::path& emulator) {
     if (!file.isExecutable()) {
         return say("This emulator cannot be started: the file may not be executed.");
     }
-    return {};
+    return std::nullopt;
 }
 
 } // namespace kestrel

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <filesystem>
+#include <optional>
 
 namespace kestrel {
 
@@ -11,8 +12,8 @@ namespace kestrel {
 class EmulatorProblem {
 public:
     /// A sentence for a person on what stands in the way of starting `emulator`, a program or a
-    /// desktop entry; empty when nothing does, as far as can be seen without starting it.
-    static QString of(const std::filesystem::path& emulator);
+    /// desktop entry; nothing when nothing does, as far as can be seen without starting it.
+    static std::optional<QString> of(const std::filesystem::path& emulator);
 };
 
 } // namespace kestrel
