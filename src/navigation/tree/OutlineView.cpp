@@ -32,6 +32,8 @@ OutlineView::OutlineView(QWidget* parent)
             collapse(index);
         }
     });
+    // What is hidden now needs no room any more.
+    connect(this, &QTreeView::collapsed, this, [this] { m_widestRow = 0; });
     connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) {
         if (m_pressedOnSelectedRow && index == selectedIndex()) {
             Q_EMIT selectedRowChosenAgain();
@@ -223,30 +225,32 @@ void OutlineView::mousePressEvent(QMouseEvent* event) {
 void OutlineView::scrollContentsBy(int dx, int dy) {
     QTreeView::scrollContentsBy(dx, dy);
     if (dy != 0) {
-        fitColumn(false);
+        fitColumn();
     }
 }
 
+void OutlineView::doItemsLayout() {
+    m_widestRow = 0;
+    QTreeView::doItemsLayout();
+}
+
 void OutlineView::updateGeometries() {
-    fitColumn(true);
+    fitColumn();
     QTreeView::updateGeometries();
 }
 
-/// Makes the column as wide as the view and as the rows that are in sight, so that deep rows can be
-/// reached by scrolling sideways.
-void OutlineView::fitColumn(bool mayShrink) {
+/// Makes the column as wide as the view and as the widest row that was in sight since rows went
+/// last, so that deep rows can be reached by scrolling sideways. It must not follow the rows that
+/// are in sight just now: the horizontal bar hides the lowest of them, and without that one the
+/// column may need no bar, which shows the row again, and so on without end.
+void OutlineView::fitColumn() {
     if (m_fittingColumn || header()->count() == 0) {
         return;
     }
     m_fittingColumn = true;
-    const int old = header()->sectionSize(0);
-    int width = std::max(viewport()->width(), sizeHintForColumn(0));
-    if (!mayShrink) {
-        width = std::max(width, old);
-    }
-    if (width != old) {
-        header()->resizeSection(0, width);
-    }
+    const int widestInSight = sizeHintForColumn(0);
+    m_widestRow = std::max(m_widestRow, widestInSight);
+    header()->resizeSection(0, std::max(viewport()->width(), m_widestRow));
     m_fittingColumn = false;
 }
 

@@ -42,6 +42,7 @@ public:
     void setEmptyText(const QString& text);
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    void doItemsLayout() override;
 
 Q_SIGNALS:
     /// A context menu is wanted at `position` (in the viewport) for `index`, the row under the
@@ -64,10 +65,11 @@ protected:
 private:
     int visibleRowsWithin(const QModelIndex& index, int limit) const;
     void wantContextMenuByKeyboard();
-    void fitColumn(bool mayShrink);
+    void fitColumn();
 
     QString m_emptyText;
     bool m_fittingColumn = false;
+    int m_widestRow = 0;                 ///< of those in sight since rows went last
     bool m_pressedOnSelectedRow = false; ///< where the left button went down last
 };
 
