@@ -170,13 +170,14 @@ void OutlineView::scrollTo(const QModelIndex& index, ScrollHint hint) {
         return;
     }
     // A row counts as shown when its triangle and the start of its name are: with a deep tree the
-    // one column is far wider than the view.
+    // one column is far wider than the view. For the rest of a long name the triangles of the rows
+    // above are not scrolled away.
     const int left = row.left() - indentation() + horizontalScrollBar()->value();
     const int right =
-        left + std::min(indentation() + sizeHintForIndex(index).width(), viewport()->width());
+        left + std::min(indentation() + sizeHintForIndex(index).width(), viewport()->width() / 2);
     const int highest = std::max(left, 0);
-    const int lowest = std::min(right - viewport()->width(), highest);
-    horizontalScrollBar()->setValue(std::clamp(before, lowest, highest));
+    const int lowest = std::clamp(right - viewport()->width(), 0, highest);
+    horizontalScrollBar()->setValue(before < lowest || before > highest ? lowest : before);
 }
 
 void OutlineView::contextMenuEvent(QContextMenuEvent* event) {

@@ -256,6 +256,25 @@ TEST_F(NavigationOutline, TheNameOfADeepRowCanBeReached) {
     EXPECT_EQ(view().horizontalScrollBar()->value(), 0);
 }
 
+TEST_F(NavigationOutline, SelectingALongNameLeavesTheTrianglesInSight) {
+    const Node wide = text(std::string(100, 'm'));
+    game->subItems().push_back(wide);
+    wide->setParent(game);
+    show({game});
+    expand(game);
+    ASSERT_TRUE(tree->select(wide));
+    QApplication::processEvents();
+    ASSERT_GT(view().horizontalScrollBar()->maximum(), view().indentation());
+    EXPECT_EQ(view().horizontalScrollBar()->value(), 0);
+    // What somebody scrolled to stays while the row's own triangle is in sight.
+    view().horizontalScrollBar()->setValue(view().indentation() / 2);
+    ASSERT_TRUE(tree->select(wide));
+    EXPECT_EQ(view().horizontalScrollBar()->value(), view().indentation() / 2);
+    view().horizontalScrollBar()->setValue(view().horizontalScrollBar()->maximum());
+    ASSERT_TRUE(tree->select(wide));
+    EXPECT_EQ(view().horizontalScrollBar()->value(), 0);
+}
+
 TEST_F(NavigationOutline, ScrollingDownToDeepRowsMakesTheColumnWideEnough) {
     const Node deepest = nested(game, 200);
     show({game});
