@@ -18,3 +18,43 @@ class TreeTest(JourneyTestCase):
             self.desktop.xdotool("click", WHEEL_DOWN)
             kestrel.wait_for_rest()
         self.assertEqual(kestrel.quit(), 0)
+
+    def test_a_held_key_repeats_what_is_typed_but_no_command(self):
+        kestrel = self.kestrel
+        kestrel.start()
+        kestrel.new_project("Demo")
+        kestrel.new_file("NES Text Assembly", "main.asm")
+        kestrel.select("Demo")
+        self.desktop.hold("ctrl+shift+g")
+        self.desktop.press("End")  # after which all that was pressed before has been dealt with
+        wait_for("the last row to be selected", lambda: kestrel.row("main.asm").is_("selected"))
+        self.assertEqual(kestrel.rows(), ["Demo", "Group", "main.asm"])
+        kestrel.select("main.asm")
+        kestrel.type_code("held: ")
+        self.desktop.hold("x")
+        # So keys do repeat here.
+        wait_for("letters to be repeated", lambda: kestrel.code().startswith("held: xxxxxxxx"))
+        for _ in range(5):
+            kestrel.select("Demo")
+            before = len(kestrel.rows())
+            self.desktop.press("ctrl+shift+g")
+            wait_for("a group", lambda before=before: len(kestrel.rows()) == before + 1)
+        kestrel.select("Group")
+        self.desktop.hold("Delete")
+        self.desktop.press("Home")
+        wait_for("the first row to be selected", lambda: kestrel.row("Demo").is_("selected"))
+        self.assertEqual(kestrel.rows(), ["Demo", *["Group"] * 5, "main.asm"])
+        self.assertEqual(len(self.structure("Demo")[2]), 6)
+
+    def test_a_held_key_takes_one_file_off_a_list_of_the_settings(self):
+        kestrel = self.kestrel
+        files = [f"f{i:02}.asm" for i in range(20)]
+        kestrel.start(self.lay_out_project("Demo", files))
+        listed = wait_for("the list", lambda: kestrel.main_window().find("list", "Assembly files"))
+        wait_for("the files in the list", lambda: len(listed.children()) == len(files))
+        self.desktop.click(listed.children()[3])
+        wait_for("the file to be selected", lambda: listed.children()[3].is_("selected"))
+        self.desktop.hold("Delete")
+        self.desktop.press("Home")
+        wait_for("the first file to be selected", lambda: listed.children()[0].is_("selected"))
+        self.assertEqual(self.listed("Demo", "code_assembly_files"), files[:3] + files[4:])
