@@ -41,7 +41,7 @@ void MainMenu::add(const MenuEntry& entry) {
         target.addSeparator();
     }
     if (const auto* option = std::get_if<ProjectNavigationMenuClickedOptions>(&entry.command)) {
-        target.addAction(m_editor.projectNavigationController()->menu()->action(*option));
+        target.addAction(m_editor.projectNavigationController()->menu()->barAction(*option));
         return;
     }
     QAction* action = target.addAction(tr(entry.title.data()));

@@ -1,6 +1,7 @@
+// SPDX-License-Identifier: MIT
 #include "app/HeldKeys.h"
 
-#include "editors/BuildFileTable.h"
+#include "editors/settings/BuildFileTable.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Journeys through the navigation tree of a large project."""
 from desktop import wait_for
 from support import JourneyTestCase
@@ -58,3 +59,25 @@ class TreeTest(JourneyTestCase):
         self.desktop.press("Home")
         wait_for("the first file to be selected", lambda: listed.children()[0].is_("selected"))
         self.assertEqual(self.listed("Demo", "code_assembly_files"), files[:3] + files[4:])
+
+    def test_the_delete_key_shows_a_row_that_is_out_of_sight_before_it_deletes_it(self):
+        kestrel = self.kestrel
+        files = [f"f{i:02}.asm" for i in range(60)]
+        kestrel.start(self.lay_out_project("Demo", files))
+        kestrel.expand("Demo")
+        kestrel.select("f05.asm")
+        self.desktop.xdotool("click", "--repeat", 15, WHEEL_DOWN)
+        wait_for("the selected row to be out of sight", lambda: not self.is_in_sight("f05.asm"))
+        self.desktop.press("Delete")
+        wait_for("the selected row to be in sight", lambda: self.is_in_sight("f05.asm"))
+        self.assertEqual(kestrel.rows(), ["Demo", *files])
+        self.desktop.press("Delete")
+        wait_for("the row to go", lambda: kestrel.row("f05.asm") is None)
+        self.assertEqual(kestrel.rows(), ["Demo", *[name for name in files if name != "f05.asm"]])
+
+    def is_in_sight(self, name):
+        """Whether a row is within the tree's borders."""
+        tree = self.kestrel.main_window().find("tree", "Projects")
+        _, top, _, height = tree.place()
+        row = self.kestrel.row(name)
+        return row.is_("showing") and top <= row.centre()[1] < top + height

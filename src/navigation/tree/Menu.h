@@ -5,16 +5,20 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QPointer>
 
 #include <vector>
 
 namespace kestrel {
 
 class NotificationCentre;
+class OutlineView;
+struct ProjectCommand;
 
 /// The navigation tree's context menu. Its entries do nothing themselves: each posts
 /// ProjectNavigationMenuClicked with the command's ProjectNavigationMenuClickedOptions. The actions
-/// live as long as the menu and may stand in other menus, too.
+/// live as long as the menu and may stand in other menus, too, but for Delete, which has one of its
+/// own for them and for the key.
 class Menu : public QMenu {
     Q_OBJECT
 
@@ -24,6 +28,13 @@ public:
 
     /// The action of a command, with its title, shortcut and present state.
     QAction* action(ProjectNavigationMenuClickedOptions option) const;
+
+    /// The action of a command for the menu bar. It is the one above but for Delete: that one posts
+    /// only when the outline view's selected row is in sight, and otherwise brings it there.
+    QAction* barAction(ProjectNavigationMenuClickedOptions option) const;
+
+    /// Whose selected row the commands are about. It gets the key of Delete.
+    void setOutlineView(OutlineView* outlineView);
 
     /// Enables the commands for a tree with or without a selected row; `deletable`: that row can be
     /// deleted.
@@ -41,10 +52,15 @@ public:
     void addNewProject();
 
 private:
+    QAction* makeAction(const ProjectCommand& command);
+    void carryOut(ProjectNavigationMenuClickedOptions option);
+    void deleteRowInSight();
     void post(ProjectNavigationMenuClickedOptions option);
 
     NotificationCentre& m_centre;
     std::vector<QAction*> m_actions; ///< in the order of projectCommands()
+    QAction* m_deleteRowInSight = nullptr;
+    QPointer<OutlineView> m_outlineView;
 };
 
 } // namespace kestrel

@@ -122,6 +122,12 @@ int OutlineView::rowForIndex(const QModelIndex& index) const {
     return row;
 }
 
+bool OutlineView::isInSight(const QModelIndex& index) const {
+    const QRect row = visualRect(index);
+    const QRect name(row.left(), row.center().y(), sizeHintForIndex(index).width(), 1);
+    return row.isValid() && viewport()->rect().intersects(name);
+}
+
 QModelIndex OutlineView::indexAtRow(int row) const {
     if (row < 0 || model() == nullptr) {
         return {};

@@ -30,6 +30,10 @@ public:
     /// The number of a row; -1 when it is invalid or hidden in a collapsed container.
     int rowForIndex(const QModelIndex& index) const;
 
+    /// Whether any of a row's name can be seen: neither hidden in a collapsed container nor
+    /// scrolled away.
+    bool isInSight(const QModelIndex& index) const;
+
     /// How many visible rows a child is below its parent's row, as if the parent were expanded: 1
     /// for the first child. Counting ends at `limit`.
     int rowsBelowParent(const QModelIndex& index, int limit) const;

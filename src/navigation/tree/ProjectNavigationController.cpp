@@ -110,7 +110,7 @@ void ProjectNavigationController::setOutlineView(OutlineView* outlineView) {
     connect(outlineView, &OutlineView::selectedRowChosenAgain, this,
             &ProjectNavigationController::selectedRowChosenAgain);
     if (m_menu != nullptr) {
-        outlineView->addAction(m_menu->action(ProjectNavigationMenuClickedOptions::delete_));
+        m_menu->setOutlineView(outlineView);
         connect(outlineView, &OutlineView::contextMenuWanted, this,
                 &ProjectNavigationController::showMenu);
         outlineView->setEmptyText(
