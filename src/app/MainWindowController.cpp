@@ -7,8 +7,7 @@
 #include "build/BackgroundWork.h"
 #include "build/NESBuildSettings.h"
 #include "build/NESProjectBuilder.h"
-#include "model/FileProcessor.h"
-#include "model/StructureFile.h"
+#include "model/OpenedProject.h"
 #include "navigation/container/EditorContainerController.h"
 #include "navigation/tree/ProjectNavigationController.h"
 
@@ -98,11 +97,7 @@ void MainWindowController::setBuilderFactory(BuilderFactory factory) {
 }
 
 bool MainWindowController::importNewProjectFromFile(const std::filesystem::path& kstFilePath) {
-    const auto structure = FileProcessor::retrieveConfiguration(kstFilePath);
-    if (!structure) {
-        return false;
-    }
-    const auto project = StructureFile::project(*structure, kstFilePath.parent_path());
+    const auto project = openProjectTree(kstFilePath);
     if (!project) {
         return false;
     }

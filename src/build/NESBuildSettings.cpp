@@ -2,10 +2,8 @@
 #include "build/NESBuildSettings.h"
 
 #include "model/BuildSettingsFile.h"
-#include "model/FileReader.h"
 #include "model/Log.h"
 #include "model/Paths.h"
-#include "model/ProjectFiles.h"
 #include "model/ProjectNavigationSettingItem.h"
 #include "model/StructureFile.h"
 
@@ -91,18 +89,11 @@ NESBuildSettings::fetchBuildSettingsConfigurationFile(const ProjectItem& project
 
 std::optional<Dictionary>
 NESBuildSettings::fetchProjectFileStructureConfigurationFile(const ProjectItem& project) {
-    auto document = readJsonFile(
-        joined(project.itemPath(),
-               settingsFilePath(project.itemName(), ProjectStructureConfigurationExtension)));
-    if (!document || !document->is_object()) {
-        return std::nullopt;
-    }
-    return document;
+    return StructureFile::fetch(project);
 }
 
 std::shared_ptr<ProjectItem> NESBuildSettings::fetchProjectFileStructure() {
-    const auto dictionary = fetchProjectFileStructureConfigurationFile(*m_projectToBuild);
-    return dictionary ? StructureFile::project(*dictionary, m_projectToBuild->itemPath()) : nullptr;
+    return StructureFile::tree(*m_projectToBuild);
 }
 
 void NESBuildSettings::add(const std::shared_ptr<ProjectItem>& newItem,

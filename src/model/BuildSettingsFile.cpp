@@ -74,11 +74,7 @@ std::filesystem::path BuildSettingsFile::location(const ProjectItem& project) {
 }
 
 std::optional<Dictionary> BuildSettingsFile::fetch(const ProjectItem& project) {
-    auto settings = readJsonFile(location(project));
-    if (!settings || !settings->is_object()) {
-        return std::nullopt;
-    }
-    return settings;
+    return readJsonObject(location(project));
 }
 
 std::optional<BuildSettingsContents> BuildSettingsFile::read(const Dictionary& dictionary) {

@@ -64,4 +64,12 @@ std::optional<Dictionary> readJsonFile(const std::filesystem::path& path, bool* 
     return parseJson(*text, repeatedMembers);
 }
 
+std::optional<Dictionary> readJsonObject(const std::filesystem::path& path, bool* repeatedMembers) {
+    auto value = readJsonFile(path, repeatedMembers);
+    if (!value || !value->is_object()) {
+        return std::nullopt;
+    }
+    return value;
+}
+
 } // namespace kestrel

@@ -24,4 +24,8 @@ std::optional<std::string> readFile(const std::filesystem::path& path,
 std::optional<Dictionary> readJsonFile(const std::filesystem::path& path,
                                        bool* repeatedMembers = nullptr);
 
+/// The same, but nothing when the document is no JSON object.
+std::optional<Dictionary> readJsonObject(const std::filesystem::path& path,
+                                         bool* repeatedMembers = nullptr);
+
 } // namespace kestrel

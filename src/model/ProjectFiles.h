@@ -7,6 +7,11 @@
 
 namespace kestrel {
 
+/// The members of a project file: where the structure file and the build-settings file lie, below
+/// the project's folder.
+inline constexpr std::string_view ProjectStructureKey = "ProjectStructure";
+inline constexpr std::string_view BuildSettingsKey = "BuildSettings";
+
 inline constexpr std::string_view ProjectFileExtension = ".kst";
 inline constexpr std::string_view ProjectStructureConfigurationExtension = "-ProjectStructure.cfg";
 inline constexpr std::string_view BuildSettingsConfigurationExtension = "-BuildSettings.cfg";

@@ -33,8 +33,8 @@ struct Stored {
 
 std::optional<Stored> readRegistry() {
     bool repeatedMembers = false;
-    auto registry = readJsonFile(ProjectRegistry::location(), &repeatedMembers);
-    if (!registry || !registry->is_object()) {
+    auto registry = readJsonObject(ProjectRegistry::location(), &repeatedMembers);
+    if (!registry) {
         return std::nullopt;
     }
     return Stored{std::move(*registry), repeatedMembers};

@@ -69,11 +69,7 @@ std::filesystem::path StructureFile::location(const ProjectItem& project) {
 }
 
 std::optional<Dictionary> StructureFile::fetch(const ProjectItem& project) {
-    auto structure = readJsonFile(location(project));
-    if (!structure || !structure->is_object()) {
-        return std::nullopt;
-    }
-    return structure;
+    return readJsonObject(location(project));
 }
 
 std::shared_ptr<ProjectItem> StructureFile::project(const Dictionary& structure,
@@ -86,6 +82,11 @@ std::shared_ptr<ProjectItem> StructureFile::project(const Dictionary& structure,
                                          : joined(projectFolder, below.native()));
     }
     return root;
+}
+
+std::shared_ptr<ProjectItem> StructureFile::tree(const ProjectItem& project) {
+    const auto structure = fetch(project);
+    return structure ? StructureFile::project(*structure, project.itemPath()) : nullptr;
 }
 
 bool StructureFile::understoodWhole(const std::filesystem::path& path) {
@@ -111,8 +112,7 @@ bool StructureFile::adoptExisting(const std::shared_ptr<ProjectItem>& project) {
     if (!existsAt(path)) {
         return true;
     }
-    const auto structure = fetch(*project);
-    const auto stored = structure ? ProjectItemFactory::process(*structure, nullptr) : nullptr;
+    const auto stored = tree(*project);
     if (!stored) {
         return false;
     }

@@ -24,6 +24,9 @@ public:
     static std::shared_ptr<ProjectItem> project(const Dictionary& structure,
                                                 const std::filesystem::path& projectFolder);
 
+    /// The tree in the structure file of `project`; nullptr when it cannot be read.
+    static std::shared_ptr<ProjectItem> tree(const ProjectItem& project);
+
     /// Whether replacing the file at `path` by the tree that was read from it would lose nothing:
     /// it is not there, or all it holds is known, of the right type and said once.
     static bool understoodWhole(const std::filesystem::path& path);

@@ -38,7 +38,7 @@ bool BuildCommand::run() {
         complain("the folder " + shown(m_project.folder) + " cannot be entered.");
         return false;
     }
-    const auto relocation = Relocation::between(m_project.root->itemPath(), m_project.folder);
+    const auto relocation = Relocation::between(m_project.namedFolder, m_project.folder);
     if (relocation) {
         relocation->apply(*m_project.root);
         m_project.root->setItemPath(m_project.folder);

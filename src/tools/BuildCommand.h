@@ -3,7 +3,7 @@
 
 #include "build/BuildError.h"
 #include "build/BuildSettingsConfiguration.h"
-#include "tools/OpenedProject.h"
+#include "model/OpenedProject.h"
 
 #include <filesystem>
 #include <memory>

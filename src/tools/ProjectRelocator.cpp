@@ -108,7 +108,7 @@ bool write(const std::vector<PendingFile>& files, const Relocation& relocation) 
 } // namespace
 
 ProjectRelocator::Outcome ProjectRelocator::relocate(const OpenedProject& project) {
-    const auto relocation = Relocation::between(project.root->itemPath(), project.folder);
+    const auto relocation = Relocation::between(project.namedFolder, project.folder);
     if (!relocation) {
         printText("The project's files name the folder it lies in, " + shown(project.folder) +
                   ": nothing to do.\n");

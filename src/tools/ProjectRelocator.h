@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tools/OpenedProject.h"
+#include "model/OpenedProject.h"
 
 namespace kestrel {
 

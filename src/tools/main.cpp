@@ -3,7 +3,7 @@
 #include "tools/BuildCommand.h"
 #include "tools/CommandLine.h"
 #include "tools/Messages.h"
-#include "tools/OpenedProject.h"
+#include "tools/ProjectArgument.h"
 #include "tools/ProjectRelocator.h"
 
 #include <QCoreApplication>
@@ -69,9 +69,9 @@ int main(int argc, char** argv) {
     default:
         break;
     }
-    auto project = kestrel::openProject(commandLine.project);
-    if (const auto* problem = std::get_if<kestrel::ProjectProblem>(&project)) {
-        return refuse(problem->sentence);
+    auto project = kestrel::openProjectArgument(commandLine.project);
+    if (const auto* problem = std::get_if<std::string>(&project)) {
+        return refuse(*problem);
     }
     auto& opened = std::get<kestrel::OpenedProject>(project);
     return commandLine.action == Action::relocate

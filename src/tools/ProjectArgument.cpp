@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "tools/OpenedProject.h"
+#include "tools/ProjectArgument.h"
 
-#include "model/FileProcessor.h"
-#include "model/FileReader.h"
 #include "model/Paths.h"
-#include "model/ProjectItemFactory.h"
 #include "tools/Messages.h"
 
 #include <system_error>
@@ -53,53 +50,45 @@ std::string fileProblem(const std::string& what, const fs::path& path) {
     return "the " + what + " " + shown(path) + " is not a JSON object.";
 }
 
-std::string whyUnreadable(const fs::path& file, const fs::path& folder) {
-    const auto content = readJsonFile(file);
-    if (!content || !content->is_object()) {
+std::string sentenceFor(const ProjectProblem& problem) {
+    switch (problem.fault) {
+    case ProjectFault::unreadableProjectFile: {
         std::error_code error;
-        if (fs::is_directory(file, error)) {
-            return shown(file) +
+        if (fs::is_directory(problem.file, error)) {
+            return shown(problem.file) +
                    " is a folder: name the project file in it, which ends in \".kst\".";
         }
-        return fileProblem("project file", file);
+        return fileProblem("project file", problem.file);
     }
-    const auto structure = stringMember(*content, "ProjectStructure");
-    if (!structure) {
-        return shown(file) + " is no project file: it has no text \"ProjectStructure\".";
+    case ProjectFault::noStructureNamed:
+        return shown(problem.file) + " is no project file: it has no text \"ProjectStructure\".";
+    case ProjectFault::unreadableStructure:
+        return fileProblem("structure file", problem.file);
+    case ProjectFault::noProjectInStructure:
+        break;
     }
-    return fileProblem("structure file", joined(folder, *structure));
+    return "the structure file " + shown(problem.file) +
+           " describes no project: its root needs \"name\", \"type\", \"path_type\" and "
+           "\"path\".";
 }
 
 } // namespace
 
-std::variant<OpenedProject, ProjectProblem> openProject(const fs::path& path) {
+std::variant<OpenedProject, std::string> openProjectArgument(const fs::path& path) {
     std::error_code error;
     const fs::path absolute = fs::absolute(path, error);
     if (error) {
-        return ProjectProblem{"the current folder is gone, so " + shown(path) +
-                              " cannot be found."};
+        return "the current folder is gone, so " + shown(path) + " cannot be found.";
     }
-    OpenedProject project;
-    project.folder = folderOf(absolute);
-    project.file = joined(project.folder, absolute.filename().native());
     if (!absolute.has_filename()) {
-        return ProjectProblem{whyUnreadable(absolute, project.folder)};
+        return sentenceFor({ProjectFault::unreadableProjectFile, absolute});
     }
-    auto structure = FileProcessor::retrieveConfiguration(project.file);
-    const auto content = readJsonFile(project.file);
-    const auto name = content ? stringMember(*content, "ProjectStructure") : std::nullopt;
-    if (!structure || !name) {
-        return ProjectProblem{whyUnreadable(project.file, project.folder)};
+    const fs::path folder = folderOf(absolute);
+    auto opened = openProject(joined(folder, absolute.filename().native()), folder);
+    if (const auto* const problem = std::get_if<ProjectProblem>(&opened)) {
+        return sentenceFor(*problem);
     }
-    project.structureFile = joined(project.folder, *name);
-    project.root = ProjectItemFactory::process(*structure, nullptr);
-    if (!project.root) {
-        return ProjectProblem{"the structure file " + shown(project.structureFile) +
-                              " describes no project: its root needs \"name\", \"type\", "
-                              "\"path_type\" and \"path\"."};
-    }
-    project.structure = std::move(*structure);
-    return project;
+    return std::get<OpenedProject>(std::move(opened));
 }
 
 } // namespace kestrel
