@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "model/BuildSettingsFile.h"
 #include "model/ProjectItem.h"
 
 #include <filesystem>
@@ -18,13 +19,16 @@ public:
     BuildSettingsConfiguration& operator=(const BuildSettingsConfiguration&) = delete;
     virtual ~BuildSettingsConfiguration() = default;
 
-    virtual ProjectItems& assemblyFiles() = 0;
-    virtual std::optional<std::filesystem::path>& pathToEmulator() = 0;
-    virtual ProjectItems& paletteFiles() = 0;
-    virtual ProjectItems& graphicFiles() = 0;
-    virtual std::optional<std::filesystem::path>& outputFilePath() = 0;
+    ProjectItems& assemblyFiles() { return contents().assemblyFiles; }
+    std::optional<std::filesystem::path>& pathToEmulator() { return contents().pathToEmulator; }
+    ProjectItems& paletteFiles() { return contents().paletteFiles; }
+    ProjectItems& graphicFiles() { return contents().graphicFiles; }
+    std::optional<std::filesystem::path>& outputFilePath() { return contents().outputFilePath; }
     virtual std::optional<std::filesystem::path>& projectPath() = 0;
     virtual std::shared_ptr<ProjectItem>& projectToBuild() = 0;
+
+    /// Every setting that the settings file holds.
+    virtual BuildSettingsContents& contents() = 0;
 
     /// The project's tree as its structure file has it; nothing when that cannot be read.
     virtual std::shared_ptr<ProjectItem> fetchProjectFileStructure() = 0;
@@ -37,19 +41,8 @@ public:
 
     virtual void saveBuildSettings() = 0;
 
-    /// The list that holds the files of this kind; null for a kind that is in none.
-    ProjectItems* listFor(FileType type) {
-        switch (type) {
-        case FileType::text:
-            return &assemblyFiles();
-        case FileType::graphics:
-            return &graphicFiles();
-        case FileType::palette:
-            return &paletteFiles();
-        default:
-            return nullptr;
-        }
-    }
+    /// The list that holds the files of this kind; nullptr for a kind that is in none.
+    ProjectItems* listFor(FileType type) { return contents().listFor(type); }
 };
 
 } // namespace kestrel

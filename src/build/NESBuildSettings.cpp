@@ -71,15 +71,9 @@ void NESBuildSettings::populateProperties(const ProjectItem& currentProject) {
     if (!dictionary) {
         return;
     }
-    auto contents = BuildSettingsFile::read(*dictionary);
-    if (!contents) {
-        return;
+    if (auto contents = BuildSettingsFile::read(*dictionary)) {
+        m_contents = *std::move(contents);
     }
-    m_outputFilePath = std::move(contents->outputFilePath);
-    m_pathToEmulator = std::move(contents->pathToEmulator);
-    m_assemblyFiles = std::move(contents->assemblyFiles);
-    m_graphicFiles = std::move(contents->graphicFiles);
-    m_paletteFiles = std::move(contents->paletteFiles);
 }
 
 std::optional<Dictionary>
@@ -132,13 +126,7 @@ void NESBuildSettings::saveBuildSettings() {
         writeLog("Could not save build settings");
         return;
     }
-    BuildSettingsContents contents;
-    contents.assemblyFiles = m_assemblyFiles;
-    contents.graphicFiles = m_graphicFiles;
-    contents.paletteFiles = m_paletteFiles;
-    contents.outputFilePath = m_outputFilePath;
-    contents.pathToEmulator = m_pathToEmulator;
-    BuildSettingsFile::save(*m_projectToBuild, contents);
+    BuildSettingsFile::save(*m_projectToBuild, m_contents);
 }
 
 std::vector<std::filesystem::path> NESBuildSettings::assemblyFilesWithAbsolutePaths() {

@@ -17,13 +17,9 @@ public:
     /// empty and emulator and output folder absent; the project's folder is set in any case.
     explicit NESBuildSettings(std::shared_ptr<ProjectItem> projectToBuild);
 
-    ProjectItems& assemblyFiles() override { return m_assemblyFiles; }
-    std::optional<std::filesystem::path>& pathToEmulator() override { return m_pathToEmulator; }
-    ProjectItems& paletteFiles() override { return m_paletteFiles; }
-    ProjectItems& graphicFiles() override { return m_graphicFiles; }
-    std::optional<std::filesystem::path>& outputFilePath() override { return m_outputFilePath; }
     std::optional<std::filesystem::path>& projectPath() override { return m_projectPath; }
     std::shared_ptr<ProjectItem>& projectToBuild() override { return m_projectToBuild; }
+    BuildSettingsContents& contents() override { return m_contents; }
 
     /// Takes over what the settings file of `currentProject` holds. Nothing at all is assigned when
     /// the file cannot be read, or when its output folder or its emulator is no string.
@@ -59,11 +55,7 @@ public:
 
 private:
     std::shared_ptr<ProjectItem> m_projectToBuild;
-    std::optional<std::filesystem::path> m_pathToEmulator;
-    ProjectItems m_assemblyFiles;
-    ProjectItems m_paletteFiles;
-    ProjectItems m_graphicFiles;
-    std::optional<std::filesystem::path> m_outputFilePath;
+    BuildSettingsContents m_contents;
     std::optional<std::filesystem::path> m_projectPath;
 };
 

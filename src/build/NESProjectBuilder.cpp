@@ -205,8 +205,8 @@ bool NESProjectBuilder::createFolder(const std::filesystem::path& directory) {
 }
 
 std::vector<const ProjectItems*> NESProjectBuilder::fileLists() const {
-    return {&m_buildSetting->assemblyFiles(), &m_buildSetting->graphicFiles(),
-            &m_buildSetting->paletteFiles()};
+    const auto lists = m_buildSetting->contents().fileLists();
+    return {lists.begin(), lists.end()};
 }
 
 } // namespace kestrel

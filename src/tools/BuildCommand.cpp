@@ -4,6 +4,7 @@
 #include "build/BackgroundWork.h"
 #include "build/NESBuildSettings.h"
 #include "build/NESProjectBuilder.h"
+#include "model/BuildSettingsFile.h"
 #include "model/Paths.h"
 #include "tools/BuildHints.h"
 #include "tools/ConsolePrinter.h"
@@ -39,13 +40,14 @@ bool BuildCommand::run() {
         return false;
     }
     const auto relocation = Relocation::between(m_project.namedFolder, m_project.folder);
-    if (relocation) {
-        relocation->apply(*m_project.root);
+    if (!relocation) {
+        m_settings = std::make_shared<NESBuildSettings>(m_project.root);
+    } else {
         m_project.root->setItemPath(m_project.folder);
-    }
-    m_settings = std::make_shared<NESBuildSettings>(m_project.root);
-    if (relocation) {
-        takeAsMoved(*relocation);
+        m_settings = movedSettings(*relocation);
+        complain("the project was moved: for this build paths below " +
+                 shown(relocation->former()) + " are taken as below " +
+                 shown(relocation->present()) + " (--relocate writes that into its files).");
         const fs::path gathered = joined(m_project.folder, "tmp");
         if (relocation->leadsBack(gathered)) {
             complain("the folder " + shown(gathered) + " is a link into the former folder " +
@@ -66,22 +68,19 @@ bool BuildCommand::run() {
     return build(image) && !m_printer->hasFailed();
 }
 
-void BuildCommand::takeAsMoved(const Relocation& relocation) {
-    complain("the project was moved: for this build paths below " + shown(relocation.former()) +
-             " are taken as below " + shown(relocation.present()) +
-             " (--relocate writes that into its files).");
-    for (ProjectItems* list :
-         {&m_settings->assemblyFiles(), &m_settings->graphicFiles(), &m_settings->paletteFiles()}) {
-        for (const auto& item : *list) {
-            relocation.apply(*item);
+/// The build settings as the project's files would have them after --relocate.
+std::shared_ptr<BuildSettingsConfiguration>
+BuildCommand::movedSettings(const Relocation& relocation) const {
+    auto settings = std::make_shared<NESBuildSettings>();
+    settings->projectToBuild() = m_project.root;
+    settings->projectPath() = m_project.folder;
+    if (auto stored = BuildSettingsFile::fetch(*m_project.root)) {
+        relocation.applyToSettings(*stored);
+        if (auto contents = BuildSettingsFile::read(*stored)) {
+            settings->contents() = *std::move(contents);
         }
     }
-    for (std::optional<fs::path>* path :
-         {&m_settings->outputFilePath(), &m_settings->pathToEmulator()}) {
-        if (*path && !(*path)->empty()) {
-            *path = relocation.mapped(**path);
-        }
-    }
+    return settings;
 }
 
 bool BuildCommand::build(const fs::path& expectedImage) {

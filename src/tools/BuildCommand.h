@@ -40,7 +40,7 @@ private:
         std::optional<BuildError> error;
     };
 
-    void takeAsMoved(const Relocation& relocation);
+    std::shared_ptr<BuildSettingsConfiguration> movedSettings(const Relocation& relocation) const;
     bool build(const std::filesystem::path& expectedImage);
     std::optional<Report> buildReport();
     void tellError(const BuildError& error);

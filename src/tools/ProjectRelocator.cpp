@@ -2,7 +2,6 @@
 #include "tools/ProjectRelocator.h"
 
 #include "model/BuildSettingsFile.h"
-#include "model/FileProcessor.h"
 #include "model/FileReader.h"
 #include "model/FileWriter.h"
 #include "model/Paths.h"
@@ -21,52 +20,22 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int SettingsIndent = 4;
-
-void relocateMember(Dictionary& settings, const char* key, const Relocation& relocation) {
-    const auto text = stringMember(settings, key);
-    if (!text || text->empty()) {
-        return;
-    }
-    if (const fs::path found = relocation.mapped(*text); found != fs::path(*text)) {
-        settings[key] = pathText(found);
-    }
-}
-
-void relocateSettings(Dictionary& settings, const Relocation& relocation) {
-    relocateMember(settings, "output_folder", relocation);
-    relocateMember(settings, "emulator", relocation);
-    for (const char* key : {"code_assembly_files", "graphic_files", "palette_files"}) {
-        const auto list = settings.find(key);
-        if (list != settings.end() && list->is_array()) {
-            for (Dictionary& node : *list) {
-                relocation.apply(node);
-            }
-        }
-    }
-}
-
-fs::path settingsFileOf(const OpenedProject& project) {
-    const fs::path folder = joined(project.folder, SettingsFolderName);
-    return joined(folder,
-                  project.root->itemName() + std::string(BuildSettingsConfigurationExtension));
-}
-
 /// The new content of both files, in the order in which they are put in place.
 std::optional<std::vector<PendingFile>> newFiles(const OpenedProject& project,
                                                  const Relocation& relocation,
                                                  std::optional<Dictionary> settings) {
     std::vector<PendingFile> files;
     if (settings) {
-        relocateSettings(*settings, relocation);
-        auto content = serialiseJson(*settings, SettingsIndent);
+        relocation.applyToSettings(*settings);
+        auto content = BuildSettingsFile::textOf(*settings);
         if (!content) {
             return std::nullopt;
         }
-        files.push_back({settingsFileOf(project), std::move(*content)});
+        files.push_back({BuildSettingsFile::location(project.folder, project.root->itemName()),
+                         std::move(*content)});
     }
     Dictionary structure = project.structure;
-    relocation.apply(structure);
+    relocation.applyToNode(structure);
     structure["path"] = pathText(project.folder);
     auto content = serialiseJson(structure);
     if (!content) {
@@ -119,9 +88,10 @@ ProjectRelocator::Outcome ProjectRelocator::relocate(const OpenedProject& projec
                  " holds a \"/\", so its build settings have no place. Nothing was changed.");
         return Outcome::notUnderstood;
     }
-    const fs::path settingsFile = settingsFileOf(project);
-    auto settings = readJsonFile(settingsFile);
-    if (existsAt(settingsFile) && !(settings && settings->is_object())) {
+    const fs::path settingsFile =
+        BuildSettingsFile::location(project.folder, project.root->itemName());
+    auto settings = readJsonObject(settingsFile);
+    if (existsAt(settingsFile) && !settings) {
         complain("the build settings " + shown(settingsFile) +
                  " cannot be read or are not a JSON object. Nothing was changed.");
         return Outcome::notUnderstood;

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Relocation.h"
 
+#include "model/BuildSettingsFile.h"
+#include "model/FileType.h"
 #include "model/Paths.h"
 
 #include <algorithm>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -70,6 +73,15 @@ bool isBelow(const fs::path& path, const fs::path& base) {
     return restBelow(path, base).has_value();
 }
 
+/// Whether the path of this stored node is that of a place which moves with the project.
+bool movesWithProject(const Dictionary& node) {
+    const auto path = stringMember(node, "path");
+    const auto pathType = stringMember(node, "path_type");
+    const auto kind = pathType ? filePathTypeFrom(*pathType) : std::nullopt;
+    return path &&
+           (kind == FilePathType::absolute || (kind == FilePathType::noPath && !path->empty()));
+}
+
 } // namespace
 
 std::optional<Relocation> Relocation::between(const fs::path& named, const fs::path& present) {
@@ -123,36 +135,45 @@ bool Relocation::leadsBack(const fs::path& path) const {
            !(copyInside && isBelow(target, m_resolved.present));
 }
 
-bool Relocation::concerns(FilePathType kind, const fs::path& path) {
-    return kind == FilePathType::absolute || (kind == FilePathType::noPath && !path.empty());
+/// Maps the path in the member `key`, if that is a string.
+void Relocation::mapMember(Dictionary& object, std::string_view key) const {
+    const auto path = stringMember(object, key);
+    if (!path) {
+        return;
+    }
+    if (const fs::path found = mapped(*path); found != fs::path(*path)) {
+        object[std::string(key)] = pathText(found);
+    }
 }
 
-void Relocation::apply(Dictionary& node) const {
+/// Applies to each node in the member `key`, if that is an array.
+void Relocation::mapNodesIn(Dictionary& object, std::string_view key) const {
+    const auto nodes = object.find(std::string(key));
+    if (nodes != object.end() && nodes->is_array()) {
+        for (Dictionary& node : *nodes) {
+            applyToNode(node);
+        }
+    }
+}
+
+void Relocation::applyToNode(Dictionary& node) const {
     if (!node.is_object()) {
         return;
     }
-    const auto path = stringMember(node, "path");
-    const auto pathType = stringMember(node, "path_type");
-    const auto kind = pathType ? filePathTypeFrom(*pathType) : std::nullopt;
-    if (path && kind && concerns(*kind, *path)) {
-        if (const fs::path found = mapped(*path); found != fs::path(*path)) {
-            node["path"] = pathText(found);
-        }
+    if (movesWithProject(node)) {
+        mapMember(node, "path");
     }
-    const auto children = node.find("sub_items");
-    if (children != node.end() && children->is_array()) {
-        for (Dictionary& child : *children) {
-            apply(child);
-        }
-    }
+    mapNodesIn(node, "sub_items");
 }
 
-void Relocation::apply(ProjectItem& node) const {
-    if (concerns(node.itemPathType(), node.itemPath())) {
-        node.setItemPath(mapped(node.itemPath()));
+void Relocation::applyToSettings(Dictionary& settings) const {
+    for (const std::string_view key : BuildSettingsFile::membersOf(BuildSettingForm::path)) {
+        if (stringMember(settings, key) != "") {
+            mapMember(settings, key);
+        }
     }
-    for (const auto& child : node.subItems()) {
-        apply(*child);
+    for (const std::string_view key : BuildSettingsFile::membersOf(BuildSettingForm::fileList)) {
+        mapNodesIn(settings, key);
     }
 }
 

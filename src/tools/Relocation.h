@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "model/ProjectItem.h"
+#include "model/Json.h"
 
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 namespace kestrel {
 
@@ -31,10 +32,12 @@ public:
     /// Whether `path`, links followed, lies in the former folder and not in the present one.
     bool leadsBack(const std::filesystem::path& path) const;
 
-    /// Maps the paths of a node, stored or live, and of all nodes below it. Paths relative to the
-    /// project stay as they are.
-    void apply(Dictionary& node) const;
-    void apply(ProjectItem& node) const;
+    /// Maps the paths of a stored node and of all nodes below it. Paths relative to the project
+    /// stay as they are.
+    void applyToNode(Dictionary& node) const;
+
+    /// Maps the paths in the build settings: of folders and programs, and of the listed files.
+    void applyToSettings(Dictionary& settings) const;
 
 private:
     /// One spelling of the two folders.
@@ -45,8 +48,8 @@ private:
 
     Relocation(std::filesystem::path former, std::filesystem::path present);
 
-    /// Whether a node of this kind with this path names a place that moves with the project.
-    static bool concerns(FilePathType kind, const std::filesystem::path& path);
+    void mapMember(Dictionary& object, std::string_view key) const;
+    void mapNodesIn(Dictionary& object, std::string_view key) const;
 
     std::optional<std::filesystem::path> mapped(const std::filesystem::path& path,
                                                 const Folders& folders) const;
