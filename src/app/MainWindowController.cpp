@@ -40,7 +40,7 @@ void withController(const std::weak_ptr<MainWindowController>& controller,
     if (isMainThread()) {
         call();
     } else {
-        BackgroundWork::postToMainThread(QCoreApplication::instance(), std::move(call));
+        postToMainThread(QCoreApplication::instance(), std::move(call));
     }
 }
 

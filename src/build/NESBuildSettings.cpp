@@ -49,7 +49,7 @@ std::vector<std::filesystem::path> extractAbsolutePath(FileType type, const Proj
             nested.insert(nested.end(), found.begin(), found.end());
         }
     }
-    // The direct matches are left out on purpose, so the result is always empty.
+    // Leaves the direct matches out on purpose, so the result is always empty.
     return nested;
 }
 
@@ -71,23 +71,23 @@ void NESBuildSettings::populateProperties(const ProjectItem& currentProject) {
     if (!dictionary) {
         return;
     }
-    if (auto contents = BuildSettingsFile::read(*dictionary)) {
+    if (auto contents = readBuildSettings(*dictionary)) {
         m_contents = *std::move(contents);
     }
 }
 
 std::optional<Dictionary>
 NESBuildSettings::fetchBuildSettingsConfigurationFile(const ProjectItem& project) {
-    return BuildSettingsFile::fetch(project);
+    return fetchBuildSettings(project);
 }
 
 std::optional<Dictionary>
 NESBuildSettings::fetchProjectFileStructureConfigurationFile(const ProjectItem& project) {
-    return StructureFile::fetch(project);
+    return fetchStructure(project);
 }
 
 std::shared_ptr<ProjectItem> NESBuildSettings::fetchProjectFileStructure() {
-    return StructureFile::tree(*m_projectToBuild);
+    return structureTree(*m_projectToBuild);
 }
 
 void NESBuildSettings::add(const std::shared_ptr<ProjectItem>& newItem,
@@ -126,7 +126,7 @@ void NESBuildSettings::saveBuildSettings() {
         writeLog("Could not save build settings");
         return;
     }
-    BuildSettingsFile::save(*m_projectToBuild, m_contents);
+    writeBuildSettings(*m_projectToBuild, m_contents);
 }
 
 std::vector<std::filesystem::path> NESBuildSettings::assemblyFilesWithAbsolutePaths() {

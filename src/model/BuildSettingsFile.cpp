@@ -31,7 +31,7 @@ void readOutputFolder(const Dictionary& value, Contents& contents) {
     contents.outputFilePath = std::filesystem::path(value.get<std::string>());
 }
 
-/// Always the project's own, whatever was read.
+/// Always the project's own output folder.
 Dictionary storedOutputFolder(const Contents& /*contents*/, const ProjectItem& project) {
     return pathText(joined(project.itemPath(), "output"));
 }
@@ -65,7 +65,7 @@ Dictionary storedList(const Contents& contents, const ProjectItem& /*project*/) 
 struct Setting {
     std::string_view key;
     BuildSettingForm form;
-    bool isRequired; ///< nothing is read from a file that lacks it
+    bool isRequired; ///< a file without it is not read at all
     void (*read)(const Dictionary& value, Contents& contents);
     Dictionary (*stored)(const Contents& contents, const ProjectItem& project);
 };
@@ -83,7 +83,7 @@ constexpr std::array Settings = {
             storedList<&Contents::paletteFiles>},
 };
 
-/// Whether `value` can be read as this form.
+/// Whether `value` is valid for this form.
 bool hasForm(BuildSettingForm form, const Dictionary& value) {
     switch (form) {
     case BuildSettingForm::version:
@@ -96,14 +96,14 @@ bool hasForm(BuildSettingForm form, const Dictionary& value) {
     return false;
 }
 
-/// Whether writing `value` again, after it was read, would lose nothing.
+/// Whether reading `value` and writing it again would lose nothing.
 bool understandsWhole(BuildSettingForm form, const Dictionary& value) {
     return hasForm(form, value) &&
            (form != BuildSettingForm::fileList ||
             std::all_of(value.begin(), value.end(), ProjectItemFactory::understandsWhole));
 }
 
-/// Whether every required member is there and can be read.
+/// Whether every required member is present and valid.
 bool hasRequiredMembers(const Dictionary& settings) {
     return std::all_of(Settings.begin(), Settings.end(), [&](const Setting& setting) {
         const Dictionary* const value = member(settings, setting.key);
@@ -130,21 +130,21 @@ ProjectItems* BuildSettingsContents::listFor(FileType type) {
     return nullptr;
 }
 
-std::filesystem::path BuildSettingsFile::location(const ProjectItem& project) {
-    return location(project.itemPath(), project.itemName());
+std::filesystem::path buildSettingsLocation(const ProjectItem& project) {
+    return buildSettingsLocation(project.itemPath(), project.itemName());
 }
 
-std::filesystem::path BuildSettingsFile::location(const std::filesystem::path& projectFolder,
-                                                  std::string_view projectName) {
+std::filesystem::path buildSettingsLocation(const std::filesystem::path& projectFolder,
+                                            std::string_view projectName) {
     return joined(projectFolder,
                   settingsFilePath(projectName, BuildSettingsConfigurationExtension));
 }
 
-std::optional<Dictionary> BuildSettingsFile::fetch(const ProjectItem& project) {
-    return readJsonObject(location(project));
+std::optional<Dictionary> fetchBuildSettings(const ProjectItem& project) {
+    return readJsonObject(buildSettingsLocation(project));
 }
 
-std::optional<BuildSettingsContents> BuildSettingsFile::read(const Dictionary& dictionary) {
+std::optional<BuildSettingsContents> readBuildSettings(const Dictionary& dictionary) {
     if (!hasRequiredMembers(dictionary)) {
         return std::nullopt;
     }
@@ -158,7 +158,7 @@ std::optional<BuildSettingsContents> BuildSettingsFile::read(const Dictionary& d
     return contents;
 }
 
-std::vector<std::string_view> BuildSettingsFile::membersOf(BuildSettingForm form) {
+std::vector<std::string_view> buildSettingMembers(BuildSettingForm form) {
     std::vector<std::string_view> keys;
     for (const Setting& setting : Settings) {
         if (setting.form == form) {
@@ -168,11 +168,11 @@ std::vector<std::string_view> BuildSettingsFile::membersOf(BuildSettingForm form
     return keys;
 }
 
-std::optional<std::string> BuildSettingsFile::textOf(const Dictionary& settings) {
+std::optional<std::string> buildSettingsText(const Dictionary& settings) {
     return serialiseJson(settings, Indent);
 }
 
-bool BuildSettingsFile::understoodWhole(const std::filesystem::path& path) {
+bool understandsBuildSettingsFile(const std::filesystem::path& path) {
     if (!existsAt(path)) {
         return true;
     }
@@ -190,15 +190,15 @@ bool BuildSettingsFile::understoodWhole(const std::filesystem::path& path) {
     });
 }
 
-bool BuildSettingsFile::save(const ProjectItem& project, const BuildSettingsContents& contents) {
-    const std::filesystem::path path = location(project);
+bool writeBuildSettings(const ProjectItem& project, const BuildSettingsContents& contents) {
+    const std::filesystem::path path = buildSettingsLocation(project);
     Dictionary settings = Dictionary::object();
     for (const Setting& setting : Settings) {
         appendMember(settings, setting.key, setting.stored(contents, project));
     }
-    const auto text = textOf(settings);
+    const auto text = buildSettingsText(settings);
     const bool isSaved =
-        text && (understoodWhole(path) || keepBackup(path)) && saveBytes(path, *text);
+        text && (understandsBuildSettingsFile(path) || keepBackup(path)) && saveBytes(path, *text);
     writeLog(isSaved ? "Did save build settings" : "Could not save build settings");
     return isSaved;
 }

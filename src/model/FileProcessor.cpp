@@ -15,16 +15,16 @@ namespace kestrel {
 
 namespace {
 
-/// What a project whose structure is lost is listed as.
-std::shared_ptr<ProjectItem> placeholder(const ProjectRegistry::Entry& entry) {
+/// The empty project node that stands for a project with an unreadable structure.
+std::shared_ptr<ProjectItem> placeholder(const RegistryEntry& entry) {
     auto project = std::make_shared<ProjectNavigationSettingItem>(
         entry.name, std::filesystem::path(entry.path), FileType::project, ProjectType::nes);
     project->setItemPathType(FilePathType::absolute);
     return project;
 }
 
-/// The tree of a registered project, its placeholder, or nullptr without a project file.
-std::shared_ptr<ProjectItem> loadProject(const ProjectRegistry::Entry& entry) {
+/// The tree of a registered project, its placeholder, or nullptr without a readable project file.
+std::shared_ptr<ProjectItem> loadProject(const RegistryEntry& entry) {
     const auto opened = openProject(projectFileLocation(entry.path, entry.name), entry.path,
                                     ProjectFileRule::stringsOnly);
     if (const auto* const project = std::get_if<OpenedProject>(&opened)) {
@@ -42,9 +42,9 @@ std::shared_ptr<ProjectItem> loadProject(const ProjectRegistry::Entry& entry) {
 }
 
 void saveFirstBuildSettings(const ProjectItem& project) {
-    const auto stored = BuildSettingsFile::fetch(project);
-    const auto contents = stored ? BuildSettingsFile::read(*stored) : std::nullopt;
-    BuildSettingsFile::save(project, contents.value_or(BuildSettingsContents{}));
+    const auto stored = fetchBuildSettings(project);
+    const auto contents = stored ? readBuildSettings(*stored) : std::nullopt;
+    writeBuildSettings(project, contents.value_or(BuildSettingsContents{}));
 }
 
 void createUnlessPresent(const std::filesystem::path& path, std::string_view content) {
@@ -57,7 +57,7 @@ void createUnlessPresent(const std::filesystem::path& path, std::string_view con
 
 ProjectItems FileProcessor::loadRecentlyConfiguredProjects() {
     ProjectItems projects;
-    for (const auto& entry : ProjectRegistry::entries()) {
+    for (const auto& entry : registryEntries()) {
         if (auto project = loadProject(entry)) {
             projects.push_back(std::move(project));
         }
@@ -66,11 +66,11 @@ ProjectItems FileProcessor::loadRecentlyConfiguredProjects() {
 }
 
 bool FileProcessor::saveToRecentlyConfiguredProjects(const std::shared_ptr<ProjectItem>& project) {
-    return project && ProjectRegistry::add(*project);
+    return project && addToRegistry(*project);
 }
 
 bool FileProcessor::saveRecentlyConfiguredProjects(const ProjectItems& projects) {
-    return ProjectRegistry::rewrite(projects);
+    return rewriteRegistry(projects);
 }
 
 bool FileProcessor::createFilesForNewProject(const std::shared_ptr<ProjectItem>& project) {

@@ -38,7 +38,7 @@ std::variant<OpenedProject, ProjectProblem> openProject(const std::filesystem::p
         return std::move(*problem);
     }
     auto& [structureFile, structure] = std::get<NamedStructure>(read);
-    auto root = StructureFile::project(structure, folder);
+    auto root = projectFromStructure(structure, folder);
     if (!root) {
         return ProjectProblem{ProjectFault::noProjectInStructure, std::move(structureFile)};
     }

@@ -32,7 +32,7 @@ BuildCommand::BuildCommand(QCoreApplication& application, OpenedProject project,
 BuildCommand::~BuildCommand() = default;
 
 bool BuildCommand::run() {
-    // Relative paths in the project's files shall not depend on where the program was started.
+    // Relative paths in the project's files must not depend on the caller's working folder.
     std::error_code error;
     fs::current_path(m_project.folder, error);
     if (error) {
@@ -68,15 +68,15 @@ bool BuildCommand::run() {
     return build(image) && !m_printer->hasFailed();
 }
 
-/// The build settings as the project's files would have them after --relocate.
+/// The build settings as --relocate would write them.
 std::shared_ptr<BuildSettingsConfiguration>
 BuildCommand::movedSettings(const Relocation& relocation) const {
     auto settings = std::make_shared<NESBuildSettings>();
     settings->projectToBuild() = m_project.root;
     settings->projectPath() = m_project.folder;
-    if (auto stored = BuildSettingsFile::fetch(*m_project.root)) {
+    if (auto stored = fetchBuildSettings(*m_project.root)) {
         relocation.applyToSettings(*stored);
-        if (auto contents = BuildSettingsFile::read(*stored)) {
+        if (auto contents = readBuildSettings(*stored)) {
             settings->contents() = *std::move(contents);
         }
     }
@@ -87,7 +87,7 @@ bool BuildCommand::build(const fs::path& expectedImage) {
     const ImageStamp before = ImageStamp::of(expectedImage);
     const std::optional<Report> report = buildReport();
     if (!report) {
-        return false; // ended from outside, and whoever did that knows
+        return false; // ended by a signal: nothing to report
     }
     if (report->error || !report->image) {
         tellError(report->error.value_or(BuildError{}));
@@ -103,7 +103,7 @@ bool BuildCommand::build(const fs::path& expectedImage) {
 }
 
 std::optional<BuildCommand::Report> BuildCommand::buildReport() {
-    // Shared, since the worker may still report when a signal has ended the loop.
+    // Shared with the worker, which may report after a signal has ended the loop.
     const auto report = std::make_shared<std::optional<Report>>();
     const auto builder = std::make_shared<NESProjectBuilder>(m_settings);
     builder->setConsoleOutput(m_printer);
@@ -111,12 +111,12 @@ std::optional<BuildCommand::Report> BuildCommand::buildReport() {
     QCoreApplication* const application = &m_application;
     builder->build(
         [application, report](std::optional<fs::path> image, std::optional<BuildError> error) {
-            // Queued behind the assembler's text, which is printed first therefore.
+            // Queued after the assembler's output, so that that is printed first.
             const auto take = [report, outcome = Report{std::move(image), std::move(error)}] {
                 *report = outcome;
                 QCoreApplication::exit();
             };
-            BackgroundWork::postToMainThread(application, take);
+            postToMainThread(application, take);
         });
     QCoreApplication::exec();
     return *report;
@@ -124,7 +124,7 @@ std::optional<BuildCommand::Report> BuildCommand::buildReport() {
 
 void BuildCommand::tellError(const BuildError& error) {
     complain(error.localizedDescription());
-    for (const std::string& hint : BuildHints::forError(error, *m_settings)) {
+    for (const std::string& hint : buildHintsFor(error, *m_settings)) {
         complain("hint: " + hint);
     }
 }

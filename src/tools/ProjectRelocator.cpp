@@ -20,19 +20,19 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The new content of both files, in the order in which they are put in place.
+/// The new content of both files, in the order in which they are replaced.
 std::optional<std::vector<PendingFile>> newFiles(const OpenedProject& project,
                                                  const Relocation& relocation,
                                                  std::optional<Dictionary> settings) {
     std::vector<PendingFile> files;
     if (settings) {
         relocation.applyToSettings(*settings);
-        auto content = BuildSettingsFile::textOf(*settings);
+        auto content = buildSettingsText(*settings);
         if (!content) {
             return std::nullopt;
         }
-        files.push_back({BuildSettingsFile::location(project.folder, project.root->itemName()),
-                         std::move(*content)});
+        files.push_back(
+            {buildSettingsLocation(project.folder, project.root->itemName()), std::move(*content)});
     }
     Dictionary structure = project.structure;
     relocation.applyToNode(structure);
@@ -45,8 +45,7 @@ std::optional<std::vector<PendingFile>> newFiles(const OpenedProject& project,
     return files;
 }
 
-/// Keeps a backup of each file with members that are there twice, of which the new content has only
-/// the last.
+/// Makes a backup of each file with repeated members, of which the new content has only the last.
 bool keepWhatWouldBeLost(const std::vector<PendingFile>& files) {
     return std::all_of(files.begin(), files.end(), [](const PendingFile& file) {
         bool repeatedMembers = false;
@@ -55,7 +54,7 @@ bool keepWhatWouldBeLost(const std::vector<PendingFile>& files) {
     });
 }
 
-/// Replaces the files, unless one of them leads to the project that this one was copied from.
+/// Replaces the files, unless one is a link to the project that this one was copied from.
 bool write(const std::vector<PendingFile>& files, const Relocation& relocation) {
     for (const PendingFile& file : files) {
         if (relocation.leadsBack(file.path)) {
@@ -76,25 +75,24 @@ bool write(const std::vector<PendingFile>& files, const Relocation& relocation) 
 
 } // namespace
 
-ProjectRelocator::Outcome ProjectRelocator::relocate(const OpenedProject& project) {
+RelocationOutcome relocateProject(const OpenedProject& project) {
     const auto relocation = Relocation::between(project.namedFolder, project.folder);
     if (!relocation) {
         printText("The project's files name the folder it lies in, " + shown(project.folder) +
                   ": nothing to do.\n");
-        return Outcome::nothingToDo;
+        return RelocationOutcome::nothingToDo;
     }
     if (project.root->itemName().find('/') != std::string::npos) {
         complain("the project's name " + shown(project.root->itemName()) +
                  " holds a \"/\", so its build settings have no place. Nothing was changed.");
-        return Outcome::notUnderstood;
+        return RelocationOutcome::notUnderstood;
     }
-    const fs::path settingsFile =
-        BuildSettingsFile::location(project.folder, project.root->itemName());
+    const fs::path settingsFile = buildSettingsLocation(project.folder, project.root->itemName());
     auto settings = readJsonObject(settingsFile);
     if (existsAt(settingsFile) && !settings) {
         complain("the build settings " + shown(settingsFile) +
                  " cannot be read or are not a JSON object. Nothing was changed.");
-        return Outcome::notUnderstood;
+        return RelocationOutcome::notUnderstood;
     }
     if (!settings) {
         complain("there are no build settings " + shown(settingsFile) +
@@ -106,14 +104,14 @@ ProjectRelocator::Outcome ProjectRelocator::relocate(const OpenedProject& projec
             "the folder " + shown(project.folder) +
             " cannot be named in the project's files: its name is not valid UTF-8. Nothing was "
             "changed.");
-        return Outcome::notWritten;
+        return RelocationOutcome::notWritten;
     }
     if (!write(*files, *relocation)) {
-        return Outcome::notWritten;
+        return RelocationOutcome::notWritten;
     }
     printText("Relocated from " + shown(relocation->former()) + " to " + shown(project.folder) +
               ".\n");
-    return Outcome::relocated;
+    return RelocationOutcome::relocated;
 }
 
 } // namespace kestrel

@@ -23,14 +23,16 @@ Status refuse(const std::string& problem) {
 }
 
 Status relocate(const kestrel::OpenedProject& project) {
-    switch (kestrel::ProjectRelocator::relocate(project)) {
-    case kestrel::ProjectRelocator::Outcome::notWritten:
+    switch (kestrel::relocateProject(project)) {
+    case kestrel::RelocationOutcome::notWritten:
         return failure;
-    case kestrel::ProjectRelocator::Outcome::notUnderstood:
+    case kestrel::RelocationOutcome::notUnderstood:
         return refusal;
-    default:
-        return success;
+    case kestrel::RelocationOutcome::nothingToDo:
+    case kestrel::RelocationOutcome::relocated:
+        break;
     }
+    return success;
 }
 
 Status build(kestrel::OpenedProject project, const std::vector<std::string>& assemblerArguments,
@@ -38,14 +40,14 @@ Status build(kestrel::OpenedProject project, const std::vector<std::string>& ass
     bool built = false;
     int signal = 0;
     {
-        // Of the arguments only the program's own name is Qt's business.
+        // Qt gets the program's name only, so that it takes no argument for one of its own.
         int argumentCount = 1;
         char* arguments[] = {programName, nullptr};
         QCoreApplication application(argumentCount, arguments);
         const kestrel::SignalWatcher watcher;
         built = kestrel::BuildCommand(application, std::move(project), assemblerArguments).run();
         signal = watcher.caught();
-    } // ends an assembler that still runs
+    } // the destructors end a running assembler
     if (signal != 0) {
         kestrel::SignalWatcher::endBy(signal);
     }
@@ -66,7 +68,8 @@ int main(int argc, char** argv) {
         return kestrel::printText("kestrel-build " KESTREL_VERSION "\n") ? success : failure;
     case Action::refuse:
         return refuse(commandLine.problem);
-    default:
+    case Action::build:
+    case Action::relocate:
         break;
     }
     auto project = kestrel::openProjectArgument(commandLine.project);

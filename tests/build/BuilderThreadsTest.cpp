@@ -283,7 +283,7 @@ TEST_F(BuilderThreads, QuittingEndsAnAssemblerThatNeverEndsAndItsProcessGroup) {
     QProcess program;
     program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     program.start(QStringLiteral(QUITTING_BUILD),
-                  {*QtText::fromPath(m_project.folder()), QStringLiteral(FAKE_ASSEMBLER)});
+                  {*textFromPath(m_project.folder()), QStringLiteral(FAKE_ASSEMBLER)});
     ASSERT_TRUE(program.waitForFinished(60000)) << "the program does not quit";
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(program.exitCode(), 0);
@@ -296,18 +296,18 @@ TEST_F(BuilderThreads, AStopIsAskedForWithEveryPieceOfOutput) {
     constexpr int pieces = 64;
     constexpr int pipe = 65536; // what a pipe holds, so the most that comes in one piece
     m_project.script("fill " + std::to_string(pieces * pipe) + "\n");
-    AssemblerProcess::Request request;
+    AssemblerRequest request;
     request.assembler = FAKE_ASSEMBLER;
     request.includeFolder = m_project.folder() / "tmp";
     int asked = 0;
-    auto result = AssemblerProcess::run(request, [&] { return ++asked < 0; });
+    auto result = runAssembler(request, [&] { return ++asked < 0; });
     EXPECT_GE(asked, pieces);
     EXPECT_FALSE(result.stopped);
     ASSERT_TRUE(result.output);
     EXPECT_EQ(result.output->size(), pieces * pipe);
 
     asked = 0;
-    result = AssemblerProcess::run(request, [&] { return ++asked == 2; });
+    result = runAssembler(request, [&] { return ++asked == 2; });
     EXPECT_EQ(asked, 2);
     EXPECT_TRUE(result.stopped);
     EXPECT_FALSE(result.output);
@@ -321,7 +321,7 @@ TEST_F(BuilderThreads, QuittingEndsAnAssemblerThatPrintsWithoutEnd) {
     QProcess program;
     program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     program.start(QStringLiteral(QUITTING_BUILD),
-                  {*QtText::fromPath(m_project.folder()), QStringLiteral(FAKE_ASSEMBLER)});
+                  {*textFromPath(m_project.folder()), QStringLiteral(FAKE_ASSEMBLER)});
     ASSERT_TRUE(program.waitForFinished(60000)) << "the program does not quit";
     EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(program.exitCode(), 0);

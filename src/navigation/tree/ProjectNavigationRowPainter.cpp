@@ -32,8 +32,8 @@ double contrast(const QColor& one, const QColor& other) {
     return std::max(first, second) / std::min(first, second);
 }
 
-/// Plain red on a light background; else the first red that stands out enough, or the one that
-/// does so most.
+/// Pure red on a light background; else the first red with enough contrast, or the one with the
+/// most.
 QColor readableRed(const QColor& background, bool light) {
     static constexpr std::array<QRgb, 4> Reds = {0xffff6b6b, 0xffffb3b3, 0xff500000, 0xffff0000};
     constexpr double Enough = 4.5; // WCAG 2.1, success criterion 1.4.3
@@ -50,7 +50,7 @@ QColor readableRed(const QColor& background, bool light) {
                               [&](QRgb one, QRgb two) { return against(one) < against(two); })};
 }
 
-/// Paints a row's name on a plate that has the colour of an unselected row.
+/// Paints a row's name on a rectangle in the background colour of an unselected row.
 void paintOnPlate(QPainter& painter, const QString& name, const QStyleOptionViewItem& row,
                   QPalette::ColorGroup group, const QRect& place) {
     const QStyle* style = row.widget != nullptr ? row.widget->style() : QApplication::style();
@@ -97,12 +97,17 @@ const QIcon& ProjectNavigationRowPainter::iconFor(FileType type) const {
         return m_groupIcon;
     case FileType::project:
         return m_projectIcon;
-    default:
-        return m_fileIcon;
+    case FileType::empty:
+    case FileType::unknown:
+    case FileType::text:
+    case FileType::palette:
+    case FileType::graphics:
+        break;
     }
+    return m_fileIcon;
 }
 
-/// Makes the row view fresh and fills in what needs no look at the disk.
+/// Clears the row view and fills it, except for what needs the file system.
 void ProjectNavigationRowPainter::dequeue(const QModelIndex& index) const {
     const std::shared_ptr<ProjectItem> node = m_model.item(index);
     *m_imageView = {};
@@ -177,7 +182,7 @@ void ProjectNavigationRowPainter::paint(QPainter* painter, const QStyleOptionVie
     paintedAs(QPalette::HighlightedText, QPalette::Highlight);
     const QStyle* style = row.widget != nullptr ? row.widget->style() : QApplication::style();
     const QRect namePlace = style->subElementRect(QStyle::SE_ItemViewItemText, &row, row.widget);
-    // No red can be read on the usual highlight colours.
+    // No red is readable on the usual highlight colours.
     const bool onPlate = colour == ProjectNavigationItem::TextColour::red &&
                          row.state.testFlag(QStyle::State_Selected);
     const QString name = onPlate ? std::exchange(row.text, QString()) : QString();
