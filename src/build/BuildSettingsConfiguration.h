@@ -11,7 +11,7 @@
 
 namespace kestrel {
 
-/// A project's build settings: what is assembled, where the image goes and which emulator runs it.
+/// A project's build settings: the files to build, the output folder and the emulator.
 class BuildSettingsConfiguration {
 public:
     BuildSettingsConfiguration() = default;
@@ -27,16 +27,16 @@ public:
     virtual std::optional<std::filesystem::path>& projectPath() = 0;
     virtual std::shared_ptr<ProjectItem>& projectToBuild() = 0;
 
-    /// Every setting that the settings file holds.
+    /// All settings that are stored in the settings file.
     virtual BuildSettingsContents& contents() = 0;
 
-    /// The project's tree as its structure file has it; nothing when that cannot be read.
+    /// The tree in the project's structure file; nullptr when that cannot be read.
     virtual std::shared_ptr<ProjectItem> fetchProjectFileStructure() = 0;
 
-    /// Always empty: the files found directly are dropped and only nested results are returned.
+    /// Always empty: direct matches are dropped and only nested results are returned.
     virtual std::vector<std::filesystem::path> assemblyFilesWithAbsolutePaths() = 0;
 
-    /// Appends the node to the list of its kind, if it has one, and saves in every case.
+    /// Appends the node to the list of its kind, if there is one, and saves in any case.
     virtual void addNewFile(const std::shared_ptr<ProjectItem>& projectItem) = 0;
 
     virtual void saveBuildSettings() = 0;

@@ -9,53 +9,51 @@
 
 namespace kestrel {
 
-/// What a project file may hold beside the path of its structure file. Listing the registered
-/// projects takes files of strings only; opening one takes any.
+/// What else a project file may contain than "ProjectStructure": listing the registered projects
+/// accepts strings only, opening a project file anything.
 enum class ProjectFileRule { stringsOnly, anyMembers };
 
-/// The first thing that keeps a project from being opened.
+/// The reasons why a project cannot be opened.
 enum class ProjectFault {
-    unreadableProjectFile, ///< the project file cannot be read, or not as the rule asks
+    unreadableProjectFile, ///< the project file is missing, unreadable or against the rule
     noStructureNamed,      ///< the project file has no string "ProjectStructure"
-    unreadableStructure,   ///< the structure file cannot be read or is no JSON object
-    noProjectInStructure,  ///< the structure's root is no project node
+    unreadableStructure,   ///< the structure file is missing, unreadable or no JSON object
+    noProjectInStructure,  ///< the root in the structure file is no valid node
 };
 
 /// Why a project cannot be opened.
 struct ProjectProblem {
     ProjectFault fault = ProjectFault::unreadableProjectFile;
-    std::filesystem::path file; ///< the project file or the structure file, whichever is at fault
+    std::filesystem::path file; ///< the project file or the structure file
 };
 
-/// The structure file that a project file names, and what it holds.
+/// The structure file that a project file names, and its content.
 struct NamedStructure {
     std::filesystem::path file;
     Dictionary structure;
 };
 
-/// A project as its project file describes it.
+/// A project that was read from its project file.
 struct OpenedProject {
-    std::filesystem::path folder;        ///< the folder of the project file
-    std::filesystem::path namedFolder;   ///< the root's path as stored: another folder if it moved
-    std::filesystem::path structureFile; ///< the structure file that the project file names
-    Dictionary structure;                ///< the content of that file
-    std::shared_ptr<ProjectItem> root;   ///< the project tree in it
+    std::filesystem::path folder;      ///< the folder of the project file
+    std::filesystem::path namedFolder; ///< the root's stored path; differs if the project moved
+    std::filesystem::path structureFile;
+    Dictionary structure; ///< the content of the structure file
+    std::shared_ptr<ProjectItem> root;
 };
 
-/// Reads the structure that the project file `file` names. `folder` is the project's folder, below
-/// which the structure file lies.
+/// Reads the structure file that the project file `file` names. Its path counts from `folder`.
 std::variant<NamedStructure, ProjectProblem>
 readNamedStructure(const std::filesystem::path& file, const std::filesystem::path& folder,
                    ProjectFileRule rule = ProjectFileRule::anyMembers);
 
-/// Reads the project whose project file is `file`. A root without an absolute path gets one below
-/// `folder`.
+/// Reads the project with the project file `file`. Relative paths of the structure file and of the
+/// root count from `folder`.
 std::variant<OpenedProject, ProjectProblem>
 openProject(const std::filesystem::path& file, const std::filesystem::path& folder,
             ProjectFileRule rule = ProjectFileRule::anyMembers);
 
-/// The root of the project whose project file is `file`, in the folder that holds it; nullptr when
-/// it cannot be opened.
+/// The root of the project with the project file `file`; nullptr when it cannot be opened.
 std::shared_ptr<ProjectItem> openProjectTree(const std::filesystem::path& file);
 
 } // namespace kestrel

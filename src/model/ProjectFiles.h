@@ -7,8 +7,8 @@
 
 namespace kestrel {
 
-/// The members of a project file: where the structure file and the build-settings file lie, below
-/// the project's folder.
+/// The members of a project file: the paths, from the project's folder, of the structure file and
+/// the build-settings file.
 inline constexpr std::string_view ProjectStructureKey = "ProjectStructure";
 inline constexpr std::string_view BuildSettingsKey = "BuildSettings";
 
@@ -17,7 +17,7 @@ inline constexpr std::string_view ProjectStructureConfigurationExtension = "-Pro
 inline constexpr std::string_view BuildSettingsConfigurationExtension = "-BuildSettings.cfg";
 inline constexpr std::string_view SettingsFolderName = ".project";
 
-/// Where the project `name` keeps a settings file, as text relative to the project's folder:
+/// The path of a settings file of the project `name`, from the project's folder, such as
 /// ".project/NAME-BuildSettings.cfg".
 std::string settingsFilePath(std::string_view name, std::string_view extension);
 

@@ -14,8 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The folder of `file`, as the user spelled it where that is unambiguous: only with ".." in it are
-/// its links resolved.
+/// The folder of `file` as the user wrote it; with links resolved only if it has a "..".
 fs::path folderOf(const fs::path& file) {
     fs::path folder;
     for (const fs::path& component : file.parent_path()) {
@@ -31,7 +30,7 @@ fs::path folderOf(const fs::path& file) {
     return folder;
 }
 
-/// What is wrong with a file that could not be read as a JSON object.
+/// Why a file could not be read as a JSON object.
 std::string fileProblem(const std::string& what, const fs::path& path) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);

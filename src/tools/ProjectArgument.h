@@ -9,8 +9,8 @@
 
 namespace kestrel {
 
-/// Opens the project that the command line names by the path of its project file, or gives a
-/// sentence for the user that says why not. A path without a folder is one in the current folder.
+/// Opens the project that the command line names by the path of its project file, or returns a
+/// sentence for the user that says why it cannot. A relative path counts from the working folder.
 std::variant<OpenedProject, std::string> openProjectArgument(const std::filesystem::path& path);
 
 } // namespace kestrel

@@ -15,6 +15,7 @@
 
 namespace {
 
+/// The exit status.
 enum Status { success = 0, failure = 1, refusal = 2 };
 
 Status refuse(const std::string& problem) {
