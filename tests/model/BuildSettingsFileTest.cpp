@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sys/stat.h>
 
 namespace kestrel {
@@ -218,6 +219,30 @@ TEST_F(BuildSettingsFileTest, NothingIsReplacedThatCouldNotBeKept) {
     EXPECT_EQ(settings(), "not json");
     EXPECT_EQ(names(), Lines{"demo-BuildSettings.cfg"});
     EXPECT_EQ(m_log.lines(), Lines{"Could not save build settings"});
+}
+
+TEST_F(BuildSettingsFileTest, TheListOfAFileFollowsFromItsKind) {
+    BuildSettingsContents contents;
+    EXPECT_EQ(contents.listFor(FileType::text), &contents.assemblyFiles);
+    EXPECT_EQ(contents.listFor(FileType::graphics), &contents.graphicFiles);
+    EXPECT_EQ(contents.listFor(FileType::palette), &contents.paletteFiles);
+    for (const FileType kind :
+         {FileType::project, FileType::group, FileType::empty, FileType::unknown}) {
+        EXPECT_EQ(contents.listFor(kind), nullptr);
+    }
+}
+
+TEST_F(BuildSettingsFileTest, EveryPathAndListInTheFileIsNamed) {
+    ASSERT_TRUE(writeBuildSettings(*m_project, BuildSettingsContents{}));
+    const auto stored = fetchBuildSettings(*m_project);
+    ASSERT_TRUE(stored);
+    const auto paths = buildSettingMembers(BuildSettingForm::path);
+    const auto lists = buildSettingMembers(BuildSettingForm::fileList);
+    for (const auto& [key, value] : stored->get_ref<const Dictionary::object_t&>()) {
+        const auto& keys = value.is_array() ? lists : paths;
+        EXPECT_NE(key == "Version", std::find(keys.begin(), keys.end(), key) != keys.end()) << key;
+    }
+    EXPECT_EQ(paths.size() + lists.size() + 1, stored->size());
 }
 
 } // namespace

@@ -265,5 +265,13 @@ TEST_F(ProjectRegistryTest, TheOrderOfTheDocumentIsTheOrderOfTheProjects) {
     EXPECT_EQ(entries[2].name, "third");
 }
 
+TEST_F(ProjectRegistryTest, AProjectIsRegisteredByItsNameAndFolder) {
+    EXPECT_FALSE(isRegistered(*makeProject("demo", "/p")));
+    writeRegistry(R"({"1":)" + entry("demo", "/p/") + "}");
+    EXPECT_TRUE(isRegistered(*makeProject("demo", "/p")));
+    EXPECT_FALSE(isRegistered(*makeProject("other", "/p")));
+    EXPECT_FALSE(isRegistered(*makeProject("demo", "/q")));
+}
+
 } // namespace
 } // namespace kestrel
