@@ -122,13 +122,12 @@ void GraphicsActions::addTransformations() {
         QAction* action = makeAction(entry.command, this);
         const TileTransformation transformation = entry.transformation;
         const auto enable = [canvas = m_canvas, action, transformation] {
-            action->setEnabled(isPossible(transformation, canvas->editor().shape()));
+            action->setEnabled(isPossible(transformation, canvas->document().shape()));
         };
         enable();
         connect(m_canvas, &ChrCanvas::shapeChanged, action, enable);
         connect(action, &QAction::triggered, m_canvas, [canvas = m_canvas, transformation] {
-            canvas->edit(
-                [transformation](TileEditor& editor) { return editor.transform(transformation); });
+            canvas->document().transform(transformation);
         });
         m_editActions.append(action);
     }

@@ -56,7 +56,7 @@ GraphicsEditorView::GraphicsEditorView(QWidget* parent)
     setTabOrder(*toolBar);
     setMessage({});
     connect(m_tileViewer, &TileCollection::tileHovered, this, &GraphicsEditorView::describeTile);
-    connect(m_tileViewer, &TileCollection::selectionChanged, this, [this] { describeTile(-1); });
+    connect(m_tileViewer, &TileCollection::tilesSelected, this, [this] { describeTile(-1); });
     connect(m_pixelEditor, &ChrCanvas::cursorMoved, this, &GraphicsEditorView::describePixel);
     connect(m_pixelEditor, &ChrCanvas::colorPicked, this, &GraphicsEditorView::showColor);
 }
@@ -172,7 +172,7 @@ void GraphicsEditorView::setMessage(const QString& message) {
 
 void GraphicsEditorView::describeTile(int number) {
     int shown = number;
-    const auto selected = m_tileViewer->selectedRows();
+    const auto selected = m_tileViewer->document().selectedRows();
     if (shown < 0 && !selected.empty()) {
         shown = selected.front().front();
     }
@@ -188,7 +188,7 @@ void GraphicsEditorView::describeTile(int number) {
 
 void GraphicsEditorView::describePixel() {
     const QPoint pixel = m_pixelEditor->cursorPixel();
-    const int tile = m_pixelEditor->editor().tileAt(pixel.x(), pixel.y());
+    const int tile = m_pixelEditor->document().tileAt(pixel.x(), pixel.y());
     describeTile(tile);
     if (tile >= 0) {
         m_tileInfo->setText(tr("%1, pixel %2, %3")

@@ -230,13 +230,13 @@ TEST_F(GraphicsPaneFiles, ATileThatWaitsForAFileThatFailsDoesNotReachTheNextFile
     load(large);
     ASSERT_EQ(m_errors.size(), 1U);
     load(file("third.chr", randomBytes(512, 3)));
-    EXPECT_EQ(m_pane->tileViewer->selectedRows(), (Rows{{3}}));
+    EXPECT_EQ(m_pane->tileViewer->document().selectedRows(), (Rows{{3}}));
     EXPECT_EQ(m_pane->rememberedTile("third.chr"), 0);
     // It is not forgotten for good.
     m_folder.write("large.chr", randomBytes(512, 1));
     load(small);
     load(large);
-    EXPECT_EQ(m_pane->tileViewer->selectedRows(), (Rows{{500}}));
+    EXPECT_EQ(m_pane->tileViewer->document().selectedRows(), (Rows{{500}}));
 }
 
 TEST_F(GraphicsPaneFiles, TheSaveKeyWithoutAFileDoesNothing) {

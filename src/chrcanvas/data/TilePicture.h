@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "chrcanvas/data/TileChange.h"
 #include "chrcanvas/data/TileData.h"
-#include "chrcanvas/data/TileHistory.h"
 #include "chrcanvas/data/TileShape.h"
 
 #include <cstddef>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "chrcanvas/data/GridRect.h"
+#include "chrcanvas/data/TileChange.h"
 #include "chrcanvas/data/TileData.h"
-#include "chrcanvas/data/TileHistory.h"
 #include "chrcanvas/data/TileShape.h"
 
 #include <map>
@@ -21,6 +22,9 @@ public:
     /// The tiles that the last step changed, each once, in ascending order.
     const std::vector<int>& changedTiles() const { return m_changed; }
 
+    /// The pixels that the last step's line lies in, outside the tiles, too.
+    const GridRect& area() const { return m_area; }
+
     /// Draws a line from where the stroke is.
     void lineTo(int x, int y);
 
@@ -37,6 +41,7 @@ private:
     int m_y;
     std::map<std::size_t, TileBytes> m_before;
     std::vector<int> m_changed;
+    GridRect m_area;
 };
 
 } // namespace kestrel

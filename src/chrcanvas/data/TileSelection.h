@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "chrcanvas/data/GridRect.h"
 #include "chrcanvas/data/TileShape.h"
-
-#include <QRect>
 
 #include <cstddef>
 #include <vector>
@@ -16,6 +15,11 @@ class TileSelection {
 public:
     static constexpr int None = -1;
 
+    TileSelection() = default;
+
+    /// The rectangle with these two cells at opposite corners.
+    TileSelection(int anchor, int current);
+
     int anchor() const { return m_anchor; }
     int current() const { return m_current; }
     bool isEmpty() const { return m_current < 0; }
@@ -27,7 +31,7 @@ public:
     void clear();
 
     /// The selected cells: columns and rows.
-    QRect cells() const;
+    GridRect cells() const;
 
     /// The numbers of the selected tiles of `tileCount`, row by row; rows without tiles left out.
     std::vector<std::vector<int>> rows(std::size_t tileCount) const;

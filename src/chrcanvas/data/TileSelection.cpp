@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "chrcanvas/views/TileSelection.h"
+#include "chrcanvas/data/TileSelection.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace kestrel {
+
+TileSelection::TileSelection(int anchor, int current)
+    : m_anchor(anchor)
+    , m_current(current) {}
 
 void TileSelection::set(int cell) {
     m_anchor = cell;
@@ -22,22 +27,24 @@ void TileSelection::clear() {
     set(None);
 }
 
-QRect TileSelection::cells() const {
+GridRect TileSelection::cells() const {
     if (isEmpty()) {
         return {};
     }
-    const QPoint first(m_anchor % TilesPerRow, m_anchor / TilesPerRow);
-    const QPoint last(m_current % TilesPerRow, m_current / TilesPerRow);
-    return {QPoint(std::min(first.x(), last.x()), std::min(first.y(), last.y())),
-            QPoint(std::max(first.x(), last.x()), std::max(first.y(), last.y()))};
+    const int anchorColumn = m_anchor % TilesPerRow;
+    const int anchorRow = m_anchor / TilesPerRow;
+    const int column = m_current % TilesPerRow;
+    const int row = m_current / TilesPerRow;
+    return {std::min(anchorColumn, column), std::min(anchorRow, row),
+            std::abs(anchorColumn - column) + 1, std::abs(anchorRow - row) + 1};
 }
 
 std::vector<std::vector<int>> TileSelection::rows(std::size_t tileCount) const {
     std::vector<std::vector<int>> rows;
-    const QRect selected = cells();
-    for (int y = selected.top(); y <= selected.bottom(); ++y) {
+    const GridRect selected = cells();
+    for (int y = selected.y; y < selected.y + selected.height; ++y) {
         std::vector<int> row;
-        for (int x = selected.left(); x <= selected.right(); ++x) {
+        for (int x = selected.x; x < selected.x + selected.width; ++x) {
             const int number = y * TilesPerRow + x;
             if (static_cast<std::size_t>(number) < tileCount) {
                 row.push_back(number);
