@@ -2,7 +2,6 @@
 #pragma once
 
 #include "chrcanvas/data/RgbColor.h"
-#include "widgets/DevicePixels.h"
 
 #include <QColor>
 #include <QFont>
@@ -43,7 +42,6 @@ private:
     void frame(const QRectF& rect, double width, const QBrush& brush);
 
     QPainter& m_painter;
-    DevicePixels m_pixels;
     QFont m_font;
     QColor m_frame;
 };

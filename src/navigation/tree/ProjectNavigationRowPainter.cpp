@@ -4,39 +4,24 @@
 #include "icons/Icons.h"
 #include "navigation/tree/NodeRoot.h"
 #include "navigation/tree/ProjectNavigationModel.h"
+#include "widgets/Contrast.h"
 
 #include <QApplication>
 #include <QPainter>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <utility>
 
 namespace kestrel {
 
 namespace {
 
-/// Relative luminance and contrast ratio as in WCAG 2.1, "relative luminance", "contrast ratio".
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-    const double first = luminance(one) + 0.05;
-    const double second = luminance(other) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
-
 /// Pure red on a light background; else the first red with enough contrast, or the one with the
 /// most.
 QColor readableRed(const QColor& background, bool light) {
     static constexpr std::array<QRgb, 4> Reds = {0xffff6b6b, 0xffffb3b3, 0xff500000, 0xffff0000};
-    constexpr double Enough = 4.5; // WCAG 2.1, success criterion 1.4.3
+    constexpr double Enough = 4.5; // WCAG 2, success criterion 1.4.3
     if (light) {
         return Qt::red;
     }
