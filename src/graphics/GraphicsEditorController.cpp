@@ -227,8 +227,7 @@ bool GraphicsEditorController::canPerform(EditCommand command) const {
     case EditCommand::copy:
         return m_document->canCopy();
     case EditCommand::paste:
-        return m_document->canCopy() &&
-               TileClipboard::mayHoldTiles(QGuiApplication::clipboard()->mimeData());
+        return m_document->canCopy() && mayHoldTiles(QGuiApplication::clipboard()->mimeData());
     case EditCommand::selectAll:
         return true;
     }
@@ -266,12 +265,12 @@ void GraphicsEditorController::perform(EditCommand command) {
 void GraphicsEditorController::copyTiles() const {
     // The clipboard takes the content over.
     QGuiApplication::clipboard()->setMimeData(
-        TileClipboard::content(m_document->copy(), paletteColors(*m_colors)).release());
+        clipboardContent(m_document->copy(), paletteColors(*m_colors)).release());
 }
 
 void GraphicsEditorController::pasteTiles() {
     const PastedTiles pasted =
-        TileClipboard::tiles(QGuiApplication::clipboard()->mimeData(), paletteColors(*m_colors));
+        tilesOf(QGuiApplication::clipboard()->mimeData(), paletteColors(*m_colors));
     if (pasted.clip) {
         m_document->paste(*pasted.clip);
     } else {
