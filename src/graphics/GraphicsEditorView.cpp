@@ -80,7 +80,7 @@ void GraphicsEditorView::nameViews() {
 QToolBar* GraphicsEditorView::makeToolBar() {
     auto* toolBar = new QToolBar(this);
     name(*toolBar, "graphicsTools", tr("Tools"));
-    // The toolkit's own button for the tools that a narrow row has no room for.
+    // QToolBar's own button for the tools that a narrow row has no room for.
     for (QWidget* more : toolBar->findChildren<QWidget*>(QStringLiteral("qt_toolbar_ext_button"))) {
         more->setAccessibleName(tr("More tools"));
     }

@@ -7,8 +7,7 @@ class QAction;
 
 namespace kestrel {
 
-/// What the window's menus ask of the pane that is shown. A pane without files to save or commands
-/// of its own need not be one.
+/// A pane with a file to save, or with commands of its own for the window's menus.
 class EditorPane {
 public:
     EditorPane() = default;

@@ -103,7 +103,7 @@ protected:
         viewer->scrollToTile(tile);
         m_pane->pixelEditor->setFocus();
         const QImage shown = picture(viewer);
-        const int size = viewer->zoom() * TileSide; // in pixels of the screen, like the image
+        const int size = viewer->zoom() * TileSide; // in device pixels, like the image
         const QRect rect(tile % 16 * size, tile / 16 * size - viewer->verticalScrollBar()->value(),
                          size, size);
         const QColor mark = tiles()->palette().color(QPalette::Active, QPalette::Text);

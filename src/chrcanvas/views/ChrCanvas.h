@@ -35,7 +35,7 @@ public:
     TileDocument& document() const { return *m_document; }
     void setDocument(std::shared_ptr<TileDocument> document);
 
-    /// Who is told of edits; not owned. Whoever sets itself takes itself back when it goes first.
+    /// The receiver of edits; not owned. One that is destroyed first sets null before.
     ChrCanvasProtocol* delegate() const { return m_delegate; }
     virtual void setDelegate(ChrCanvasProtocol* delegate);
 
@@ -52,7 +52,7 @@ public:
     const std::vector<int>& selectedTiles() const { return m_document->selectedTiles(); }
     virtual void setSelectedTiles(std::vector<int> tileNumbers);
 
-    /// The value that the next stroke paints; any other than 0 to 3 is not taken.
+    /// The value, 0 to 3, that the next stroke paints; setting any other does nothing.
     int currentColorBox() const { return m_colorBox; }
     virtual void setCurrentColorBox(int colorBox);
 
@@ -64,7 +64,7 @@ public:
     void setPixelGridShown(bool shown);
     void setTileGridShown(bool shown);
 
-    /// Pixels of the screen that a pixel is wide.
+    /// The width of a pixel in device pixels.
     int zoom() const { return m_zoom; }
     /// Enlarges or reduces by one step.
     void zoomIn();
@@ -72,12 +72,12 @@ public:
     /// Enlarges as much as shows all selected tiles; kept up until the next zoomIn() or zoomOut().
     void zoomToFit();
 
-    /// Where a pixel is drawn and which one is drawn there, in the viewport's units. Positions
+    /// Where a pixel is drawn in the viewport, and which one is drawn at a position. Positions
     /// beside the tiles give pixels outside the shape.
     QRect pixelRect(const QPoint& pixel) const;
     QPoint pixelAt(const QPointF& position) const;
 
-    /// The pixel that the keyboard is at; the pointer moves it, too.
+    /// The pixel of the keyboard's cursor, which the pointer moves, too.
     const QPoint& cursorPixel() const { return m_cursor; }
 
     void tilesChanged(const std::vector<int>& tileNumbers,

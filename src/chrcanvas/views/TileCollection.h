@@ -33,8 +33,7 @@ public:
     TileDocument& document() const { return *m_document; }
     void setDocument(std::shared_ptr<TileDocument> document);
 
-    /// Who is told of selections; not owned. Whoever sets itself takes itself back when it goes
-    /// first.
+    /// The receiver of selections; not owned. One that is destroyed first sets null before.
     TileCollectionDelegate* delegate() const { return m_delegate; }
     virtual void setDelegate(TileCollectionDelegate* delegate);
 
@@ -49,7 +48,7 @@ public:
     /// Shows faint lines between the tiles, or hides them.
     void setGridShown(bool shown);
 
-    /// Draws all tiles again, and selects the tile that selectTile() was asked for in vain.
+    /// Draws all tiles again, and selects the tile that waits since selectTile() if it is there.
     virtual void reloadTiles();
 
     /// Draws these tiles again.
@@ -58,17 +57,17 @@ public:
     /// Selects one tile as if it had been clicked, the delegate is told. A number that no tile has
     /// waits, unreported, for the next reloadTiles(); what is selected stays till then.
     virtual void selectTile(int number);
-    /// Lets no number wait any longer: the tiles that it was meant for do not come.
+    /// Drops a number that waits: the tiles that it was meant for do not come.
     void forgetWaitingTile() { m_waiting.reset(); }
 
     /// Selects all tiles without scrolling; the delegate is told.
     void selectAll();
 
-    /// Where a tile is drawn and which one is drawn there, in the viewport's units.
+    /// Where a tile is drawn in the viewport, and which one is drawn at a position.
     QRect tileRect(int number) const;
     std::optional<int> tileAt(const QPointF& position) const;
 
-    /// Pixels of the screen that a tile's pixel is wide.
+    /// The width of a tile's pixel in device pixels.
     int zoom() const { return m_zoom; }
 
     void scrollToTile(int number);
