@@ -37,6 +37,10 @@ bool needsConversion(const QString& text) {
     });
 }
 
+bool isTab(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
+}
+
 } // namespace
 
 CodeEditorTextView::CodeEditorTextView(QWidget* parent)
@@ -101,8 +105,13 @@ void CodeEditorTextView::keyPressEvent(QKeyEvent* event) {
         event->matches(QKeySequence::InsertLineSeparator)) {
         insertNewline();
         event->accept();
-    } else if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier) {
-        insertTab();
+    } else if (isTab(*event)) {
+        // With a modifier it does nothing. Passed on, a widget around this one would move the focus
+        // by it, and what is typed next would go elsewhere.
+        if (event->key() == Qt::Key_Tab &&
+            (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+            insertTab();
+        }
         event->accept();
     } else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter &&
                needsConversion(event->text()) &&

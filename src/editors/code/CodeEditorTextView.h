@@ -19,7 +19,8 @@ public:
     SourceDocument& source() { return m_source; }
     const SourceDocument& source() const { return m_source; }
 
-    /// The Tab key: a tab character, in place of the selection.
+    /// The Tab key: a tab character, in place of the selection. With a modifier the key does
+    /// nothing; it never leaves the text.
     void insertTab();
 
     /// The Return key: a new line that begins with as many tabs as the caret's line has before the
