@@ -96,6 +96,19 @@ TEST_F(Keyboard, no_tab_leaves_the_code_editor) {
     EXPECT_EQ(tree().allItems().front()->subItems().size(), 5U);
 }
 
+TEST_F(Keyboard, tab_and_shift_tab_move_between_the_fields_of_the_find_bar) {
+    open("main.asm");
+    code().setFocus();
+    press(Qt::Key_F, Qt::ControlModifier);
+    ASSERT_EQ(focused(), "findTerm");
+    EXPECT_THAT(visited(5, Qt::Key_Tab),
+                ElementsAre("findPreviousButton", "findNextButton", "findMatchCase",
+                            "findWholeWords", "findCloseButton"));
+    EXPECT_THAT(visited(5, Qt::Key_Backtab, Qt::ShiftModifier),
+                ElementsAre("findWholeWords", "findMatchCase", "findNextButton",
+                            "findPreviousButton", "findTerm"));
+}
+
 TEST_F(Keyboard, f6_leaves_the_text_and_comes_back_to_it) {
     open("main.asm");
     code().setFocus();
