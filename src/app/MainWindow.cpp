@@ -2,6 +2,7 @@
 #include "app/MainWindow.h"
 
 #include "app/AppDelegate.h"
+#include "app/ButtonKeys.h"
 #include "app/MainMenu.h"
 #include "app/MainWindowController.h"
 #include "app/Window.h"
@@ -65,6 +66,7 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     const QScreen* screen = QGuiApplication::primaryScreen();
     window.resize(screen != nullptr ? FirstSize.boundedTo(screen->availableSize() * 0.9)
                                     : FirstSize);
+    new ButtonKeys(&window);
     auto* editor = new EditorContainerController(centre, &window);
     window.setCentralWidget(editor);
     editor->viewDidLoad();

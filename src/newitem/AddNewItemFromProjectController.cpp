@@ -57,10 +57,10 @@ void AddNewItemFromProjectController::buildView() {
     outlineView()->setAccessibleName(QStringLiteral("Files of the project"));
     m_cancelButton->setObjectName(QStringLiteral("cancelButton"));
     m_cancelButton->setAccessibleName(QStringLiteral("Cancel"));
-    m_cancelButton->setAutoDefault(false);
+    m_cancelButton->setAutoDefault(true); // with the focus it gets Return; without, Add does
     m_addButton->setObjectName(QStringLiteral("addButton"));
     m_addButton->setAccessibleName(QStringLiteral("Add"));
-    m_addButton->setAutoDefault(false);
+    m_addButton->setAutoDefault(true);
     m_addButton->setDefault(true);
 
     auto* filter = new QHBoxLayout;

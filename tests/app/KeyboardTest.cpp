@@ -1,6 +1,16 @@
+// SPDX-License-Identifier: MIT
 #include "app/WindowFixture.h"
-#include "editors/CodeEditorTextView.h"
+#include "editors/code/CodeEditorTextView.h"
 #include "editors/CommonEditorControllers.h"
+#include "editors/settings/BuildFileTable.h"
+#include "widgets/Sheet.h"
+
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QToolButton>
 
 #include <string>
 #include <utility>
@@ -50,10 +60,36 @@ protected:
     CommonEditorControllers& panes() const { return *editor().commonController(); }
     CodeEditorTextView& code() const { return *panes().textEditor->codeEditor; }
 
+    /// The widget of this name in the pane that is shown.
+    QWidget& widget(const char* name) const {
+        auto* found = panes().currentWidget()->findChild<QWidget*>(QLatin1String(name));
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+    void focus(const char* name) const {
+        widget(name).setFocus(Qt::TabFocusReason);
+        ASSERT_EQ(focused(), name);
+    }
+    QPushButton& saveButton() const { return dynamic_cast<QPushButton&>(widget("saveButton")); }
+
+    /// Waits until the keys go to this window or dialog, which nobody brings to the front here.
+    static bool getsKeys(QWidget* which) {
+        which->activateWindow();
+        return QTest::qWaitFor([which] { return QApplication::activeWindow() == which; });
+    }
+
     /// A key for whatever has the focus.
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         ASSERT_NE(QApplication::focusWidget(), nullptr);
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+
+    /// Presses Tab until the widget of this name has the focus.
+    static void tabTo(const std::string& name) {
+        for (int i = 0; i < 20 && focused() != name; ++i) {
+            press(Qt::Key_Tab);
+        }
+        ASSERT_EQ(focused(), name);
     }
 
     static std::string focused() {
@@ -113,6 +149,180 @@ TEST_F(Keyboard, f6_leaves_the_text_and_comes_back_to_it) {
     open("main.asm");
     code().setFocus();
     EXPECT_THAT(visited(2, Qt::Key_F6), ElementsAre("outlineView", "codeEditor"));
+}
+
+/// A press of Return or Enter, and of nothing else, on each of these.
+const std::pair<Qt::Key, Qt::KeyboardModifiers> ReturnKeys[] = {
+    {Qt::Key_Return, Qt::NoModifier}, {Qt::Key_Enter, Qt::KeypadModifier}};
+
+TEST_F(Keyboard, return_presses_the_focused_button_of_the_find_bar) {
+    home.write("Kestrel/Game/main.asm", "a b a b a");
+    open("main.asm");
+    code().setFocus();
+    press(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("a"));
+    const auto place = [this] { return code().textCursor().selectionStart(); };
+    ASSERT_EQ(place(), 0);
+    for (const auto& [key, modifiers] : ReturnKeys) {
+        focus("findTerm");
+        press(key, modifiers);
+        EXPECT_EQ(place(), 4);
+        focus("findPreviousButton");
+        press(key, modifiers);
+        EXPECT_EQ(place(), 0);
+        focus("findNextButton");
+        press(key, modifiers);
+        EXPECT_EQ(place(), 4) << "once";
+        focus("findMatchCase"); // no button that acts: there it is still the bar's own key
+        press(key, modifiers);
+        EXPECT_EQ(place(), 8);
+        press(key, modifiers);
+        EXPECT_EQ(place(), 0);
+    }
+    focus("findCloseButton");
+    press(Qt::Key_Return);
+    EXPECT_EQ(focused(), "codeEditor");
+    EXPECT_FALSE(widget("findBar").isVisible());
+    EXPECT_EQ(place(), 0);
+    EXPECT_EQ(code().toPlainText(), QStringLiteral("a b a b a"));
+}
+
+TEST_F(Keyboard, return_presses_the_button_of_the_go_to_line_bar) {
+    home.write("Kestrel/Game/main.asm", "1\n2\n3\n");
+    open("main.asm");
+    for (const auto& [key, modifiers] : ReturnKeys) {
+        code().moveCursor(QTextCursor::Start);
+        code().setFocus();
+        press(Qt::Key_L, Qt::ControlModifier);
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("3"));
+        press(Qt::Key_Tab);
+        ASSERT_EQ(focused(), "goToLineButton");
+        press(key, modifiers);
+        EXPECT_EQ(code().textCursor().blockNumber(), 2);
+        EXPECT_EQ(focused(), "codeEditor");
+    }
+}
+
+TEST_F(Keyboard, return_presses_save_in_every_pane) {
+    for (const char* name : {"main.asm", "tiles.chr", "colours.pal"}) {
+        for (const auto& [key, modifiers] : ReturnKeys) {
+            open(name);
+            const auto file = folder("Game") / name;
+            const std::string before = contentOf(file);
+            std::filesystem::remove(file);
+            saveButton().setFocus();
+            press(key, modifiers);
+            EXPECT_TRUE(std::filesystem::exists(file)) << name;
+            EXPECT_EQ(focused(), "saveButton") << name;
+            home.write("Kestrel/Game/" + std::string(name), before);
+        }
+    }
+}
+
+TEST_F(Keyboard, return_presses_a_tool_of_the_tile_editor) {
+    open("tiles.chr");
+    for (const auto& [key, modifiers] : ReturnKeys) {
+        focus("fillAreaActionButton");
+        press(key, modifiers);
+        EXPECT_TRUE(action("fillAreaAction")->isChecked());
+        focus("pencilActionButton");
+        press(key, modifiers);
+        EXPECT_TRUE(action("pencilAction")->isChecked());
+    }
+}
+
+TEST_F(Keyboard, return_presses_the_focused_button_of_the_settings_and_of_their_sheets) {
+    tree().select(tree().allItems().front());
+    auto* const list =
+        panes().projectSettings->findChild<BuildFileTable*>(QStringLiteral("codeTableView"));
+    ASSERT_NE(list, nullptr);
+    ASSERT_EQ(list->model()->rowCount(), 3);
+    list->selectRow(0);
+    for (int rows = 2; rows > 0; --rows) {
+        focus("subtractCodeEntryButton");
+        press(Qt::Key_Return);
+        EXPECT_EQ(list->model()->rowCount(), rows);
+    }
+    for (const auto& [key, modifiers] : ReturnKeys) {
+        focus("addCodeEntryButton");
+        press(key, modifiers);
+        const QPointer<Sheet> sheet = window().findChild<Sheet*>();
+        ASSERT_FALSE(sheet.isNull());
+        ASSERT_TRUE(getsKeys(sheet));
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("other"));
+        tabTo("cancelButton");
+        press(key, modifiers);
+        EXPECT_FALSE(Sheet::isOpenOn(&window()));
+        EXPECT_EQ(list->model()->rowCount(), 1);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        ASSERT_TRUE(getsKeys(&window()));
+    }
+    focus("addCodeEntryButton");
+    press(Qt::Key_Return);
+    ASSERT_TRUE(getsKeys(window().findChild<Sheet*>()));
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("other"));
+    tabTo("addButton");
+    press(Qt::Key_Return);
+    EXPECT_FALSE(Sheet::isOpenOn(&window()));
+    EXPECT_EQ(list->model()->rowCount(), 2);
+}
+
+TEST_F(Keyboard, return_presses_the_focused_button_of_a_file_panel) {
+    const auto projectFile = layOut("Other");
+    for (const auto& [key, modifiers] : ReturnKeys) {
+        action("openProjectAction")->trigger();
+        const QPointer<QFileDialog> panel = window().findChild<QFileDialog*>();
+        ASSERT_FALSE(panel.isNull());
+        ASSERT_TRUE(getsKeys(panel));
+        panel->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+            ->setText(QString::fromStdString(projectFile.string()));
+        const QString folderBefore = panel->directory().absolutePath();
+        auto* const up = panel->findChild<QToolButton*>(QStringLiteral("toParentButton"));
+        up->setFocus();
+        ASSERT_EQ(focused(), "toParentButton");
+        press(key, modifiers);
+        ASSERT_FALSE(panel.isNull());
+        ASSERT_TRUE(panel->isVisible()) << "it took the file";
+        EXPECT_NE(panel->directory().absolutePath(), folderBefore);
+        panel->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+            ->setText(QString::fromStdString(projectFile.string()));
+        panel->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->setFocus();
+        press(key, modifiers);
+        EXPECT_FALSE(Sheet::isOpenOn(&window()));
+        EXPECT_THAT(projects(), ElementsAre("Game"));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        ASSERT_TRUE(getsKeys(&window()));
+    }
+}
+
+TEST_F(Keyboard, return_presses_the_button_of_an_alert) {
+    action("aboutAction")->trigger();
+    const QPointer<QMessageBox> box = window().findChild<QMessageBox*>();
+    ASSERT_FALSE(box.isNull());
+    ASSERT_TRUE(getsKeys(box));
+    box->button(QMessageBox::Close)->setFocus();
+    press(Qt::Key_Return);
+    EXPECT_FALSE(Sheet::isOpenOn(&window()));
+}
+
+TEST_F(Keyboard, held_down_return_presses_a_button_once) {
+    open("main.asm");
+    int clicks = 0;
+    QObject::connect(&saveButton(), &QAbstractButton::clicked, &window(), [&] { ++clicks; });
+    saveButton().setFocus();
+    QKeyEvent first(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+    QApplication::sendEvent(&saveButton(), &first);
+    EXPECT_TRUE(saveButton().isDown()) << "nothing shows that the key is taken";
+    for (int i = 0; i < 3; ++i) {
+        for (const auto type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+            QKeyEvent again(type, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+            QApplication::sendEvent(&saveButton(), &again);
+        }
+    }
+    QKeyEvent last(QEvent::KeyRelease, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+    QApplication::sendEvent(&saveButton(), &last);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_FALSE(saveButton().isDown());
 }
 
 } // namespace

@@ -1,6 +1,7 @@
+# SPDX-License-Identifier: MIT
 """Journeys about keys that must not carry out what nobody asked for."""
 from desktop import wait_for
-from support import JourneyTestCase
+from support import PROGRAM, JourneyTestCase, contents
 
 
 class KeysTest(JourneyTestCase):
@@ -43,3 +44,63 @@ class KeysTest(JourneyTestCase):
         self.assertEqual(kestrel.rows(), rows)
         self.assertEqual(kestrel.quit(), 0)
         self.assertEqual((folder / "other.asm").read_bytes(), b"")
+
+    def tab_to(self, role, name):
+        """Presses Tab until a widget of the dialog has the focus."""
+        for _ in range(10):
+            if self.focused(role, name):
+                return
+            before = self.focus()
+            self.desktop.press("Tab")
+            wait_for("the focus to move", lambda before=before: self.focus() not in ([], before))
+        self.fail(f"Tab does not reach “{name}”")
+
+    def focus(self):
+        """What tells the focused widget of the dialog from the others."""
+        return [(widget.role, widget.name) for widget in self.kestrel.dialog().find_all() if widget.is_("focused")]
+
+    def name_existing_file(self):
+        """Opens the wizard and types the name of a file that is there, by keys alone."""
+        self.desktop.press("ctrl+n")
+        self.kestrel.wait_for_dialog()
+        self.desktop.press("Return")
+        self.wait_for_focus("text", "Name")
+        self.desktop.type("main.asm")
+        wait_for("the name", lambda: self.kestrel.dialog().find("text", "Name").text() == "main.asm")
+
+    def test_return_on_a_focused_button_presses_that_button(self):
+        kestrel = self.kestrel
+        folder = self.make_project()
+        kestrel.save_code(folder / "main.asm", PROGRAM)
+        rows, files = kestrel.rows(), contents(folder)
+        self.desktop.keys_only = True
+        for key in ("Return", "KP_Enter"):
+            self.name_existing_file()
+            self.tab_to("push button", "Cancel")
+            self.desktop.press(key)
+            kestrel.wait_for_no_dialog()
+            self.assertEqual(kestrel.rows(), rows)
+            self.assertEqual(contents(folder), files)
+
+            self.name_existing_file()
+            self.tab_to("push button", "Back")
+            self.desktop.press(key)
+            wait_for("the kinds", lambda: self.kestrel.dialog().find(None, "Palette Data"))
+            self.tab_to("push button", "Cancel")
+            self.desktop.press(key)
+            kestrel.wait_for_no_dialog()
+        self.desktop.keys_only = False
+        self.assertEqual(kestrel.rows(), rows)
+
+        kestrel.select("Demo")
+        for key in ("Return", "KP_Enter"):
+            kestrel.press_button("Add graphics file")
+            kestrel.wait_for_dialog()
+            self.wait_for_focus("text", "Filter")
+            self.desktop.type("other")
+            kestrel.button("Add", kestrel.dialog())  # the file is selected
+            self.tab_to("push button", "Cancel")
+            self.desktop.press(key)
+            kestrel.wait_for_no_dialog()
+        self.assertEqual(kestrel.quit(), 0)
+        self.assertEqual(contents(folder), files)
