@@ -136,7 +136,7 @@ const char* applyUnary(OpCode code, Value& value) {
         break;
     default:
         if (value.bank == NoBank) {
-            return "BANK() needs a label that lies in a bank; there is none in this expression";
+            return "BANK() needs a label in a bank; there is none in this expression";
         }
         if (value.bank == SeveralBanks) {
             return "BANK() needs one label; there are several in this expression";
