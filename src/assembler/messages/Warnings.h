@@ -33,17 +33,17 @@ struct WarningRow {
 };
 
 inline constexpr std::array<WarningRow, WarningCount> WarningTable{{
-    {"odd-number", true, "a $ without a hexadecimal digit behind it counts as 0"},
-    {"file-case", true, "a file was found only under another spelling of its letters' case"},
-    {"value-truncated", true, "a value in .db or .dw does not fit and was cut"},
+    {"odd-number", true, "a $ without a hexadecimal digit after it counts as 0"},
+    {"file-case", true, "a file was found only by ignoring the case of letters"},
+    {"value-truncated", true, "a value in .db or .dw does not fit and was truncated"},
     {"jmp-indirect-page-end", true,
      "JMP [$xxFF] takes its high byte from the start of the same page"},
     {"unused-bank-gap", true, "the header and the banks used disagree"},
     {"shadowed-symbol", true, "a symbol is named like an instruction or a function"},
     {"user-warning", true, "the source asked for it with .warning"},
     {"odd-chr-size", true, "a .chr file does not hold whole tiles"},
-    {"overwrite", false, "bytes are written where bytes had been written"},
-    {"zero-page-possible", false, "an absolute operand lies in the zero page"},
+    {"overwrite", false, "bytes overwrite earlier ones"},
+    {"zero-page-possible", false, "an absolute operand is in the zero page"},
     {"unused-symbol", false, "a symbol is defined and never used"},
     {"missing-hash", false, "an operand looks like a number whose # was forgotten"},
 }};
