@@ -76,7 +76,7 @@ void Assembler::checkVectors() {
     const std::string last = std::to_string(prgBanks - 1);
     m_assembly->diagnostics.warning(
         Warning::unusedBankGap, m_assembly->headerPosition,
-        "nothing was written in bank " + last +
+        "nothing was written to bank " + last +
             ", the last of the program, where the vectors belong: .org never changes the bank; is "
             "a .bank " +
             last + " missing?");

@@ -57,7 +57,7 @@ std::string addDefinition(std::string_view text, Options& options) {
         return "-D needs the name of a symbol, not " + quoted(name);
     }
     if (!value) {
-        return "-D " + std::string(name) + " needs a number behind the =, as in $20, not " +
+        return "-D " + std::string(name) + " needs a number after the =, as in $20, not " +
                quoted(text.substr(sign + 1));
     }
     const bool isTaken = std::any_of(options.definitions.begin(), options.definitions.end(),

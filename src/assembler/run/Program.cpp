@@ -35,7 +35,7 @@ bool isFree(const std::string& path, const Assembler& assembler, const TextSink&
         return true;
     }
     sink(printable("error: the output '" + path +
-                   "' is one of the files that are read: it is left alone") +
+                   "' is also an input file: it was not overwritten") +
          "\n");
     return false;
 }
