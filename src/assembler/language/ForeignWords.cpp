@@ -10,6 +10,7 @@ namespace nesasm {
 
 namespace {
 
+/// A word of another assembler or processor, and what to write instead.
 struct ForeignWord {
     std::string_view word;
     std::string_view advice;

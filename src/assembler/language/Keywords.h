@@ -98,8 +98,10 @@ inline constexpr std::array<DirectiveName, 39> DirectiveTable{{
     {"zp", Directive::zp, false},
 }};
 
+/// The functions of expressions.
 enum class Function : std::uint8_t { low, high, bank, page, sizeOf };
 
+/// A function's name, in lower case.
 struct FunctionName {
     std::string_view name;
     Function function;
@@ -111,7 +113,7 @@ inline constexpr std::array<FunctionName, 5> FunctionTable{{{"low", Function::lo
                                                             {"page", Function::page},
                                                             {"sizeof", Function::sizeOf}}};
 
-/// What a word means to the assembler, whatever the case of its letters.
+/// What a word means to the assembler; letter case does not matter.
 struct Keyword {
     enum class Kind : std::uint8_t { none, directive, instruction };
 
@@ -119,7 +121,7 @@ struct Keyword {
     std::uint8_t id = 0; ///< a Directive, or an index into InstructionTable
 };
 
-/// Looks up a word as it stands in the source, with its leading dot if it has one. Some directives
+/// Looks up a word as written in the source, with its leading dot if it has one. Some directives
 /// are known without the dot, instructions never have one.
 Keyword findKeyword(std::string_view word);
 

@@ -8,6 +8,7 @@
 
 namespace nesasm {
 
+/// The warnings; WarningTable has their names.
 enum class Warning : std::uint8_t {
     oddNumber,
     fileCase,
@@ -24,8 +25,8 @@ enum class Warning : std::uint8_t {
 };
 inline constexpr std::size_t WarningCount = 12;
 
-/// A row for each Warning, in its order: the name that is printed with it, whether it is on when
-/// nobody said anything, and what it is about.
+/// A row for each Warning, in its order: the name that is printed with it, whether it is on
+/// without an option, and what it warns of.
 struct WarningRow {
     std::string_view name;
     bool onByDefault;

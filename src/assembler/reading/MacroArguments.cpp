@@ -30,8 +30,8 @@ const char* argumentEnd(const char* p) {
     return p;
 }
 
-/// When `p` is at ", x" or ", y" and nothing else comes before the next comma: the place behind it.
-const char* behindIndex(const char* p) {
+/// When `p` is at ", x" or ", y" and nothing else comes before the next comma: the place after it.
+const char* afterIndex(const char* p) {
     if (*p != ',') {
         return p;
     }
@@ -39,8 +39,8 @@ const char* behindIndex(const char* p) {
     if (lowered(*letter) != 'x' && lowered(*letter) != 'y') {
         return p;
     }
-    const char* const behind = skipBlanks(letter + 1);
-    return *behind == ',' || endsStatement(*behind) ? behind : p;
+    const char* const after = skipBlanks(letter + 1);
+    return *after == ',' || endsStatement(*after) ? after : p;
 }
 
 std::string_view trimmed(const char* begin, const char* end) {
@@ -71,13 +71,13 @@ bool isIndirect(std::string_view text) {
             break;
         }
     }
-    std::string behind;
+    std::string after;
     for (const char c : text.substr(std::min(close + 1, text.size()))) {
         if (!isBlank(c)) {
-            behind += lowered(c);
+            after += lowered(c);
         }
     }
-    return behind.empty() || behind == ",y";
+    return after.empty() || after == ",y";
 }
 
 } // namespace
@@ -110,8 +110,8 @@ bool MacroArguments::read(const char*& p) {
         const char* const begin = p;
         p = argumentEnd(p);
         if (!trimmed(begin, p).empty()) {
-            for (const char* behind = behindIndex(p); behind != p; behind = behindIndex(p)) {
-                p = behind;
+            for (const char* after = afterIndex(p); after != p; after = afterIndex(p)) {
+                p = after;
             }
         }
         if (m_count == LargestCount) {

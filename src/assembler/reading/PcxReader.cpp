@@ -10,6 +10,7 @@ namespace {
 constexpr std::size_t HeaderSize = 128;
 constexpr std::size_t TileSize = 16;
 
+/// What a PCX file's header says of its picture.
 struct Picture {
     std::size_t width = 0;
     std::size_t height = 0;

@@ -36,7 +36,7 @@ public:
 
     /// The banks and the header, complete after Result::Built.
     const Image& image() const;
-    /// All that is known of the run, for what is written beside the image.
+    /// The state of the run, for the files that are written beside the image.
     const Assembly& assembly() const { return *m_assembly; }
     /// True when `identity` is one of the files that were read.
     bool hasRead(const FileIdentity& identity) const;

@@ -6,7 +6,7 @@
 
 namespace nesasm {
 
-/// What a byte of source text may be, as bits; see CharacterClasses.
+/// The classes that a byte of source text can belong to, as bits; see CharacterClasses.
 enum CharacterClass : std::uint8_t {
     blankClass = 1,
     lineEndClass = 2,
@@ -60,7 +60,7 @@ constexpr bool isDigit(char c) {
     return isOfClass(c, digitClass);
 }
 
-/// The letter in lower case; other bytes below $80 stay recognisable as no letters.
+/// The letter in lower case; no other byte becomes a letter.
 constexpr char lowered(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
 }
@@ -98,7 +98,7 @@ inline const char* lineEnd(const char* p) {
     return p;
 }
 
-/// True where a word can start: a letter, an underscore, or a dot with a word character behind it.
+/// True where a word can start: a letter, an underscore, or a dot before a word character.
 inline bool startsName(const char* p) {
     return isWordStart(*p) || (*p == '.' && (isWordStart(p[1]) || isDigit(p[1])));
 }

@@ -7,6 +7,7 @@ namespace nesasm {
 
 namespace {
 
+/// An operand on the stack of evaluate().
 struct Value {
     std::int64_t number;
     std::int32_t bank;
@@ -147,7 +148,7 @@ const char* applyUnary(OpCode code, Value& value) {
     return nullptr;
 }
 
-/// Fetches an operand; returns what keeps it from being known.
+/// Fetches an operand; returns why its value is not known.
 Evaluation::Status fetch(const Operation& operation, const SymbolTable& symbols, Value& value) {
     using Status = Evaluation::Status;
     if (operation.code == OpCode::literal || operation.code == OpCode::here) {
