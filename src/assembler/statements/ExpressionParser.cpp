@@ -221,8 +221,9 @@ bool ExpressionParser::primary() {
             "a string can stand only in .db and as a file name; a single character is written 'c'");
     default:
         // The operator before it may be half of a comment's mark.
-        return fail(m_p, "a value was expected, but " + foundText(m_p) + " was found" +
-                             (*m_p == '/' ? commentRemedy(m_p - 1) : ""));
+        return fail(
+            m_p, "a value was expected, but " + foundText(m_p) + " was found" +
+                     (*m_p == '/' && m_p != m_assembly.line.begin ? commentRemedy(m_p - 1) : ""));
     }
 }
 
