@@ -18,7 +18,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 OPERATORS = ["-", "+", "~", "!", "*", "/", "%", "<<", ">>", "<", "<=", ">", ">=", "=", "==", "!=", "<>", "&", "^",
              r"\|", "&&", r"\|\|"]
-# Sources whose texts go into files, or stand in the manual's table of warnings, or are advice behind a semicolon.
+# Sources whose texts go into files, or stand in the manual's table of warnings, or are advice after a semicolon.
 NO_MESSAGES = {"DbgFile.cpp", "DebugLabels.cpp", "LabelFiles.cpp", "Listing.cpp", "Warnings.h", "ForeignWords.cpp"}
 # What a value is for, names of options, of files and of variables, a part of the summary, parts of advice.
 NO_TEXT = re.compile(r"the \w+ of \.\w+|the fill byte|--[a-z- ]+|\S+|\(off by default\)|, without the dot|needs an address|"
@@ -156,7 +156,7 @@ def dot_picture():
 
 
 def assembled(text, program):
-    """What the assembler says of an example, and the bytes behind its header."""
+    """What the assembler says of an example, and the bytes after its header."""
     with tempfile.TemporaryDirectory() as folder:
         Path(folder, "game.asm").write_text(text)
         Path(folder, "more.asm").write_text("answer: .db 42\n")

@@ -46,7 +46,7 @@ constexpr std::array<ForeignWord, 80> ForeignWords{{
     {"bra", "use JMP"}, {"jp", "use JMP"}, {"goto", "use JMP"},
     {"call", "use JSR"}, {"bsr", "use JSR"}, {"ret", "use RTS"},
     {"blt", "use BCC after CMP"}, {"bge", "use BCS after CMP"},
-    {"bgt", "after CMP use BEQ to skip a BCS"}, {"bz", "use BEQ"}, {"bnz", "use BNE"},
+    {"bgt", "use BEQ to skip a BCS, after CMP"}, {"bz", "use BEQ"}, {"bnz", "use BNE"},
     {"stz", "use LDA #0 and STA"}, {"phx", "use TXA and PHA"}, {"phy", "use TYA and PHA"},
     {"plx", "use PLA and TAX"}, {"ply", "use PLA and TAY"},
     {"xor", "use EOR"}, {"or", "use ORA"}, {"mov", "use LDA and STA"},

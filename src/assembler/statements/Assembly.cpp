@@ -50,13 +50,13 @@ bool Assembly::expectEnd(const char* p, std::string_view remedy) {
         return true;
     }
     const bool isIndex = (lowered(*p) == 'x' || lowered(*p) == 'y') && !isWordPart(p[1]);
-    std::string text = "the statement should end here, but " + foundText(p) + " follows";
+    std::string text = "expected the end of the statement, found " + foundText(p);
     if (!remedy.empty()) {
         text += remedy;
     } else if (isIndex) {
         text += "; a comma belongs before an index";
     } else {
-        text += *p == ':' ? "; a colon stands only where a label is defined" : commentRemedy(p);
+        text += *p == ':' ? "; only the definition of a label has a colon" : commentRemedy(p);
     }
     error(p, std::move(text));
     return false;
@@ -76,10 +76,8 @@ void Assembly::reportExcess(std::size_t excess, const char* p) {
         return;
     }
     const std::string name = image.section() == Section::bss ? ".bss" : ".zp";
-    error(
-        p,
-        name +
-            " only reserves RAM: code and data belong behind .code or .data (use .ds to reserve)");
+    error(p,
+          name + " only reserves RAM: code and data belong in .code or .data (use .ds to reserve)");
 }
 
 void Assembly::noteMove() {
@@ -112,10 +110,9 @@ void Assembly::reportPlaces() {
     }
     for (const Overwriting& each : m_overwritings) {
         diagnostics.warning(Warning::overwrite, each.position,
-                            counted(each.bytes.count, "byte") + ", from bank " +
-                                std::to_string(each.bytes.bank) + " offset " +
-                                hexText(each.bytes.offset) +
-                                " on, had been written before: the later bytes win");
+                            "this overwrites " + counted(each.bytes.count, "byte") +
+                                ", from bank " + std::to_string(each.bytes.bank) + " offset " +
+                                hexText(each.bytes.offset) + " on: the later bytes win");
     }
 }
 

@@ -48,8 +48,8 @@ void DataDirectives::data(Field field, const char* p) {
         p = skipBlanks(p);
         if (*p != ',') {
             if (!endsStatement(*p)) {
-                m_assembly.error(p, "a comma or the end of the statement was expected, but " +
-                                        foundText(p) + " was found");
+                m_assembly.error(p, "expected a comma or the end of the statement, found " +
+                                        foundText(p));
             }
             return;
         }
@@ -120,9 +120,9 @@ void DataDirectives::pad(const char* p) {
     }
     if (static_cast<std::uint32_t>(*address) < m_assembly.here) {
         m_assembly.error(
-            start, "the address of .pad lies " +
+            start, "the address of .pad is " +
                        counted(m_assembly.here - static_cast<std::uint32_t>(*address), "byte") +
-                       " behind the present one");
+                       " before the current address");
         return;
     }
     alignOrPadTo(std::int64_t{*address} - m_assembly.here, start, p);

@@ -42,8 +42,8 @@ bool endsOddNumber(char c) {
 /// What to do about a letter behind the digits of a number.
 std::string numberRemedy(unsigned base, char letter) {
     if (base != 10) {
-        return base == 2 ? "; behind % only 0 and 1 are digits"
-                         : "; behind $ only 0 to 9 and A to F are digits";
+        return base == 2 ? "; a binary number has only the digits 0 and 1"
+                         : "; a hexadecimal number has only the digits 0 to 9 and A to F";
     }
     if (lowered(letter) == 'b') {
         return "; a binary number begins with %, as in %1010";
@@ -162,7 +162,7 @@ bool ExpressionParser::unary(bool lowHigh) {
     case '>': {
         const char* const at = m_p;
         if (*at != '+' && !lowHigh) {
-            return fail(at, "a value was expected, not '" + std::string(1, *at) +
+            return fail(at, "expected a value, found '" + std::string(1, *at) +
                                 "'; LOW() and HIGH() take a byte of a value");
         }
         if (++m_nesting > DeepestNesting) {
@@ -204,7 +204,7 @@ bool ExpressionParser::primary() {
     case '%': {
         const char* const begin = m_p++;
         if (*m_p != '0' && *m_p != '1') {
-            return fail(begin, "a binary number needs digits 0 or 1 behind its %");
+            return fail(begin, "a binary number needs digits 0 or 1 after its %");
         }
         return digits(2, begin);
     }
@@ -216,13 +216,12 @@ bool ExpressionParser::primary() {
         ++m_p;
         return push(OpCode::here, m_assembly.here, m_p - 1);
     case '"':
-        return fail(
-            m_p,
-            "a string can stand only in .db and as a file name; a single character is written 'c'");
+        return fail(m_p, "a string is allowed only in .db and as a file name; a single character "
+                         "is written 'c'");
     default:
         // The operator before it may be half of a comment's mark.
         return fail(
-            m_p, "a value was expected, but " + foundText(m_p) + " was found" +
+            m_p, "expected a value, found " + foundText(m_p) +
                      (*m_p == '/' && m_p != m_assembly.line.begin ? commentRemedy(m_p - 1) : ""));
     }
 }
@@ -237,7 +236,7 @@ bool ExpressionParser::parenthesized() {
     }
     --m_nesting;
     if (*m_p != ')') {
-        return fail(m_p, "a ')' was expected, but " + foundText(m_p) + " was found");
+        return fail(m_p, "expected ')', found " + foundText(m_p));
     }
     ++m_p;
     return true;
@@ -248,7 +247,7 @@ bool ExpressionParser::word() {
     m_p = wordEnd(begin);
     const std::string_view name(begin, static_cast<std::size_t>(m_p - begin));
     if (name == ".") {
-        return fail(begin, "a value was expected, but '.' was found");
+        return fail(begin, "expected a value, found '.'");
     }
     if (name.size() >= 3 && name.size() <= 6) {
         const char* const next = skipBlanks(m_p);
@@ -282,15 +281,14 @@ bool ExpressionParser::function(Function function, const char* at) {
     }
     const char* const begin = m_p;
     if (!startsName(begin)) {
-        return fail(begin,
-                    "SIZEOF() needs the name of a label, but " + foundText(begin) + " was found");
+        return fail(begin, "SIZEOF() needs the name of a label, found " + foundText(begin));
     }
     m_p = wordEnd(begin);
     const SymbolId id = m_assembly.intern({begin, static_cast<std::size_t>(m_p - begin)});
     ++m_assembly.symbols[id].uses;
     m_p = skipBlanks(m_p);
     if (*m_p != ')') {
-        return fail(m_p, "a ')' was expected, but " + foundText(m_p) + " was found");
+        return fail(m_p, "expected ')', found " + foundText(m_p));
     }
     ++m_p;
     return push(OpCode::sizeOf, id, begin);
@@ -309,7 +307,7 @@ bool ExpressionParser::hexadecimal() {
         ++m_p;
     }
     m_assembly.warn(Warning::oddNumber, begin,
-                    "there is no hexadecimal digit behind this $: '" + std::string(begin, m_p) +
+                    "there is no hexadecimal digit after this $: '" + std::string(begin, m_p) +
                         "' counts as 0");
     return push(OpCode::literal, 0, begin);
 }
@@ -352,9 +350,8 @@ bool ExpressionParser::digits(unsigned base, const char* begin) {
 bool ExpressionParser::character() {
     const char* const begin = m_p;
     if (isLineEnd(m_p[1]) || m_p[2] != '\'') {
-        return fail(
-            begin,
-            "one character between quotes was expected, as in 'A'; a text stands in double quotes");
+        return fail(begin, "expected one character between quotes, as in 'A'; strings are written "
+                           "in double quotes");
     }
     m_p += 3;
     return push(OpCode::literal, static_cast<unsigned char>(begin[1]), begin);
@@ -423,7 +420,7 @@ std::string ExpressionParser::unknownText(const Evaluation& result, const char* 
         return text.append("define it further up").append(remedyForSymbol(m_assembly, symbol));
     }
     return text += isSize
-                       ? "it is known when the label's own line has ended"
+                       ? "it is known only after the label's own line"
                        : "it is made from a symbol that is not known yet; define that one above it";
 }
 

@@ -66,7 +66,7 @@ bool FlowDirectives::isTrue(Directive directive, const char* p) {
 
 bool FlowDirectives::isDefined(const char* p) {
     if (!startsName(p)) {
-        m_assembly.error(p, "a name was expected, but " + foundText(p) + " was found");
+        m_assembly.error(p, "expected a name, found " + foundText(p));
         return false;
     }
     const char* const end = wordEnd(p);
@@ -95,7 +95,7 @@ void FlowDirectives::report(Conditionals::Answer answer, const char* name, const
     if (answer == Conditionals::Answer::noIf) {
         m_assembly.error(at, std::string(name) + " without an .if before it in this file or macro");
     } else if (answer == Conditionals::Answer::afterElse) {
-        m_assembly.error(at, std::string(name) + " behind the .else of the same .if");
+        m_assembly.error(at, std::string(name) + " after the .else of the same .if");
     }
 }
 
@@ -116,7 +116,7 @@ void FlowDirectives::message(Directive directive, const char* at, const char* p)
         assertion(at, p);
         return;
     }
-    std::optional<std::string> said = "the source gives up here (.fail)";
+    std::optional<std::string> said = "the source stops the build here (.fail)";
     if (directive != Directive::fail || !endsStatement(*p)) {
         said = text(p);
     }
@@ -133,8 +133,7 @@ void FlowDirectives::message(Directive directive, const char* at, const char* p)
 std::optional<std::string> FlowDirectives::text(const char*& p) {
     const char* const start = p;
     if (*p != '"') {
-        m_assembly.error(p, "a text in double quotes was expected, but " + foundText(p) +
-                                " was found");
+        m_assembly.error(p, "expected a string in double quotes, found " + foundText(p));
         return std::nullopt;
     }
     std::string said;
@@ -161,7 +160,7 @@ void FlowDirectives::assertion(const char* at, const char* p) {
     if (result.status == Evaluation::Status::unknown) {
         expression = m_parser.defer(at);
     }
-    std::optional<std::string> said = "the assertion does not hold";
+    std::optional<std::string> said = "the assertion failed";
     if (*p == ',') {
         p = skipBlanks(p + 1);
         said = text(p);

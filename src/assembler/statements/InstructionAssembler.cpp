@@ -80,8 +80,7 @@ InstructionAssembler::readOperand(const Instruction& instruction, const char*& p
             return std::nullopt;
         }
         if (*p == ',') {
-            fail(p, "behind an immediate value there is no index; " +
-                        std::string(instruction.name) +
+            fail(p, "an immediate value cannot be indexed; " + std::string(instruction.name) +
                         " can be written: " + modesText(instruction));
             return std::nullopt;
         }
@@ -136,7 +135,7 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(con
         return insideIndex(p, ']');
     }
     if (*p != ']') {
-        fail(p, "a ']' was expected, but " + foundText(p) + " was found");
+        fail(p, "expected ']', found " + foundText(p));
         return std::nullopt;
     }
     ++p;
@@ -162,7 +161,7 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis
         return insideIndex(p, ')');
     }
     if (*p != ')') {
-        fail(p, "a ')' was expected, but " + foundText(p) + " was found");
+        fail(p, "expected ')', found " + foundText(p));
         return std::nullopt;
     }
     p = skipBlanks(p + 1);
@@ -195,13 +194,11 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(con
     }
     p = skipBlanks(p);
     if (*index == Index::y) {
-        fail(comma,
-             "inside the brackets only x can be the index; y stands behind them, as in [n],y");
+        fail(comma, "only x can be the index inside the brackets; y comes after them, as in [n],y");
         return std::nullopt;
     }
     if (*p != closing) {
-        fail(p, "a '" + std::string(1, closing) + "' was expected, but " + foundText(p) +
-                    " was found");
+        fail(p, "expected '" + std::string(1, closing) + "', found " + foundText(p));
         return std::nullopt;
     }
     ++p;
@@ -217,8 +214,7 @@ std::optional<InstructionAssembler::Index> InstructionAssembler::readIndex(const
     const char* const letter = skipBlanks(comma + 1);
     const bool isX = isRegister(letter, 'x');
     if (!isX && !isRegister(letter, 'y')) {
-        fail(letter,
-             "behind the comma x or y was expected, but " + foundText(letter) + " was found");
+        fail(letter, "expected X or Y after the comma, found " + foundText(letter));
         return std::nullopt;
     }
     p = letter + 1;

@@ -44,7 +44,7 @@ std::uint32_t MacroDirectives::find(std::string_view name) const {
 void MacroDirectives::defineNamedBehind(const char* p) {
     p = skipBlanks(p);
     if (!isWordStart(*p)) {
-        m_assembly.error(p, "the macro's name was expected, but " + foundText(p) + " was found");
+        m_assembly.error(p, "expected the macro's name, found " + foundText(p));
         skipBody(p);
         return;
     }
@@ -53,8 +53,7 @@ void MacroDirectives::defineNamedBehind(const char* p) {
 
 void MacroDirectives::define(std::string_view name, const char* at, const char* p) {
     const std::string_view remedy =
-        startsName(skipBlanks(p)) ? "; a macro's arguments have no names: \\1 to \\9 stand for them"
-                                  : "";
+        startsName(skipBlanks(p)) ? "; a macro's arguments have no names, they are \\1 to \\9" : "";
     if (!m_assembly.expectEnd(p, remedy)) {
         markArgumentNames(p);
     }
@@ -257,7 +256,7 @@ void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next probl
     const Position position{line.begin, line.number, column, line.origin, line.order};
     assembly.diagnostics.fatal(
         position, problem == SourceStack::Next::tooLong
-                      ? "with its arguments put in, this line of a macro is too long"
+                      ? "this line of a macro is too long with its arguments filled in"
                       : "macros, repetitions and files included again come to more lines "
                         "than can be assembled: is there one without end?");
 }

@@ -61,9 +61,9 @@ void PlaceDirectives::address(const char* p) {
         return;
     }
     const bool isBss = m_assembly.image.section() == Section::bss;
-    m_assembly.error(start, "the address " + hexText(target) + " lies outside of " +
+    m_assembly.error(start, "the address " + hexText(target) + " is outside " +
                                 (isBss ? ".bss, which ends at $800" : ".zp, which ends at $100") +
-                                (target >= PrgStart ? "; .code leads back to the program" : ""));
+                                (target >= PrgStart ? "; .code returns to the program" : ""));
 }
 
 void PlaceDirectives::section(Directive directive, const char* p) {

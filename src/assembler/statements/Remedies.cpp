@@ -90,13 +90,13 @@ std::string remedyForWord(const Assembly& assembly, std::string_view word) {
 
 std::string noSizeText(const Symbol& symbol) {
     return quoted(symbol.name) +
-           " is no label: it has no size; SIZEOF() gives the bytes on a label's own line";
+           " is not a label, so it has no size; SIZEOF() gives the bytes on a label's own line";
 }
 
 std::string remedyForSymbol(const Assembly& assembly, const Symbol& symbol) {
     const SymbolTable& symbols = assembly.symbols;
     if (isRegisterName(symbol.name)) {
-        return "; as a register it cannot stand here: TAX, TXA, TAY and TYA copy between registers";
+        return "; a register cannot be used here: TAX, TXA, TAY and TYA copy between registers";
     }
     if (isHexadecimal(symbol.name)) {
         return "; a hexadecimal number begins with $, as in $1F";
