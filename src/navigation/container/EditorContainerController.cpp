@@ -61,11 +61,7 @@ void EditorContainerController::buildView(NotificationCentre& centre) {
     tree->setMinimumWidth(SmallestTreeWidth);
     auto* panes = new CommonEditorControllers(split);
     panes->setMinimumWidth(SmallestPanesWidth);
-    panes->addWidget(new TextEditorController(panes));
-    panes->addWidget(new PaletteEditorController(panes));
-    panes->addWidget(new GraphicsEditorController(panes));
-    panes->addWidget(new ProjectSettingsController(panes));
-    panes->addWidget(new EmptyController(panes));
+    panes->addPanes();
     panes->viewDidLoad();
     // Only the panes grow with the window.
     split->setStretchFactor(0, 0);
@@ -166,13 +162,9 @@ void EditorContainerController::projectNavigation(
         m_commonController->displayProjectSettings(project);
         break;
     case FileType::text:
-        m_commonController->displayEditorController(itemSelected, project);
-        break;
     case FileType::palette:
-        m_commonController->displayPaletteEditor(itemSelected, project);
-        break;
     case FileType::graphics:
-        m_commonController->displayGraphicsEditor(itemSelected, project);
+        m_commonController->displayFile(itemSelected, project);
         break;
     case FileType::empty:
         break;
