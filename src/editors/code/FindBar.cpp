@@ -103,7 +103,7 @@ void FindBar::open() {
     const QTextCursor cursor = m_view.textCursor();
     const QString selected = cursor.selectedText();
     if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator)) {
-        m_termEdit->setText(DocumentCharacters::fromDocument(selected));
+        m_termEdit->setText(fromDocumentCharacters(selected));
     }
     show();
     m_termEdit->setFocus(Qt::ShortcutFocusReason);

@@ -82,7 +82,7 @@ void TextEditorController::loadFile(const std::filesystem::path& path) {
         writeLog("The file " + path.string() + " could not be read.");
         return;
     }
-    const std::optional<SourceText> source = SourceCodec::decode(*bytes);
+    const std::optional<SourceText> source = decodeSource(*bytes);
     if (!source) {
         writeLog("The file " + path.string() + " is no text in a known encoding.");
         return;
@@ -120,7 +120,7 @@ void TextEditorController::saveFile() {
     }
     std::optional<std::string> contents;
     if (codeEditor) {
-        contents = SourceCodec::encode({codeEditor->source().text(), m_byteOrderMark});
+        contents = encodeSource({codeEditor->source().text(), m_byteOrderMark});
     }
     if (!FileProcessor::saveTextFile(*m_path, contents)) {
         writeLog("Could not save file");
