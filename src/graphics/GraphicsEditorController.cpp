@@ -206,6 +206,10 @@ void GraphicsEditorController::savePane() {
     }
 }
 
+const CommandSet* GraphicsEditorController::commands() const {
+    return &m_view->actions().commands();
+}
+
 QList<QAction*> GraphicsEditorController::editActions() const {
     return m_view->actions().editActions();
 }

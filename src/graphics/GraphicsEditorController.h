@@ -64,7 +64,7 @@ public:
                           const std::shared_ptr<ProjectItem>& project,
                           const CompletionHandler& completionHandler);
 
-    /// Where the shown file lies; nothing when no file is shown or its project is gone.
+    /// The path of the file that is shown; nothing when no file is shown or its project is gone.
     std::optional<std::filesystem::path> filePath() const;
 
     /// Writes the tiles to the file. A failure is logged and loses nothing.
@@ -83,6 +83,7 @@ public:
                   BoxPosition boxSelected) override;
 
     void savePane() override;
+    const CommandSet* commands() const override;
     QList<QAction*> editActions() const override;
     QList<QAction*> viewActions() const override;
 

@@ -66,7 +66,7 @@ void GraphicsEditorView::nameViews() {
     name(*m_pixelEditor, "pixelEditor", tr("Pixel editor"));
     name(*m_colorSelector, "colorSelector", tr("Colours to paint with"));
     name(*m_saveButton, "saveButton", tr("Save the tiles"));
-    // Labels have no accessible names, which would be read out in place of what they say.
+    // Labels get no accessible names, which would be read out instead of their text.
     m_fileName->setObjectName(QStringLiteral("graphicsFileName"));
     m_tileInfo->setObjectName(QStringLiteral("tileInfo"));
     m_message->setObjectName(QStringLiteral("graphicsMessage"));

@@ -24,7 +24,7 @@ namespace kestrel {
 
 namespace {
 
-/// No source is longer, and the toolkit's text view would take minutes to show it.
+/// No source is longer, and Qt's text view would take minutes to show it.
 constexpr std::uintmax_t MaximumSourceSize = 128ULL * 1024 * 1024;
 
 QString displayed(const std::filesystem::path& path) {
@@ -105,7 +105,7 @@ void TextEditorController::showText(const std::filesystem::path& path, const QSt
         codeEditor->source().load(text);
         codeEditor->moveCursor(QTextCursor::Start);
         codeEditor->verticalScrollBar()->setValue(0);
-        m_goToLineBar->hide(); // it tells the former file's lines
+        m_goToLineBar->hide(); // it shows the number of lines of the former file
     }
     codeEditor->reload();
 }
@@ -143,6 +143,10 @@ void TextEditorController::keyPressEvent(QKeyEvent* event) {
 
 void TextEditorController::savePane() {
     saveFile();
+}
+
+const CommandSet* TextEditorController::commands() const {
+    return &m_actions->commands;
 }
 
 QList<QAction*> TextEditorController::editActions() const {

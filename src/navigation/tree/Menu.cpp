@@ -6,6 +6,7 @@
 #include "navigation/tree/ProjectCommand.h"
 
 #include <any>
+#include <utility>
 
 namespace kestrel {
 
@@ -14,34 +15,17 @@ Menu::Menu(NotificationCentre& centre, QWidget* parent)
     , m_centre(centre) {
     setObjectName(QStringLiteral("projectNavigationMenu"));
     setAccessibleName(tr("Project commands"));
-    for (const ProjectCommand& command : projectCommands()) {
-        QAction* action = makeAction(command);
-        const ProjectNavigationMenuClickedOptions option = command.option;
-        // Not with the menu as receiver: a menu cuts all connections of an action taken out of it.
-        connect(action, &QAction::triggered, action, [this, option] { carryOut(option); });
-        m_actions.push_back(action);
-        if (option == ProjectNavigationMenuClickedOptions::delete_) {
-            // The key belongs to the other Delete, and acts only in the widget that has that one:
-            // the tree. Here it is only shown.
-            action->setShortcutContext(Qt::WidgetShortcut);
-            m_deleteRowInSight = makeAction(command);
-            m_deleteRowInSight->setObjectName(QStringLiteral("deleteRowInSightAction"));
-            m_deleteRowInSight->setShortcutContext(Qt::WidgetShortcut);
-        }
+    for (const ProjectCommand& row : projectCommands()) {
+        Command command = row.command;
+        command.handler = [this, option = row.option] { carryOut(option); };
+        m_commands.add(std::move(command))->setShortcutVisibleInContextMenu(true);
     }
-    connect(m_deleteRowInSight, &QAction::triggered, m_deleteRowInSight,
-            [this] { deleteRowInSight(); });
+    // The key belongs to the other Delete, and acts only in the widget that has that one: the tree.
+    // In the context menu it is only shown.
+    Command inSight = deleteRowInSightCommand();
+    inSight.handler = [this] { deleteRowInSight(); };
+    m_deleteRowInSight = m_commands.add(std::move(inSight));
     setRowSelected(false, false);
-}
-
-QAction* Menu::makeAction(const ProjectCommand& command) {
-    auto* action = new QAction(tr(command.title.data()), this);
-    action->setObjectName(command.id);
-    action->setShortcut(command.shortcut);
-    action->setShortcutVisibleInContextMenu(true);
-    // A command is carried out once however long its keys are held.
-    action->setAutoRepeat(false);
-    return action;
 }
 
 void Menu::carryOut(ProjectNavigationMenuClickedOptions option) {
@@ -65,12 +49,7 @@ QAction* Menu::action(ProjectNavigationMenuClickedOptions option) const {
     while (commands.at(place).option != option) {
         ++place;
     }
-    return m_actions.at(place);
-}
-
-QAction* Menu::barAction(ProjectNavigationMenuClickedOptions option) const {
-    return option == ProjectNavigationMenuClickedOptions::delete_ ? m_deleteRowInSight
-                                                                  : action(option);
+    return m_commands.entries().at(place).action;
 }
 
 void Menu::setOutlineView(OutlineView* outlineView) {

@@ -2,18 +2,15 @@
 #pragma once
 
 #include "navigation/tree/ProjectNavigationMenuClickedOptions.h"
+#include "widgets/CommandSet.h"
 
-#include <QAction>
 #include <QMenu>
 #include <QPointer>
-
-#include <vector>
 
 namespace kestrel {
 
 class NotificationCentre;
 class OutlineView;
-struct ProjectCommand;
 
 /// The navigation tree's context menu. Its entries do nothing themselves: each posts
 /// ProjectNavigationMenuClicked with the command's ProjectNavigationMenuClickedOptions. The actions
@@ -29,9 +26,10 @@ public:
     /// The action of a command, with its title, shortcut and present state.
     QAction* action(ProjectNavigationMenuClickedOptions option) const;
 
-    /// The action of a command for the menu bar. It is the one above but for Delete: that one posts
-    /// only when the outline view's selected row is in sight, and otherwise brings it there.
-    QAction* barAction(ProjectNavigationMenuClickedOptions option) const;
+    /// All commands, in the order of projectCommands(), and Delete as the menu bar and the key have
+    /// it: that one posts only when the outline view's selected row is in sight, and otherwise
+    /// brings it there.
+    const CommandSet& commands() const { return m_commands; }
 
     /// Whose selected row the commands are about. It gets the key of Delete.
     void setOutlineView(OutlineView* outlineView);
@@ -52,13 +50,12 @@ public:
     void addNewProject();
 
 private:
-    QAction* makeAction(const ProjectCommand& command);
     void carryOut(ProjectNavigationMenuClickedOptions option);
     void deleteRowInSight();
     void post(ProjectNavigationMenuClickedOptions option);
 
     NotificationCentre& m_centre;
-    std::vector<QAction*> m_actions; ///< in the order of projectCommands()
+    CommandSet m_commands{*this};
     QAction* m_deleteRowInSight = nullptr;
     QPointer<OutlineView> m_outlineView;
 };

@@ -152,12 +152,12 @@ TEST_F(NavigationMenu, WithoutASelectedRowOnlyANewProjectIsEnabled) {
     show({game});
     const auto enabled = [&](Option option) { return menu().action(option)->isEnabled(); };
     for (const ProjectCommand& command : projectCommands()) {
-        EXPECT_TRUE(enabled(command.option)) << command.id.data();
+        EXPECT_TRUE(enabled(command.option)) << command.command.id;
     }
     click(centre(game), Qt::LeftButton, Qt::ControlModifier);
     for (const ProjectCommand& command : projectCommands()) {
         EXPECT_EQ(enabled(command.option), command.option == Option::newProject)
-            << command.id.data();
+            << command.command.id;
     }
     QTest::keyClick(&view(), Qt::Key_Delete);
     EXPECT_THAT(posted, IsEmpty());
@@ -251,7 +251,7 @@ TEST_F(NavigationMenu, TheDeleteKeyActsOnlyWhileTheTreeHasTheFocus) {
 
 TEST_F(NavigationMenu, TheDeleteKeyDoesNotActElsewhereAlsoWhenTheActionStandsInAnotherMenu) {
     QMenu bar;
-    bar.addAction(menu().barAction(Option::delete_));
+    bar.addAction(menu().commands().action("deleteRowInSightAction"));
     auto* field = new QLineEdit(tree.get());
     tree->layout()->addWidget(field);
     field->addAction(bar.menuAction());
@@ -296,9 +296,9 @@ TEST_F(NavigationMenu, EveryControlHasAnObjectNameAndAnAccessibleName) {
     EXPECT_FALSE(menu().accessibleName().isEmpty());
     for (const ProjectCommand& command : projectCommands()) {
         const QAction* action = menu().action(command.option);
-        EXPECT_EQ(action->objectName(), command.id);
-        EXPECT_EQ(action->text(), command.title);
-        EXPECT_EQ(action->shortcut(), command.shortcut);
+        EXPECT_EQ(action->objectName(), QLatin1String(command.command.id));
+        EXPECT_EQ(action->text(), titleOf(command.command));
+        EXPECT_EQ(action->shortcuts(), command.command.shortcuts);
     }
 }
 
