@@ -29,7 +29,7 @@ bool isMainThread() {
 }
 
 /// Calls `task` with the controller, if it is still there: at once on the user-interface thread,
-/// from any other when that thread comes to it, behind everything that was queued before.
+/// from any other when that thread comes to it, after everything that was queued before.
 void withController(const std::weak_ptr<MainWindowController>& controller,
                     std::function<void(MainWindowController&)> task) {
     auto call = [controller, task = std::move(task)] {
@@ -159,7 +159,7 @@ void MainWindowController::buildAndRun() {
     const std::weak_ptr<MainWindowController> self = weak_from_this();
     buildProject([self](const std::optional<std::filesystem::path>& image,
                         const std::optional<BuildError>& error) {
-        // Behind the assembler's output: running replaces the builder that it comes from.
+        // After the assembler's output: running replaces the builder that it comes from.
         withController(self, [image, error](MainWindowController& present) {
             present.buildToRunEnded(image, error);
         });

@@ -29,7 +29,7 @@ QFont codeFont() {
     return font;
 }
 
-/// Whether typed text needs more than the toolkit's own insertion.
+/// Whether typed text needs more than Qt's own insertion.
 bool needsConversion(const QString& text) {
     return std::ranges::any_of(text, [](QChar c) {
         return c.isSurrogate() || c == u'\n' || c == u'\r' || c.unicode() == 0x2028 ||
@@ -128,7 +128,8 @@ void CodeEditorTextView::inputMethodEvent(QInputMethodEvent* event) {
         LineNumberedTextView::inputMethodEvent(event);
         return;
     }
-    // First what was being composed goes, then the text comes in, then the next composition starts.
+    // First the present composition is removed, then the text is inserted, then the next
+    // composition starts.
     QInputMethodEvent removal;
     removal.setCommitString(QString(), event->replacementStart(), event->replacementLength());
     LineNumberedTextView::inputMethodEvent(&removal);
@@ -159,7 +160,7 @@ void CodeEditorTextView::changeEvent(QEvent* event) {
 QMimeData* CodeEditorTextView::createMimeDataFromSelection() const {
     auto text = std::make_unique<QMimeData>();
     text->setText(SourceDocument::selectedText(textCursor()));
-    return text.release(); // to the caller, as the toolkit has it
+    return text.release(); // owned by the caller, as Qt expects
 }
 
 void CodeEditorTextView::insertFromMimeData(const QMimeData* source) {

@@ -15,7 +15,7 @@ class CodeEditorTextView : public LineNumberedTextView {
 public:
     explicit CodeEditorTextView(QWidget* parent = nullptr);
 
-    /// The text as it is in the file. Text from outside comes in through this only.
+    /// The text as it is in the file. Text from outside is inserted through this only.
     SourceDocument& source() { return m_source; }
     const SourceDocument& source() const { return m_source; }
 
