@@ -18,13 +18,19 @@ Menu::Menu(NotificationCentre& centre, QWidget* parent)
     for (const ProjectCommand& row : projectCommands()) {
         Command command = row.command;
         command.handler = [this, option = row.option] { carryOut(option); };
-        m_commands.add(std::move(command))->setShortcutVisibleInContextMenu(true);
+        if (row.option == ProjectNavigationMenuClickedOptions::delete_) {
+            m_delete = makeAction(command, *this);
+        } else {
+            m_commands.add(std::move(command));
+        }
+        action(row.option)->setShortcutVisibleInContextMenu(true);
     }
     // The key belongs to the other Delete, and acts only in the widget that has that one: the tree.
     // In the context menu it is only shown.
     Command inSight = deleteRowInSightCommand();
     inSight.handler = [this] { deleteRowInSight(); };
     m_deleteRowInSight = m_commands.add(std::move(inSight));
+    m_deleteRowInSight->setShortcutVisibleInContextMenu(true);
     setRowSelected(false, false);
 }
 
@@ -44,12 +50,15 @@ void Menu::carryOut(ProjectNavigationMenuClickedOptions option) {
 }
 
 QAction* Menu::action(ProjectNavigationMenuClickedOptions option) const {
-    const auto& commands = projectCommands();
+    if (option == ProjectNavigationMenuClickedOptions::delete_) {
+        return m_delete;
+    }
+    const auto& rows = projectCommands();
     std::size_t place = 0;
-    while (commands.at(place).option != option) {
+    while (rows.at(place).option != option) {
         ++place;
     }
-    return m_commands.entries().at(place).action;
+    return m_commands.action(rows.at(place).command.id);
 }
 
 void Menu::setOutlineView(OutlineView* outlineView) {

@@ -26,8 +26,8 @@ public:
     /// The action of a command, with its title, shortcut and present state.
     QAction* action(ProjectNavigationMenuClickedOptions option) const;
 
-    /// All commands, in the order of projectCommands(), and Delete as the menu bar and the key have
-    /// it: that one posts only when the outline view's selected row is in sight, and otherwise
+    /// The commands as the menu bar has them, in the order of projectCommands(). Its Delete, which
+    /// the key has, too, posts only when the outline view's selected row is in sight, and otherwise
     /// brings it there.
     const CommandSet& commands() const { return m_commands; }
 
@@ -56,6 +56,7 @@ private:
 
     NotificationCentre& m_centre;
     CommandSet m_commands{*this};
+    QAction* m_delete = nullptr; ///< the context menu's own
     QAction* m_deleteRowInSight = nullptr;
     QPointer<OutlineView> m_outlineView;
 };
