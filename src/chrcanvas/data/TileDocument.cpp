@@ -6,6 +6,17 @@
 
 namespace kestrel {
 
+namespace {
+
+std::vector<int> numbersOf(const std::vector<TileChange>& changes) {
+    std::vector<int> numbers(changes.size());
+    std::transform(changes.begin(), changes.end(), numbers.begin(),
+                   [](const TileChange& change) { return static_cast<int>(change.number); });
+    return numbers;
+}
+
+} // namespace
+
 TileDocument::TileDocument()
     : m_selection(0, 0)
     , m_selectedTiles({0}) {}
@@ -146,12 +157,9 @@ void TileDocument::drawLine(int x, int y, int endX, int endY, int value) {
     TileStroke line(*m_tiles, m_shape, value, x, y);
     line.lineTo(endX, endY);
     std::vector<TileChange> changes = line.changes();
-    std::vector<int> numbers;
-    for (const TileChange& change : changes) {
-        numbers.push_back(static_cast<int>(change.number));
-    }
+    const std::vector<int> changed = numbersOf(changes);
     m_history.record(std::move(changes));
-    tellTiles(numbers, line.area());
+    tellTiles(changed, line.area());
 }
 
 TileClip TileDocument::copy() const {
@@ -163,11 +171,7 @@ void TileDocument::paste(const TileClip& clip) {
         return;
     }
     std::vector<TileChange> changes = clip.changesAt(*m_tiles, m_shape.firstCell());
-    std::vector<int> covered;
-    covered.reserve(changes.size());
-    for (const TileChange& change : changes) {
-        covered.push_back(static_cast<int>(change.number));
-    }
+    const std::vector<int> covered = numbersOf(changes);
     carryOut(std::move(changes));
     selectBlockOf(covered);
 }
@@ -179,12 +183,10 @@ void TileDocument::carryOut(std::vector<TileChange> changes) {
     std::erase_if(changes, [this](const TileChange& change) {
         return change.number >= m_tiles->tileCount() || change.before == change.after;
     });
-    std::vector<int> changed;
-    changed.reserve(changes.size());
     for (const TileChange& change : changes) {
         m_tiles->setTile(change.number, change.after);
-        changed.push_back(static_cast<int>(change.number));
     }
+    const std::vector<int> changed = numbersOf(changes);
     m_history.record(std::move(changes));
     tellTiles(changed);
 }
