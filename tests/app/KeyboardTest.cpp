@@ -109,7 +109,7 @@ protected:
     }
 };
 
-TEST_F(Keyboard, no_tab_leaves_the_code_editor) {
+TEST_F(Keyboard, NoTabLeavesTheCodeEditor) {
     open("main.asm");
     code().moveCursor(QTextCursor::End);
     for (const auto& [key, modifiers] :
@@ -132,7 +132,7 @@ TEST_F(Keyboard, no_tab_leaves_the_code_editor) {
     EXPECT_EQ(tree().allItems().front()->subItems().size(), 5U);
 }
 
-TEST_F(Keyboard, tab_and_shift_tab_move_between_the_fields_of_the_find_bar) {
+TEST_F(Keyboard, TabAndShiftTabMoveBetweenTheFieldsOfTheFindBar) {
     open("main.asm");
     code().setFocus();
     press(Qt::Key_F, Qt::ControlModifier);
@@ -145,7 +145,7 @@ TEST_F(Keyboard, tab_and_shift_tab_move_between_the_fields_of_the_find_bar) {
                             "findPreviousButton", "findTerm"));
 }
 
-TEST_F(Keyboard, f6_leaves_the_text_and_comes_back_to_it) {
+TEST_F(Keyboard, F6LeavesTheTextAndComesBackToIt) {
     open("main.asm");
     code().setFocus();
     EXPECT_THAT(visited(2, Qt::Key_F6), ElementsAre("outlineView", "codeEditor"));
@@ -155,7 +155,7 @@ TEST_F(Keyboard, f6_leaves_the_text_and_comes_back_to_it) {
 const std::pair<Qt::Key, Qt::KeyboardModifiers> ReturnKeys[] = {
     {Qt::Key_Return, Qt::NoModifier}, {Qt::Key_Enter, Qt::KeypadModifier}};
 
-TEST_F(Keyboard, return_presses_the_focused_button_of_the_find_bar) {
+TEST_F(Keyboard, ReturnPressesTheFocusedButtonOfTheFindBar) {
     home.write("Kestrel/Game/main.asm", "a b a b a");
     open("main.asm");
     code().setFocus();
@@ -187,7 +187,7 @@ TEST_F(Keyboard, return_presses_the_focused_button_of_the_find_bar) {
     EXPECT_EQ(code().toPlainText(), QStringLiteral("a b a b a"));
 }
 
-TEST_F(Keyboard, return_presses_the_button_of_the_go_to_line_bar) {
+TEST_F(Keyboard, ReturnPressesTheButtonOfTheGoToLineBar) {
     home.write("Kestrel/Game/main.asm", "1\n2\n3\n");
     open("main.asm");
     for (const auto& [key, modifiers] : ReturnKeys) {
@@ -203,7 +203,7 @@ TEST_F(Keyboard, return_presses_the_button_of_the_go_to_line_bar) {
     }
 }
 
-TEST_F(Keyboard, return_presses_save_in_every_pane) {
+TEST_F(Keyboard, ReturnPressesSaveInEveryPane) {
     for (const char* name : {"main.asm", "tiles.chr", "colours.pal"}) {
         for (const auto& [key, modifiers] : ReturnKeys) {
             open(name);
@@ -219,7 +219,7 @@ TEST_F(Keyboard, return_presses_save_in_every_pane) {
     }
 }
 
-TEST_F(Keyboard, return_presses_a_tool_of_the_tile_editor) {
+TEST_F(Keyboard, ReturnPressesAToolOfTheTileEditor) {
     open("tiles.chr");
     for (const auto& [key, modifiers] : ReturnKeys) {
         focus("fillAreaActionButton");
@@ -231,7 +231,7 @@ TEST_F(Keyboard, return_presses_a_tool_of_the_tile_editor) {
     }
 }
 
-TEST_F(Keyboard, return_presses_the_focused_button_of_the_settings_and_of_their_sheets) {
+TEST_F(Keyboard, ReturnPressesTheFocusedButtonOfTheSettingsAndOfTheirSheets) {
     tree().select(tree().allItems().front());
     auto* const list =
         panes().projectSettings->findChild<BuildFileTable*>(QStringLiteral("codeTableView"));
@@ -267,7 +267,7 @@ TEST_F(Keyboard, return_presses_the_focused_button_of_the_settings_and_of_their_
     EXPECT_EQ(list->model()->rowCount(), 2);
 }
 
-TEST_F(Keyboard, return_presses_the_focused_button_of_a_file_panel) {
+TEST_F(Keyboard, ReturnPressesTheFocusedButtonOfAFilePanel) {
     const auto projectFile = layOut("Other");
     for (const auto& [key, modifiers] : ReturnKeys) {
         action("openProjectAction")->trigger();
@@ -295,7 +295,7 @@ TEST_F(Keyboard, return_presses_the_focused_button_of_a_file_panel) {
     }
 }
 
-TEST_F(Keyboard, return_presses_the_button_of_an_alert) {
+TEST_F(Keyboard, ReturnPressesTheButtonOfAnAlert) {
     action("aboutAction")->trigger();
     const QPointer<QMessageBox> box = window().findChild<QMessageBox*>();
     ASSERT_FALSE(box.isNull());
@@ -305,7 +305,7 @@ TEST_F(Keyboard, return_presses_the_button_of_an_alert) {
     EXPECT_FALSE(Sheet::isOpenOn(&window()));
 }
 
-TEST_F(Keyboard, held_down_return_presses_a_button_once) {
+TEST_F(Keyboard, HeldDownReturnPressesAButtonOnce) {
     open("main.asm");
     int clicks = 0;
     QObject::connect(&saveButton(), &QAbstractButton::clicked, &window(), [&] { ++clicks; });
