@@ -142,7 +142,7 @@ void AddNewItemFromProjectController::updateButtons() {
     m_addButton->setEnabled(isFile(selectedItem()));
 }
 
-/// Hides the files whose names do not hold `text`, and the groups without any other.
+/// Hides files whose names do not contain `text`, and groups without other files.
 void AddNewItemFromProjectController::applyFilter(const QString& text) {
     struct Row {
         QModelIndex index;
@@ -173,7 +173,7 @@ void AddNewItemFromProjectController::applyFilter(const QString& text) {
     }
     const std::shared_ptr<ProjectItem> selected = selectedItem();
     std::shared_ptr<ProjectItem> next;
-    // What is selected stays so while it is shown; else the topmost file that is.
+    // Keeps the selection while it is visible; else selects the topmost visible file.
     for (QModelIndex index = rows.front().index; index.isValid();
          index = outlineView()->indexBelow(index)) {
         const std::shared_ptr<ProjectItem> item = model()->item(index);

@@ -97,7 +97,7 @@ void Menu::popupFor(bool onRow, const QPoint& globalPosition) {
     popup(globalPosition);
 }
 
-/// What nobody sees is not deleted: somebody would miss it only later, if at all.
+/// Does not delete a row that is not visible, which the user may not mean: scrolls to it instead.
 void Menu::deleteRowInSight() {
     const QModelIndex row = m_outlineView ? m_outlineView->selectedIndex() : QModelIndex();
     if (row.isValid() && !m_outlineView->isInSight(row)) {

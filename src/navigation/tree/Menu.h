@@ -12,10 +12,9 @@ namespace kestrel {
 class NotificationCentre;
 class OutlineView;
 
-/// The navigation tree's context menu. Its entries do nothing themselves: each posts
-/// ProjectNavigationMenuClicked with the command's ProjectNavigationMenuClickedOptions. The actions
-/// live as long as the menu and may stand in other menus, too, but for Delete, which has one of its
-/// own for them and for the key.
+/// The navigation tree's context menu. Each entry posts ProjectNavigationMenuClicked with its
+/// command's ProjectNavigationMenuClickedOptions. The menu owns the actions; other menus may use
+/// them too, except Delete, which has a second action for them and for the key.
 class Menu : public QMenu {
     Q_OBJECT
 
@@ -23,26 +22,25 @@ public:
     /// `centre` must outlive the menu.
     explicit Menu(NotificationCentre& centre, QWidget* parent = nullptr);
 
-    /// The action of a command, with its title, shortcut and present state.
+    /// The action of a command.
     QAction* action(ProjectNavigationMenuClickedOptions option) const;
 
     /// The commands as the menu bar has them, in the order of projectCommands(). Its Delete, which
-    /// the key has, too, posts only when the outline view's selected row is in sight, and otherwise
-    /// brings it there.
+    /// the key has, too, posts only when the selected row is visible, and else scrolls to it.
     const CommandSet& commands() const { return m_commands; }
 
-    /// Whose selected row the commands are about. It gets the key of Delete.
+    /// Sets the view whose selected row the commands apply to. It gets the key of Delete.
     void setOutlineView(OutlineView* outlineView);
 
-    /// Enables the commands for a tree with or without a selected row; `deletable`: that row can be
-    /// deleted.
+    /// Enables the commands for a tree with or without a selected row. `deletable` is whether that
+    /// row can be deleted.
     void setRowSelected(bool selected, bool deletable);
 
-    /// Opens the menu without waiting: on a row with every command, elsewhere with those that need
-    /// no row.
+    /// Opens the menu without waiting for its end, with every command on a row, else with those
+    /// that need no row.
     void popupFor(bool onRow, const QPoint& globalPosition);
 
-    /// Each posts its command.
+    /// Post the commands.
     void newFile();
     void importFile();
     void addGroup();

@@ -26,13 +26,13 @@ OutlineView::OutlineView(QWidget* parent)
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollMode(ScrollPerPixel);
-    // Some ways to expand (the recursive one) pass over the flag; whatever expands, closes again.
+    // Recursive expansion ignores the flag, so such a row is collapsed again.
     connect(this, &QTreeView::expanded, this, [this](const QModelIndex& index) {
         if (index.flags().testFlag(Qt::ItemNeverHasChildren)) {
             collapse(index);
         }
     });
-    // What is hidden now needs no room any more.
+    // Hidden rows need no width.
     connect(this, &QTreeView::collapsed, this, [this] { m_widestRow = 0; });
     connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) {
         if (m_pressedOnSelectedRow && index == selectedIndex()) {
@@ -73,7 +73,7 @@ void OutlineView::paintEvent(QPaintEvent* event) {
     }
     constexpr int Margin = 16;
     QPainter painter(viewport());
-    // Half way between text and background, as a placeholder; readable on both kinds of theme.
+    // Halfway between text and background colour, as a placeholder; readable in every theme.
     QColor colour = palette().color(QPalette::Text);
     colour.setAlphaF(0.65F);
     painter.setPen(colour);
@@ -81,7 +81,7 @@ void OutlineView::paintEvent(QPaintEvent* event) {
                      Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, m_emptyText);
 }
 
-/// How many visible rows the row itself and what is shown below it take, at most `limit`.
+/// The number of visible rows of a row and everything shown below it, at most `limit`.
 int OutlineView::visibleRowsWithin(const QModelIndex& index, int limit) const {
     int count = 0;
     std::vector<QModelIndex> waiting{index};
@@ -161,7 +161,7 @@ void OutlineView::expandWhole(const QModelIndex& index) {
             waiting.push_back(model()->index(i, 0, row));
         }
         if (row.isValid() && model()->rowCount(row) > 0 && !isExpanded(row)) {
-            // The layout is put off, so that a deep tree is laid out once and not once a level.
+            // Delays the layout, so that a deep tree is laid out once and not once per level.
             scheduleDelayedItemsLayout();
             expand(row);
         }
@@ -175,9 +175,8 @@ void OutlineView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (!row.isValid()) {
         return;
     }
-    // A row counts as shown when its triangle and the start of its name are: with a deep tree the
-    // one column is far wider than the view. For the rest of a long name the triangles of the rows
-    // above are not scrolled away.
+    // Scrolls to the triangle and the start of the name only: with a deep tree the column is far
+    // wider than the view, and the rest of a long name would hide the triangles of other rows.
     const int left = row.left() - indentation() + horizontalScrollBar()->value();
     const int right =
         left + std::min(indentation() + sizeHintForIndex(index).width(), viewport()->width() / 2);
@@ -246,10 +245,10 @@ void OutlineView::updateGeometries() {
     QTreeView::updateGeometries();
 }
 
-/// Makes the column as wide as the view and as the widest row that was in sight since rows went
-/// last, so that deep rows can be reached by scrolling sideways. It must not follow the rows that
-/// are in sight just now: the horizontal bar hides the lowest of them, and without that one the
-/// column may need no bar, which shows the row again, and so on without end.
+/// Makes the column at least as wide as the view and the widest row visible since rows were last
+/// removed, so that one can scroll sideways to deep rows. With the rows visible now it could go on
+/// forever: the horizontal scroll bar hides the lowest row, without which no bar may be needed,
+/// which shows that row again.
 void OutlineView::fitColumn() {
     if (m_fittingColumn || header()->count() == 0) {
         return;
@@ -261,8 +260,9 @@ void OutlineView::fitColumn() {
     m_fittingColumn = false;
 }
 
-/// The base class draws no triangle for what is expanded and has no rows (an empty group), nor for
-/// what never expands; and it draws every ancestor's column of a deep row, in sight or not.
+/// Draws the triangles of an expanded container without rows (an empty group) and of rows that
+/// never expand, which the base class leaves out, and only the visible part of a deep row's
+/// branches.
 void OutlineView::drawBranches(QPainter* painter, const QRect& rect,
                                const QModelIndex& index) const {
     QStyleOptionViewItem option;

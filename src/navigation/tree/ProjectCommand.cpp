@@ -5,7 +5,7 @@ namespace kestrel {
 
 namespace {
 
-/// A command is carried out once however long its keys are held.
+/// Triggered once, however long its keys are held.
 Command once(const char* id, const char* title, const QKeySequence& shortcut,
              Qt::ShortcutContext context = Qt::WindowShortcut) {
     return {.id = id,
