@@ -31,14 +31,16 @@ QString projectsFolder() {
     return QDir(kestrel).exists() ? kestrel : QDir::homePath();
 }
 
-/// The first widget within `part` that takes the focus from the Tab key.
+/// The widget within `part` that its focus is passed to, or else the first one that takes the focus
+/// from the Tab key.
 QWidget* firstFocusable(QWidget& part) {
     const auto takesFocus = [](const QWidget* widget) {
         return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() &&
                widget->isEnabled();
     };
-    if (takesFocus(&part)) {
-        return &part;
+    QWidget* own = part.focusProxy() != nullptr ? part.focusProxy() : &part;
+    if (takesFocus(own)) {
+        return own;
     }
     for (QWidget* widget = part.nextInFocusChain(); widget != nullptr && widget != &part;
          widget = widget->nextInFocusChain()) {

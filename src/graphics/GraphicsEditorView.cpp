@@ -73,6 +73,7 @@ void GraphicsEditorView::nameViews() {
     m_saveButton->setToolTip(
         tr("Save the tiles (%1)")
             .arg(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText)));
+    m_saveButton->setFocusPolicy(Qt::TabFocus); // clicked, it leaves the focus where it is
     m_message->setTextFormat(Qt::PlainText);
     m_message->setWordWrap(true);
 }

@@ -42,6 +42,7 @@ void PaletteEditorView::buildHeader(QBoxLayout& layout) {
     m_saveButton->setToolTip(
         tr("Save the palettes (%1)")
             .arg(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText)));
+    m_saveButton->setFocusPolicy(Qt::TabFocus); // clicked, it leaves the focus where it is
     auto* header = new QHBoxLayout;
     header->setContentsMargins(Margin, Margin / 2, Margin, Margin / 2);
     header->addWidget(m_fileName, 1);

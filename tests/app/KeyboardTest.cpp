@@ -325,5 +325,34 @@ TEST_F(Keyboard, HeldDownReturnPressesAButtonOnce) {
     EXPECT_FALSE(saveButton().isDown());
 }
 
+TEST_F(Keyboard, AClickOnSaveLeavesTheFocusWhereItWas) {
+    for (const auto& [name, view] :
+         {std::pair{"main.asm", "codeEditor"}, std::pair{"tiles.chr", "pixelEditor"},
+          std::pair{"colours.pal", "paletteSelector"}}) {
+        open(name);
+        const auto file = folder("Game") / name;
+        focus(view);
+        std::filesystem::remove(file);
+        QTest::mouseClick(&saveButton(), Qt::LeftButton);
+        EXPECT_TRUE(std::filesystem::exists(file)) << name;
+        EXPECT_EQ(focused(), view);
+        tree().outlineView()->setFocus();
+        QTest::mouseClick(&saveButton(), Qt::LeftButton);
+        EXPECT_EQ(focused(), "outlineView") << name;
+    }
+}
+
+TEST_F(Keyboard, TabGoesFromTheTreeToSaveAndOnIntoThePane) {
+    for (const auto& [name, next] :
+         {std::pair{"main.asm", "codeEditor"}, std::pair{"tiles.chr", "pencilActionButton"},
+          std::pair{"colours.pal", "paletteSelector"}}) {
+        open(name);
+        tree().outlineView()->setFocus();
+        EXPECT_THAT(visited(2, Qt::Key_Tab), ElementsAre("saveButton", next));
+        focus("saveButton");
+        EXPECT_THAT(visited(1, Qt::Key_Backtab, Qt::ShiftModifier), ElementsAre("outlineView"));
+    }
+}
+
 } // namespace
 } // namespace kestrel

@@ -261,6 +261,16 @@ TEST_F(MainWindow, F6MovesBetweenTheTreeAndThePane) {
     EXPECT_EQ(QApplication::focusWidget(), tree().outlineView());
 }
 
+TEST_F(MainWindow, F6GoesToWhereAPaneWantsTheFocus) {
+    start();
+    RecordingPane* pane = addPane();
+    panes().setCurrentWidget(pane);
+    pane->setFocusProxy(pane->canvas); // the field is the first for the Tab key
+    tree().outlineView()->setFocus();
+    press(Qt::Key_F6, Qt::NoModifier);
+    EXPECT_EQ(QApplication::focusWidget(), pane->canvas);
+}
+
 TEST_F(MainWindow, NoTwoCommandsShareAShortcutWhicheverPaneIsShown) {
     start();
     for (int i = 0; i < panes().count(); ++i) {

@@ -104,3 +104,23 @@ class KeysTest(JourneyTestCase):
             kestrel.wait_for_no_dialog()
         self.assertEqual(kestrel.quit(), 0)
         self.assertEqual(contents(folder), files)
+
+    def test_clicking_save_leaves_the_caret_in_the_text(self):
+        kestrel = self.kestrel
+        folder = self.make_project()
+        kestrel.type_code("one")
+        kestrel.press_button("Save")
+        self.wait_for_file(folder / "main.asm", b"one")
+        self.desktop.type(" two")
+        wait_for("the text typed on", lambda: kestrel.code() == "one two")
+        # By keys: out to the tree, on to the button, and the text again.
+        self.desktop.press("F6")
+        self.wait_for_focus("tree", "Projects")
+        self.desktop.press("Tab")
+        self.wait_for_focus("push button", "Save")
+        self.desktop.press("Return")
+        self.wait_for_file(folder / "main.asm", b"one two")
+        self.assertTrue(self.focused("push button", "Save"))
+        self.desktop.press("Tab")
+        self.wait_for_focus("text", "Source text")
+        self.assertEqual(kestrel.quit(), 0)

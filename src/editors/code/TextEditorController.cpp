@@ -50,6 +50,7 @@ TextEditorController::TextEditorController(QWidget* parent)
     saveButton->setObjectName(QStringLiteral("saveButton"));
     saveButton->setAccessibleName(tr("Save"));
     saveButton->setToolTip(tr("Save this file (Ctrl+S)"));
+    saveButton->setFocusPolicy(Qt::TabFocus); // clicked, it leaves the caret where it is
     buildLayout();
     setFocusProxy(codeEditor);
     viewDidLoad();
@@ -69,6 +70,7 @@ void TextEditorController::buildLayout() {
     layout->addWidget(codeEditor, 1);
     layout->addWidget(m_findBar);
     layout->addWidget(m_goToLineBar);
+    setTabOrder(saveButton, codeEditor); // no Tab goes on from the text
 }
 
 void TextEditorController::viewDidLoad() {
