@@ -50,7 +50,9 @@ int main(int argc, char** argv) {
     case Action::refuse:
         std::fprintf(stderr, "Kestrel: %s\n", commandLine.problem.c_str());
         return 2;
-    default:
-        return std::fputs(commandLine.text().c_str(), stdout) < 0 || std::fflush(stdout) != 0;
+    case Action::showHelp:
+    case Action::showVersion:
+        break;
     }
+    return std::fputs(commandLine.text().c_str(), stdout) < 0 || std::fflush(stdout) != 0;
 }

@@ -46,9 +46,13 @@ public:
             return &graphicFiles();
         case FileType::palette:
             return &paletteFiles();
-        default:
-            return nullptr;
+        case FileType::project:
+        case FileType::group:
+        case FileType::empty:
+        case FileType::unknown:
+            break;
         }
+        return nullptr;
     }
 };
 

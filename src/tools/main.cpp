@@ -28,9 +28,11 @@ Status relocate(const kestrel::OpenedProject& project) {
         return failure;
     case kestrel::ProjectRelocator::Outcome::notUnderstood:
         return refusal;
-    default:
-        return success;
+    case kestrel::ProjectRelocator::Outcome::nothingToDo:
+    case kestrel::ProjectRelocator::Outcome::relocated:
+        break;
     }
+    return success;
 }
 
 Status build(kestrel::OpenedProject project, const std::vector<std::string>& assemblerArguments,
@@ -66,7 +68,8 @@ int main(int argc, char** argv) {
         return kestrel::printText("kestrel-build " KESTREL_VERSION "\n") ? success : failure;
     case Action::refuse:
         return refuse(commandLine.problem);
-    default:
+    case Action::build:
+    case Action::relocate:
         break;
     }
     auto project = kestrel::openProject(commandLine.project);

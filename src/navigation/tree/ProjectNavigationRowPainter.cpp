@@ -97,9 +97,14 @@ const QIcon& ProjectNavigationRowPainter::iconFor(FileType type) const {
         return m_groupIcon;
     case FileType::project:
         return m_projectIcon;
-    default:
-        return m_fileIcon;
+    case FileType::empty:
+    case FileType::unknown:
+    case FileType::text:
+    case FileType::palette:
+    case FileType::graphics:
+        break;
     }
+    return m_fileIcon;
 }
 
 /// Makes the row view fresh and fills in what needs no look at the disk.
