@@ -2,7 +2,7 @@
 #include "assembler/output/Listing.h"
 
 #include "assembler/language/Cycles.h"
-#include "assembler/language/Keywords.h"
+#include "assembler/language/InstructionTable.h"
 #include "assembler/text/Characters.h"
 #include "assembler/text/Text.h"
 
@@ -175,7 +175,7 @@ private:
         for (bool isFirst = p == record.text; startsName(p); isFirst = false) {
             const char* const end = wordEnd(p);
             const std::string_view word(p, static_cast<std::size_t>(end - p));
-            if (*end != ':' && findKeyword(word).kind == Keyword::Kind::instruction) {
+            if (*end != ':' && findInstruction(word) != nullptr) {
                 return true;
             }
             if (*end != ':' && !isFirst) {

@@ -22,27 +22,6 @@ DataDirectives::DataDirectives(Assembly& assembly, ExpressionParser& parser)
     : m_assembly(assembly)
     , m_parser(parser) {}
 
-void DataDirectives::run(Directive directive, const char* p) {
-    p = skipBlanks(p);
-    switch (directive) {
-    case Directive::byte:
-        data(Field::byte, p);
-        break;
-    case Directive::word:
-        data(Field::word, p);
-        break;
-    case Directive::ds:
-        space(p);
-        break;
-    case Directive::align:
-        align(p);
-        break;
-    default:
-        pad(p);
-        break;
-    }
-}
-
 void DataDirectives::data(Field field, const char* p) {
     while (item(field, p)) {
         p = skipBlanks(p);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/language/Keywords.h"
 #include "assembler/statements/Assembly.h"
 #include "assembler/statements/ExpressionParser.h"
 
@@ -14,16 +13,17 @@ class DataDirectives {
 public:
     DataDirectives(Assembly& assembly, ExpressionParser& parser);
 
-    /// `p` is behind the directive's name.
-    void run(Directive directive, const char* p);
+    // `p` is at the operand.
+    void bytes(const char* p) { data(Field::byte, p); }
+    void words(const char* p) { data(Field::word, p); }
+    void space(const char* p);
+    void align(const char* p);
+    void pad(const char* p);
 
 private:
     void data(Field field, const char* p);
     bool item(Field field, const char*& p);
     bool string(const char*& p);
-    void space(const char* p);
-    void align(const char* p);
-    void pad(const char* p);
     void alignOrPadTo(std::int64_t count, const char* start, const char* p);
     void fill(std::size_t count, std::uint8_t byte, const char* start);
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/Definitions.h"
 
-#include "assembler/language/Keywords.h"
+#include "assembler/language/Functions.h"
+#include "assembler/language/InstructionTable.h"
 #include "assembler/text/Characters.h"
 #include "assembler/text/Text.h"
 
@@ -56,6 +57,10 @@ void Definitions::assign(std::string_view name, const char* at, const char* p) {
         markDefined(id, at);
     }
     m_assembly.deferred.symbols.push_back({expression, id, isSecond});
+}
+
+void Definitions::assignNothing(const char* at, const char* /*p*/) {
+    m_assembly.error(at, ".equ needs a name before it, as in NAME .equ 5");
 }
 
 void Definitions::reserve(std::string_view name, const char* at, const char* p) {
@@ -125,7 +130,7 @@ void Definitions::warnIfShadowing(std::string_view name, const char* at) {
     if (name.size() < 3 || name.size() > 6) {
         return;
     }
-    if (findKeyword(name).kind == Keyword::Kind::instruction) {
+    if (findInstruction(name) != nullptr) {
         m_assembly.warn(Warning::shadowedSymbol, at,
                         quoted(name) + " is also the name of an instruction");
     } else if (findFunction(name)) {

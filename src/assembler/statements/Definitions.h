@@ -19,8 +19,12 @@ public:
     /// NAME = expression, with `p` behind the equals sign.
     void assign(std::string_view name, const char* at, const char* p);
 
+    /// .equ without a name before it.
+    void assignNothing(const char* at, const char* p);
+
     /// NAME .rs count, with `p` behind the directive; an empty name only reserves.
     void reserve(std::string_view name, const char* at, const char* p);
+    void reserveUnnamed(const char* at, const char* p) { reserve({}, at, p); }
 
     /// A symbol of the command line.
     void predefine(std::string_view name, std::int32_t value);

@@ -251,13 +251,14 @@ bool ExpressionParser::word() {
     }
     if (name.size() >= 3 && name.size() <= 6) {
         const char* const next = skipBlanks(m_p);
-        if (*next == '(') {
-            if (const auto which = findFunction(name)) {
-                return function(*which, begin);
-            }
-        }
+        const bool isCall = *next == '(';
         // Two values side by side: the parentheses have been forgotten.
-        if ((startsName(next) || isDigit(*next) || *next == '$') && findFunction(name)) {
+        const bool lacksParentheses = startsName(next) || isDigit(*next) || *next == '$';
+        const auto which = isCall || lacksParentheses ? findFunction(name) : std::nullopt;
+        if (which && isCall) {
+            return function(*which, begin);
+        }
+        if (which) {
             return fail(begin, std::string(name) + " needs its operand in parentheses");
         }
     }
@@ -272,10 +273,22 @@ bool ExpressionParser::word() {
 
 bool ExpressionParser::function(Function function, const char* at) {
     m_p = skipBlanks(m_p);
-    if (function != Function::sizeOf) {
-        static constexpr OpCode Codes[]{OpCode::low, OpCode::high, OpCode::bank, OpCode::page};
-        return parenthesized() && push(Codes[static_cast<std::size_t>(function)], 0, at);
+    switch (function) {
+    case Function::low:
+        return parenthesized() && push(OpCode::low, 0, at);
+    case Function::high:
+        return parenthesized() && push(OpCode::high, 0, at);
+    case Function::bank:
+        return parenthesized() && push(OpCode::bank, 0, at);
+    case Function::page:
+        return parenthesized() && push(OpCode::page, 0, at);
+    case Function::sizeOf:
+        break;
     }
+    return sizeOfLabel();
+}
+
+bool ExpressionParser::sizeOfLabel() {
     for (m_p = skipBlanks(m_p + 1); *m_p == '#';) {
         m_p = skipBlanks(m_p + 1);
     }

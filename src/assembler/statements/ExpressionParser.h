@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/language/Keywords.h"
+#include "assembler/language/Functions.h"
 #include "assembler/statements/Assembly.h"
 #include "assembler/values/Expression.h"
 
@@ -67,6 +67,7 @@ private:
     bool parenthesized();
     bool word();
     bool function(Function function, const char* at);
+    bool sizeOfLabel();
     bool number();
     bool hexadecimal();
     bool digits(unsigned base, const char* begin);

@@ -43,17 +43,6 @@ FileDirectives::FileDirectives(Assembly& assembly, ExpressionParser& parser)
     : m_assembly(assembly)
     , m_parser(parser) {}
 
-void FileDirectives::run(Directive directive, const char* p) {
-    p = skipBlanks(p);
-    if (directive == Directive::include) {
-        include(p);
-    } else if (directive == Directive::incBin) {
-        binary(p);
-    } else {
-        tiles(p);
-    }
-}
-
 std::string FileDirectives::openInput(const std::string& name) {
     const auto found = m_assembly.finder.findInput(name);
     if (!found) {

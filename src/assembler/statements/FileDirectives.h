@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/language/Keywords.h"
 #include "assembler/statements/Assembly.h"
 #include "assembler/statements/ExpressionParser.h"
 
@@ -16,8 +15,10 @@ class FileDirectives {
 public:
     FileDirectives(Assembly& assembly, ExpressionParser& parser);
 
-    /// `p` is behind the directive's name.
-    void run(Directive directive, const char* p);
+    // `p` is at the operand.
+    void include(const char* p);
+    void binary(const char* p);
+    void tiles(const char* p);
 
     /// Begins with the file named on the command line. Returns "" or why it cannot be read.
     std::string openInput(const std::string& name);
@@ -25,12 +26,9 @@ public:
 private:
     std::optional<std::string_view> fileName(const char*& p);
     std::optional<std::string> find(std::string_view name, const char* at, bool isSource);
-    void include(const char* p);
     bool countWork(std::uint64_t work, const char* at);
     bool isTooDeep(std::string_view name, const char* at);
     void enter(const SourceFile& file, std::string_view name, bool wasRead);
-    void binary(const char* p);
-    void tiles(const char* p);
     void putPart(const DataFile& file, std::size_t offset, std::size_t count, std::string_view name,
                  const char* at);
     void put(const std::uint8_t* bytes, std::size_t count, const char* at);

@@ -11,56 +11,50 @@ FlowDirectives::FlowDirectives(Assembly& assembly, ExpressionParser& parser)
     : m_assembly(assembly)
     , m_parser(parser) {}
 
-bool FlowDirectives::isConditional(Directive directive) {
-    switch (directive) {
-    case Directive::ifTrue:
-    case Directive::ifDef:
-    case Directive::ifNotDef:
-    case Directive::elseIf:
-    case Directive::elseBranch:
-    case Directive::endIf:
-        return true;
-    default:
-        return false;
-    }
+void FlowDirectives::ifTrue(const char* at, const char* p) {
+    open(!skips() && isTrue(p, "the condition of .if"), at);
 }
 
-void FlowDirectives::condition(Directive directive, const char* at, const char* p) {
-    p = skipBlanks(p);
-    Conditionals& conditionals = m_assembly.conditionals;
-    const std::size_t outer = m_assembly.sources.top().conditionals;
-    switch (directive) {
-    case Directive::elseIf:
-        elseIf(at, p);
-        return;
-    case Directive::elseBranch:
-        report(conditionals.otherwise(outer), ".else", at);
-        m_assembly.expectEnd(p);
-        return;
-    case Directive::endIf:
-        report(conditionals.close(outer), ".endif", at);
-        m_assembly.expectEnd(p);
-        return;
-    default:
-        break;
-    }
+void FlowDirectives::ifDefined(const char* at, const char* p) {
+    open(!skips() && isDefined(p), at);
+}
+
+void FlowDirectives::ifNotDefined(const char* at, const char* p) {
+    open(!skips() && !isDefined(p), at);
+}
+
+void FlowDirectives::open(bool condition, const char* at) {
     const Position position = m_assembly.at(at);
     std::string text;
     if (m_assembly.line.isShortLived) {
         text.assign(position.line, lineEnd(position.line)).append(1, '\n');
     }
-    if (conditionals.skips()) {
-        conditionals.openSkipped(position, std::move(text));
+    if (skips()) {
+        m_assembly.conditionals.openSkipped(position, std::move(text));
     } else {
-        conditionals.open(isTrue(directive, p), position, std::move(text));
+        m_assembly.conditionals.open(condition, position, std::move(text));
     }
 }
 
-bool FlowDirectives::isTrue(Directive directive, const char* p) {
-    if (directive != Directive::ifTrue) {
-        return isDefined(p) == (directive == Directive::ifDef);
-    }
-    const auto value = m_parser.parseKnown(p, "the condition of .if");
+void FlowDirectives::elseIf(const char* at, const char* p) {
+    const std::size_t outer = m_assembly.sources.top().conditionals;
+    const bool isTaken =
+        m_assembly.conditionals.wantsCondition(outer) && isTrue(p, "the condition of .elseif");
+    report(m_assembly.conditionals.elseIf(isTaken, outer), ".elseif", at);
+}
+
+void FlowDirectives::otherwise(const char* at, const char* p) {
+    report(m_assembly.conditionals.otherwise(m_assembly.sources.top().conditionals), ".else", at);
+    m_assembly.expectEnd(p);
+}
+
+void FlowDirectives::endIf(const char* at, const char* p) {
+    report(m_assembly.conditionals.close(m_assembly.sources.top().conditionals), ".endif", at);
+    m_assembly.expectEnd(p);
+}
+
+bool FlowDirectives::isTrue(const char* p, const char* what) {
+    const auto value = m_parser.parseKnown(p, what);
     return value && m_assembly.expectEnd(p) && *value != 0;
 }
 
@@ -79,16 +73,6 @@ bool FlowDirectives::isDefined(const char* p) {
     Symbol& symbol = m_assembly.symbols[id];
     ++symbol.uses;
     return symbol.isDefined || symbol.macro != None;
-}
-
-void FlowDirectives::elseIf(const char* at, const char* p) {
-    const std::size_t outer = m_assembly.sources.top().conditionals;
-    bool isTaken = false;
-    if (m_assembly.conditionals.wantsCondition(outer)) {
-        const auto value = m_parser.parseKnown(p, "the condition of .elseif");
-        isTaken = value && m_assembly.expectEnd(p) && *value != 0;
-    }
-    report(m_assembly.conditionals.elseIf(isTaken, outer), ".elseif", at);
 }
 
 void FlowDirectives::report(Conditionals::Answer answer, const char* name, const char* at) {
@@ -110,24 +94,30 @@ void FlowDirectives::closeFrame() {
     }
 }
 
-void FlowDirectives::message(Directive directive, const char* at, const char* p) {
-    p = skipBlanks(p);
-    if (directive == Directive::assertion) {
-        assertion(at, p);
-        return;
-    }
-    std::optional<std::string> said = "the source gives up here (.fail)";
-    if (directive != Directive::fail || !endsStatement(*p)) {
-        said = text(p);
-    }
-    if (!said || !m_assembly.expectEnd(p)) {
-        return;
-    }
-    if (directive == Directive::warning) {
-        m_assembly.warn(Warning::userWarning, at, std::move(*said));
+void FlowDirectives::fail(const char* at, const char* p) {
+    if (endsStatement(*p)) {
+        m_assembly.error(at, "the source gives up here (.fail)");
     } else {
+        error(at, p);
+    }
+}
+
+void FlowDirectives::error(const char* at, const char* p) {
+    if (auto said = lastText(p)) {
         m_assembly.error(at, std::move(*said));
     }
+}
+
+void FlowDirectives::warning(const char* at, const char* p) {
+    if (auto said = lastText(p)) {
+        m_assembly.warn(Warning::userWarning, at, std::move(*said));
+    }
+}
+
+/// A text with which the statement ends.
+std::optional<std::string> FlowDirectives::lastText(const char* p) {
+    auto said = text(p);
+    return said && m_assembly.expectEnd(p) ? std::move(said) : std::nullopt;
 }
 
 std::optional<std::string> FlowDirectives::text(const char*& p) {

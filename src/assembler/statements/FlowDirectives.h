@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/language/Keywords.h"
 #include "assembler/statements/Assembly.h"
 #include "assembler/statements/ExpressionParser.h"
 
@@ -15,24 +14,29 @@ class FlowDirectives {
 public:
     FlowDirectives(Assembly& assembly, ExpressionParser& parser);
 
-    /// True for the directives that must be seen in a branch not taken.
-    static bool isConditional(Directive directive);
+    // The word begins at `at`, `p` is at the operand.
+    void ifTrue(const char* at, const char* p);
+    void ifDefined(const char* at, const char* p);
+    void ifNotDefined(const char* at, const char* p);
+    void elseIf(const char* at, const char* p);
+    void otherwise(const char* at, const char* p);
+    void endIf(const char* at, const char* p);
 
-    /// A conditional directive that begins at `at`, with `p` behind it.
-    void condition(Directive directive, const char* at, const char* p);
-
-    /// A directive that says something, or lets the build fail.
-    void message(Directive directive, const char* at, const char* p);
+    void assertion(const char* at, const char* p);
+    void fail(const char* at, const char* p);
+    void error(const char* at, const char* p);
+    void warning(const char* at, const char* p);
 
     /// Reports the conditions that the top frame opened and did not close.
     void closeFrame();
 
 private:
-    bool isTrue(Directive directive, const char* p);
+    void open(bool condition, const char* at);
+    bool skips() const { return m_assembly.conditionals.skips(); }
+    bool isTrue(const char* p, const char* what);
     bool isDefined(const char* p);
-    void elseIf(const char* at, const char* p);
     void report(Conditionals::Answer answer, const char* name, const char* at);
-    void assertion(const char* at, const char* p);
+    std::optional<std::string> lastText(const char* p);
     std::optional<std::string> text(const char*& p);
 
     Assembly& m_assembly;

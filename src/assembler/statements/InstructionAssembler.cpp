@@ -26,9 +26,14 @@ constexpr Field fieldOf(Mode mode) {
         return Field::jumpIndirect;
     case Mode::relative:
         return Field::relative;
-    default:
-        return Field::absolute;
+    case Mode::implied:
+    case Mode::accumulator:
+    case Mode::absolute:
+    case Mode::absoluteX:
+    case Mode::absoluteY:
+        break;
     }
+    return Field::absolute;
 }
 
 /// Behind a `<` that is ignored, or `p`.

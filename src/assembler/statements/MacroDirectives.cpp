@@ -25,16 +25,13 @@ const char* bodyWordEnd(const char* p) {
     return p;
 }
 
-bool isDirective(Keyword keyword, Directive directive) {
-    return keyword.kind == Keyword::Kind::directive &&
-           keyword.id == static_cast<std::uint8_t>(directive);
-}
-
 } // namespace
 
-MacroDirectives::MacroDirectives(Assembly& assembly, ExpressionParser& parser)
+MacroDirectives::MacroDirectives(Assembly& assembly, ExpressionParser& parser,
+                                 const Vocabulary& vocabulary)
     : m_assembly(assembly)
-    , m_parser(parser) {}
+    , m_parser(parser)
+    , m_vocabulary(vocabulary) {}
 
 std::uint32_t MacroDirectives::find(std::string_view name) const {
     const SymbolId id = m_assembly.symbols.find(name, m_assembly.scope);
@@ -63,13 +60,13 @@ void MacroDirectives::define(std::string_view name, const char* at, const char* 
         name = m_assembly.arena.keepLine(name);
     }
     Macro macro{name, {}};
-    if (!collect(Directive::macro, Directive::endMacro, at, macro.body) || !isFine) {
+    if (!collect(DirectiveRole::macro, DirectiveRole::endMacro, at, macro.body) || !isFine) {
         return;
     }
     const SymbolId id = m_assembly.intern(name);
     m_assembly.symbols[id].macro = static_cast<std::uint32_t>(m_assembly.macros.size());
     m_assembly.macros.push_back(macro);
-    if (findKeyword(name).kind != Keyword::Kind::none) {
+    if (m_vocabulary.find(name).kind != Keyword::Kind::none) {
         m_assembly.macroHidesKeyword = true;
     }
 }
@@ -94,7 +91,7 @@ bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
                          shown + " cannot name a macro: a name that begins with a dot is local");
         return false;
     }
-    if (findKeyword(name).kind == Keyword::Kind::directive) {
+    if (m_vocabulary.find(name).isDirective()) {
         m_assembly.error(at, shown + " cannot name a macro: it is a directive");
         return false;
     }
@@ -110,10 +107,10 @@ bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
 
 void MacroDirectives::skipBody(const char* at) {
     Passage body;
-    collect(Directive::macro, Directive::endMacro, at, body);
+    collect(DirectiveRole::macro, DirectiveRole::endMacro, at, body);
 }
 
-std::optional<Directive> MacroDirectives::directiveOf(const char* begin, const char*& at) const {
+std::optional<MacroDirectives::Found> MacroDirectives::directiveOf(const char* begin) const {
     for (const char* p = begin;;) {
         const bool isFirst = p == begin && !isBlank(*p);
         p = skipBlanks(p);
@@ -129,26 +126,26 @@ std::optional<Directive> MacroDirectives::directiveOf(const char* begin, const c
             continue;
         }
         const std::string_view word(p, static_cast<std::size_t>(end - p));
-        const Keyword keyword = findKeyword(word);
+        const Keyword keyword = m_vocabulary.find(word);
         const char* const next = skipBlanks(end);
         if (*next == '.' || keyword.kind == Keyword::Kind::none) {
-            if (isDirective(findKeyword(wordAt(next)), Directive::macro)) {
-                at = next;
-                return Directive::macro;
+            const Keyword second = m_vocabulary.find(wordAt(next));
+            if (second.isDirective(DirectiveRole::macro)) {
+                return Found{second, next};
             }
         }
-        if (keyword.kind == Keyword::Kind::directive) {
-            at = p;
-            return static_cast<Directive>(keyword.id);
+        if (keyword.isDirective()) {
+            return Found{keyword, p};
         }
-        if (!isFirst || keyword.kind == Keyword::Kind::instruction || find(word) != None) {
+        if (!isFirst || keyword.isInstruction() || find(word) != None) {
             return std::nullopt;
         }
         p = next; // a label
     }
 }
 
-bool MacroDirectives::collect(Directive opening, Directive closing, const char* at, Passage& body) {
+bool MacroDirectives::collect(DirectiveRole opening, DirectiveRole closing, const char* at,
+                              Passage& body) {
     SourceStack& sources = m_assembly.sources;
     const Frame& frame = sources.top();
     const char* const first = frame.cursor;
@@ -157,7 +154,7 @@ bool MacroDirectives::collect(Directive opening, Directive closing, const char* 
     std::string copy;
     for (std::size_t nesting = 0;;) {
         if (sources.isAtEnd()) {
-            const bool isMacro = closing == Directive::endMacro;
+            const bool isMacro = closing == DirectiveRole::endMacro;
             m_assembly.isIncomplete = true;
             m_assembly.error(
                 at, isMacro ? "this macro has no .endm before the end of the file"
@@ -172,18 +169,17 @@ bool MacroDirectives::collect(Directive opening, Directive closing, const char* 
         if (m_assembly.recordsLines) {
             m_assembly.records.add(line, frame.passage.file);
         }
-        const char* word = line.begin;
-        const auto directive = directiveOf(line.begin, word);
-        if (directive == opening) {
+        const auto directive = directiveOf(line.begin);
+        if (directive && directive->keyword.role == opening) {
             ++nesting;
         }
-        if (directive == closing && nesting-- == 0) {
+        if (directive && directive->keyword.role == closing && nesting-- == 0) {
             // A label before the end belongs to the body.
-            const bool hasLabel = skipBlanks(line.begin) != word;
+            const bool hasLabel = skipBlanks(line.begin) != directive->at;
             if (isCopied || hasLabel) {
                 copy = isCopied ? copy : std::string(first, line.begin);
                 if (hasLabel) {
-                    copy.append(line.begin, word);
+                    copy.append(line.begin, directive->at);
                 }
                 body.text = m_assembly.arena.keepLine(copy);
             } else {
@@ -245,11 +241,19 @@ void MacroDirectives::repeat(const char* at, const char* p) {
         m_assembly.expectEnd(p);
     }
     Passage body;
-    if (!collect(Directive::repeat, Directive::endRepeat, at, body) || !count || *count == 0 ||
-        isTooDeep(at)) {
+    if (!collect(DirectiveRole::repeat, DirectiveRole::endRepeat, at, body) || !count ||
+        *count == 0 || isTooDeep(at)) {
         return;
     }
     enter(Origin::Kind::repeat, body, {}).repetitions = static_cast<std::uint32_t>(*count) - 1;
+}
+
+void MacroDirectives::strayEndOfMacro(const char* at, const char* /*p*/) {
+    m_assembly.error(at, ".endm without a .macro before it");
+}
+
+void MacroDirectives::strayEndOfRepeat(const char* at, const char* /*p*/) {
+    m_assembly.error(at, ".endr without a .rept before it");
 }
 
 void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next problem) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/language/Keywords.h"
+#include "assembler/language/Vocabulary.h"
 #include "assembler/statements/Assembly.h"
 #include "assembler/statements/ExpressionParser.h"
 
@@ -13,7 +13,7 @@ namespace nesasm {
 /// Macros and repetitions: their bodies, and putting them in.
 class MacroDirectives {
 public:
-    MacroDirectives(Assembly& assembly, ExpressionParser& parser);
+    MacroDirectives(Assembly& assembly, ExpressionParser& parser, const Vocabulary& vocabulary);
 
     /// NAME .macro or .macro NAME, with `p` behind both.
     void define(std::string_view name, const char* at, const char* p);
@@ -30,15 +30,23 @@ public:
     /// .rept, with `p` behind it; `at` is where it begins.
     void repeat(const char* at, const char* p);
 
+    // .endm and .endr without a beginning.
+    void strayEndOfMacro(const char* at, const char* p);
+    void strayEndOfRepeat(const char* at, const char* p);
+
     /// Passes over the body of a macro in a branch that is not taken.
     void skipBody(const char* at);
 
-    /// The directive that the line at `begin` carries, behind labels; `at` is set to where it
-    /// stands.
-    std::optional<Directive> directiveOf(const char* begin, const char*& at) const;
+    /// A directive that a line carries, after labels.
+    struct Found {
+        Keyword keyword;
+        const char* at = nullptr;
+    };
+    /// The one of the line at `begin`, when it has one.
+    std::optional<Found> directiveOf(const char* begin) const;
 
 private:
-    bool collect(Directive opening, Directive closing, const char* at, Passage& body);
+    bool collect(DirectiveRole opening, DirectiveRole closing, const char* at, Passage& body);
     bool isTooDeep(const char* at);
     Frame& enter(Origin::Kind kind, const Passage& body, std::string_view name);
     void markArgumentNames(const char* p);
@@ -46,6 +54,7 @@ private:
 
     Assembly& m_assembly;
     ExpressionParser& m_parser;
+    const Vocabulary& m_vocabulary;
 };
 
 /// Reports that a macro or repetition asks for too much with `line`, and stops the run.

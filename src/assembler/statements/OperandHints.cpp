@@ -19,9 +19,19 @@ std::optional<Mode> zeroPageModeOf(Mode mode) {
         return Mode::zeroPageX;
     case Mode::absoluteY:
         return Mode::zeroPageY;
-    default:
-        return std::nullopt;
+    case Mode::implied:
+    case Mode::accumulator:
+    case Mode::immediate:
+    case Mode::zeroPage:
+    case Mode::zeroPageX:
+    case Mode::zeroPageY:
+    case Mode::indirect:
+    case Mode::indirectX:
+    case Mode::indirectY:
+    case Mode::relative:
+        break;
     }
+    return std::nullopt;
 }
 
 /// A number, or one byte of something: what immediate operands are mostly made of.

@@ -17,30 +17,6 @@ PlaceDirectives::PlaceDirectives(Assembly& assembly, ExpressionParser& parser)
     : m_assembly(assembly)
     , m_parser(parser) {}
 
-void PlaceDirectives::run(Directive directive, const char* p) {
-    p = skipBlanks(p);
-    switch (directive) {
-    case Directive::bank:
-        bank(p);
-        break;
-    case Directive::org:
-        address(p);
-        break;
-    case Directive::rsSet:
-        reserveFrom(p);
-        break;
-    case Directive::inesPrg:
-    case Directive::inesChr:
-    case Directive::inesMap:
-    case Directive::inesMir:
-        header(directive, p);
-        break;
-    default:
-        section(directive, p);
-        break;
-    }
-}
-
 void PlaceDirectives::bank(const char* p) {
     const auto number =
         m_parser.parseKnown(p, "the number of .bank", 0, static_cast<std::int32_t>(BankCount) - 1);
@@ -66,25 +42,12 @@ void PlaceDirectives::address(const char* p) {
                                 (target >= PrgStart ? "; .code leads back to the program" : ""));
 }
 
-void PlaceDirectives::section(Directive directive, const char* p) {
+void PlaceDirectives::select(Section section, const char* p) {
     if (!m_assembly.expectEnd(p)) {
         return;
     }
     m_assembly.sectionErrorReported = false;
-    switch (directive) {
-    case Directive::data:
-        m_assembly.image.selectSection(Section::data);
-        break;
-    case Directive::zp:
-        m_assembly.image.selectSection(Section::zeroPage);
-        break;
-    case Directive::bss:
-        m_assembly.image.selectSection(Section::bss);
-        break;
-    default:
-        m_assembly.image.selectSection(Section::code);
-        break;
-    }
+    m_assembly.image.selectSection(section);
 }
 
 void PlaceDirectives::reserveFrom(const char* p) {
@@ -94,22 +57,28 @@ void PlaceDirectives::reserveFrom(const char* p) {
     }
 }
 
-void PlaceDirectives::header(Directive directive, const char* p) {
-    struct Row {
-        const char* what;
-        std::uint32_t Header::*field;
-    };
-    const Row row = directive == Directive::inesPrg   ? Row{"the value of .inesprg", &Header::prg}
-                    : directive == Directive::inesChr ? Row{"the value of .ineschr", &Header::chr}
-                    : directive == Directive::inesMap
-                        ? Row{"the value of .inesmap", &Header::mapper}
-                        : Row{"the value of .inesmir", &Header::mirroring};
-    if (directive == Directive::inesPrg || directive == Directive::inesChr) {
-        m_assembly.headerPosition = m_assembly.keep(p);
-    }
-    const auto value = m_parser.parseKnown(p, row.what, 0, 255);
+void PlaceDirectives::prgUnits(const char* p) {
+    m_assembly.headerPosition = m_assembly.keep(p);
+    setField(m_assembly.image.header.prg, "the value of .inesprg", p);
+}
+
+void PlaceDirectives::chrUnits(const char* p) {
+    m_assembly.headerPosition = m_assembly.keep(p);
+    setField(m_assembly.image.header.chr, "the value of .ineschr", p);
+}
+
+void PlaceDirectives::mapper(const char* p) {
+    setField(m_assembly.image.header.mapper, "the value of .inesmap", p);
+}
+
+void PlaceDirectives::mirroring(const char* p) {
+    setField(m_assembly.image.header.mirroring, "the value of .inesmir", p);
+}
+
+void PlaceDirectives::setField(std::uint32_t& field, const char* what, const char* p) {
+    const auto value = m_parser.parseKnown(p, what, 0, 255);
     if (value && m_assembly.expectEnd(p)) {
-        m_assembly.image.header.*row.field = static_cast<std::uint32_t>(*value);
+        field = static_cast<std::uint32_t>(*value);
     }
 }
 

@@ -3,12 +3,13 @@
 
 #include "assembler/language/ForeignWords.h"
 #include "assembler/language/InstructionTable.h"
-#include "assembler/language/Keywords.h"
+#include "assembler/language/Vocabulary.h"
 #include "assembler/text/Characters.h"
 #include "assembler/text/NearNames.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
+#include <deque>
 
 namespace nesasm {
 
@@ -62,7 +63,8 @@ bool isHexadecimal(std::string_view name) {
 
 } // namespace
 
-std::string remedyForWord(const Assembly& assembly, std::string_view word) {
+std::string remedyForWord(const Assembly& assembly, const Vocabulary& vocabulary,
+                          std::string_view word) {
     const bool isDotted = word.starts_with('.');
     const std::string_view bare = isDotted ? word.substr(1) : word;
     if (const std::string_view advice = foreignWordAdvice(bare); !advice.empty()) {
@@ -72,12 +74,11 @@ std::string remedyForWord(const Assembly& assembly, std::string_view word) {
     for (const Macro& macro : assembly.macros) {
         near.consider(macro.name);
     }
-    std::string dotted[DirectiveTable.size()];
-    for (std::size_t i = 0; i < DirectiveTable.size(); ++i) {
-        dotted[i] = "." + std::string(DirectiveTable[i].name);
-        if (isDotted || DirectiveTable[i].worksWithoutDot || word == DirectiveTable[i].name) {
-            near.consider(isDotted ? std::string_view(dotted[i]) : DirectiveTable[i].name,
-                          dotted[i]);
+    std::deque<std::string> dotted; // what is considered must stay where it is
+    for (const DirectiveWord& each : vocabulary.directives()) {
+        dotted.push_back("." + std::string(each.word));
+        if (isDotted || each.worksWithoutDot || word == each.word) {
+            near.consider(isDotted ? std::string_view(dotted.back()) : each.word, dotted.back());
         }
     }
     if (!isDotted) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/language/Vocabulary.h"
 #include "assembler/statements/Assembly.h"
 
 #include <string>
@@ -10,7 +11,8 @@ namespace nesasm {
 
 /// What helps somebody who wrote a word that is no directive, instruction or macro: a part of a
 /// sentence that begins with ";", "" when nothing is known.
-std::string remedyForWord(const Assembly& assembly, std::string_view word);
+std::string remedyForWord(const Assembly& assembly, const Vocabulary& vocabulary,
+                          std::string_view word);
 
 /// Why SIZEOF() cannot take this symbol.
 std::string noSizeText(const Symbol& symbol);

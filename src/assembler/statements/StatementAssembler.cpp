@@ -18,18 +18,17 @@ std::string_view view(const char* begin, const char* end) {
 }
 
 /// True when the word at `p` is that directive and no label.
-bool isDirectiveAt(const char* p, Directive directive) {
+bool isDirectiveAt(const char* p, DirectiveRole role) {
     const char* const end = wordEnd(p);
-    const Keyword keyword = findKeyword(view(p, end));
-    return keyword.kind == Keyword::Kind::directive &&
-           keyword.id == static_cast<std::uint8_t>(directive) && *end != ':';
+    return *end != ':' && Directives::vocabulary().find(view(p, end)).isDirective(role);
 }
 
 /// True when an instruction or a directive with its dot stands at `p`: what comes before it is
 /// meant as a label.
 bool isStatementAt(const char* p) {
-    const Keyword::Kind kind =
-        startsName(p) ? findKeyword(view(p, wordEnd(p))).kind : Keyword::Kind::none;
+    const Keyword::Kind kind = startsName(p)
+                                   ? Directives::vocabulary().find(view(p, wordEnd(p))).kind
+                                   : Keyword::Kind::none;
     return kind == Keyword::Kind::instruction || (kind == Keyword::Kind::directive && *p == '.');
 }
 
@@ -84,12 +83,7 @@ constexpr std::string_view Advice = "; use ";
 StatementAssembler::StatementAssembler(Assembly& assembly)
     : m_assembly(assembly)
     , m_parser(assembly)
-    , m_definitions(assembly, m_parser)
-    , m_data(assembly, m_parser)
-    , m_places(assembly, m_parser)
-    , m_files(assembly, m_parser)
-    , m_macros(assembly, m_parser)
-    , m_flow(assembly, m_parser)
+    , m_directives(assembly, m_parser)
     , m_instructions(assembly, m_parser) {}
 
 void StatementAssembler::run() {
@@ -101,7 +95,8 @@ void StatementAssembler::run() {
         case SourceStack::Next::endOfFrame:
             endFrame();
             break;
-        default:
+        case SourceStack::Next::tooLong:
+        case SourceStack::Next::tooMuch:
             reportRunaway(m_assembly, m_assembly.line, next);
             break;
         }
@@ -109,7 +104,7 @@ void StatementAssembler::run() {
 }
 
 void StatementAssembler::endFrame() {
-    m_flow.closeFrame();
+    m_directives.flow().closeFrame();
     const Frame& frame = m_assembly.sources.top();
     if (frame.label != 0) {
         m_assembly.symbols[frame.label].size =
@@ -158,15 +153,24 @@ void StatementAssembler::assembleLine() {
 }
 
 void StatementAssembler::skippedLine() {
-    const char* at = nullptr;
-    const auto directive = m_macros.directiveOf(m_assembly.line.begin, at);
+    const auto directive = m_directives.macros().directiveOf(m_assembly.line.begin);
     if (!directive) {
         return;
     }
-    if (*directive == Directive::macro) {
-        m_macros.skipBody(at);
-    } else if (FlowDirectives::isConditional(*directive)) {
-        m_flow.condition(*directive, at, wordEnd(at));
+    switch (directive->keyword.role) {
+    case DirectiveRole::macro:
+        m_directives.macros().skipBody(directive->at);
+        break;
+    case DirectiveRole::conditional:
+        m_directives.run(directive->keyword.index, directive->at, wordEnd(directive->at));
+        break;
+    case DirectiveRole::ordinary:
+    case DirectiveRole::equ:
+    case DirectiveRole::rs:
+    case DirectiveRole::endMacro:
+    case DirectiveRole::repeat:
+    case DirectiveRole::endRepeat:
+        break;
     }
 }
 
@@ -184,7 +188,7 @@ void StatementAssembler::statement(const char* p, bool isFirstColumn) {
             if (isNamed(word, p, next)) {
                 return;
             }
-            m_definitions.label(word, p);
+            m_directives.definitions().label(word, p);
             p = next;
             continue;
         }
@@ -195,7 +199,7 @@ void StatementAssembler::statement(const char* p, bool isFirstColumn) {
             reportUnknown(word, p, bareLabel);
             return;
         }
-        m_definitions.label(word, p);
+        m_directives.definitions().label(word, p);
         bareLabel = word;
         p = skipBlanks(end);
     }
@@ -204,34 +208,34 @@ void StatementAssembler::statement(const char* p, bool isFirstColumn) {
 /// Assembles the statement when its first word, without a colon, is a directive, a macro or an
 /// instruction.
 bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
-    const Keyword keyword = findKeyword(word);
+    const Keyword keyword = Directives::vocabulary().find(word);
     const char* const end = p + word.size();
     const char* const next = skipBlanks(end);
     const bool isKeyword = keyword.kind != Keyword::Kind::none;
     const bool mayGiveValue = MayGiveValue[static_cast<unsigned char>(*next)];
     if ((*next == '.' || (!isKeyword && lowered(*next) == 'm')) &&
-        isDirectiveAt(next, Directive::macro)) {
-        m_macros.define(word, p, wordEnd(next));
+        isDirectiveAt(next, DirectiveRole::macro)) {
+        m_directives.macros().define(word, p, wordEnd(next));
         return true;
     }
-    if (keyword.kind == Keyword::Kind::directive) {
+    if (keyword.isDirective()) {
         if (mayGiveValue && namesSymbol(p, next)) {
             reportKeyword(word, p, true);
         } else {
-            directive(static_cast<Directive>(keyword.id), p, end);
+            m_directives.run(keyword.index, p, end);
         }
         return true;
     }
     if (!isKeyword || m_assembly.macroHidesKeyword) {
-        if (const std::uint32_t macro = m_macros.find(word); macro != None) {
-            m_macros.call(macro, p, end);
+        if (const std::uint32_t macro = m_directives.macros().find(word); macro != None) {
+            m_directives.macros().call(macro, p, end);
             return true;
         }
     }
     if (isKeyword && mayGiveValue && namesSymbol(p, next)) {
         reportKeyword(word, p, false);
     } else if (isKeyword) {
-        m_instructions.assemble(InstructionTable[keyword.id], p, end);
+        m_instructions.assemble(InstructionTable[keyword.index], p, end);
     }
     return isKeyword;
 }
@@ -253,75 +257,23 @@ void StatementAssembler::reportKeyword(std::string_view word, const char* p, boo
 /// label's: NAME = e, .equ, .rs or .macro.
 bool StatementAssembler::isNamed(std::string_view name, const char* at, const char* next) {
     if (*next == '=' && next[1] != '=') {
-        m_definitions.assign(name, at, next + 1);
+        m_directives.definitions().assign(name, at, next + 1);
         return true;
     }
     if (!startsName(next)) {
         return false;
     }
     const char* const end = wordEnd(next);
-    if (isDirectiveAt(next, Directive::equ)) {
-        m_definitions.assign(name, at, end);
-    } else if (isDirectiveAt(next, Directive::rs)) {
-        m_definitions.reserve(name, at, end);
-    } else if (isDirectiveAt(next, Directive::macro)) {
-        m_macros.define(name, at, end);
+    if (isDirectiveAt(next, DirectiveRole::equ)) {
+        m_directives.definitions().assign(name, at, end);
+    } else if (isDirectiveAt(next, DirectiveRole::rs)) {
+        m_directives.definitions().reserve(name, at, end);
+    } else if (isDirectiveAt(next, DirectiveRole::macro)) {
+        m_directives.macros().define(name, at, end);
     } else {
         return false;
     }
     return true;
-}
-
-void StatementAssembler::directive(Directive directive, const char* at, const char* p) {
-    if (FlowDirectives::isConditional(directive)) {
-        m_flow.condition(directive, at, p);
-        return;
-    }
-    switch (directive) {
-    case Directive::byte:
-    case Directive::word:
-    case Directive::ds:
-    case Directive::align:
-    case Directive::pad:
-        m_data.run(directive, p);
-        break;
-    case Directive::include:
-    case Directive::incBin:
-    case Directive::incChr:
-        m_files.run(directive, p);
-        break;
-    case Directive::macro:
-        m_macros.defineNamedBehind(p);
-        break;
-    case Directive::repeat:
-        m_macros.repeat(at, p);
-        break;
-    case Directive::endMacro:
-    case Directive::endRepeat:
-        m_assembly.error(at, directive == Directive::endMacro ? ".endm without a .macro before it"
-                                                              : ".endr without a .rept before it");
-        break;
-    case Directive::equ:
-        m_assembly.error(at, ".equ needs a name before it, as in NAME .equ 5");
-        break;
-    case Directive::rs:
-        m_definitions.reserve({}, at, p);
-        break;
-    case Directive::assertion:
-    case Directive::fail:
-    case Directive::error:
-    case Directive::warning:
-        m_flow.message(directive, at, p);
-        break;
-    case Directive::list:
-    case Directive::noList:
-        m_assembly.records.list(directive == Directive::list);
-        m_assembly.expectEnd(p);
-        break;
-    default:
-        m_places.run(directive, p);
-        break;
-    }
 }
 
 void StatementAssembler::reportUnknown(std::string_view word, const char* p,
@@ -346,8 +298,10 @@ std::string StatementAssembler::unknownText(std::string_view word, const char* p
     text += quoted(word);
     const SymbolId id = m_assembly.symbols.find(word, m_assembly.scope);
     const bool isSymbol = id != 0 && m_assembly.symbols[id].isDefined;
-    const std::string remedy = isSymbol ? "" : remedyForWord(m_assembly, word);
-    const std::string labelRemedy = label.empty() ? "" : remedyForWord(m_assembly, label);
+    const std::string remedy =
+        isSymbol ? "" : remedyForWord(m_assembly, Directives::vocabulary(), word);
+    const std::string labelRemedy =
+        label.empty() ? "" : remedyForWord(m_assembly, Directives::vocabulary(), label);
     const char* const next = skipBlanks(p + word.size());
     if (label.empty() && (endsStatement(*next) || isStatementAt(next))) {
         const bool isForeign = isDotted && !isSymbol && !foreignWordAdvice(word.substr(1)).empty();
@@ -386,7 +340,7 @@ void StatementAssembler::reportUnexpected(const char* p, std::string_view label)
                "instruction or a directive was expected, but " +
                foundText(p) + " was found" +
                (*p == ':' ? "; a label's colon stands directly behind its name"
-                          : remedyForWord(m_assembly, label));
+                          : remedyForWord(m_assembly, Directives::vocabulary(), label));
     });
 }
 

@@ -2,14 +2,9 @@
 #pragma once
 
 #include "assembler/statements/Assembly.h"
-#include "assembler/statements/DataDirectives.h"
-#include "assembler/statements/Definitions.h"
+#include "assembler/statements/Directives.h"
 #include "assembler/statements/ExpressionParser.h"
-#include "assembler/statements/FileDirectives.h"
-#include "assembler/statements/FlowDirectives.h"
 #include "assembler/statements/InstructionAssembler.h"
-#include "assembler/statements/MacroDirectives.h"
-#include "assembler/statements/PlaceDirectives.h"
 
 #include <string>
 #include <string_view>
@@ -22,9 +17,9 @@ public:
     explicit StatementAssembler(Assembly& assembly);
 
     /// Begins with the input file. Returns "" or why it cannot be read.
-    std::string openInput(const std::string& name) { return m_files.openInput(name); }
+    std::string openInput(const std::string& name) { return m_directives.files().openInput(name); }
     void predefine(std::string_view name, std::int32_t value) {
-        m_definitions.predefine(name, value);
+        m_directives.definitions().predefine(name, value);
     }
 
     /// Assembles everything up to the end of the input, or to the error limit.
@@ -37,7 +32,6 @@ private:
     void statement(const char* p, bool isFirstColumn);
     bool isKnownWord(std::string_view word, const char* p);
     bool isNamed(std::string_view name, const char* at, const char* next);
-    void directive(Directive directive, const char* at, const char* p);
     bool namesSymbol(const char* p, const char* next) const;
     void reportKeyword(std::string_view word, const char* p, bool isDirective);
     void reportUnknown(std::string_view word, const char* p, std::string_view label);
@@ -47,12 +41,7 @@ private:
 
     Assembly& m_assembly;
     ExpressionParser m_parser;
-    Definitions m_definitions;
-    DataDirectives m_data;
-    PlaceDirectives m_places;
-    FileDirectives m_files;
-    MacroDirectives m_macros;
-    FlowDirectives m_flow;
+    Directives m_directives;
     InstructionAssembler m_instructions;
 };
 

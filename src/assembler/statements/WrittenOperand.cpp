@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/WrittenOperand.h"
 
-#include "assembler/language/Keywords.h"
 #include "assembler/text/Characters.h"
 
 #include <cstddef>
@@ -27,8 +26,7 @@ const Instruction* instructionBefore(const Position& position) {
     while (begin > position.line && isWordPart(begin[-1])) {
         --begin;
     }
-    const Keyword keyword = findKeyword({begin, static_cast<std::size_t>(end - begin)});
-    return keyword.kind == Keyword::Kind::instruction ? &InstructionTable[keyword.id] : nullptr;
+    return findInstruction({begin, static_cast<std::size_t>(end - begin)});
 }
 
 std::string writtenOperand(const Position& position) {

@@ -60,9 +60,13 @@ constexpr bool isDigit(char c) {
     return isOfClass(c, digitClass);
 }
 
-/// The letter in lower case; other bytes below $80 stay recognisable as no letters.
+/// A letter in lower case or in capitals; other bytes stay as they are.
 constexpr char lowered(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+}
+
+constexpr char raised(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c & ~0x20) : c;
 }
 
 /// The value of a hexadecimal digit, -1 for any other byte.
