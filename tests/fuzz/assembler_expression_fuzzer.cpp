@@ -25,7 +25,7 @@ std::optional<Reading> read(const std::string& text) {
     nesasm::Origin origin;
     origin.file = "fuzz.asm";
     const std::string line = text + "\n";
-    assembly.line = {line.c_str(), 1, assembly.origins.add(origin), 1, false};
+    assembly.line = {nesasm::Cursor(line.c_str()), 1, assembly.origins.add(origin), 1, false};
     assembly.here = 0x8123;
     nesasm::Symbol& known = assembly.symbols[assembly.symbols.intern("known", 0, nullptr)];
     known.isDefined = known.isKnown = known.isLabel = true;
@@ -33,14 +33,15 @@ std::optional<Reading> read(const std::string& text) {
     known.bank = 3;
     known.size = 2;
     nesasm::ExpressionParser parser(assembly);
-    const char* p = line.c_str();
+    const nesasm::Cursor begin(line.c_str());
+    nesasm::Cursor p = begin;
     if (!parser.parse(p)) {
         if (assembly.diagnostics.errorCount() == 0) {
             std::abort(); // a failure without a message
         }
         return std::nullopt;
     }
-    const auto length = static_cast<std::size_t>(p - line.c_str());
+    const auto length = p - begin;
     if (length > text.size()) {
         std::abort(); // read beyond the end of the line
     }

@@ -164,24 +164,23 @@ private:
         });
     }
 
-    static bool isBlankLine(const char* text) { return endsStatement(*skipBlanks(text)); }
+    static bool isBlankLine(Cursor text) { return text.afterBlanks().isAtStatementEnd(); }
 
     /// True when the statement of the line is an instruction.
     bool isInstruction(const LineRecord& record) const {
         if (record.size == 0 || record.size > 3) {
             return false;
         }
-        const char* p = skipBlanks(record.text);
-        for (bool isFirst = p == record.text; startsName(p); isFirst = false) {
-            const char* const end = wordEnd(p);
-            const std::string_view word(p, static_cast<std::size_t>(end - p));
-            if (*end != ':' && findInstruction(word) != nullptr) {
+        Cursor p = record.text.afterBlanks();
+        for (bool isFirst = p == record.text; p.isAtName(); isFirst = false) {
+            const Cursor end = p.wordEnd();
+            if (*end != ':' && findInstruction(p.upTo(end)) != nullptr) {
                 return true;
             }
             if (*end != ':' && !isFirst) {
                 return false;
             }
-            p = skipBlanks(*end == ':' ? end + 1 : end);
+            p = (*end == ':' ? end + 1 : end).afterBlanks();
         }
         return false;
     }
@@ -205,8 +204,8 @@ private:
         return text;
     }
 
-    static std::string sourceText(const char* text) {
-        return printable({text, static_cast<std::size_t>(lineEnd(text) - text)}, true);
+    static std::string sourceText(Cursor text) {
+        return printable(text.upTo(text.lineEnd()), true);
     }
 
     void addTrimmed(std::string line) {

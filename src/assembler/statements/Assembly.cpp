@@ -21,18 +21,16 @@ Assembly::Assembly(const Options& options, TextSink sink)
     , sources(options.mostWork)
     , recordsLines(options.recordsLines) {}
 
-Position Assembly::at(const char* p) const {
-    return {line.begin, line.number, static_cast<std::uint32_t>(p - line.begin), line.origin,
+Position Assembly::at(Cursor p) const {
+    return {line.begin.data(), line.number, static_cast<std::uint32_t>(p - line.begin), line.origin,
             line.order};
 }
 
-Position Assembly::keep(const char* p) {
+Position Assembly::keep(Cursor p) {
     Position position = at(p);
     origins[line.origin].kept = true;
     if (line.isShortLived) {
-        const char* const end = lineEnd(line.begin);
-        position.line =
-            arena.keepLine({line.begin, static_cast<std::size_t>(end - line.begin)}).data();
+        position.line = arena.keepLine(line.begin.upTo(line.begin.lineEnd())).data();
     }
     return position;
 }
@@ -44,9 +42,9 @@ void Assembly::markBroken(std::string_view name) {
     }
 }
 
-bool Assembly::expectEnd(const char* p, std::string_view remedy) {
-    p = skipBlanks(p);
-    if (endsStatement(*p)) {
+bool Assembly::expectEnd(Cursor p, std::string_view remedy) {
+    p.skipBlanks();
+    if (p.isAtStatementEnd()) {
         return true;
     }
     const bool isIndex = (lowered(*p) == 'x' || lowered(*p) == 'y') && !isWordPart(p[1]);
@@ -62,7 +60,7 @@ bool Assembly::expectEnd(const char* p, std::string_view remedy) {
     return false;
 }
 
-void Assembly::reportExcess(std::size_t excess, const char* p) {
+void Assembly::reportExcess(std::size_t excess, Cursor p) {
     if (!image.isRam()) {
         if (!m_overflows.empty() && m_overflows.back().bank == image.bank() &&
             !m_overflows.back().isOver) {
@@ -100,7 +98,7 @@ void Assembly::noteOverwriting() {
             return;
         }
     }
-    m_overwritings.push_back({keep(skipBlanks(line.begin)), bytes});
+    m_overwritings.push_back({keep(line.begin.afterBlanks()), bytes});
 }
 
 void Assembly::reportPlaces() {
@@ -119,31 +117,25 @@ void Assembly::reportPlaces() {
     }
 }
 
-const char* commentRemedy(const char* p) {
+const char* commentRemedy(Cursor p) {
     const bool isForeign = (*p == '#' && (isBlank(p[1]) || p[1] == '#')) ||
                            (*p == '/' && (p[1] == '/' || p[1] == '*'));
     return isForeign ? "; a comment begins with a ;" : "";
 }
 
-std::string foundText(const char* p) {
-    if (isLineEnd(*p) || *p == ';') {
+std::string foundText(Cursor p) {
+    if (p.isAtLineEnd() || *p == ';') {
         return "the end of the statement";
     }
     if (*p == '\'') {
         return "a single quote";
     }
-    const char* end = p;
-    if (isWordPart(*p)) {
-        end = wordEnd(p);
-    } else {
-        const auto length = static_cast<std::size_t>(lineEnd(p) - p);
-        end = p + characterLength({p, length});
-    }
-    const bool isLong = static_cast<std::size_t>(end - p) > LongestFinding;
-    if (!isLong) {
-        return quoted({p, static_cast<std::size_t>(end - p)});
-    }
-    return quoted(std::string(p, LongestFinding).append("..."));
+    const std::string_view rest = p.upTo(p.lineEnd());
+    const std::string_view found =
+        isWordPart(*p) ? p.word() : rest.substr(0, characterLength(rest));
+    return found.size() <= LongestFinding
+               ? quoted(found)
+               : quoted(std::string(found.substr(0, LongestFinding)).append("..."));
 }
 
 } // namespace nesasm

@@ -10,6 +10,7 @@
 #include "assembler/statements/LineRecords.h"
 #include "assembler/statements/Options.h"
 #include "assembler/text/Arena.h"
+#include "assembler/text/Cursor.h"
 #include "assembler/values/Deferred.h"
 #include "assembler/values/Image.h"
 #include "assembler/values/SymbolTable.h"
@@ -69,15 +70,15 @@ struct Assembly {
     std::uint64_t sizedFrom = 0;
 
     /// The place `p` in the present line, for a message that is made now.
-    Position at(const char* p) const;
+    Position at(Cursor p) const;
     /// The place `p` in the present line, for later: the line's text is kept.
-    Position keep(const char* p);
+    Position keep(Cursor p);
 
-    void error(const char* p, std::string text) { diagnostics.error(at(p), std::move(text)); }
-    void error(const char* p, const std::function<std::string()>& text) {
+    void error(Cursor p, std::string text) { diagnostics.error(at(p), std::move(text)); }
+    void error(Cursor p, const std::function<std::string()>& text) {
         diagnostics.error(at(p), text);
     }
-    void warn(Warning warning, const char* p, std::string text) {
+    void warn(Warning warning, Cursor p, std::string text) {
         diagnostics.warning(warning, at(p), std::move(text));
     }
 
@@ -92,16 +93,16 @@ struct Assembly {
 
     /// Reports what stands at `p` unless the statement ends there. True when it does. `remedy` is
     /// added to the message: a part of a sentence that begins with ";".
-    bool expectEnd(const char* p, std::string_view remedy = {});
+    bool expectEnd(Cursor p, std::string_view remedy = {});
 
     /// Puts bytes into the image at the present place; what does not fit is reported.
-    void emit(const std::uint8_t* bytes, std::size_t count, const char* p) {
+    void emit(const std::uint8_t* bytes, std::size_t count, Cursor p) {
         if (const std::size_t excess = image.emit(bytes, count); excess != 0) {
             reportExcess(excess, p);
         }
     }
     /// Notes that `excess` bytes did not fit into the bank or section.
-    void reportExcess(std::size_t excess, const char* p);
+    void reportExcess(std::size_t excess, Cursor p);
 
     /// Notes that .org has moved the place: what does not fit from now on is another overflow.
     void noteMove();
@@ -130,9 +131,9 @@ private:
 };
 
 /// Advice for somebody who begins a comment at `p` as other languages do, "" for anything else.
-const char* commentRemedy(const char* p);
+const char* commentRemedy(Cursor p);
 
 /// What stands at `p`, for a message: "'x'", or "the end of the line".
-std::string foundText(const char* p);
+std::string foundText(Cursor p);
 
 } // namespace nesasm

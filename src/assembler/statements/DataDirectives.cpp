@@ -3,6 +3,7 @@
 
 #include "assembler/statements/FieldWriter.h"
 #include "assembler/text/Characters.h"
+#include "assembler/text/QuotedText.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -12,8 +13,8 @@ namespace nesasm {
 
 namespace {
 
-const std::uint8_t* bytesOf(const char* text) {
-    return reinterpret_cast<const std::uint8_t*>(text); // the same bytes, seen as numbers
+const std::uint8_t* bytesOf(std::string_view text) {
+    return reinterpret_cast<const std::uint8_t*>(text.data()); // the same bytes, seen as numbers
 }
 
 } // namespace
@@ -22,25 +23,25 @@ DataDirectives::DataDirectives(Assembly& assembly, ExpressionParser& parser)
     : m_assembly(assembly)
     , m_parser(parser) {}
 
-void DataDirectives::data(Field field, const char* p) {
+void DataDirectives::data(Field field, Cursor p) {
     while (item(field, p)) {
-        p = skipBlanks(p);
+        p.skipBlanks();
         if (*p != ',') {
-            if (!endsStatement(*p)) {
+            if (!p.isAtStatementEnd()) {
                 m_assembly.error(p, "a comma or the end of the statement was expected, but " +
                                         foundText(p) + " was found");
             }
             return;
         }
-        p = skipBlanks(p + 1);
+        p = (p + 1).afterBlanks();
     }
 }
 
-bool DataDirectives::item(Field field, const char*& p) {
+bool DataDirectives::item(Field field, Cursor& p) {
     if (*p == '"' && field == Field::byte) {
         return string(p);
     }
-    const char* const start = p;
+    const Cursor start = p;
     if (!m_parser.parse(p, ExpressionParser::Prefix::lowHigh)) {
         return false;
     }
@@ -48,42 +49,29 @@ bool DataDirectives::item(Field field, const char*& p) {
     return true;
 }
 
-bool DataDirectives::string(const char*& p) {
-    const char* const start = p++;
-    while (*p != '"') {
-        if (isLineEnd(*p)) {
-            m_assembly.error(start, "this string has no closing '\"'");
-            return false;
-        }
-        const char* part = p;
-        while (*p != '"' && !isLineEnd(*p) && (*p != '\\' || p[1] != '"')) {
-            ++p;
-        }
-        if (*p == '\\') {
-            if (part != p) {
-                m_assembly.emit(bytesOf(part), static_cast<std::size_t>(p - part), start);
-            }
-            part = ++p;
-            ++p;
-        }
-        if (part != p) {
-            m_assembly.emit(bytesOf(part), static_cast<std::size_t>(p - part), start);
-        }
+bool DataDirectives::string(Cursor& p) {
+    const Cursor start = p;
+    const QuotedText quoted = readQuoted(start, QuotedText::Backslash::escapes);
+    const std::string text = quoted.hasEscapes ? quoted.text() : std::string();
+    const std::string_view bytes = quoted.hasEscapes ? text : quoted.written;
+    m_assembly.emit(bytesOf(bytes), bytes.size(), start);
+    if (!quoted.isClosed) {
+        m_assembly.error(start, UnclosedString);
     }
-    ++p;
-    return true;
+    p = quoted.end;
+    return quoted.isClosed;
 }
 
-void DataDirectives::space(const char* p) {
-    const char* const start = p;
+void DataDirectives::space(Cursor p) {
+    const Cursor start = p;
     const auto count = m_parser.parseKnown(p, "the count of .ds", 0, 0xFFFF);
     if (count && m_assembly.expectEnd(p)) {
         fill(static_cast<std::size_t>(*count), 0, start);
     }
 }
 
-void DataDirectives::align(const char* p) {
-    const char* const start = p;
+void DataDirectives::align(Cursor p) {
+    const Cursor start = p;
     const auto unit = m_parser.parseKnown(p, "the step of .align", 1, 0x10000);
     if (unit) {
         const auto step = static_cast<std::uint32_t>(*unit);
@@ -91,8 +79,8 @@ void DataDirectives::align(const char* p) {
     }
 }
 
-void DataDirectives::pad(const char* p) {
-    const char* const start = p;
+void DataDirectives::pad(Cursor p) {
+    const Cursor start = p;
     const auto address = m_parser.parseKnown(p, "the address of .pad", 0, 0x10000);
     if (!address) {
         return;
@@ -107,7 +95,7 @@ void DataDirectives::pad(const char* p) {
     alignOrPadTo(std::int64_t{*address} - m_assembly.here, start, p);
 }
 
-void DataDirectives::alignOrPadTo(std::int64_t count, const char* start, const char* p) {
+void DataDirectives::alignOrPadTo(std::int64_t count, Cursor start, Cursor p) {
     std::int32_t byte = 0;
     if (*p == ',') {
         ++p;
@@ -122,7 +110,7 @@ void DataDirectives::alignOrPadTo(std::int64_t count, const char* start, const c
     }
 }
 
-void DataDirectives::fill(std::size_t count, std::uint8_t byte, const char* start) {
+void DataDirectives::fill(std::size_t count, std::uint8_t byte, Cursor start) {
     if (m_assembly.image.isRam()) {
         if (const std::size_t excess = m_assembly.image.reserve(count); excess != 0) {
             m_assembly.error(start, "there is no room for this: it goes " +

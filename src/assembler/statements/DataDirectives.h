@@ -14,18 +14,18 @@ public:
     DataDirectives(Assembly& assembly, ExpressionParser& parser);
 
     // `p` is at the operand.
-    void bytes(const char* p) { data(Field::byte, p); }
-    void words(const char* p) { data(Field::word, p); }
-    void space(const char* p);
-    void align(const char* p);
-    void pad(const char* p);
+    void bytes(Cursor p) { data(Field::byte, p); }
+    void words(Cursor p) { data(Field::word, p); }
+    void space(Cursor p);
+    void align(Cursor p);
+    void pad(Cursor p);
 
 private:
-    void data(Field field, const char* p);
-    bool item(Field field, const char*& p);
-    bool string(const char*& p);
-    void alignOrPadTo(std::int64_t count, const char* start, const char* p);
-    void fill(std::size_t count, std::uint8_t byte, const char* start);
+    void data(Field field, Cursor p);
+    bool item(Field field, Cursor& p);
+    bool string(Cursor& p);
+    void alignOrPadTo(std::int64_t count, Cursor start, Cursor p);
+    void fill(std::size_t count, std::uint8_t byte, Cursor start);
 
     Assembly& m_assembly;
     ExpressionParser& m_parser;

@@ -12,7 +12,7 @@ Definitions::Definitions(Assembly& assembly, ExpressionParser& parser)
     : m_assembly(assembly)
     , m_parser(parser) {}
 
-void Definitions::label(std::string_view name, const char* at) {
+void Definitions::label(std::string_view name, Cursor at) {
     const SymbolId id = m_assembly.intern(name);
     const auto value = static_cast<std::int32_t>(m_assembly.image.address());
     const std::int32_t bank =
@@ -27,9 +27,9 @@ void Definitions::label(std::string_view name, const char* at) {
     m_assembly.sizedFrom = m_assembly.image.total();
 }
 
-void Definitions::assign(std::string_view name, const char* at, const char* p) {
+void Definitions::assign(std::string_view name, Cursor at, Cursor p) {
     const SymbolId id = m_assembly.intern(name);
-    const char* const start = skipBlanks(p);
+    const Cursor start = p.afterBlanks();
     p = start;
     if (!m_parser.parse(p)) {
         m_assembly.markBroken(name);
@@ -59,11 +59,11 @@ void Definitions::assign(std::string_view name, const char* at, const char* p) {
     m_assembly.deferred.symbols.push_back({expression, id, isSecond});
 }
 
-void Definitions::assignNothing(const char* at, const char* /*p*/) {
+void Definitions::assignNothing(Cursor at, Cursor /*p*/) {
     m_assembly.error(at, ".equ needs a name before it, as in NAME .equ 5");
 }
 
-void Definitions::reserve(std::string_view name, const char* at, const char* p) {
+void Definitions::reserve(std::string_view name, Cursor at, Cursor p) {
     const auto count = m_parser.parseKnown(p, "the count of .rs", 0, 0x10000);
     if (!count || !m_assembly.expectEnd(p)) {
         if (!name.empty()) {
@@ -90,7 +90,7 @@ void Definitions::predefine(std::string_view name, std::int32_t value) {
     symbol.value = value;
 }
 
-void Definitions::define(SymbolId id, std::int32_t value, std::int32_t bank, const char* at) {
+void Definitions::define(SymbolId id, std::int32_t value, std::int32_t bank, Cursor at) {
     Symbol& symbol = m_assembly.symbols[id];
     if (!symbol.isDefined) {
         warnIfShadowing(symbol.name, at);
@@ -115,7 +115,7 @@ void Definitions::define(SymbolId id, std::int32_t value, std::int32_t bank, con
         {m_assembly.deferred.keep({&literal, 1}, m_assembly.keep(at)), id, true});
 }
 
-void Definitions::markDefined(SymbolId id, const char* at) {
+void Definitions::markDefined(SymbolId id, Cursor at) {
     Symbol& symbol = m_assembly.symbols[id];
     symbol.isDefined = true;
     symbol.line = m_assembly.line.number;
@@ -126,7 +126,7 @@ void Definitions::markDefined(SymbolId id, const char* at) {
     }
 }
 
-void Definitions::warnIfShadowing(std::string_view name, const char* at) {
+void Definitions::warnIfShadowing(std::string_view name, Cursor at) {
     if (name.size() < 3 || name.size() > 6) {
         return;
     }

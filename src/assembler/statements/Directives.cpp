@@ -14,7 +14,7 @@ namespace nesasm {
 /// What the table's rows are made of.
 struct Directives::Table {
     /// Carries out a directive whose word begins at `at`, with its operand at `operand`.
-    using Handler = void (*)(Directives& directives, const char* at, const char* operand);
+    using Handler = void (*)(Directives& directives, Cursor at, Cursor operand);
 
     struct Row {
         DirectiveWord word;
@@ -23,10 +23,9 @@ struct Directives::Table {
 
     /// Hands the directive to an operation of one of the parts; most need only the operand.
     template<auto part, auto operation>
-    static void to(Directives& directives, const char* at, const char* operand) {
+    static void to(Directives& directives, Cursor at, Cursor operand) {
         auto& target = directives.*part;
-        if constexpr (std::is_invocable_v<decltype(operation), decltype(target), const char*,
-                                          const char*>) {
+        if constexpr (std::is_invocable_v<decltype(operation), decltype(target), Cursor, Cursor>) {
             std::invoke(operation, target, at, operand);
         } else {
             std::invoke(operation, target, operand);
@@ -34,7 +33,7 @@ struct Directives::Table {
     }
     /// The same for an operation of this class.
     template<auto operation>
-    static void here(Directives& directives, const char* /*at*/, const char* operand) {
+    static void here(Directives& directives, Cursor /*at*/, Cursor operand) {
         std::invoke(operation, directives, operand);
     }
 
@@ -116,16 +115,16 @@ Directives::Directives(Assembly& assembly, ExpressionParser& parser)
     , m_macros(assembly, parser, vocabulary())
     , m_flow(assembly, parser) {}
 
-void Directives::run(std::uint8_t index, const char* at, const char* p) {
-    Table::Rows[index].handler(*this, at, skipBlanks(p));
+void Directives::run(std::uint8_t index, Cursor at, Cursor p) {
+    Table::Rows[index].handler(*this, at, p.afterBlanks());
 }
 
-void Directives::list(const char* p) {
+void Directives::list(Cursor p) {
     m_assembly.records.list(true);
     m_assembly.expectEnd(p);
 }
 
-void Directives::stopListing(const char* p) {
+void Directives::stopListing(Cursor p) {
     m_assembly.records.list(false);
     m_assembly.expectEnd(p);
 }

@@ -25,7 +25,7 @@ public:
 
     /// Carries out the directive with this index in the vocabulary, whose word begins at `at`;
     /// `p` is behind it.
-    void run(std::uint8_t index, const char* at, const char* p);
+    void run(std::uint8_t index, Cursor at, Cursor p);
 
     Definitions& definitions() { return m_definitions; }
     FileDirectives& files() { return m_files; }
@@ -35,8 +35,8 @@ public:
 private:
     struct Table;
 
-    void list(const char* p);
-    void stopListing(const char* p);
+    void list(Cursor p);
+    void stopListing(Cursor p);
 
     Assembly& m_assembly;
     Definitions m_definitions;

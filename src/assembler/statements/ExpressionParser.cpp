@@ -58,7 +58,7 @@ std::string numberRemedy(unsigned base, char letter) {
 ExpressionParser::ExpressionParser(Assembly& assembly)
     : m_assembly(assembly) {}
 
-bool ExpressionParser::parse(const char*& p, Prefix prefix) {
+bool ExpressionParser::parse(Cursor& p, Prefix prefix) {
     m_operations.clear();
     m_stack = 0;
     m_nesting = 0;
@@ -69,20 +69,20 @@ bool ExpressionParser::parse(const char*& p, Prefix prefix) {
     return fine;
 }
 
-bool ExpressionParser::parseRest(const char*& p) {
+bool ExpressionParser::parseRest(Cursor& p) {
     m_p = p;
     bool fine = true;
     for (Binary next = binaryAt(m_p); fine && next.precedence != 0; next = binaryAt(m_p)) {
-        const char* const at = m_p;
+        const Cursor at = m_p;
         m_p += next.length;
         fine = binary(next.precedence + 1) && push(next.code, 0, at);
-        m_p = skipBlanks(m_p);
+        m_p.skipBlanks();
     }
     p = m_p;
     return fine;
 }
 
-ExpressionParser::Binary ExpressionParser::binaryAt(const char* p) {
+ExpressionParser::Binary ExpressionParser::binaryAt(Cursor p) {
     switch (*p) {
     case '|':
         return p[1] == '|' ? Binary{OpCode::logicalOr, 1, 2} : Binary{OpCode::bitOr, 3, 1};
@@ -130,12 +130,12 @@ bool ExpressionParser::binary(int precedence) {
         return false;
     }
     for (;;) {
-        m_p = skipBlanks(m_p);
+        m_p.skipBlanks();
         const Binary next = binaryAt(m_p);
         if (next.precedence == 0 || next.precedence < precedence) {
             return true;
         }
-        const char* const at = m_p;
+        const Cursor at = m_p;
         m_p += next.length;
         if (!binary(next.precedence + 1) || !push(next.code, 0, at)) {
             return false;
@@ -144,10 +144,10 @@ bool ExpressionParser::binary(int precedence) {
 }
 
 bool ExpressionParser::unary(bool lowHigh) {
-    m_p = skipBlanks(m_p);
+    m_p.skipBlanks();
     // A macro argument may bring its #; what stands behind it is an immediate value.
     while (*m_p == '#') {
-        m_p = skipBlanks(m_p + 1);
+        m_p = (m_p + 1).afterBlanks();
         lowHigh = true;
     }
     switch (*m_p) {
@@ -160,7 +160,7 @@ bool ExpressionParser::unary(bool lowHigh) {
     case '+':
     case '<':
     case '>': {
-        const char* const at = m_p;
+        const Cursor at = m_p;
         if (*at != '+' && !lowHigh) {
             return fail(at, "a value was expected, not '" + std::string(1, *at) +
                                 "'; LOW() and HIGH() take a byte of a value");
@@ -181,7 +181,7 @@ bool ExpressionParser::unary(bool lowHigh) {
 }
 
 bool ExpressionParser::applyPrefix(OpCode code) {
-    const char* const at = m_p++;
+    const Cursor at = m_p++;
     if (++m_nesting > DeepestNesting) {
         return fail(at, TooDeep);
     }
@@ -202,7 +202,7 @@ bool ExpressionParser::primary() {
     case '$':
         return hexadecimal();
     case '%': {
-        const char* const begin = m_p++;
+        const Cursor begin = m_p++;
         if (*m_p != '0' && *m_p != '1') {
             return fail(begin, "a binary number needs digits 0 or 1 behind its %");
         }
@@ -227,7 +227,7 @@ bool ExpressionParser::primary() {
 }
 
 bool ExpressionParser::parenthesized() {
-    const char* const at = m_p++;
+    const Cursor at = m_p++;
     if (++m_nesting > DeepestNesting) {
         return fail(at, TooDeep);
     }
@@ -243,17 +243,17 @@ bool ExpressionParser::parenthesized() {
 }
 
 bool ExpressionParser::word() {
-    const char* const begin = m_p;
-    m_p = wordEnd(begin);
-    const std::string_view name(begin, static_cast<std::size_t>(m_p - begin));
+    const Cursor begin = m_p;
+    m_p = begin.wordEnd();
+    const std::string_view name = begin.upTo(m_p);
     if (name == ".") {
         return fail(begin, "a value was expected, but '.' was found");
     }
     if (name.size() >= 3 && name.size() <= 6) {
-        const char* const next = skipBlanks(m_p);
+        const Cursor next = m_p.afterBlanks();
         const bool isCall = *next == '(';
         // Two values side by side: the parentheses have been forgotten.
-        const bool lacksParentheses = startsName(next) || isDigit(*next) || *next == '$';
+        const bool lacksParentheses = next.isAtName() || isDigit(*next) || *next == '$';
         const auto which = isCall || lacksParentheses ? findFunction(name) : std::nullopt;
         if (which && isCall) {
             return function(*which, begin);
@@ -271,8 +271,8 @@ bool ExpressionParser::word() {
     return push(OpCode::value, id, begin);
 }
 
-bool ExpressionParser::function(Function function, const char* at) {
-    m_p = skipBlanks(m_p);
+bool ExpressionParser::function(Function function, Cursor at) {
+    m_p.skipBlanks();
     switch (function) {
     case Function::low:
         return parenthesized() && push(OpCode::low, 0, at);
@@ -289,18 +289,18 @@ bool ExpressionParser::function(Function function, const char* at) {
 }
 
 bool ExpressionParser::sizeOfLabel() {
-    for (m_p = skipBlanks(m_p + 1); *m_p == '#';) {
-        m_p = skipBlanks(m_p + 1);
+    for (m_p = (m_p + 1).afterBlanks(); *m_p == '#';) {
+        m_p = (m_p + 1).afterBlanks();
     }
-    const char* const begin = m_p;
-    if (!startsName(begin)) {
+    const Cursor begin = m_p;
+    if (!begin.isAtName()) {
         return fail(begin,
                     "SIZEOF() needs the name of a label, but " + foundText(begin) + " was found");
     }
-    m_p = wordEnd(begin);
-    const SymbolId id = m_assembly.intern({begin, static_cast<std::size_t>(m_p - begin)});
+    m_p = begin.wordEnd();
+    const SymbolId id = m_assembly.intern(begin.upTo(m_p));
     ++m_assembly.symbols[id].uses;
-    m_p = skipBlanks(m_p);
+    m_p.skipBlanks();
     if (*m_p != ')') {
         return fail(m_p, "a ')' was expected, but " + foundText(m_p) + " was found");
     }
@@ -313,7 +313,7 @@ bool ExpressionParser::number() {
 }
 
 bool ExpressionParser::hexadecimal() {
-    const char* const begin = m_p++;
+    const Cursor begin = m_p++;
     if (hexDigit(*m_p) >= 0) {
         return digits(16, begin);
     }
@@ -321,18 +321,18 @@ bool ExpressionParser::hexadecimal() {
         ++m_p;
     }
     m_assembly.warn(Warning::oddNumber, begin,
-                    "there is no hexadecimal digit behind this $: '" + std::string(begin, m_p) +
-                        "' counts as 0");
+                    "there is no hexadecimal digit behind this $: '" +
+                        std::string(begin.upTo(m_p)) + "' counts as 0");
     return push(OpCode::literal, 0, begin);
 }
 
-bool ExpressionParser::digits(unsigned base, const char* begin) {
+bool ExpressionParser::digits(unsigned base, Cursor begin) {
     std::uint64_t value = 0;
     bool tooLarge = false;
     for (;; ++m_p) {
         // Underscores may stand between the digits of a binary number.
         if (base == 2 && *m_p == '_') {
-            const char* behind = m_p;
+            Cursor behind = m_p;
             while (*behind == '_') {
                 ++behind;
             }
@@ -362,7 +362,7 @@ bool ExpressionParser::digits(unsigned base, const char* begin) {
 }
 
 bool ExpressionParser::character() {
-    const char* const begin = m_p;
+    const Cursor begin = m_p;
     if (isLineEnd(m_p[1]) || m_p[2] != '\'') {
         return fail(
             begin,
@@ -372,7 +372,7 @@ bool ExpressionParser::character() {
     return push(OpCode::literal, static_cast<unsigned char>(begin[1]), begin);
 }
 
-bool ExpressionParser::push(OpCode code, std::uint32_t argument, const char* at) {
+bool ExpressionParser::push(OpCode code, std::uint32_t argument, Cursor at) {
     if (code <= OpCode::sizeOf && ++m_stack > LargestStack) {
         return fail(at, "the expression is too complicated; give a part of it a name with =");
     }
@@ -385,7 +385,7 @@ bool ExpressionParser::push(OpCode code, std::uint32_t argument, const char* at)
     return true;
 }
 
-bool ExpressionParser::fail(const char* at, std::string text) {
+bool ExpressionParser::fail(Cursor at, std::string text) {
     m_assembly.error(at, std::move(text));
     return false;
 }
@@ -399,11 +399,11 @@ Evaluation ExpressionParser::evaluateNow() const {
     return result;
 }
 
-DeferredExpression ExpressionParser::defer(const char* start) {
+DeferredExpression ExpressionParser::defer(Cursor start) {
     return m_assembly.deferred.keep(m_operations, m_assembly.keep(start));
 }
 
-std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const char* what) {
+std::optional<std::int32_t> ExpressionParser::parseKnown(Cursor& p, const char* what) {
     if (!parse(p)) {
         return std::nullopt;
     }
@@ -439,9 +439,9 @@ std::string ExpressionParser::unknownText(const Evaluation& result, const char* 
                        : "it is made from a symbol that is not known yet; define that one above it";
 }
 
-std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const char* what,
+std::optional<std::int32_t> ExpressionParser::parseKnown(Cursor& p, const char* what,
                                                          std::int32_t least, std::int32_t most) {
-    const char* const start = skipBlanks(p);
+    const Cursor start = p.afterBlanks();
     const auto value = parseKnown(p, what);
     if (!value || (*value >= least && *value <= most)) {
         return value;

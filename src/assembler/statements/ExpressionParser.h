@@ -24,10 +24,10 @@ public:
     explicit ExpressionParser(Assembly& assembly);
 
     /// Reads one expression at `p`, which is moved behind it. False when an error was reported.
-    bool parse(const char*& p, Prefix prefix = Prefix::none);
+    bool parse(Cursor& p, Prefix prefix = Prefix::none);
 
     /// Goes on reading an expression of which the part that is in parentheses has just been parsed.
-    bool parseRest(const char*& p);
+    bool parseRest(Cursor& p);
 
     /// What was read last.
     std::span<const Operation> operations() const { return m_operations; }
@@ -43,13 +43,13 @@ public:
     }
 
     /// Keeps what was read last until all symbols are known.
-    DeferredExpression defer(const char* start);
+    DeferredExpression defer(Cursor start);
 
     /// Reads an expression whose value is needed at once; `what` names it in messages, such as
     /// "the address of .org".
-    std::optional<std::int32_t> parseKnown(const char*& p, const char* what);
+    std::optional<std::int32_t> parseKnown(Cursor& p, const char* what);
     /// The same, within bounds.
-    std::optional<std::int32_t> parseKnown(const char*& p, const char* what, std::int32_t least,
+    std::optional<std::int32_t> parseKnown(Cursor& p, const char* what, std::int32_t least,
                                            std::int32_t most);
 
 private:
@@ -59,26 +59,26 @@ private:
         int length = 0;
     };
 
-    static Binary binaryAt(const char* p);
+    static Binary binaryAt(Cursor p);
     bool binary(int precedence);
     bool unary(bool lowHigh);
     bool applyPrefix(OpCode code);
     bool primary();
     bool parenthesized();
     bool word();
-    bool function(Function function, const char* at);
+    bool function(Function function, Cursor at);
     bool sizeOfLabel();
     bool number();
     bool hexadecimal();
-    bool digits(unsigned base, const char* begin);
+    bool digits(unsigned base, Cursor begin);
     bool character();
     std::string unknownText(const Evaluation& result, const char* what) const;
-    bool push(OpCode code, std::uint32_t argument, const char* at);
-    bool fail(const char* at, std::string text);
+    bool push(OpCode code, std::uint32_t argument, Cursor at);
+    bool fail(Cursor at, std::string text);
 
     Assembly& m_assembly;
     std::vector<Operation> m_operations;
-    const char* m_p = nullptr;
+    Cursor m_p;
     bool m_lowHigh = false;
     std::size_t m_stack = 0;
     int m_nesting = 0;

@@ -10,8 +10,8 @@ namespace nesasm {
 /// A field that is to be written, with the opcode before it if it has one.
 struct FieldToWrite {
     Field field = Field::byte;
-    const char* start = nullptr; ///< where its expression begins
-    std::uint32_t next = 0;      ///< the address behind a branch
+    Cursor start;           ///< where its expression begins
+    std::uint32_t next = 0; ///< the address behind a branch
     std::uint8_t opcode = 0;
     bool hasOpcode = false;
 };

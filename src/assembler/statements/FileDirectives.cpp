@@ -3,6 +3,7 @@
 
 #include "assembler/reading/PcxReader.h"
 #include "assembler/text/Characters.h"
+#include "assembler/text/QuotedText.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -65,21 +66,20 @@ std::string FileDirectives::openInput(const std::string& name) {
     return {};
 }
 
-std::optional<std::string_view> FileDirectives::fileName(const char*& p) {
-    const char* const start = p;
+std::optional<std::string_view> FileDirectives::fileName(Cursor& p) {
+    const Cursor start = p;
     if (*p != '"') {
         m_assembly.error(p, "a file name in double quotes was expected, but " + foundText(p) +
                                 " was found");
         return std::nullopt;
     }
-    for (++p; *p != '"'; ++p) {
-        if (isLineEnd(*p)) {
-            m_assembly.error(start, "this file name has no closing '\"'");
-            return std::nullopt;
-        }
+    const QuotedText quoted = readQuoted(start, QuotedText::Backslash::isPlain);
+    if (!quoted.isClosed) {
+        m_assembly.error(start, "this file name has no closing '\"'");
+        return std::nullopt;
     }
-    const std::string_view name(start + 1, static_cast<std::size_t>(p - start - 1));
-    ++p;
+    p = quoted.end;
+    const std::string_view name = quoted.written;
     if (!name.empty()) {
         return name;
     }
@@ -87,8 +87,7 @@ std::optional<std::string_view> FileDirectives::fileName(const char*& p) {
     return std::nullopt;
 }
 
-std::optional<std::string> FileDirectives::find(std::string_view name, const char* at,
-                                                bool isSource) {
+std::optional<std::string> FileDirectives::find(std::string_view name, Cursor at, bool isSource) {
     if (m_assembly.sources.top().countsAsWork && !countWork(WorkOfSearch, at)) {
         return std::nullopt;
     }
@@ -111,7 +110,7 @@ std::optional<std::string> FileDirectives::find(std::string_view name, const cha
     return found->path;
 }
 
-bool FileDirectives::countWork(std::uint64_t work, const char* at) {
+bool FileDirectives::countWork(std::uint64_t work, Cursor at) {
     if (m_assembly.sources.addWork(work)) {
         return true;
     }
@@ -121,13 +120,13 @@ bool FileDirectives::countWork(std::uint64_t work, const char* at) {
     return false;
 }
 
-void FileDirectives::missing(std::string_view name, const std::string& why, const char* at) {
+void FileDirectives::missing(std::string_view name, const std::string& why, Cursor at) {
     m_assembly.isIncomplete = true;
     m_assembly.error(at, "the file '" + std::string(name) + "' cannot be read: " + why);
 }
 
-void FileDirectives::include(const char* p) {
-    const char* const at = p;
+void FileDirectives::include(Cursor p) {
+    const Cursor at = p;
     const auto name = fileName(p);
     if (!name || !m_assembly.expectEnd(p) || isTooDeep(*name, at)) {
         return;
@@ -146,7 +145,7 @@ void FileDirectives::include(const char* p) {
     }
 }
 
-bool FileDirectives::isTooDeep(std::string_view name, const char* at) {
+bool FileDirectives::isTooDeep(std::string_view name, Cursor at) {
     std::vector<std::string_view> names;
     for (std::size_t i = 0; i < m_assembly.sources.depth(); ++i) {
         if (m_assembly.sources.at(i).kind == Origin::Kind::file) {
@@ -195,21 +194,21 @@ void FileDirectives::enter(const SourceFile& file, std::string_view name, bool w
     frame.totalBefore = m_assembly.sizedFrom;
 }
 
-void FileDirectives::binary(const char* p) {
-    const char* const at = p;
+void FileDirectives::binary(Cursor p) {
+    const Cursor at = p;
     const auto name = fileName(p);
     if (!name) {
         return;
     }
     std::int32_t offset = 0;
     std::optional<std::int32_t> length;
-    const char* numbers[2]{p, p};
+    Cursor numbers[2]{p, p};
     for (int i = 0; i < 2; ++i) {
-        p = skipBlanks(p);
+        p.skipBlanks();
         if (*p != ',') {
             break;
         }
-        numbers[i] = skipBlanks(++p);
+        numbers[i] = (++p).afterBlanks();
         const auto value = m_parser.parseKnown(
             p, i == 0 ? "the offset of .incbin" : "the length of .incbin", 0, INT32_MAX);
         if (!value) {
@@ -255,7 +254,7 @@ void FileDirectives::binary(const char* p) {
 
 /// Puts `count` bytes of a file from `offset` on; those that no image can hold are not even read.
 void FileDirectives::putPart(const DataFile& file, std::size_t offset, std::size_t count,
-                             std::string_view name, const char* at) {
+                             std::string_view name, Cursor at) {
     constexpr std::size_t MostBytes = std::size_t{BankCount} * BankSize;
     if (m_assembly.image.isRam()) {
         m_assembly.reportExcess(count, at);
@@ -278,8 +277,8 @@ void FileDirectives::putPart(const DataFile& file, std::size_t offset, std::size
     }
 }
 
-void FileDirectives::tiles(const char* p) {
-    const char* const at = p;
+void FileDirectives::tiles(Cursor p) {
+    const Cursor at = p;
     const auto name = fileName(p);
     if (!name || !m_assembly.expectEnd(p)) {
         return;
@@ -306,7 +305,7 @@ void FileDirectives::tiles(const char* p) {
     }
 }
 
-void FileDirectives::put(const std::uint8_t* bytes, std::size_t count, const char* at) {
+void FileDirectives::put(const std::uint8_t* bytes, std::size_t count, Cursor at) {
     if (m_assembly.image.isRam()) {
         m_assembly.reportExcess(count, at);
     } else if (!m_assembly.image.emitAcrossBanks(bytes, count)) {
@@ -314,7 +313,7 @@ void FileDirectives::put(const std::uint8_t* bytes, std::size_t count, const cha
     }
 }
 
-void FileDirectives::reportBeyondLastBank(std::size_t count, const char* at) {
+void FileDirectives::reportBeyondLastBank(std::size_t count, Cursor at) {
     m_assembly.error(at, "these " + counted(count, "byte") + " go beyond the last bank, number " +
                              std::to_string(BankCount - 1));
 }

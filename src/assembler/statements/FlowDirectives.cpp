@@ -2,6 +2,7 @@
 #include "assembler/statements/FlowDirectives.h"
 
 #include "assembler/text/Characters.h"
+#include "assembler/text/QuotedText.h"
 
 #include <utility>
 
@@ -11,23 +12,24 @@ FlowDirectives::FlowDirectives(Assembly& assembly, ExpressionParser& parser)
     : m_assembly(assembly)
     , m_parser(parser) {}
 
-void FlowDirectives::ifTrue(const char* at, const char* p) {
+void FlowDirectives::ifTrue(Cursor at, Cursor p) {
     open(!skips() && isTrue(p, "the condition of .if"), at);
 }
 
-void FlowDirectives::ifDefined(const char* at, const char* p) {
+void FlowDirectives::ifDefined(Cursor at, Cursor p) {
     open(!skips() && isDefined(p), at);
 }
 
-void FlowDirectives::ifNotDefined(const char* at, const char* p) {
+void FlowDirectives::ifNotDefined(Cursor at, Cursor p) {
     open(!skips() && !isDefined(p), at);
 }
 
-void FlowDirectives::open(bool condition, const char* at) {
+void FlowDirectives::open(bool condition, Cursor at) {
     const Position position = m_assembly.at(at);
     std::string text;
     if (m_assembly.line.isShortLived) {
-        text.assign(position.line, lineEnd(position.line)).append(1, '\n');
+        const Cursor begin = m_assembly.line.begin;
+        text.append(begin.upTo(begin.lineEnd())) += '\n';
     }
     if (skips()) {
         m_assembly.conditionals.openSkipped(position, std::move(text));
@@ -36,36 +38,35 @@ void FlowDirectives::open(bool condition, const char* at) {
     }
 }
 
-void FlowDirectives::elseIf(const char* at, const char* p) {
+void FlowDirectives::elseIf(Cursor at, Cursor p) {
     const std::size_t outer = m_assembly.sources.top().conditionals;
     const bool isTaken =
         m_assembly.conditionals.wantsCondition(outer) && isTrue(p, "the condition of .elseif");
     report(m_assembly.conditionals.elseIf(isTaken, outer), ".elseif", at);
 }
 
-void FlowDirectives::otherwise(const char* at, const char* p) {
+void FlowDirectives::otherwise(Cursor at, Cursor p) {
     report(m_assembly.conditionals.otherwise(m_assembly.sources.top().conditionals), ".else", at);
     m_assembly.expectEnd(p);
 }
 
-void FlowDirectives::endIf(const char* at, const char* p) {
+void FlowDirectives::endIf(Cursor at, Cursor p) {
     report(m_assembly.conditionals.close(m_assembly.sources.top().conditionals), ".endif", at);
     m_assembly.expectEnd(p);
 }
 
-bool FlowDirectives::isTrue(const char* p, const char* what) {
+bool FlowDirectives::isTrue(Cursor p, const char* what) {
     const auto value = m_parser.parseKnown(p, what);
     return value && m_assembly.expectEnd(p) && *value != 0;
 }
 
-bool FlowDirectives::isDefined(const char* p) {
-    if (!startsName(p)) {
+bool FlowDirectives::isDefined(Cursor p) {
+    if (!p.isAtName()) {
         m_assembly.error(p, "a name was expected, but " + foundText(p) + " was found");
         return false;
     }
-    const char* const end = wordEnd(p);
-    const SymbolId id =
-        m_assembly.symbols.find({p, static_cast<std::size_t>(end - p)}, m_assembly.scope);
+    const Cursor end = p.wordEnd();
+    const SymbolId id = m_assembly.symbols.find(p.upTo(end), m_assembly.scope);
     m_assembly.expectEnd(end);
     if (id == 0) {
         return false;
@@ -75,7 +76,7 @@ bool FlowDirectives::isDefined(const char* p) {
     return symbol.isDefined || symbol.macro != None;
 }
 
-void FlowDirectives::report(Conditionals::Answer answer, const char* name, const char* at) {
+void FlowDirectives::report(Conditionals::Answer answer, const char* name, Cursor at) {
     if (answer == Conditionals::Answer::noIf) {
         m_assembly.error(at, std::string(name) + " without an .if before it in this file or macro");
     } else if (answer == Conditionals::Answer::afterElse) {
@@ -94,55 +95,49 @@ void FlowDirectives::closeFrame() {
     }
 }
 
-void FlowDirectives::fail(const char* at, const char* p) {
-    if (endsStatement(*p)) {
+void FlowDirectives::fail(Cursor at, Cursor p) {
+    if (p.isAtStatementEnd()) {
         m_assembly.error(at, "the source gives up here (.fail)");
     } else {
         error(at, p);
     }
 }
 
-void FlowDirectives::error(const char* at, const char* p) {
+void FlowDirectives::error(Cursor at, Cursor p) {
     if (auto said = lastText(p)) {
         m_assembly.error(at, std::move(*said));
     }
 }
 
-void FlowDirectives::warning(const char* at, const char* p) {
+void FlowDirectives::warning(Cursor at, Cursor p) {
     if (auto said = lastText(p)) {
         m_assembly.warn(Warning::userWarning, at, std::move(*said));
     }
 }
 
 /// A text with which the statement ends.
-std::optional<std::string> FlowDirectives::lastText(const char* p) {
+std::optional<std::string> FlowDirectives::lastText(Cursor p) {
     auto said = text(p);
     return said && m_assembly.expectEnd(p) ? std::move(said) : std::nullopt;
 }
 
-std::optional<std::string> FlowDirectives::text(const char*& p) {
-    const char* const start = p;
+std::optional<std::string> FlowDirectives::text(Cursor& p) {
+    const Cursor start = p;
     if (*p != '"') {
         m_assembly.error(p, "a text in double quotes was expected, but " + foundText(p) +
                                 " was found");
         return std::nullopt;
     }
-    std::string said;
-    for (++p; *p != '"'; ++p) {
-        if (isLineEnd(*p)) {
-            m_assembly.error(start, "this string has no closing '\"'");
-            return std::nullopt;
-        }
-        if (*p == '\\' && p[1] == '"') {
-            ++p;
-        }
-        said += *p;
+    const QuotedText quoted = readQuoted(start, QuotedText::Backslash::escapes);
+    if (!quoted.isClosed) {
+        m_assembly.error(start, UnclosedString);
+        return std::nullopt;
     }
-    ++p;
-    return said;
+    p = quoted.end;
+    return quoted.text();
 }
 
-void FlowDirectives::assertion(const char* at, const char* p) {
+void FlowDirectives::assertion(Cursor at, Cursor p) {
     if (!m_parser.parse(p)) {
         return;
     }
@@ -153,7 +148,7 @@ void FlowDirectives::assertion(const char* at, const char* p) {
     }
     std::optional<std::string> said = "the assertion does not hold";
     if (*p == ',') {
-        p = skipBlanks(p + 1);
+        p = (p + 1).afterBlanks();
         said = text(p);
     }
     if (!said || !m_assembly.expectEnd(p)) {

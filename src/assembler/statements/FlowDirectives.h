@@ -15,29 +15,29 @@ public:
     FlowDirectives(Assembly& assembly, ExpressionParser& parser);
 
     // The word begins at `at`, `p` is at the operand.
-    void ifTrue(const char* at, const char* p);
-    void ifDefined(const char* at, const char* p);
-    void ifNotDefined(const char* at, const char* p);
-    void elseIf(const char* at, const char* p);
-    void otherwise(const char* at, const char* p);
-    void endIf(const char* at, const char* p);
+    void ifTrue(Cursor at, Cursor p);
+    void ifDefined(Cursor at, Cursor p);
+    void ifNotDefined(Cursor at, Cursor p);
+    void elseIf(Cursor at, Cursor p);
+    void otherwise(Cursor at, Cursor p);
+    void endIf(Cursor at, Cursor p);
 
-    void assertion(const char* at, const char* p);
-    void fail(const char* at, const char* p);
-    void error(const char* at, const char* p);
-    void warning(const char* at, const char* p);
+    void assertion(Cursor at, Cursor p);
+    void fail(Cursor at, Cursor p);
+    void error(Cursor at, Cursor p);
+    void warning(Cursor at, Cursor p);
 
     /// Reports the conditions that the top frame opened and did not close.
     void closeFrame();
 
 private:
-    void open(bool condition, const char* at);
+    void open(bool condition, Cursor at);
     bool skips() const { return m_assembly.conditionals.skips(); }
-    bool isTrue(const char* p, const char* what);
-    bool isDefined(const char* p);
-    void report(Conditionals::Answer answer, const char* name, const char* at);
-    std::optional<std::string> lastText(const char* p);
-    std::optional<std::string> text(const char*& p);
+    bool isTrue(Cursor p, const char* what);
+    bool isDefined(Cursor p);
+    void report(Conditionals::Answer answer, const char* name, Cursor at);
+    std::optional<std::string> lastText(Cursor p);
+    std::optional<std::string> text(Cursor& p);
 
     Assembly& m_assembly;
     ExpressionParser& m_parser;

@@ -37,12 +37,12 @@ constexpr Field fieldOf(Mode mode) {
 }
 
 /// Behind a `<` that is ignored, or `p`.
-const char* skipLowMark(const char* p) {
-    p = skipBlanks(p);
+Cursor skipLowMark(Cursor p) {
+    p.skipBlanks();
     return *p == '<' ? p + 1 : p;
 }
 
-bool isRegister(const char* p, char name) {
+bool isRegister(Cursor p, char name) {
     return lowered(*p) == name && !isWordPart(p[1]);
 }
 
@@ -53,11 +53,10 @@ InstructionAssembler::InstructionAssembler(Assembly& assembly, ExpressionParser&
     , m_parser(parser)
     , m_hints(assembly) {}
 
-void InstructionAssembler::assemble(const Instruction& instruction, const char* start,
-                                    const char* p) {
-    p = skipBlanks(p);
-    const char* const operand = p;
-    if (instruction.has(Mode::implied) && !endsStatement(*p)) {
+void InstructionAssembler::assemble(const Instruction& instruction, Cursor start, Cursor p) {
+    p.skipBlanks();
+    const Cursor operand = p;
+    if (instruction.has(Mode::implied) && !p.isAtStatementEnd()) {
         reportMode(instruction, Shape::plain, operand);
         return;
     }
@@ -70,14 +69,14 @@ void InstructionAssembler::assemble(const Instruction& instruction, const char* 
     }
     const auto mode = modeOf(instruction, *shape);
     if (!mode) {
-        reportMode(instruction, *shape, endsStatement(*operand) ? start : operand);
+        reportMode(instruction, *shape, operand.isAtStatementEnd() ? start : operand);
         return;
     }
     emit(instruction, *mode, start, operand);
 }
 
 std::optional<InstructionAssembler::Shape>
-InstructionAssembler::readOperand(const Instruction& instruction, const char*& p) {
+InstructionAssembler::readOperand(const Instruction& instruction, Cursor& p) {
     switch (*p) {
     case '#':
         ++p;
@@ -111,11 +110,11 @@ InstructionAssembler::readOperand(const Instruction& instruction, const char*& p
     default:
         break;
     }
-    if (endsStatement(*p)) {
+    if (p.isAtStatementEnd()) {
         return Shape::none;
     }
     if (isRegister(p, 'a') && instruction.has(Mode::accumulator) &&
-        endsStatement(*skipBlanks(p + 1))) {
+        (p + 1).afterBlanks().isAtStatementEnd()) {
         ++p;
         return Shape::accumulator;
     }
@@ -132,7 +131,7 @@ InstructionAssembler::readOperand(const Instruction& instruction, const char*& p
 }
 
 /// [e], [e,x] or [e],y
-std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(const char*& p) {
+std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(Cursor& p) {
     p = skipLowMark(p + 1);
     if (!m_parser.parse(p)) {
         return std::nullopt;
@@ -145,7 +144,7 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(con
         return std::nullopt;
     }
     ++p;
-    const char* const comma = skipBlanks(p);
+    const Cursor comma = p.afterBlanks();
     const auto index = readIndex(p);
     if (!index) {
         return std::nullopt;
@@ -158,7 +157,7 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(con
 }
 
 /// (e), (e,x), (e),y, or an expression that begins with a parenthesis
-std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis(const char*& p) {
+std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis(Cursor& p) {
     p = skipLowMark(p + 1);
     if (!m_parser.parse(p)) {
         return std::nullopt;
@@ -170,8 +169,8 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis
         fail(p, "a ')' was expected, but " + foundText(p) + " was found");
         return std::nullopt;
     }
-    p = skipBlanks(p + 1);
-    const bool closesLast = *p == ',' || endsStatement(*p);
+    p = (p + 1).afterBlanks();
+    const bool closesLast = *p == ',' || p.isAtStatementEnd();
     if (!closesLast && !m_parser.parseRest(p)) {
         return std::nullopt;
     }
@@ -191,14 +190,14 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis
 }
 
 /// The rest of (e,x) or [e,x], at the comma
-std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(const char*& p,
+std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(Cursor& p,
                                                                              char closing) {
-    const char* const comma = p;
+    const Cursor comma = p;
     const auto index = readIndex(p);
     if (!index) {
         return std::nullopt;
     }
-    p = skipBlanks(p);
+    p.skipBlanks();
     if (*index == Index::y) {
         fail(comma,
              "inside the brackets only x can be the index; y stands behind them, as in [n],y");
@@ -214,12 +213,12 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(con
 }
 
 /// ",x" or ",y" or nothing; nullopt when something else stands behind a comma
-std::optional<InstructionAssembler::Index> InstructionAssembler::readIndex(const char*& p) {
-    const char* const comma = skipBlanks(p);
+std::optional<InstructionAssembler::Index> InstructionAssembler::readIndex(Cursor& p) {
+    const Cursor comma = p.afterBlanks();
     if (*comma != ',') {
         return Index::none;
     }
-    const char* const letter = skipBlanks(comma + 1);
+    const Cursor letter = (comma + 1).afterBlanks();
     const bool isX = isRegister(letter, 'x');
     if (!isX && !isRegister(letter, 'y')) {
         fail(letter,
@@ -281,8 +280,8 @@ Mode InstructionAssembler::modeOfParenthesisY(const Instruction& instruction) co
                                                                             : Mode::absoluteY;
 }
 
-void InstructionAssembler::emit(const Instruction& instruction, Mode mode, const char* start,
-                                const char* operand) {
+void InstructionAssembler::emit(const Instruction& instruction, Mode mode, Cursor start,
+                                Cursor operand) {
     const auto opcode = static_cast<std::uint8_t>(instruction.opcode(mode));
     if (mode == Mode::implied || mode == Mode::accumulator) {
         m_assembly.emit(&opcode, 1, start);
@@ -302,8 +301,7 @@ std::string_view InstructionAssembler::shapeText(Shape shape) {
     return Texts[static_cast<std::size_t>(shape)];
 }
 
-void InstructionAssembler::reportMode(const Instruction& instruction, Shape shape,
-                                      const char* operand) {
+void InstructionAssembler::reportMode(const Instruction& instruction, Shape shape, Cursor operand) {
     const std::string name(instruction.name);
     std::string text;
     if (shape == Shape::none) {
@@ -326,7 +324,7 @@ void InstructionAssembler::reportMode(const Instruction& instruction, Shape shap
     fail(operand, std::move(text));
 }
 
-bool InstructionAssembler::fail(const char* at, std::string text) {
+bool InstructionAssembler::fail(Cursor at, std::string text) {
     m_assembly.error(at, std::move(text));
     return false;
 }

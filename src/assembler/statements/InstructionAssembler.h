@@ -15,7 +15,7 @@ public:
     InstructionAssembler(Assembly& assembly, ExpressionParser& parser);
 
     /// `p` is behind the mnemonic, which begins at `start`.
-    void assemble(const Instruction& instruction, const char* start, const char* p);
+    void assemble(const Instruction& instruction, Cursor start, Cursor p);
 
 private:
     /// How an operand is written.
@@ -37,17 +37,17 @@ private:
     };
     enum class Index { none, x, y };
 
-    std::optional<Shape> readOperand(const Instruction& instruction, const char*& p);
-    std::optional<Shape> readBracket(const char*& p);
-    std::optional<Shape> readParenthesis(const char*& p);
-    std::optional<Shape> insideIndex(const char*& p, char closing);
-    std::optional<Index> readIndex(const char*& p);
+    std::optional<Shape> readOperand(const Instruction& instruction, Cursor& p);
+    std::optional<Shape> readBracket(Cursor& p);
+    std::optional<Shape> readParenthesis(Cursor& p);
+    std::optional<Shape> insideIndex(Cursor& p, char closing);
+    std::optional<Index> readIndex(Cursor& p);
     std::optional<Mode> modeOf(const Instruction& instruction, Shape shape) const;
     Mode modeOfParenthesisY(const Instruction& instruction) const;
-    void emit(const Instruction& instruction, Mode mode, const char* start, const char* operand);
-    void reportMode(const Instruction& instruction, Shape shape, const char* operand);
+    void emit(const Instruction& instruction, Mode mode, Cursor start, Cursor operand);
+    void reportMode(const Instruction& instruction, Shape shape, Cursor operand);
     static std::string_view shapeText(Shape shape);
-    bool fail(const char* at, std::string text);
+    bool fail(Cursor at, std::string text);
 
     Assembly& m_assembly;
     ExpressionParser& m_parser;

@@ -9,9 +9,7 @@ void LineRecords::add(const Line& line, const SourceFile* file) {
     LineRecord record;
     record.text = line.begin;
     if (line.isShortLived) {
-        const char* const end = lineEnd(line.begin);
-        record.text =
-            m_arena.keepLine({line.begin, static_cast<std::size_t>(end - line.begin)}).data();
+        record.text = Cursor(m_arena.keepLine(line.begin.upTo(line.begin.lineEnd())).data());
     }
     record.file = file;
     record.origin = line.origin;

@@ -14,7 +14,7 @@ namespace nesasm {
 
 /// One source line that was read, and the place of the bytes it made.
 struct LineRecord {
-    const char* text = nullptr; ///< ends at its line end
+    Cursor text; ///< ends at its line end
     const SourceFile* file = nullptr;
     OriginId origin = NoOrigin;
     std::uint32_t number = 0;

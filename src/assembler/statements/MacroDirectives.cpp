@@ -13,12 +13,8 @@ namespace {
 constexpr std::size_t DeepestNesting = 256;
 constexpr std::int32_t MostRepetitions = 65535;
 
-std::string_view wordAt(const char* p) {
-    return {p, static_cast<std::size_t>(wordEnd(p) - p)};
-}
-
 /// The end of a word of a macro's body, which may hold arguments to be put in.
-const char* bodyWordEnd(const char* p) {
+Cursor bodyWordEnd(Cursor p) {
     while (isWordPart(*p) || (*p == '\\' && !isLineEnd(p[1]))) {
         p += *p == '\\' ? 2 : 1;
     }
@@ -38,20 +34,21 @@ std::uint32_t MacroDirectives::find(std::string_view name) const {
     return id == 0 ? None : m_assembly.symbols[id].macro;
 }
 
-void MacroDirectives::defineNamedBehind(const char* p) {
-    p = skipBlanks(p);
+void MacroDirectives::defineNamedBehind(Cursor p) {
+    p.skipBlanks();
     if (!isWordStart(*p)) {
         m_assembly.error(p, "the macro's name was expected, but " + foundText(p) + " was found");
         skipBody(p);
         return;
     }
-    define(wordAt(p), p, wordEnd(p));
+    define(p.word(), p, p.wordEnd());
 }
 
-void MacroDirectives::define(std::string_view name, const char* at, const char* p) {
+void MacroDirectives::define(std::string_view name, Cursor at, Cursor p) {
     const std::string_view remedy =
-        startsName(skipBlanks(p)) ? "; a macro's arguments have no names: \\1 to \\9 stand for them"
-                                  : "";
+        p.afterBlanks().isAtName()
+            ? "; a macro's arguments have no names: \\1 to \\9 stand for them"
+            : "";
     if (!m_assembly.expectEnd(p, remedy)) {
         markArgumentNames(p);
     }
@@ -73,18 +70,18 @@ void MacroDirectives::define(std::string_view name, const char* at, const char* 
 
 /// The words behind a macro's name were meant as names of its arguments: that the body uses them is
 /// no further mistake.
-void MacroDirectives::markArgumentNames(const char* p) {
-    for (p = skipBlanks(p); *p == ',' || startsName(p); p = skipBlanks(p)) {
+void MacroDirectives::markArgumentNames(Cursor p) {
+    for (p.skipBlanks(); *p == ',' || p.isAtName(); p = p.afterBlanks()) {
         if (*p == ',') {
             ++p;
             continue;
         }
-        m_assembly.markBroken(wordAt(p));
-        p = wordEnd(p);
+        m_assembly.markBroken(p.word());
+        p = p.wordEnd();
     }
 }
 
-bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
+bool MacroDirectives::mayDefine(std::string_view name, Cursor at) {
     const std::string shown = quoted(name);
     if (name.starts_with('.')) {
         m_assembly.error(at,
@@ -105,19 +102,19 @@ bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
     return true;
 }
 
-void MacroDirectives::skipBody(const char* at) {
+void MacroDirectives::skipBody(Cursor at) {
     Passage body;
     collect(DirectiveRole::macro, DirectiveRole::endMacro, at, body);
 }
 
-std::optional<MacroDirectives::Found> MacroDirectives::directiveOf(const char* begin) const {
-    for (const char* p = begin;;) {
+std::optional<MacroDirectives::Found> MacroDirectives::directiveOf(Cursor begin) const {
+    for (Cursor p = begin;;) {
         const bool isFirst = p == begin && !isBlank(*p);
-        p = skipBlanks(p);
-        if (!startsName(p) && *p != '\\') {
+        p.skipBlanks();
+        if (!p.isAtName() && *p != '\\') {
             return std::nullopt;
         }
-        const char* const end = bodyWordEnd(p);
+        const Cursor end = bodyWordEnd(p);
         if (end == p) {
             return std::nullopt; // a backslash at the end of the line
         }
@@ -125,11 +122,11 @@ std::optional<MacroDirectives::Found> MacroDirectives::directiveOf(const char* b
             p = end + 1;
             continue;
         }
-        const std::string_view word(p, static_cast<std::size_t>(end - p));
+        const std::string_view word = p.upTo(end);
         const Keyword keyword = m_vocabulary.find(word);
-        const char* const next = skipBlanks(end);
+        const Cursor next = end.afterBlanks();
         if (*next == '.' || keyword.kind == Keyword::Kind::none) {
-            const Keyword second = m_vocabulary.find(wordAt(next));
+            const Keyword second = m_vocabulary.find(next.word());
             if (second.isDirective(DirectiveRole::macro)) {
                 return Found{second, next};
             }
@@ -144,11 +141,11 @@ std::optional<MacroDirectives::Found> MacroDirectives::directiveOf(const char* b
     }
 }
 
-bool MacroDirectives::collect(DirectiveRole opening, DirectiveRole closing, const char* at,
+bool MacroDirectives::collect(DirectiveRole opening, DirectiveRole closing, Cursor at,
                               Passage& body) {
     SourceStack& sources = m_assembly.sources;
     const Frame& frame = sources.top();
-    const char* const first = frame.cursor;
+    const Cursor first(frame.cursor);
     body = {{}, frame.line + 1, frame.passage.file, frame.passage.fileName};
     const bool isCopied = frame.kind == Origin::Kind::macro;
     std::string copy;
@@ -175,25 +172,25 @@ bool MacroDirectives::collect(DirectiveRole opening, DirectiveRole closing, cons
         }
         if (directive && directive->keyword.role == closing && nesting-- == 0) {
             // A label before the end belongs to the body.
-            const bool hasLabel = skipBlanks(line.begin) != directive->at;
+            const bool hasLabel = line.begin.afterBlanks() != directive->at;
             if (isCopied || hasLabel) {
-                copy = isCopied ? copy : std::string(first, line.begin);
+                copy = isCopied ? copy : std::string(first.upTo(line.begin));
                 if (hasLabel) {
-                    copy.append(line.begin, directive->at);
+                    copy.append(line.begin.upTo(directive->at));
                 }
                 body.text = m_assembly.arena.keepLine(copy);
             } else {
-                body.text = {first, static_cast<std::size_t>(line.begin - first)};
+                body.text = first.upTo(line.begin);
             }
             return true;
         }
         if (isCopied) {
-            copy.append(line.begin, lineEnd(line.begin)) += '\n';
+            copy.append(line.begin.upTo(line.begin.lineEnd())) += '\n';
         }
     }
 }
 
-bool MacroDirectives::isTooDeep(const char* at) {
+bool MacroDirectives::isTooDeep(Cursor at) {
     if (m_assembly.sources.depth() < DeepestNesting) {
         return false;
     }
@@ -219,7 +216,7 @@ Frame& MacroDirectives::enter(Origin::Kind kind, const Passage& body, std::strin
     return frame;
 }
 
-void MacroDirectives::call(std::uint32_t macro, const char* at, const char* p) {
+void MacroDirectives::call(std::uint32_t macro, Cursor at, Cursor p) {
     if (isTooDeep(at)) {
         return;
     }
@@ -234,8 +231,8 @@ void MacroDirectives::call(std::uint32_t macro, const char* at, const char* p) {
     frame.number = ++m_assembly.expansions;
 }
 
-void MacroDirectives::repeat(const char* at, const char* p) {
-    p = skipBlanks(p);
+void MacroDirectives::repeat(Cursor at, Cursor p) {
+    p.skipBlanks();
     const auto count = m_parser.parseKnown(p, "the count of .rept", 0, MostRepetitions);
     if (count) {
         m_assembly.expectEnd(p);
@@ -248,17 +245,17 @@ void MacroDirectives::repeat(const char* at, const char* p) {
     enter(Origin::Kind::repeat, body, {}).repetitions = static_cast<std::uint32_t>(*count) - 1;
 }
 
-void MacroDirectives::strayEndOfMacro(const char* at, const char* /*p*/) {
+void MacroDirectives::strayEndOfMacro(Cursor at, Cursor /*p*/) {
     m_assembly.error(at, ".endm without a .macro before it");
 }
 
-void MacroDirectives::strayEndOfRepeat(const char* at, const char* /*p*/) {
+void MacroDirectives::strayEndOfRepeat(Cursor at, Cursor /*p*/) {
     m_assembly.error(at, ".endr without a .rept before it");
 }
 
 void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next problem) {
-    const auto column = static_cast<std::uint32_t>(skipBlanks(line.begin) - line.begin);
-    const Position position{line.begin, line.number, column, line.origin, line.order};
+    const auto column = static_cast<std::uint32_t>(line.begin.afterBlanks() - line.begin);
+    const Position position{line.begin.data(), line.number, column, line.origin, line.order};
     assembly.diagnostics.fatal(
         position, problem == SourceStack::Next::tooLong
                       ? "with its arguments put in, this line of a macro is too long"

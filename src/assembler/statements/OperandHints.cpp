@@ -55,7 +55,7 @@ OperandHints::OperandHints(Assembly& assembly)
     , m_hash(assembly.diagnostics.isOn(Warning::missingHash)) {}
 
 void OperandHints::look(const Instruction& instruction, Mode mode,
-                        std::span<const Operation> operations, const char* operand) {
+                        std::span<const Operation> operations, Cursor operand) {
     if (m_hash && mode == Mode::absolute && instruction.has(Mode::immediate) &&
         looksImmediate(operations, m_assembly.symbols)) {
         const std::string name(instruction.name);

@@ -18,7 +18,7 @@ public:
 
     /// An instruction that is being assembled, with its operand (at `operand`) as it was read.
     void look(const Instruction& instruction, Mode mode, std::span<const Operation> operations,
-              const char* operand);
+              Cursor operand);
 
     /// A field whose value was not known when it was assembled.
     void lookLate(const DeferredField& field, std::int32_t value);

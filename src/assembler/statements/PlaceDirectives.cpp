@@ -17,7 +17,7 @@ PlaceDirectives::PlaceDirectives(Assembly& assembly, ExpressionParser& parser)
     : m_assembly(assembly)
     , m_parser(parser) {}
 
-void PlaceDirectives::bank(const char* p) {
+void PlaceDirectives::bank(Cursor p) {
     const auto number =
         m_parser.parseKnown(p, "the number of .bank", 0, static_cast<std::int32_t>(BankCount) - 1);
     if (number && m_assembly.expectEnd(p)) {
@@ -25,8 +25,8 @@ void PlaceDirectives::bank(const char* p) {
     }
 }
 
-void PlaceDirectives::address(const char* p) {
-    const char* const start = p;
+void PlaceDirectives::address(Cursor p) {
+    const Cursor start = p;
     const auto value = m_parser.parseKnown(p, "the address of .org", 0, 0xFFFF);
     if (!value || !m_assembly.expectEnd(p)) {
         return;
@@ -42,7 +42,7 @@ void PlaceDirectives::address(const char* p) {
                                 (target >= PrgStart ? "; .code leads back to the program" : ""));
 }
 
-void PlaceDirectives::select(Section section, const char* p) {
+void PlaceDirectives::select(Section section, Cursor p) {
     if (!m_assembly.expectEnd(p)) {
         return;
     }
@@ -50,32 +50,32 @@ void PlaceDirectives::select(Section section, const char* p) {
     m_assembly.image.selectSection(section);
 }
 
-void PlaceDirectives::reserveFrom(const char* p) {
+void PlaceDirectives::reserveFrom(Cursor p) {
     const auto value = m_parser.parseKnown(p, "the address of .rsset", 0, 0xFFFF);
     if (value && m_assembly.expectEnd(p)) {
         m_assembly.reserveCounter = *value;
     }
 }
 
-void PlaceDirectives::prgUnits(const char* p) {
+void PlaceDirectives::prgUnits(Cursor p) {
     m_assembly.headerPosition = m_assembly.keep(p);
     setField(m_assembly.image.header.prg, "the value of .inesprg", p);
 }
 
-void PlaceDirectives::chrUnits(const char* p) {
+void PlaceDirectives::chrUnits(Cursor p) {
     m_assembly.headerPosition = m_assembly.keep(p);
     setField(m_assembly.image.header.chr, "the value of .ineschr", p);
 }
 
-void PlaceDirectives::mapper(const char* p) {
+void PlaceDirectives::mapper(Cursor p) {
     setField(m_assembly.image.header.mapper, "the value of .inesmap", p);
 }
 
-void PlaceDirectives::mirroring(const char* p) {
+void PlaceDirectives::mirroring(Cursor p) {
     setField(m_assembly.image.header.mirroring, "the value of .inesmir", p);
 }
 
-void PlaceDirectives::setField(std::uint32_t& field, const char* what, const char* p) {
+void PlaceDirectives::setField(std::uint32_t& field, const char* what, Cursor p) {
     const auto value = m_parser.parseKnown(p, what, 0, 255);
     if (value && m_assembly.expectEnd(p)) {
         field = static_cast<std::uint32_t>(*value);

@@ -13,23 +13,23 @@ public:
     PlaceDirectives(Assembly& assembly, ExpressionParser& parser);
 
     // `p` is at the operand.
-    void bank(const char* p);
-    void address(const char* p);
-    void reserveFrom(const char* p);
+    void bank(Cursor p);
+    void address(Cursor p);
+    void reserveFrom(Cursor p);
 
-    void code(const char* p) { select(Section::code, p); }
-    void data(const char* p) { select(Section::data, p); }
-    void zeroPage(const char* p) { select(Section::zeroPage, p); }
-    void bss(const char* p) { select(Section::bss, p); }
+    void code(Cursor p) { select(Section::code, p); }
+    void data(Cursor p) { select(Section::data, p); }
+    void zeroPage(Cursor p) { select(Section::zeroPage, p); }
+    void bss(Cursor p) { select(Section::bss, p); }
 
-    void prgUnits(const char* p);
-    void chrUnits(const char* p);
-    void mapper(const char* p);
-    void mirroring(const char* p);
+    void prgUnits(Cursor p);
+    void chrUnits(Cursor p);
+    void mapper(Cursor p);
+    void mirroring(Cursor p);
 
 private:
-    void select(Section section, const char* p);
-    void setField(std::uint32_t& field, const char* what, const char* p);
+    void select(Section section, Cursor p);
+    void setField(std::uint32_t& field, const char* what, Cursor p);
 
     Assembly& m_assembly;
     ExpressionParser& m_parser;

@@ -13,22 +13,17 @@ namespace nesasm {
 
 namespace {
 
-std::string_view view(const char* begin, const char* end) {
-    return {begin, static_cast<std::size_t>(end - begin)};
-}
-
 /// True when the word at `p` is that directive and no label.
-bool isDirectiveAt(const char* p, DirectiveRole role) {
-    const char* const end = wordEnd(p);
-    return *end != ':' && Directives::vocabulary().find(view(p, end)).isDirective(role);
+bool isDirectiveAt(Cursor p, DirectiveRole role) {
+    const Cursor end = p.wordEnd();
+    return *end != ':' && Directives::vocabulary().find(p.upTo(end)).isDirective(role);
 }
 
 /// True when an instruction or a directive with its dot stands at `p`: what comes before it is
 /// meant as a label.
-bool isStatementAt(const char* p) {
-    const Keyword::Kind kind = startsName(p)
-                                   ? Directives::vocabulary().find(view(p, wordEnd(p))).kind
-                                   : Keyword::Kind::none;
+bool isStatementAt(Cursor p) {
+    const Keyword::Kind kind =
+        p.isAtName() ? Directives::vocabulary().find(p.word()).kind : Keyword::Kind::none;
     return kind == Keyword::Kind::instruction || (kind == Keyword::Kind::directive && *p == '.');
 }
 
@@ -43,7 +38,7 @@ constexpr std::array<bool, 256> MayGiveValue = [] {
 
 /// True when what stands at `next`, behind a keyword, can only mean that the keyword was taken for
 /// the name of a symbol: = e, .equ e, .rs e.
-bool givesValue(const char* next) {
+bool givesValue(Cursor next) {
     if (*next == '=') {
         return next[1] != '=';
     }
@@ -56,17 +51,17 @@ bool givesValue(const char* next) {
         return false;
     }
     // An operand of that name would have an operator, a comma or nothing behind it.
-    const char* const value = skipBlanks(next);
+    const Cursor value = next.afterBlanks();
     return value != next && (isWordStart(*value) || isDigit(*value) || *value == '$' ||
                              *value == '\'' || *value == '(');
 }
 
 /// What helps somebody who began a statement with the sign at `p`, as other assemblers have it.
-std::string_view signRemedy(const char* p) {
+std::string_view signRemedy(Cursor p) {
     if (isDigit(*p)) {
         return "; a name does not begin with a digit";
     }
-    if (*p == '*' && *skipBlanks(p + 1) == '=') {
+    if (*p == '*' && *(p + 1).afterBlanks() == '=') {
         return "; .org sets the address";
     }
     if (*p == '#' && isWordStart(p[1])) {
@@ -135,9 +130,9 @@ void StatementAssembler::assembleLine() {
         skippedLine();
         return;
     }
-    const char* const begin = m_assembly.line.begin;
-    const char* const p = skipBlanks(begin);
-    if (endsStatement(*p)) {
+    const Cursor begin = m_assembly.line.begin;
+    const Cursor p = begin.afterBlanks();
+    if (p.isAtStatementEnd()) {
         return;
     }
     m_assembly.here = m_assembly.image.address();
@@ -162,7 +157,7 @@ void StatementAssembler::skippedLine() {
         m_directives.macros().skipBody(directive->at);
         break;
     case DirectiveRole::conditional:
-        m_directives.run(directive->keyword.index, directive->at, wordEnd(directive->at));
+        m_directives.run(directive->keyword.index, directive->at, directive->at.wordEnd());
         break;
     case DirectiveRole::ordinary:
     case DirectiveRole::equ:
@@ -174,17 +169,17 @@ void StatementAssembler::skippedLine() {
     }
 }
 
-void StatementAssembler::statement(const char* p, bool isFirstColumn) {
+void StatementAssembler::statement(Cursor p, bool isFirstColumn) {
     std::string_view bareLabel; // one without a colon, which may be a misspelled word
-    for (; !endsStatement(*p); isFirstColumn = false) {
-        if (!startsName(p)) {
+    for (; !p.isAtStatementEnd(); isFirstColumn = false) {
+        if (!p.isAtName()) {
             reportUnexpected(p, bareLabel);
             return;
         }
-        const char* const end = wordEnd(p);
-        const std::string_view word = view(p, end);
+        const Cursor end = p.wordEnd();
+        const std::string_view word = p.upTo(end);
         if (*end == ':') {
-            const char* const next = skipBlanks(end + 1);
+            const Cursor next = (end + 1).afterBlanks();
             if (isNamed(word, p, next)) {
                 return;
             }
@@ -192,7 +187,7 @@ void StatementAssembler::statement(const char* p, bool isFirstColumn) {
             p = next;
             continue;
         }
-        if (isKnownWord(word, p) || isNamed(word, p, skipBlanks(end))) {
+        if (isKnownWord(word, p) || isNamed(word, p, end.afterBlanks())) {
             return;
         }
         if (!isFirstColumn) {
@@ -201,21 +196,21 @@ void StatementAssembler::statement(const char* p, bool isFirstColumn) {
         }
         m_directives.definitions().label(word, p);
         bareLabel = word;
-        p = skipBlanks(end);
+        p = end.afterBlanks();
     }
 }
 
 /// Assembles the statement when its first word, without a colon, is a directive, a macro or an
 /// instruction.
-bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
+bool StatementAssembler::isKnownWord(std::string_view word, Cursor p) {
     const Keyword keyword = Directives::vocabulary().find(word);
-    const char* const end = p + word.size();
-    const char* const next = skipBlanks(end);
+    const Cursor end = p + word.size();
+    const Cursor next = end.afterBlanks();
     const bool isKeyword = keyword.kind != Keyword::Kind::none;
     const bool mayGiveValue = MayGiveValue[static_cast<unsigned char>(*next)];
     if ((*next == '.' || (!isKeyword && lowered(*next) == 'm')) &&
         isDirectiveAt(next, DirectiveRole::macro)) {
-        m_directives.macros().define(word, p, wordEnd(next));
+        m_directives.macros().define(word, p, next.wordEnd());
         return true;
     }
     if (keyword.isDirective()) {
@@ -242,12 +237,12 @@ bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
 
 /// True when the keyword at `p`, with `next` behind it, was taken for the name of a symbol, unless
 /// a forgotten value explains it better: behind a dot, or where a macro's argument may be empty.
-bool StatementAssembler::namesSymbol(const char* p, const char* next) const {
+bool StatementAssembler::namesSymbol(Cursor p, Cursor next) const {
     return *p != '.' && !m_assembly.line.isShortLived && givesValue(next);
 }
 
 /// `word` is a directive or an instruction and was taken for the name of a symbol.
-void StatementAssembler::reportKeyword(std::string_view word, const char* p, bool isDirective) {
+void StatementAssembler::reportKeyword(std::string_view word, Cursor p, bool isDirective) {
     m_assembly.markBroken(word);
     m_assembly.error(p, quoted(word) + (isDirective ? " is a directive" : " is an instruction") +
                             "; as a symbol it needs a colon directly behind it, or another name");
@@ -255,15 +250,15 @@ void StatementAssembler::reportKeyword(std::string_view word, const char* p, boo
 
 /// Assembles the statement when `next`, behind the name, gives it a value of another kind than a
 /// label's: NAME = e, .equ, .rs or .macro.
-bool StatementAssembler::isNamed(std::string_view name, const char* at, const char* next) {
+bool StatementAssembler::isNamed(std::string_view name, Cursor at, Cursor next) {
     if (*next == '=' && next[1] != '=') {
         m_directives.definitions().assign(name, at, next + 1);
         return true;
     }
-    if (!startsName(next)) {
+    if (!next.isAtName()) {
         return false;
     }
-    const char* const end = wordEnd(next);
+    const Cursor end = next.wordEnd();
     if (isDirectiveAt(next, DirectiveRole::equ)) {
         m_directives.definitions().assign(name, at, end);
     } else if (isDirectiveAt(next, DirectiveRole::rs)) {
@@ -276,8 +271,7 @@ bool StatementAssembler::isNamed(std::string_view name, const char* at, const ch
     return true;
 }
 
-void StatementAssembler::reportUnknown(std::string_view word, const char* p,
-                                       std::string_view label) {
+void StatementAssembler::reportUnknown(std::string_view word, Cursor p, std::string_view label) {
     const bool isDotted = word.starts_with('.');
     // A macro may be what is missing; a directive or an instruction is not.
     constexpr std::size_t MnemonicLength = 3;
@@ -290,7 +284,7 @@ void StatementAssembler::reportUnknown(std::string_view word, const char* p,
     }
 }
 
-std::string StatementAssembler::unknownText(std::string_view word, const char* p,
+std::string StatementAssembler::unknownText(std::string_view word, Cursor p,
                                             std::string_view label) const {
     const bool isDotted = word.starts_with('.');
     std::string text =
@@ -302,8 +296,8 @@ std::string StatementAssembler::unknownText(std::string_view word, const char* p
         isSymbol ? "" : remedyForWord(m_assembly, Directives::vocabulary(), word);
     const std::string labelRemedy =
         label.empty() ? "" : remedyForWord(m_assembly, Directives::vocabulary(), label);
-    const char* const next = skipBlanks(p + word.size());
-    if (label.empty() && (endsStatement(*next) || isStatementAt(next))) {
+    const Cursor next = (p + static_cast<std::ptrdiff_t>(word.size())).afterBlanks();
+    if (label.empty() && (next.isAtStatementEnd() || isStatementAt(next))) {
         const bool isForeign = isDotted && !isSymbol && !foreignWordAdvice(word.substr(1)).empty();
         if (remedy.starts_with(Advice)) {
             text += remedy;
@@ -325,7 +319,7 @@ std::string StatementAssembler::unknownText(std::string_view word, const char* p
 }
 
 /// `label`, without a colon, stands before what is wrong; it may be a misspelled word.
-void StatementAssembler::reportUnexpected(const char* p, std::string_view label) {
+void StatementAssembler::reportUnexpected(Cursor p, std::string_view label) {
     if (label.empty()) {
         m_assembly.error(p, "a label, an instruction or a directive was expected, but " +
                                 foundText(p) + " was found" + std::string(signRemedy(p)));

@@ -29,14 +29,14 @@ private:
     void line();
     void assembleLine();
     void skippedLine();
-    void statement(const char* p, bool isFirstColumn);
-    bool isKnownWord(std::string_view word, const char* p);
-    bool isNamed(std::string_view name, const char* at, const char* next);
-    bool namesSymbol(const char* p, const char* next) const;
-    void reportKeyword(std::string_view word, const char* p, bool isDirective);
-    void reportUnknown(std::string_view word, const char* p, std::string_view label);
-    std::string unknownText(std::string_view word, const char* p, std::string_view label) const;
-    void reportUnexpected(const char* p, std::string_view label);
+    void statement(Cursor p, bool isFirstColumn);
+    bool isKnownWord(std::string_view word, Cursor p);
+    bool isNamed(std::string_view name, Cursor at, Cursor next);
+    bool namesSymbol(Cursor p, Cursor next) const;
+    void reportKeyword(std::string_view word, Cursor p, bool isDirective);
+    void reportUnknown(std::string_view word, Cursor p, std::string_view label);
+    std::string unknownText(std::string_view word, Cursor p, std::string_view label) const;
+    void reportUnexpected(Cursor p, std::string_view label);
     void endFrame();
 
     Assembly& m_assembly;

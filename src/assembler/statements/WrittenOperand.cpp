@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/WrittenOperand.h"
 
-#include "assembler/text/Characters.h"
+#include "assembler/text/Cursor.h"
 
 #include <cstddef>
 #include <string_view>
@@ -18,30 +18,30 @@ const Instruction* instructionBefore(const Position& position) {
     if (position.line == nullptr) {
         return nullptr;
     }
-    const char* end = position.line + position.column;
-    while (end > position.line && isBlank(end[-1])) {
-        --end;
+    std::string_view before(position.line, position.column);
+    while (!before.empty() && isBlank(before.back())) {
+        before.remove_suffix(1);
     }
-    const char* begin = end;
-    while (begin > position.line && isWordPart(begin[-1])) {
-        --begin;
+    std::size_t length = 0;
+    while (length < before.size() && isWordPart(before[before.size() - length - 1])) {
+        ++length;
     }
-    return findInstruction({begin, static_cast<std::size_t>(end - begin)});
+    return findInstruction(before.substr(before.size() - length));
 }
 
 std::string writtenOperand(const Position& position) {
     if (position.line == nullptr) {
         return {};
     }
-    const char* const begin = position.line + position.column;
-    const char* end = begin;
-    while (!endsStatement(*end)) {
+    const Cursor begin(position.line + position.column);
+    Cursor end = begin;
+    while (!end.isAtStatementEnd()) {
         end += *end == '\'' && end[1] == ';' && end[2] == '\'' ? 3 : 1;
     }
-    while (end > begin && isBlank(end[-1])) {
-        --end;
+    std::string_view text = begin.upTo(end);
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
     }
-    const std::string_view text(begin, static_cast<std::size_t>(end - begin));
     return text.size() <= LongestOperand ? std::string(text) : std::string();
 }
 

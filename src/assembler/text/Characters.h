@@ -78,33 +78,4 @@ constexpr int hexDigit(char c) {
     return l >= 'a' && l <= 'f' ? l - 'a' + 10 : -1;
 }
 
-// All source text ends with a line end, so none of the scanners below needs to know where it stops.
-
-inline const char* skipBlanks(const char* p) {
-    while (isBlank(*p)) {
-        ++p;
-    }
-    return p;
-}
-
-/// The end of the word that starts at `p`; a leading dot belongs to it.
-inline const char* wordEnd(const char* p) {
-    while (isWordPart(*p)) {
-        ++p;
-    }
-    return p;
-}
-
-inline const char* lineEnd(const char* p) {
-    while (!isLineEnd(*p)) {
-        ++p;
-    }
-    return p;
-}
-
-/// True where a word can start: a letter, an underscore, or a dot with a word character behind it.
-inline bool startsName(const char* p) {
-    return isWordStart(*p) || (*p == '.' && (isWordStart(p[1]) || isDigit(p[1])));
-}
-
 } // namespace nesasm
