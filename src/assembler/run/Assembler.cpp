@@ -86,6 +86,10 @@ const Image& Assembler::image() const {
     return m_assembly->image;
 }
 
+FinishedProgram Assembler::program() const {
+    return {m_assembly->image, m_assembly->symbols, m_assembly->origins, m_assembly->records.all()};
+}
+
 bool Assembler::hasRead(const FileIdentity& identity) const {
     return m_assembly->files.hasRead(identity);
 }

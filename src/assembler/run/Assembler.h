@@ -2,6 +2,7 @@
 #pragma once
 
 #include "assembler/messages/Diagnostics.h"
+#include "assembler/output/FinishedProgram.h"
 #include "assembler/reading/FileReader.h"
 #include "assembler/statements/Options.h"
 #include "assembler/values/Image.h"
@@ -36,8 +37,8 @@ public:
 
     /// The banks and the header, complete after Result::Built.
     const Image& image() const;
-    /// All that is known of the run, for what is written beside the image.
-    const Assembly& assembly() const { return *m_assembly; }
+    /// What is known of the run, for what is written beside the image.
+    FinishedProgram program() const;
     /// True when `identity` is one of the files that were read.
     bool hasRead(const FileIdentity& identity) const;
 

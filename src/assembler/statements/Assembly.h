@@ -2,12 +2,12 @@
 #pragma once
 
 #include "assembler/messages/Diagnostics.h"
+#include "assembler/reading/Conditionals.h"
 #include "assembler/reading/FileFinder.h"
 #include "assembler/reading/FileStore.h"
+#include "assembler/reading/LineRecords.h"
 #include "assembler/reading/Origins.h"
 #include "assembler/reading/SourceStack.h"
-#include "assembler/statements/Conditionals.h"
-#include "assembler/statements/LineRecords.h"
 #include "assembler/statements/Options.h"
 #include "assembler/text/Arena.h"
 #include "assembler/text/Cursor.h"

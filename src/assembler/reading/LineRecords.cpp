@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "assembler/statements/LineRecords.h"
+#include "assembler/reading/LineRecords.h"
 
 #include "assembler/text/Characters.h"
 
