@@ -32,9 +32,13 @@ struct LineRecord {
 class LineRecords {
 public:
     /// Texts that do not last are kept in `arena`, and the origins of all lines in `origins`.
-    LineRecords(Arena& arena, Origins& origins)
+    LineRecords(Arena& arena, Origins& origins, bool isOn)
         : m_arena(arena)
-        , m_origins(origins) {}
+        , m_origins(origins)
+        , m_isOn(isOn) {}
+
+    /// False when nobody wants the lines: then none are to be noted.
+    bool isOn() const { return m_isOn; }
 
     /// A line that is only read, from `file`.
     void add(const Line& line, const SourceFile* file);
@@ -50,6 +54,7 @@ public:
 private:
     Arena& m_arena;
     Origins& m_origins;
+    bool m_isOn;
     std::vector<LineRecord> m_records;
     std::size_t m_current = 0;
     std::uint64_t m_totalBefore = 0;

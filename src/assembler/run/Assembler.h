@@ -4,15 +4,13 @@
 #include "assembler/messages/Diagnostics.h"
 #include "assembler/output/FinishedProgram.h"
 #include "assembler/reading/FileReader.h"
-#include "assembler/statements/Options.h"
+#include "assembler/run/Options.h"
 #include "assembler/values/Image.h"
 
 #include <memory>
 #include <string>
 
 namespace nesasm {
-
-struct Assembly;
 
 /// Assembles one program in memory. It shares nothing with other assemblers in the process and
 /// writes no file.
@@ -43,12 +41,14 @@ public:
     bool hasRead(const FileIdentity& identity) const;
 
 private:
+    struct Run;
+
     void checkHeader();
     void checkVectors();
 
     Options m_options;
     TextSink m_sink;
-    std::unique_ptr<Assembly> m_assembly;
+    std::unique_ptr<Run> m_run;
 };
 
 } // namespace nesasm

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/DataDirectives.h"
 
-#include "assembler/statements/FieldWriter.h"
-#include "assembler/text/Characters.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/QuotedText.h"
 #include "assembler/text/Text.h"
 
@@ -19,16 +18,20 @@ const std::uint8_t* bytesOf(std::string_view text) {
 
 } // namespace
 
-DataDirectives::DataDirectives(Assembly& assembly, ExpressionParser& parser)
-    : m_assembly(assembly)
-    , m_parser(parser) {}
+DataDirectives::DataDirectives(const Statement& statement, ExpressionParser& parser,
+                               FieldWriter& fields, ImageWriter& writer, Reporter& reporter)
+    : m_statement(statement)
+    , m_parser(parser)
+    , m_fields(fields)
+    , m_writer(writer)
+    , m_reporter(reporter) {}
 
 void DataDirectives::data(Field field, Cursor p) {
     while (item(field, p)) {
         p.skipBlanks();
         if (*p != ',') {
             if (!p.isAtStatementEnd()) {
-                m_assembly.error(p, "a comma or the end of the statement was expected, but " +
+                m_reporter.error(p, "a comma or the end of the statement was expected, but " +
                                         foundText(p) + " was found");
             }
             return;
@@ -45,7 +48,7 @@ bool DataDirectives::item(Field field, Cursor& p) {
     if (!m_parser.parse(p, ExpressionParser::Prefix::lowHigh)) {
         return false;
     }
-    emitField(m_assembly, m_parser, {field, start, 0, 0, false});
+    m_fields.write({field, start, 0, 0, false});
     return true;
 }
 
@@ -54,9 +57,9 @@ bool DataDirectives::string(Cursor& p) {
     const QuotedText quoted = readQuoted(start, QuotedText::Backslash::escapes);
     const std::string text = quoted.hasEscapes ? quoted.text() : std::string();
     const std::string_view bytes = quoted.hasEscapes ? text : quoted.written;
-    m_assembly.emit(bytesOf(bytes), bytes.size(), start);
+    m_writer.emit(bytesOf(bytes), bytes.size(), start);
     if (!quoted.isClosed) {
-        m_assembly.error(start, UnclosedString);
+        m_reporter.error(start, UnclosedString);
     }
     p = quoted.end;
     return quoted.isClosed;
@@ -65,7 +68,7 @@ bool DataDirectives::string(Cursor& p) {
 void DataDirectives::space(Cursor p) {
     const Cursor start = p;
     const auto count = m_parser.parseKnown(p, "the count of .ds", 0, 0xFFFF);
-    if (count && m_assembly.expectEnd(p)) {
+    if (count && m_reporter.expectEnd(p)) {
         fill(static_cast<std::size_t>(*count), 0, start);
     }
 }
@@ -75,7 +78,7 @@ void DataDirectives::align(Cursor p) {
     const auto unit = m_parser.parseKnown(p, "the step of .align", 1, 0x10000);
     if (unit) {
         const auto step = static_cast<std::uint32_t>(*unit);
-        alignOrPadTo((step - m_assembly.here % step) % step, start, p);
+        alignOrPadTo((step - m_statement.address % step) % step, start, p);
     }
 }
 
@@ -85,14 +88,14 @@ void DataDirectives::pad(Cursor p) {
     if (!address) {
         return;
     }
-    if (static_cast<std::uint32_t>(*address) < m_assembly.here) {
-        m_assembly.error(
+    if (static_cast<std::uint32_t>(*address) < m_statement.address) {
+        m_reporter.error(
             start, "the address of .pad lies " +
-                       counted(m_assembly.here - static_cast<std::uint32_t>(*address), "byte") +
+                       counted(m_statement.address - static_cast<std::uint32_t>(*address), "byte") +
                        " behind the present one");
         return;
     }
-    alignOrPadTo(std::int64_t{*address} - m_assembly.here, start, p);
+    alignOrPadTo(std::int64_t{*address} - m_statement.address, start, p);
 }
 
 void DataDirectives::alignOrPadTo(std::int64_t count, Cursor start, Cursor p) {
@@ -105,17 +108,17 @@ void DataDirectives::alignOrPadTo(std::int64_t count, Cursor start, Cursor p) {
         }
         byte = *given;
     }
-    if (m_assembly.expectEnd(p)) {
+    if (m_reporter.expectEnd(p)) {
         fill(static_cast<std::size_t>(count), static_cast<std::uint8_t>(byte & 0xFF), start);
     }
 }
 
 void DataDirectives::fill(std::size_t count, std::uint8_t byte, Cursor start) {
-    if (m_assembly.image.isRam()) {
-        if (const std::size_t excess = m_assembly.image.reserve(count); excess != 0) {
-            m_assembly.error(start, "there is no room for this: it goes " +
+    if (m_writer.image().isRam()) {
+        if (const std::size_t excess = m_writer.image().reserve(count); excess != 0) {
+            m_reporter.error(start, "there is no room for this: it goes " +
                                         counted(excess, "byte") +
-                                        (m_assembly.image.section() == Section::bss
+                                        (m_writer.image().section() == Section::bss
                                              ? " beyond the end of .bss ($800)"
                                              : " beyond the end of .zp ($100)"));
         }
@@ -125,7 +128,7 @@ void DataDirectives::fill(std::size_t count, std::uint8_t byte, Cursor start) {
     bytes.fill(byte);
     while (count != 0) {
         const std::size_t part = std::min(count, bytes.size());
-        m_assembly.emit(bytes.data(), part, start);
+        m_writer.emit(bytes.data(), part, start);
         count -= part;
     }
 }

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/statements/Assembly.h"
-#include "assembler/statements/ExpressionParser.h"
+#include "assembler/expressions/ExpressionParser.h"
+#include "assembler/expressions/FieldWriter.h"
+#include "assembler/state/ImageWriter.h"
+#include "assembler/state/Reporter.h"
+#include "assembler/state/Statement.h"
 
 #include <optional>
 
@@ -11,7 +14,8 @@ namespace nesasm {
 /// The directives that put data into the image: .db .dw .ds .align .pad.
 class DataDirectives {
 public:
-    DataDirectives(Assembly& assembly, ExpressionParser& parser);
+    DataDirectives(const Statement& statement, ExpressionParser& parser, FieldWriter& fields,
+                   ImageWriter& writer, Reporter& reporter);
 
     // `p` is at the operand.
     void bytes(Cursor p) { data(Field::byte, p); }
@@ -27,8 +31,11 @@ private:
     void alignOrPadTo(std::int64_t count, Cursor start, Cursor p);
     void fill(std::size_t count, std::uint8_t byte, Cursor start);
 
-    Assembly& m_assembly;
+    const Statement& m_statement;
     ExpressionParser& m_parser;
+    FieldWriter& m_fields;
+    ImageWriter& m_writer;
+    Reporter& m_reporter;
 };
 
 } // namespace nesasm

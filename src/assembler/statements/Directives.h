@@ -2,23 +2,28 @@
 #pragma once
 
 #include "assembler/language/Vocabulary.h"
-#include "assembler/statements/Assembly.h"
 #include "assembler/statements/DataDirectives.h"
 #include "assembler/statements/Definitions.h"
-#include "assembler/statements/ExpressionParser.h"
 #include "assembler/statements/FileDirectives.h"
 #include "assembler/statements/FlowDirectives.h"
+#include "assembler/statements/ListingDirectives.h"
 #include "assembler/statements/MacroDirectives.h"
 #include "assembler/statements/PlaceDirectives.h"
+#include "assembler/text/Cursor.h"
 
 #include <cstdint>
+#include <tuple>
 
 namespace nesasm {
 
-/// All directives: the parts that carry them out, and one table that says for each word which.
+/// All directives: one table says for each word how it is written and which part carries it out.
 class Directives {
 public:
-    Directives(Assembly& assembly, ExpressionParser& parser);
+    using Parts = std::tuple<Definitions&, DataDirectives&, PlaceDirectives&, FileDirectives&,
+                             MacroDirectives&, FlowDirectives&, ListingDirectives&>;
+
+    explicit Directives(const Parts& parts)
+        : m_parts(parts) {}
 
     /// The words of all directives, and the instructions.
     static const Vocabulary& vocabulary();
@@ -27,24 +32,10 @@ public:
     /// `p` is behind it.
     void run(std::uint8_t index, Cursor at, Cursor p);
 
-    Definitions& definitions() { return m_definitions; }
-    FileDirectives& files() { return m_files; }
-    FlowDirectives& flow() { return m_flow; }
-    MacroDirectives& macros() { return m_macros; }
-
 private:
     struct Table;
 
-    void list(Cursor p);
-    void stopListing(Cursor p);
-
-    Assembly& m_assembly;
-    Definitions m_definitions;
-    DataDirectives m_data;
-    PlaceDirectives m_places;
-    FileDirectives m_files;
-    MacroDirectives m_macros;
-    FlowDirectives m_flow;
+    Parts m_parts;
 };
 
 } // namespace nesasm

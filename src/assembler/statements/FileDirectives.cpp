@@ -2,7 +2,7 @@
 #include "assembler/statements/FileDirectives.h"
 
 #include "assembler/reading/PcxReader.h"
-#include "assembler/text/Characters.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/QuotedText.h"
 #include "assembler/text/Text.h"
 
@@ -40,28 +40,33 @@ std::string otherCaseText(const std::string& path, std::string_view name) {
 
 } // namespace
 
-FileDirectives::FileDirectives(Assembly& assembly, ExpressionParser& parser)
-    : m_assembly(assembly)
-    , m_parser(parser) {}
+FileDirectives::FileDirectives(FileFinder& finder, FileStore& files, ExpressionParser& parser,
+                               Frames& frames, ImageWriter& writer, Reporter& reporter)
+    : m_finder(finder)
+    , m_files(files)
+    , m_parser(parser)
+    , m_frames(frames)
+    , m_writer(writer)
+    , m_reporter(reporter) {}
 
 std::string FileDirectives::openInput(const std::string& name) {
-    const auto found = m_assembly.finder.findInput(name);
+    const auto found = m_finder.findInput(name);
     if (!found) {
         return "there is no such file";
     }
     std::string problem;
     bool wasRead = false;
-    const SourceFile* const file = m_assembly.files.source(found->path, problem, wasRead);
+    const SourceFile* const file = m_files.source(found->path, problem, wasRead);
     if (file == nullptr) {
         return problem;
     }
-    const std::string_view kept = m_assembly.arena.keepLine(name);
-    enter(*file, kept, false);
-    m_assembly.headerPosition = {file->text().data(), 1, 0, m_assembly.sources.top().origin, 0};
+    enter(*file, name, false);
+    m_writer.image().header.position = {file->text().data(), 1, 0, m_frames.sources().top().origin,
+                                        0};
     if (found->caseDiffers) {
-        m_assembly.diagnostics.warning(Warning::fileCase,
-                                       {nullptr, 0, 0, m_assembly.sources.top().origin, 0},
-                                       otherCaseText(found->path, name));
+        m_reporter.diagnostics().warning(Warning::fileCase,
+                                         {nullptr, 0, 0, m_frames.sources().top().origin, 0},
+                                         otherCaseText(found->path, name));
     }
     return {};
 }
@@ -69,13 +74,13 @@ std::string FileDirectives::openInput(const std::string& name) {
 std::optional<std::string_view> FileDirectives::fileName(Cursor& p) {
     const Cursor start = p;
     if (*p != '"') {
-        m_assembly.error(p, "a file name in double quotes was expected, but " + foundText(p) +
+        m_reporter.error(p, "a file name in double quotes was expected, but " + foundText(p) +
                                 " was found");
         return std::nullopt;
     }
     const QuotedText quoted = readQuoted(start, QuotedText::Backslash::isPlain);
     if (!quoted.isClosed) {
-        m_assembly.error(start, "this file name has no closing '\"'");
+        m_reporter.error(start, "this file name has no closing '\"'");
         return std::nullopt;
     }
     p = quoted.end;
@@ -83,16 +88,16 @@ std::optional<std::string_view> FileDirectives::fileName(Cursor& p) {
     if (!name.empty()) {
         return name;
     }
-    m_assembly.error(start, "the file name is empty");
+    m_reporter.error(start, "the file name is empty");
     return std::nullopt;
 }
 
 std::optional<std::string> FileDirectives::find(std::string_view name, Cursor at, bool isSource) {
-    if (m_assembly.sources.top().countsAsWork && !countWork(WorkOfSearch, at)) {
+    if (m_frames.sources().top().countsAsWork && !countWork(WorkOfSearch, at)) {
         return std::nullopt;
     }
-    const std::string folder = folderOf(m_assembly.sources.top().passage.file->path());
-    const auto found = m_assembly.finder.find(name, folder, isSource);
+    const std::string folder = folderOf(m_frames.sources().top().passage.file->path());
+    const auto found = m_finder.find(name, folder, isSource);
     if (!found) {
         const bool isAbsolute = name[0] == '/' || name[0] == '\\';
         missing(name,
@@ -104,31 +109,30 @@ std::optional<std::string> FileDirectives::find(std::string_view name, Cursor at
         return std::nullopt;
     }
     if (found->caseDiffers) {
-        m_assembly.warn(Warning::fileCase, at,
+        m_reporter.warn(Warning::fileCase, at,
                         otherCaseText(found->path, name) + "; spell it so here");
     }
     return found->path;
 }
 
 bool FileDirectives::countWork(std::uint64_t work, Cursor at) {
-    if (m_assembly.sources.addWork(work)) {
+    if (m_frames.sources().addWork(work)) {
         return true;
     }
-    m_assembly.diagnostics.fatal(m_assembly.at(at),
-                                 "files are read too often, or too many bytes of them: look for a "
-                                 "repetition or a macro that reads one again and again");
+    m_reporter.fatal(at, "files are read too often, or too many bytes of them: look for a "
+                         "repetition or a macro that reads one again and again");
     return false;
 }
 
 void FileDirectives::missing(std::string_view name, const std::string& why, Cursor at) {
-    m_assembly.isIncomplete = true;
-    m_assembly.error(at, "the file '" + std::string(name) + "' cannot be read: " + why);
+    m_reporter.notePartMissing();
+    m_reporter.error(at, "the file '" + std::string(name) + "' cannot be read: " + why);
 }
 
 void FileDirectives::include(Cursor p) {
     const Cursor at = p;
     const auto name = fileName(p);
-    if (!name || !m_assembly.expectEnd(p) || isTooDeep(*name, at)) {
+    if (!name || !m_reporter.expectEnd(p) || isTooDeep(*name, at)) {
         return;
     }
     const auto path = find(*name, at, true);
@@ -137,7 +141,7 @@ void FileDirectives::include(Cursor p) {
     }
     std::string problem;
     bool wasRead = false;
-    const SourceFile* const file = m_assembly.files.source(*path, problem, wasRead);
+    const SourceFile* const file = m_files.source(*path, problem, wasRead);
     if (file == nullptr) {
         missing(*name, problem, at);
     } else {
@@ -147,9 +151,9 @@ void FileDirectives::include(Cursor p) {
 
 bool FileDirectives::isTooDeep(std::string_view name, Cursor at) {
     std::vector<std::string_view> names;
-    for (std::size_t i = 0; i < m_assembly.sources.depth(); ++i) {
-        if (m_assembly.sources.at(i).kind == Origin::Kind::file) {
-            names.push_back(m_assembly.sources.at(i).passage.fileName);
+    for (std::size_t i = 0; i < m_frames.sources().depth(); ++i) {
+        if (m_frames.sources().at(i).kind == Origin::Kind::file) {
+            names.push_back(m_frames.sources().at(i).passage.fileName);
         }
     }
     if (names.size() <= DeepestInclude) {
@@ -170,28 +174,15 @@ bool FileDirectives::isTooDeep(std::string_view name, Cursor at) {
     for (; first < names.size(); ++first) {
         text.append(names[first]).append(" -> ");
     }
-    m_assembly.diagnostics.fatal(m_assembly.at(at), text.append(name));
+    m_reporter.fatal(at, text.append(name));
     return true;
 }
 
 void FileDirectives::enter(const SourceFile& file, std::string_view name, bool wasRead) {
     Origin origin;
-    if (!m_assembly.sources.empty()) {
-        if (m_assembly.line.isShortLived) {
-            name = m_assembly.arena.keepLine(name);
-        }
-        origin.parent = m_assembly.line.origin;
-        origin.callLine = m_assembly.line.number;
-        m_assembly.origins[origin.parent].kept = true;
-    }
     origin.file = name;
     origin.source = &file;
-    const OriginId id = m_assembly.origins.add(origin);
-    Frame& frame = m_assembly.sources.push(Origin::Kind::file, {file.text(), 1, &file, name}, id);
-    frame.countsAsWork = wasRead;
-    frame.conditionals = m_assembly.conditionals.depth();
-    frame.label = std::exchange(m_assembly.sizedLabel, 0);
-    frame.totalBefore = m_assembly.sizedFrom;
+    m_frames.enter(origin, {file.text(), 1, &file, name}).countsAsWork = wasRead;
 }
 
 void FileDirectives::binary(Cursor p) {
@@ -220,7 +211,7 @@ void FileDirectives::binary(Cursor p) {
             length = value;
         }
     }
-    if (!m_assembly.expectEnd(p)) {
+    if (!m_reporter.expectEnd(p)) {
         return;
     }
     const auto path = find(*name, at, false);
@@ -228,24 +219,24 @@ void FileDirectives::binary(Cursor p) {
         return;
     }
     DataFile file;
-    if (const std::string problem = m_assembly.files.open(*path, file); !problem.empty()) {
+    if (const std::string problem = m_files.open(*path, file); !problem.empty()) {
         missing(*name, problem, at);
         return;
     }
     const std::string size = quoted(*name) + " holds " + counted(file.size(), "byte");
     if (static_cast<std::size_t>(offset) > file.size()) {
-        m_assembly.error(numbers[0], "the offset lies beyond the file's end: " + size);
+        m_reporter.error(numbers[0], "the offset lies beyond the file's end: " + size);
         return;
     }
     const std::size_t left = file.size() - static_cast<std::size_t>(offset);
     if (length && static_cast<std::size_t>(*length) > left) {
-        m_assembly.error(numbers[1], "the length goes beyond the file's end: " + size);
+        m_reporter.error(numbers[1], "the length goes beyond the file's end: " + size);
         return;
     }
     const std::size_t count = length ? static_cast<std::size_t>(*length) : left;
     if (count % TileSize != 0 && name->size() > 4 &&
         equalsIgnoringCase(name->substr(name->size() - 4), ".chr")) {
-        m_assembly.warn(Warning::oddChrSize, at,
+        m_reporter.warn(Warning::oddChrSize, at,
                         "these " + counted(count, "byte") + " of " + quoted(*name) +
                             " are no whole tiles: a tile takes 16 bytes, and 8 KiB of tiles 8192");
     }
@@ -256,8 +247,8 @@ void FileDirectives::binary(Cursor p) {
 void FileDirectives::putPart(const DataFile& file, std::size_t offset, std::size_t count,
                              std::string_view name, Cursor at) {
     constexpr std::size_t MostBytes = std::size_t{BankCount} * BankSize;
-    if (m_assembly.image.isRam()) {
-        m_assembly.reportExcess(count, at);
+    if (m_writer.image().isRam()) {
+        m_writer.reportExcess(count, at);
         return;
     }
     if (count > MostBytes) {
@@ -280,7 +271,7 @@ void FileDirectives::putPart(const DataFile& file, std::size_t offset, std::size
 void FileDirectives::tiles(Cursor p) {
     const Cursor at = p;
     const auto name = fileName(p);
-    if (!name || !m_assembly.expectEnd(p)) {
+    if (!name || !m_reporter.expectEnd(p)) {
         return;
     }
     const auto path = find(*name, at, false);
@@ -288,7 +279,7 @@ void FileDirectives::tiles(Cursor p) {
         return;
     }
     FileContents contents;
-    if (const std::string problem = m_assembly.files.data(*path, contents); !problem.empty()) {
+    if (const std::string problem = m_files.data(*path, contents); !problem.empty()) {
         missing(*name, problem, at);
         return;
     }
@@ -299,22 +290,22 @@ void FileDirectives::tiles(Cursor p) {
     }
     std::vector<std::uint8_t> bytes;
     if (const std::string problem = readPcxTiles(contents.view(), bytes); !problem.empty()) {
-        m_assembly.error(at, "the picture '" + std::string(*name) + "' cannot be used: " + problem);
+        m_reporter.error(at, "the picture '" + std::string(*name) + "' cannot be used: " + problem);
     } else {
         put(bytes.data(), bytes.size(), at);
     }
 }
 
 void FileDirectives::put(const std::uint8_t* bytes, std::size_t count, Cursor at) {
-    if (m_assembly.image.isRam()) {
-        m_assembly.reportExcess(count, at);
-    } else if (!m_assembly.image.emitAcrossBanks(bytes, count)) {
+    if (m_writer.image().isRam()) {
+        m_writer.reportExcess(count, at);
+    } else if (!m_writer.image().emitAcrossBanks(bytes, count)) {
         reportBeyondLastBank(count, at);
     }
 }
 
 void FileDirectives::reportBeyondLastBank(std::size_t count, Cursor at) {
-    m_assembly.error(at, "these " + counted(count, "byte") + " go beyond the last bank, number " +
+    m_reporter.error(at, "these " + counted(count, "byte") + " go beyond the last bank, number " +
                              std::to_string(BankCount - 1));
 }
 

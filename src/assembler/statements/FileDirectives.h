@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/statements/Assembly.h"
-#include "assembler/statements/ExpressionParser.h"
+#include "assembler/expressions/ExpressionParser.h"
+#include "assembler/reading/FileFinder.h"
+#include "assembler/reading/FileStore.h"
+#include "assembler/state/Frames.h"
+#include "assembler/state/ImageWriter.h"
+#include "assembler/state/Reporter.h"
 
 #include <optional>
 #include <string>
@@ -13,14 +17,16 @@ namespace nesasm {
 /// The directives that name files: .include .incbin .incchr; and the input file itself.
 class FileDirectives {
 public:
-    FileDirectives(Assembly& assembly, ExpressionParser& parser);
+    FileDirectives(FileFinder& finder, FileStore& files, ExpressionParser& parser, Frames& frames,
+                   ImageWriter& writer, Reporter& reporter);
 
     // `p` is at the operand.
     void include(Cursor p);
     void binary(Cursor p);
     void tiles(Cursor p);
 
-    /// Begins with the file named on the command line. Returns "" or why it cannot be read.
+    /// Begins with the file named on the command line, whose name must last. Returns "" or why it
+    /// cannot be read.
     std::string openInput(const std::string& name);
 
 private:
@@ -35,8 +41,12 @@ private:
     void reportBeyondLastBank(std::size_t count, Cursor at);
     void missing(std::string_view name, const std::string& why, Cursor at);
 
-    Assembly& m_assembly;
+    FileFinder& m_finder;
+    FileStore& m_files;
     ExpressionParser& m_parser;
+    Frames& m_frames;
+    ImageWriter& m_writer;
+    Reporter& m_reporter;
 };
 
 } // namespace nesasm

@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/FlowDirectives.h"
 
-#include "assembler/text/Characters.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/QuotedText.h"
 
 #include <utility>
 
 namespace nesasm {
 
-FlowDirectives::FlowDirectives(Assembly& assembly, ExpressionParser& parser)
-    : m_assembly(assembly)
-    , m_parser(parser) {}
+FlowDirectives::FlowDirectives(ExpressionParser& parser, Names& names, Conditionals& conditionals,
+                               const SourceStack& sources, Reporter& reporter, Deferred& deferred)
+    : m_parser(parser)
+    , m_names(names)
+    , m_conditionals(conditionals)
+    , m_sources(sources)
+    , m_reporter(reporter)
+    , m_deferred(deferred) {}
 
 void FlowDirectives::ifTrue(Cursor at, Cursor p) {
     open(!skips() && isTrue(p, "the condition of .if"), at);
@@ -25,70 +30,70 @@ void FlowDirectives::ifNotDefined(Cursor at, Cursor p) {
 }
 
 void FlowDirectives::open(bool condition, Cursor at) {
-    const Position position = m_assembly.at(at);
+    const Position position = m_reporter.at(at);
     std::string text;
-    if (m_assembly.line.isShortLived) {
-        const Cursor begin = m_assembly.line.begin;
+    if (m_reporter.line().isShortLived) {
+        const Cursor begin = m_reporter.line().begin;
         text.append(begin.upTo(begin.lineEnd())) += '\n';
     }
     if (skips()) {
-        m_assembly.conditionals.openSkipped(position, std::move(text));
+        m_conditionals.openSkipped(position, std::move(text));
     } else {
-        m_assembly.conditionals.open(condition, position, std::move(text));
+        m_conditionals.open(condition, position, std::move(text));
     }
 }
 
 void FlowDirectives::elseIf(Cursor at, Cursor p) {
-    const std::size_t outer = m_assembly.sources.top().conditionals;
+    const std::size_t outer = m_sources.top().conditionals;
     const bool isTaken =
-        m_assembly.conditionals.wantsCondition(outer) && isTrue(p, "the condition of .elseif");
-    report(m_assembly.conditionals.elseIf(isTaken, outer), ".elseif", at);
+        m_conditionals.wantsCondition(outer) && isTrue(p, "the condition of .elseif");
+    report(m_conditionals.elseIf(isTaken, outer), ".elseif", at);
 }
 
 void FlowDirectives::otherwise(Cursor at, Cursor p) {
-    report(m_assembly.conditionals.otherwise(m_assembly.sources.top().conditionals), ".else", at);
-    m_assembly.expectEnd(p);
+    report(m_conditionals.otherwise(m_sources.top().conditionals), ".else", at);
+    m_reporter.expectEnd(p);
 }
 
 void FlowDirectives::endIf(Cursor at, Cursor p) {
-    report(m_assembly.conditionals.close(m_assembly.sources.top().conditionals), ".endif", at);
-    m_assembly.expectEnd(p);
+    report(m_conditionals.close(m_sources.top().conditionals), ".endif", at);
+    m_reporter.expectEnd(p);
 }
 
 bool FlowDirectives::isTrue(Cursor p, const char* what) {
     const auto value = m_parser.parseKnown(p, what);
-    return value && m_assembly.expectEnd(p) && *value != 0;
+    return value && m_reporter.expectEnd(p) && *value != 0;
 }
 
 bool FlowDirectives::isDefined(Cursor p) {
     if (!p.isAtName()) {
-        m_assembly.error(p, "a name was expected, but " + foundText(p) + " was found");
+        m_reporter.error(p, "a name was expected, but " + foundText(p) + " was found");
         return false;
     }
     const Cursor end = p.wordEnd();
-    const SymbolId id = m_assembly.symbols.find(p.upTo(end), m_assembly.scope);
-    m_assembly.expectEnd(end);
+    const SymbolId id = m_names.find(p.upTo(end));
+    m_reporter.expectEnd(end);
     if (id == 0) {
         return false;
     }
-    Symbol& symbol = m_assembly.symbols[id];
+    Symbol& symbol = m_names[id];
     ++symbol.uses;
     return symbol.isDefined || symbol.macro != None;
 }
 
 void FlowDirectives::report(Conditionals::Answer answer, const char* name, Cursor at) {
     if (answer == Conditionals::Answer::noIf) {
-        m_assembly.error(at, std::string(name) + " without an .if before it in this file or macro");
+        m_reporter.error(at, std::string(name) + " without an .if before it in this file or macro");
     } else if (answer == Conditionals::Answer::afterElse) {
-        m_assembly.error(at, std::string(name) + " behind the .else of the same .if");
+        m_reporter.error(at, std::string(name) + " behind the .else of the same .if");
     }
 }
 
 void FlowDirectives::closeFrame() {
-    Conditionals& conditionals = m_assembly.conditionals;
-    const std::size_t outer = m_assembly.sources.top().conditionals;
+    Conditionals& conditionals = m_conditionals;
+    const std::size_t outer = m_sources.top().conditionals;
     while (conditionals.depth() > outer) {
-        m_assembly.diagnostics.error(
+        m_reporter.diagnostics().error(
             conditionals.innermost(),
             "this condition has no .endif before the end of its file or macro");
         conditionals.dropTo(conditionals.depth() - 1);
@@ -97,7 +102,7 @@ void FlowDirectives::closeFrame() {
 
 void FlowDirectives::fail(Cursor at, Cursor p) {
     if (p.isAtStatementEnd()) {
-        m_assembly.error(at, "the source gives up here (.fail)");
+        m_reporter.error(at, "the source gives up here (.fail)");
     } else {
         error(at, p);
     }
@@ -105,32 +110,32 @@ void FlowDirectives::fail(Cursor at, Cursor p) {
 
 void FlowDirectives::error(Cursor at, Cursor p) {
     if (auto said = lastText(p)) {
-        m_assembly.error(at, std::move(*said));
+        m_reporter.error(at, std::move(*said));
     }
 }
 
 void FlowDirectives::warning(Cursor at, Cursor p) {
     if (auto said = lastText(p)) {
-        m_assembly.warn(Warning::userWarning, at, std::move(*said));
+        m_reporter.warn(Warning::userWarning, at, std::move(*said));
     }
 }
 
 /// A text with which the statement ends.
 std::optional<std::string> FlowDirectives::lastText(Cursor p) {
     auto said = text(p);
-    return said && m_assembly.expectEnd(p) ? std::move(said) : std::nullopt;
+    return said && m_reporter.expectEnd(p) ? std::move(said) : std::nullopt;
 }
 
 std::optional<std::string> FlowDirectives::text(Cursor& p) {
     const Cursor start = p;
     if (*p != '"') {
-        m_assembly.error(p, "a text in double quotes was expected, but " + foundText(p) +
+        m_reporter.error(p, "a text in double quotes was expected, but " + foundText(p) +
                                 " was found");
         return std::nullopt;
     }
     const QuotedText quoted = readQuoted(start, QuotedText::Backslash::escapes);
     if (!quoted.isClosed) {
-        m_assembly.error(start, UnclosedString);
+        m_reporter.error(start, UnclosedString);
         return std::nullopt;
     }
     p = quoted.end;
@@ -151,13 +156,13 @@ void FlowDirectives::assertion(Cursor at, Cursor p) {
         p = (p + 1).afterBlanks();
         said = text(p);
     }
-    if (!said || !m_assembly.expectEnd(p)) {
+    if (!said || !m_reporter.expectEnd(p)) {
         return;
     }
     if (result.status == Evaluation::Status::unknown) {
-        m_assembly.deferred.assertions.push_back({expression, m_assembly.arena.keepLine(*said)});
+        m_deferred.assertions.push_back({expression, std::move(*said)});
     } else if (result.status == Evaluation::Status::known && result.value == 0) {
-        m_assembly.error(at, std::move(*said));
+        m_reporter.error(at, std::move(*said));
     }
 }
 

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/statements/Assembly.h"
-#include "assembler/statements/ExpressionParser.h"
+#include "assembler/expressions/ExpressionParser.h"
+#include "assembler/reading/Conditionals.h"
+#include "assembler/reading/SourceStack.h"
+#include "assembler/state/Names.h"
+#include "assembler/state/Reporter.h"
+#include "assembler/values/Deferred.h"
 
 #include <optional>
 #include <string>
@@ -12,7 +16,8 @@ namespace nesasm {
 /// Conditions and messages: .if and its kin, .assert .fail .error .warning.
 class FlowDirectives {
 public:
-    FlowDirectives(Assembly& assembly, ExpressionParser& parser);
+    FlowDirectives(ExpressionParser& parser, Names& names, Conditionals& conditionals,
+                   const SourceStack& sources, Reporter& reporter, Deferred& deferred);
 
     // The word begins at `at`, `p` is at the operand.
     void ifTrue(Cursor at, Cursor p);
@@ -32,15 +37,19 @@ public:
 
 private:
     void open(bool condition, Cursor at);
-    bool skips() const { return m_assembly.conditionals.skips(); }
+    bool skips() const { return m_conditionals.skips(); }
     bool isTrue(Cursor p, const char* what);
     bool isDefined(Cursor p);
     void report(Conditionals::Answer answer, const char* name, Cursor at);
     std::optional<std::string> lastText(Cursor p);
     std::optional<std::string> text(Cursor& p);
 
-    Assembly& m_assembly;
     ExpressionParser& m_parser;
+    Names& m_names;
+    Conditionals& m_conditionals;
+    const SourceStack& m_sources;
+    Reporter& m_reporter;
+    Deferred& m_deferred;
 };
 
 } // namespace nesasm

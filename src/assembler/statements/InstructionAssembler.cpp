@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/InstructionAssembler.h"
 
-#include "assembler/statements/FieldWriter.h"
-#include "assembler/text/Characters.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/Text.h"
 
 #include <array>
@@ -48,10 +47,15 @@ bool isRegister(Cursor p, char name) {
 
 } // namespace
 
-InstructionAssembler::InstructionAssembler(Assembly& assembly, ExpressionParser& parser)
-    : m_assembly(assembly)
+InstructionAssembler::InstructionAssembler(const Statement& statement, ExpressionParser& parser,
+                                           FieldWriter& fields, const OperandHints& hints,
+                                           ImageWriter& writer, Reporter& reporter)
+    : m_statement(statement)
     , m_parser(parser)
-    , m_hints(assembly) {}
+    , m_fields(fields)
+    , m_hints(hints)
+    , m_writer(writer)
+    , m_reporter(reporter) {}
 
 void InstructionAssembler::assemble(const Instruction& instruction, Cursor start, Cursor p) {
     p.skipBlanks();
@@ -64,7 +68,7 @@ void InstructionAssembler::assemble(const Instruction& instruction, Cursor start
     if (!shape) {
         return;
     }
-    if (!m_assembly.expectEnd(p)) {
+    if (!m_reporter.expectEnd(p)) {
         return;
     }
     const auto mode = modeOf(instruction, *shape);
@@ -275,7 +279,7 @@ Mode InstructionAssembler::modeOfParenthesisY(const Instruction& instruction) co
     if (!instruction.has(Mode::indirectY)) {
         return Mode::absoluteY;
     }
-    const Evaluation value = evaluate(m_parser.operations(), m_assembly.symbols);
+    const Evaluation value = m_parser.peek();
     return value.status == Evaluation::Status::known && value.value < 0x100 ? Mode::indirectY
                                                                             : Mode::absoluteY;
 }
@@ -284,13 +288,13 @@ void InstructionAssembler::emit(const Instruction& instruction, Mode mode, Curso
                                 Cursor operand) {
     const auto opcode = static_cast<std::uint8_t>(instruction.opcode(mode));
     if (mode == Mode::implied || mode == Mode::accumulator) {
-        m_assembly.emit(&opcode, 1, start);
+        m_writer.emit(&opcode, 1, start);
         return;
     }
     if (m_hints.areWanted()) {
-        m_hints.look(instruction, mode, m_parser.operations(), operand);
+        m_hints.look(instruction, mode, m_parser.operations(), m_reporter.at(operand));
     }
-    emitField(m_assembly, m_parser, {fieldOf(mode), operand, m_assembly.here + 2, opcode, true});
+    m_fields.write({fieldOf(mode), operand, m_statement.address + 2, opcode, true});
 }
 
 /// How an operand of that shape is written; n is any expression.
@@ -325,7 +329,7 @@ void InstructionAssembler::reportMode(const Instruction& instruction, Shape shap
 }
 
 bool InstructionAssembler::fail(Cursor at, std::string text) {
-    m_assembly.error(at, std::move(text));
+    m_reporter.error(at, std::move(text));
     return false;
 }
 

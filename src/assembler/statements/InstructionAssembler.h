@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/expressions/ExpressionParser.h"
+#include "assembler/expressions/FieldWriter.h"
+#include "assembler/expressions/OperandHints.h"
 #include "assembler/language/InstructionTable.h"
-#include "assembler/statements/Assembly.h"
-#include "assembler/statements/ExpressionParser.h"
-#include "assembler/statements/OperandHints.h"
+#include "assembler/state/ImageWriter.h"
+#include "assembler/state/Reporter.h"
+#include "assembler/state/Statement.h"
 #include "assembler/values/Field.h"
 
 namespace nesasm {
@@ -12,7 +15,8 @@ namespace nesasm {
 /// Reads an instruction's operand, chooses the mode and puts the bytes into the image.
 class InstructionAssembler {
 public:
-    InstructionAssembler(Assembly& assembly, ExpressionParser& parser);
+    InstructionAssembler(const Statement& statement, ExpressionParser& parser, FieldWriter& fields,
+                         const OperandHints& hints, ImageWriter& writer, Reporter& reporter);
 
     /// `p` is behind the mnemonic, which begins at `start`.
     void assemble(const Instruction& instruction, Cursor start, Cursor p);
@@ -49,9 +53,12 @@ private:
     static std::string_view shapeText(Shape shape);
     bool fail(Cursor at, std::string text);
 
-    Assembly& m_assembly;
+    const Statement& m_statement;
     ExpressionParser& m_parser;
+    FieldWriter& m_fields;
     OperandHints m_hints;
+    ImageWriter& m_writer;
+    Reporter& m_reporter;
 };
 
 } // namespace nesasm

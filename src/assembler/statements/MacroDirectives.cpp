@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/MacroDirectives.h"
 
-#include "assembler/text/Characters.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/Text.h"
 
 #include <utility>
@@ -23,21 +23,26 @@ Cursor bodyWordEnd(Cursor p) {
 
 } // namespace
 
-MacroDirectives::MacroDirectives(Assembly& assembly, ExpressionParser& parser,
-                                 const Vocabulary& vocabulary)
-    : m_assembly(assembly)
+MacroDirectives::MacroDirectives(const Vocabulary& vocabulary, ExpressionParser& parser,
+                                 Names& names, Frames& frames, LineRecords& records,
+                                 Reporter& reporter, Arena& arena)
+    : m_vocabulary(vocabulary)
     , m_parser(parser)
-    , m_vocabulary(vocabulary) {}
+    , m_names(names)
+    , m_frames(frames)
+    , m_records(records)
+    , m_reporter(reporter)
+    , m_arena(arena) {}
 
 std::uint32_t MacroDirectives::find(std::string_view name) const {
-    const SymbolId id = m_assembly.symbols.find(name, m_assembly.scope);
-    return id == 0 ? None : m_assembly.symbols[id].macro;
+    const SymbolId id = m_names.find(name);
+    return id == 0 ? None : m_names[id].macro;
 }
 
 void MacroDirectives::defineNamedBehind(Cursor p) {
     p.skipBlanks();
     if (!isWordStart(*p)) {
-        m_assembly.error(p, "the macro's name was expected, but " + foundText(p) + " was found");
+        m_reporter.error(p, "the macro's name was expected, but " + foundText(p) + " was found");
         skipBody(p);
         return;
     }
@@ -49,22 +54,22 @@ void MacroDirectives::define(std::string_view name, Cursor at, Cursor p) {
         p.afterBlanks().isAtName()
             ? "; a macro's arguments have no names: \\1 to \\9 stand for them"
             : "";
-    if (!m_assembly.expectEnd(p, remedy)) {
+    if (!m_reporter.expectEnd(p, remedy)) {
         markArgumentNames(p);
     }
     const bool isFine = mayDefine(name, at);
-    if (m_assembly.line.isShortLived) {
-        name = m_assembly.arena.keepLine(name);
+    if (m_reporter.line().isShortLived) {
+        name = m_arena.keepLine(name);
     }
     Macro macro{name, {}};
     if (!collect(DirectiveRole::macro, DirectiveRole::endMacro, at, macro.body) || !isFine) {
         return;
     }
-    const SymbolId id = m_assembly.intern(name);
-    m_assembly.symbols[id].macro = static_cast<std::uint32_t>(m_assembly.macros.size());
-    m_assembly.macros.push_back(macro);
+    const SymbolId id = m_names.intern(name);
+    m_names[id].macro = static_cast<std::uint32_t>(m_macros.size());
+    m_macros.push_back(macro);
     if (m_vocabulary.find(name).kind != Keyword::Kind::none) {
-        m_assembly.macroHidesKeyword = true;
+        m_hidesKeywords = true;
     }
 }
 
@@ -76,7 +81,7 @@ void MacroDirectives::markArgumentNames(Cursor p) {
             ++p;
             continue;
         }
-        m_assembly.markBroken(p.word());
+        m_names.markBroken(p.word());
         p = p.wordEnd();
     }
 }
@@ -84,17 +89,17 @@ void MacroDirectives::markArgumentNames(Cursor p) {
 bool MacroDirectives::mayDefine(std::string_view name, Cursor at) {
     const std::string shown = quoted(name);
     if (name.starts_with('.')) {
-        m_assembly.error(at,
+        m_reporter.error(at,
                          shown + " cannot name a macro: a name that begins with a dot is local");
         return false;
     }
     if (m_vocabulary.find(name).isDirective()) {
-        m_assembly.error(at, shown + " cannot name a macro: it is a directive");
+        m_reporter.error(at, shown + " cannot name a macro: it is a directive");
         return false;
     }
     if (const std::uint32_t former = find(name); former != None) {
-        const Passage& body = m_assembly.macros[former].body;
-        m_assembly.error(at, "the macro " + shown + " has already been defined at " +
+        const Passage& body = m_macros[former].body;
+        m_reporter.error(at, "the macro " + shown + " has already been defined at " +
                                  std::string(body.fileName) + ":" +
                                  std::to_string(body.firstLine - 1));
         return false;
@@ -143,7 +148,7 @@ std::optional<MacroDirectives::Found> MacroDirectives::directiveOf(Cursor begin)
 
 bool MacroDirectives::collect(DirectiveRole opening, DirectiveRole closing, Cursor at,
                               Passage& body) {
-    SourceStack& sources = m_assembly.sources;
+    SourceStack& sources = m_frames.sources();
     const Frame& frame = sources.top();
     const Cursor first(frame.cursor);
     body = {{}, frame.line + 1, frame.passage.file, frame.passage.fileName};
@@ -152,19 +157,18 @@ bool MacroDirectives::collect(DirectiveRole opening, DirectiveRole closing, Curs
     for (std::size_t nesting = 0;;) {
         if (sources.isAtEnd()) {
             const bool isMacro = closing == DirectiveRole::endMacro;
-            m_assembly.isIncomplete = true;
-            m_assembly.error(
+            m_reporter.notePartMissing();
+            m_reporter.error(
                 at, isMacro ? "this macro has no .endm before the end of the file"
                             : "this .rept has no .endr before the end of the file or macro");
             return false;
         }
         Line line;
-        if (const auto problem = sources.next(line); problem != SourceStack::Next::line) {
-            reportRunaway(m_assembly, line, problem);
+        if (m_frames.next(line) != SourceStack::Next::line) {
             return false;
         }
-        if (m_assembly.recordsLines) {
-            m_assembly.records.add(line, frame.passage.file);
+        if (m_records.isOn()) {
+            m_records.add(line, frame.passage.file);
         }
         const auto directive = directiveOf(line.begin);
         if (directive && directive->keyword.role == opening) {
@@ -178,7 +182,7 @@ bool MacroDirectives::collect(DirectiveRole opening, DirectiveRole closing, Curs
                 if (hasLabel) {
                     copy.append(line.begin.upTo(directive->at));
                 }
-                body.text = m_assembly.arena.keepLine(copy);
+                body.text = m_arena.keepLine(copy);
             } else {
                 body.text = first.upTo(line.begin);
             }
@@ -191,13 +195,12 @@ bool MacroDirectives::collect(DirectiveRole opening, DirectiveRole closing, Curs
 }
 
 bool MacroDirectives::isTooDeep(Cursor at) {
-    if (m_assembly.sources.depth() < DeepestNesting) {
+    if (m_frames.sources().depth() < DeepestNesting) {
         return false;
     }
-    m_assembly.diagnostics.fatal(m_assembly.at(at),
-                                 "macros and repetitions are nested more than " +
-                                     std::to_string(DeepestNesting) +
-                                     " deep: does this macro call itself without end?");
+    m_reporter.fatal(at, "macros and repetitions are nested more than " +
+                             std::to_string(DeepestNesting) +
+                             " deep: does this macro call itself without end?");
     return true;
 }
 
@@ -207,13 +210,7 @@ Frame& MacroDirectives::enter(Origin::Kind kind, const Passage& body, std::strin
     origin.file = body.fileName;
     origin.source = body.file;
     origin.macro = name;
-    origin.parent = m_assembly.line.origin;
-    origin.callLine = m_assembly.line.number;
-    Frame& frame = m_assembly.sources.push(kind, body, m_assembly.origins.add(origin));
-    frame.conditionals = m_assembly.conditionals.depth();
-    frame.label = std::exchange(m_assembly.sizedLabel, 0);
-    frame.totalBefore = m_assembly.sizedFrom;
-    return frame;
+    return m_frames.enter(origin, body);
 }
 
 void MacroDirectives::call(std::uint32_t macro, Cursor at, Cursor p) {
@@ -222,20 +219,19 @@ void MacroDirectives::call(std::uint32_t macro, Cursor at, Cursor p) {
     }
     MacroArguments arguments;
     if (!arguments.read(p)) {
-        m_assembly.error(p, "a macro takes at most nine arguments; this is the tenth");
+        m_reporter.error(p, "a macro takes at most nine arguments; this is the tenth");
         return;
     }
-    Frame& frame =
-        enter(Origin::Kind::macro, m_assembly.macros[macro].body, m_assembly.macros[macro].name);
+    Frame& frame = enter(Origin::Kind::macro, m_macros[macro].body, m_macros[macro].name);
     frame.arguments = arguments;
-    frame.number = ++m_assembly.expansions;
+    frame.number = ++m_expansions;
 }
 
 void MacroDirectives::repeat(Cursor at, Cursor p) {
     p.skipBlanks();
     const auto count = m_parser.parseKnown(p, "the count of .rept", 0, MostRepetitions);
     if (count) {
-        m_assembly.expectEnd(p);
+        m_reporter.expectEnd(p);
     }
     Passage body;
     if (!collect(DirectiveRole::repeat, DirectiveRole::endRepeat, at, body) || !count ||
@@ -246,21 +242,11 @@ void MacroDirectives::repeat(Cursor at, Cursor p) {
 }
 
 void MacroDirectives::strayEndOfMacro(Cursor at, Cursor /*p*/) {
-    m_assembly.error(at, ".endm without a .macro before it");
+    m_reporter.error(at, ".endm without a .macro before it");
 }
 
 void MacroDirectives::strayEndOfRepeat(Cursor at, Cursor /*p*/) {
-    m_assembly.error(at, ".endr without a .rept before it");
-}
-
-void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next problem) {
-    const auto column = static_cast<std::uint32_t>(line.begin.afterBlanks() - line.begin);
-    const Position position{line.begin.data(), line.number, column, line.origin, line.order};
-    assembly.diagnostics.fatal(
-        position, problem == SourceStack::Next::tooLong
-                      ? "with its arguments put in, this line of a macro is too long"
-                      : "macros, repetitions and files included again come to more lines "
-                        "than can be assembled: is there one without end?");
+    m_reporter.error(at, ".endr without a .rept before it");
 }
 
 } // namespace nesasm

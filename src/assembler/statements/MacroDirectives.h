@@ -1,25 +1,43 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/expressions/ExpressionParser.h"
 #include "assembler/language/Vocabulary.h"
-#include "assembler/statements/Assembly.h"
-#include "assembler/statements/ExpressionParser.h"
+#include "assembler/reading/LineRecords.h"
+#include "assembler/state/Frames.h"
+#include "assembler/state/Names.h"
+#include "assembler/state/Reporter.h"
+#include "assembler/text/Arena.h"
 
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <string_view>
+#include <vector>
 
 namespace nesasm {
+
+/// A macro: its body, and where it was defined.
+struct Macro {
+    std::string_view name;
+    Passage body;
+};
 
 /// Macros and repetitions: their bodies, and putting them in.
 class MacroDirectives {
 public:
-    MacroDirectives(Assembly& assembly, ExpressionParser& parser, const Vocabulary& vocabulary);
+    MacroDirectives(const Vocabulary& vocabulary, ExpressionParser& parser, Names& names,
+                    Frames& frames, LineRecords& records, Reporter& reporter, Arena& arena);
 
     /// NAME .macro or .macro NAME, with `p` behind both.
     void define(std::string_view name, Cursor at, Cursor p);
 
     /// .macro with the name behind it, at `p`.
     void defineNamedBehind(Cursor p);
+
+    std::span<const Macro> all() const { return m_macros; }
+    /// A macro is named like a directive or an instruction, so every such word has to be looked up.
+    bool hidesKeywords() const { return m_hidesKeywords; }
 
     /// The macro of this name, None when there is none.
     std::uint32_t find(std::string_view name) const;
@@ -52,12 +70,16 @@ private:
     void markArgumentNames(Cursor p);
     bool mayDefine(std::string_view name, Cursor at);
 
-    Assembly& m_assembly;
-    ExpressionParser& m_parser;
     const Vocabulary& m_vocabulary;
+    ExpressionParser& m_parser;
+    Names& m_names;
+    Frames& m_frames;
+    LineRecords& m_records;
+    Reporter& m_reporter;
+    Arena& m_arena;
+    std::vector<Macro> m_macros;
+    std::uint32_t m_expansions = 0;
+    bool m_hidesKeywords = false;
 };
-
-/// Reports that a macro or repetition asks for too much with `line`, and stops the run.
-void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next problem);
 
 } // namespace nesasm

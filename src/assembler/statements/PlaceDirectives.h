@@ -1,21 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/statements/Assembly.h"
-#include "assembler/statements/ExpressionParser.h"
+#include "assembler/expressions/ExpressionParser.h"
+#include "assembler/state/ImageWriter.h"
+#include "assembler/state/Reporter.h"
 
 namespace nesasm {
 
-/// The directives that say where things go: .bank .org, the sections, .rsset and the header's
-/// fields.
+/// The directives that say where things go: .bank .org, the sections and the header's fields.
 class PlaceDirectives {
 public:
-    PlaceDirectives(Assembly& assembly, ExpressionParser& parser);
+    PlaceDirectives(ExpressionParser& parser, ImageWriter& writer, Reporter& reporter);
 
     // `p` is at the operand.
     void bank(Cursor p);
     void address(Cursor p);
-    void reserveFrom(Cursor p);
 
     void code(Cursor p) { select(Section::code, p); }
     void data(Cursor p) { select(Section::data, p); }
@@ -31,8 +30,9 @@ private:
     void select(Section section, Cursor p);
     void setField(std::uint32_t& field, const char* what, Cursor p);
 
-    Assembly& m_assembly;
     ExpressionParser& m_parser;
+    ImageWriter& m_writer;
+    Reporter& m_reporter;
 };
 
 } // namespace nesasm

@@ -2,8 +2,8 @@
 #include "assembler/statements/StatementAssembler.h"
 
 #include "assembler/language/ForeignWords.h"
-#include "assembler/statements/Remedies.h"
-#include "assembler/text/Characters.h"
+#include "assembler/statements/WordRemedies.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/Text.h"
 
 #include <array>
@@ -14,16 +14,15 @@ namespace nesasm {
 namespace {
 
 /// True when the word at `p` is that directive and no label.
-bool isDirectiveAt(Cursor p, DirectiveRole role) {
+bool isDirectiveAt(const Vocabulary& vocabulary, Cursor p, DirectiveRole role) {
     const Cursor end = p.wordEnd();
-    return *end != ':' && Directives::vocabulary().find(p.upTo(end)).isDirective(role);
+    return *end != ':' && vocabulary.find(p.upTo(end)).isDirective(role);
 }
 
 /// True when an instruction or a directive with its dot stands at `p`: what comes before it is
 /// meant as a label.
-bool isStatementAt(Cursor p) {
-    const Keyword::Kind kind =
-        p.isAtName() ? Directives::vocabulary().find(p.word()).kind : Keyword::Kind::none;
+bool isStatementAt(const Vocabulary& vocabulary, Cursor p) {
+    const Keyword::Kind kind = p.isAtName() ? vocabulary.find(p.word()).kind : Keyword::Kind::none;
     return kind == Keyword::Kind::instruction || (kind == Keyword::Kind::directive && *p == '.');
 }
 
@@ -75,101 +74,18 @@ constexpr std::string_view Advice = "; use ";
 
 } // namespace
 
-StatementAssembler::StatementAssembler(Assembly& assembly)
-    : m_assembly(assembly)
-    , m_parser(assembly)
-    , m_directives(assembly, m_parser)
-    , m_instructions(assembly, m_parser) {}
+StatementAssembler::StatementAssembler(Names& names, Reporter& reporter,
+                                       InstructionAssembler& instructions, Directives& directives,
+                                       Definitions& definitions, MacroDirectives& macros)
+    : m_vocabulary(Directives::vocabulary())
+    , m_names(names)
+    , m_reporter(reporter)
+    , m_instructions(instructions)
+    , m_directives(directives)
+    , m_definitions(definitions)
+    , m_macros(macros) {}
 
-void StatementAssembler::run() {
-    while (!m_assembly.sources.empty() && !m_assembly.diagnostics.limitReached()) {
-        switch (const auto next = m_assembly.sources.next(m_assembly.line)) {
-        case SourceStack::Next::line:
-            line();
-            break;
-        case SourceStack::Next::endOfFrame:
-            endFrame();
-            break;
-        case SourceStack::Next::tooLong:
-        case SourceStack::Next::tooMuch:
-            reportRunaway(m_assembly, m_assembly.line, next);
-            break;
-        }
-    }
-}
-
-void StatementAssembler::endFrame() {
-    m_directives.flow().closeFrame();
-    const Frame& frame = m_assembly.sources.top();
-    if (frame.label != 0) {
-        m_assembly.symbols[frame.label].size =
-            static_cast<std::uint32_t>(m_assembly.image.total() - frame.totalBefore);
-    }
-    m_assembly.sources.pop();
-    m_assembly.origins.release(frame.origin);
-}
-
-void StatementAssembler::line() {
-    if (!m_assembly.recordsLines) {
-        assembleLine();
-        return;
-    }
-    const SourceFile* const file = m_assembly.sources.top().passage.file;
-    if (m_assembly.conditionals.skips()) {
-        m_assembly.records.add(m_assembly.line, file);
-        assembleLine();
-        return;
-    }
-    m_assembly.records.begin(m_assembly.line, file, m_assembly.image);
-    assembleLine();
-    m_assembly.records.end(m_assembly.image);
-}
-
-void StatementAssembler::assembleLine() {
-    if (m_assembly.conditionals.skips()) {
-        skippedLine();
-        return;
-    }
-    const Cursor begin = m_assembly.line.begin;
-    const Cursor p = begin.afterBlanks();
-    if (p.isAtStatementEnd()) {
-        return;
-    }
-    m_assembly.here = m_assembly.image.address();
-    m_assembly.sizedLabel = 0;
-    statement(p, p == begin);
-    if (m_assembly.image.hasOverwritten()) {
-        m_assembly.noteOverwriting();
-    }
-    if (m_assembly.sizedLabel != 0) {
-        m_assembly.symbols[m_assembly.sizedLabel].size =
-            static_cast<std::uint32_t>(m_assembly.image.total() - m_assembly.sizedFrom);
-    }
-}
-
-void StatementAssembler::skippedLine() {
-    const auto directive = m_directives.macros().directiveOf(m_assembly.line.begin);
-    if (!directive) {
-        return;
-    }
-    switch (directive->keyword.role) {
-    case DirectiveRole::macro:
-        m_directives.macros().skipBody(directive->at);
-        break;
-    case DirectiveRole::conditional:
-        m_directives.run(directive->keyword.index, directive->at, directive->at.wordEnd());
-        break;
-    case DirectiveRole::ordinary:
-    case DirectiveRole::equ:
-    case DirectiveRole::rs:
-    case DirectiveRole::endMacro:
-    case DirectiveRole::repeat:
-    case DirectiveRole::endRepeat:
-        break;
-    }
-}
-
-void StatementAssembler::statement(Cursor p, bool isFirstColumn) {
+void StatementAssembler::assemble(Cursor p, bool isFirstColumn) {
     std::string_view bareLabel; // one without a colon, which may be a misspelled word
     for (; !p.isAtStatementEnd(); isFirstColumn = false) {
         if (!p.isAtName()) {
@@ -183,7 +99,7 @@ void StatementAssembler::statement(Cursor p, bool isFirstColumn) {
             if (isNamed(word, p, next)) {
                 return;
             }
-            m_directives.definitions().label(word, p);
+            m_definitions.label(word, p);
             p = next;
             continue;
         }
@@ -194,7 +110,7 @@ void StatementAssembler::statement(Cursor p, bool isFirstColumn) {
             reportUnknown(word, p, bareLabel);
             return;
         }
-        m_directives.definitions().label(word, p);
+        m_definitions.label(word, p);
         bareLabel = word;
         p = end.afterBlanks();
     }
@@ -203,14 +119,14 @@ void StatementAssembler::statement(Cursor p, bool isFirstColumn) {
 /// Assembles the statement when its first word, without a colon, is a directive, a macro or an
 /// instruction.
 bool StatementAssembler::isKnownWord(std::string_view word, Cursor p) {
-    const Keyword keyword = Directives::vocabulary().find(word);
+    const Keyword keyword = m_vocabulary.find(word);
     const Cursor end = p + word.size();
     const Cursor next = end.afterBlanks();
     const bool isKeyword = keyword.kind != Keyword::Kind::none;
     const bool mayGiveValue = MayGiveValue[static_cast<unsigned char>(*next)];
     if ((*next == '.' || (!isKeyword && lowered(*next) == 'm')) &&
-        isDirectiveAt(next, DirectiveRole::macro)) {
-        m_directives.macros().define(word, p, next.wordEnd());
+        isDirectiveAt(m_vocabulary, next, DirectiveRole::macro)) {
+        m_macros.define(word, p, next.wordEnd());
         return true;
     }
     if (keyword.isDirective()) {
@@ -221,9 +137,9 @@ bool StatementAssembler::isKnownWord(std::string_view word, Cursor p) {
         }
         return true;
     }
-    if (!isKeyword || m_assembly.macroHidesKeyword) {
-        if (const std::uint32_t macro = m_directives.macros().find(word); macro != None) {
-            m_directives.macros().call(macro, p, end);
+    if (!isKeyword || m_macros.hidesKeywords()) {
+        if (const std::uint32_t macro = m_macros.find(word); macro != None) {
+            m_macros.call(macro, p, end);
             return true;
         }
     }
@@ -238,13 +154,13 @@ bool StatementAssembler::isKnownWord(std::string_view word, Cursor p) {
 /// True when the keyword at `p`, with `next` behind it, was taken for the name of a symbol, unless
 /// a forgotten value explains it better: behind a dot, or where a macro's argument may be empty.
 bool StatementAssembler::namesSymbol(Cursor p, Cursor next) const {
-    return *p != '.' && !m_assembly.line.isShortLived && givesValue(next);
+    return *p != '.' && !m_reporter.line().isShortLived && givesValue(next);
 }
 
 /// `word` is a directive or an instruction and was taken for the name of a symbol.
 void StatementAssembler::reportKeyword(std::string_view word, Cursor p, bool isDirective) {
-    m_assembly.markBroken(word);
-    m_assembly.error(p, quoted(word) + (isDirective ? " is a directive" : " is an instruction") +
+    m_names.markBroken(word);
+    m_reporter.error(p, quoted(word) + (isDirective ? " is a directive" : " is an instruction") +
                             "; as a symbol it needs a colon directly behind it, or another name");
 }
 
@@ -252,19 +168,19 @@ void StatementAssembler::reportKeyword(std::string_view word, Cursor p, bool isD
 /// label's: NAME = e, .equ, .rs or .macro.
 bool StatementAssembler::isNamed(std::string_view name, Cursor at, Cursor next) {
     if (*next == '=' && next[1] != '=') {
-        m_directives.definitions().assign(name, at, next + 1);
+        m_definitions.assign(name, at, next + 1);
         return true;
     }
     if (!next.isAtName()) {
         return false;
     }
     const Cursor end = next.wordEnd();
-    if (isDirectiveAt(next, DirectiveRole::equ)) {
-        m_directives.definitions().assign(name, at, end);
-    } else if (isDirectiveAt(next, DirectiveRole::rs)) {
-        m_directives.definitions().reserve(name, at, end);
-    } else if (isDirectiveAt(next, DirectiveRole::macro)) {
-        m_directives.macros().define(name, at, end);
+    if (isDirectiveAt(m_vocabulary, next, DirectiveRole::equ)) {
+        m_definitions.assign(name, at, end);
+    } else if (isDirectiveAt(m_vocabulary, next, DirectiveRole::rs)) {
+        m_definitions.reserve(name, at, end);
+    } else if (isDirectiveAt(m_vocabulary, next, DirectiveRole::macro)) {
+        m_macros.define(name, at, end);
     } else {
         return false;
     }
@@ -275,12 +191,12 @@ void StatementAssembler::reportUnknown(std::string_view word, Cursor p, std::str
     const bool isDotted = word.starts_with('.');
     // A macro may be what is missing; a directive or an instruction is not.
     constexpr std::size_t MnemonicLength = 3;
-    if (m_assembly.isIncomplete && !isDotted && word.size() != MnemonicLength) {
+    if (m_reporter.isPartMissing() && !isDotted && word.size() != MnemonicLength) {
         return;
     }
-    m_assembly.error(p, [&] { return unknownText(word, p, label); });
+    m_reporter.error(p, [&] { return unknownText(word, p, label); });
     if (label.empty()) {
-        m_assembly.markBroken(word);
+        m_names.markBroken(word);
     }
 }
 
@@ -290,14 +206,13 @@ std::string StatementAssembler::unknownText(std::string_view word, Cursor p,
     std::string text =
         isDotted ? "there is no directive " : "there is no instruction, directive or macro ";
     text += quoted(word);
-    const SymbolId id = m_assembly.symbols.find(word, m_assembly.scope);
-    const bool isSymbol = id != 0 && m_assembly.symbols[id].isDefined;
-    const std::string remedy =
-        isSymbol ? "" : remedyForWord(m_assembly, Directives::vocabulary(), word);
+    const SymbolId id = m_names.find(word);
+    const bool isSymbol = id != 0 && m_names[id].isDefined;
+    const std::string remedy = isSymbol ? "" : remedyForWord(m_macros.all(), m_vocabulary, word);
     const std::string labelRemedy =
-        label.empty() ? "" : remedyForWord(m_assembly, Directives::vocabulary(), label);
+        label.empty() ? "" : remedyForWord(m_macros.all(), m_vocabulary, label);
     const Cursor next = (p + static_cast<std::ptrdiff_t>(word.size())).afterBlanks();
-    if (label.empty() && (next.isAtStatementEnd() || isStatementAt(next))) {
+    if (label.empty() && (next.isAtStatementEnd() || isStatementAt(m_vocabulary, next))) {
         const bool isForeign = isDotted && !isSymbol && !foreignWordAdvice(word.substr(1)).empty();
         if (remedy.starts_with(Advice)) {
             text += remedy;
@@ -321,20 +236,20 @@ std::string StatementAssembler::unknownText(std::string_view word, Cursor p,
 /// `label`, without a colon, stands before what is wrong; it may be a misspelled word.
 void StatementAssembler::reportUnexpected(Cursor p, std::string_view label) {
     if (label.empty()) {
-        m_assembly.error(p, "a label, an instruction or a directive was expected, but " +
+        m_reporter.error(p, "a label, an instruction or a directive was expected, but " +
                                 foundText(p) + " was found" + std::string(signRemedy(p)));
         return;
     }
-    if (m_assembly.isIncomplete) {
+    if (m_reporter.isPartMissing()) {
         return;
     }
-    m_assembly.error(p, [&] {
+    m_reporter.error(p, [&] {
         return quoted(label) +
                " at the start of the line is a label here, so an "
                "instruction or a directive was expected, but " +
                foundText(p) + " was found" +
                (*p == ':' ? "; a label's colon stands directly behind its name"
-                          : remedyForWord(m_assembly, Directives::vocabulary(), label));
+                          : remedyForWord(m_macros.all(), m_vocabulary, label));
     });
 }
 

@@ -1,35 +1,30 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/statements/Assembly.h"
+#include "assembler/language/Vocabulary.h"
+#include "assembler/state/Names.h"
+#include "assembler/state/Reporter.h"
+#include "assembler/statements/Definitions.h"
 #include "assembler/statements/Directives.h"
-#include "assembler/statements/ExpressionParser.h"
 #include "assembler/statements/InstructionAssembler.h"
+#include "assembler/statements/MacroDirectives.h"
+#include "assembler/text/Cursor.h"
 
 #include <string>
 #include <string_view>
 
 namespace nesasm {
 
-/// Takes the lines one by one and hands each statement to the part that knows it.
+/// Tells by its words what a statement is, and hands it to the part that knows it.
 class StatementAssembler {
 public:
-    explicit StatementAssembler(Assembly& assembly);
+    StatementAssembler(Names& names, Reporter& reporter, InstructionAssembler& instructions,
+                       Directives& directives, Definitions& definitions, MacroDirectives& macros);
 
-    /// Begins with the input file. Returns "" or why it cannot be read.
-    std::string openInput(const std::string& name) { return m_directives.files().openInput(name); }
-    void predefine(std::string_view name, std::int32_t value) {
-        m_directives.definitions().predefine(name, value);
-    }
-
-    /// Assembles everything up to the end of the input, or to the error limit.
-    void run();
+    /// Assembles the statement that begins at `p`, with its labels.
+    void assemble(Cursor p, bool isFirstColumn);
 
 private:
-    void line();
-    void assembleLine();
-    void skippedLine();
-    void statement(Cursor p, bool isFirstColumn);
     bool isKnownWord(std::string_view word, Cursor p);
     bool isNamed(std::string_view name, Cursor at, Cursor next);
     bool namesSymbol(Cursor p, Cursor next) const;
@@ -37,12 +32,14 @@ private:
     void reportUnknown(std::string_view word, Cursor p, std::string_view label);
     std::string unknownText(std::string_view word, Cursor p, std::string_view label) const;
     void reportUnexpected(Cursor p, std::string_view label);
-    void endFrame();
 
-    Assembly& m_assembly;
-    ExpressionParser m_parser;
-    Directives m_directives;
-    InstructionAssembler m_instructions;
+    const Vocabulary& m_vocabulary;
+    Names& m_names;
+    Reporter& m_reporter;
+    InstructionAssembler& m_instructions;
+    Directives& m_directives;
+    Definitions& m_definitions;
+    MacroDirectives& m_macros;
 };
 
 } // namespace nesasm

@@ -7,7 +7,7 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
+#include <string>
 #include <vector>
 
 namespace nesasm {
@@ -38,7 +38,7 @@ struct DeferredSymbol {
 
 struct DeferredAssertion {
     DeferredExpression expression;
-    std::string_view text;
+    std::string text;
 };
 
 /// All that can be settled only when the whole source has been read.

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "assembler/statements/Remedies.h"
+#include "assembler/expressions/SymbolRemedies.h"
 
-#include "assembler/language/ForeignWords.h"
-#include "assembler/language/InstructionTable.h"
-#include "assembler/language/Vocabulary.h"
 #include "assembler/text/Characters.h"
 #include "assembler/text/NearNames.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
-#include <deque>
 
 namespace nesasm {
 
@@ -63,39 +59,13 @@ bool isHexadecimal(std::string_view name) {
 
 } // namespace
 
-std::string remedyForWord(const Assembly& assembly, const Vocabulary& vocabulary,
-                          std::string_view word) {
-    const bool isDotted = word.starts_with('.');
-    const std::string_view bare = isDotted ? word.substr(1) : word;
-    if (const std::string_view advice = foreignWordAdvice(bare); !advice.empty()) {
-        return "; " + std::string(advice);
-    }
-    NearNames near(word);
-    for (const Macro& macro : assembly.macros) {
-        near.consider(macro.name);
-    }
-    std::deque<std::string> dotted; // what is considered must stay where it is
-    for (const DirectiveWord& each : vocabulary.directives()) {
-        dotted.push_back("." + std::string(each.word));
-        if (isDotted || each.worksWithoutDot || word == each.word) {
-            near.consider(isDotted ? std::string_view(dotted.back()) : each.word, dotted.back());
-        }
-    }
-    if (!isDotted) {
-        for (const Instruction& instruction : InstructionTable) {
-            near.consider(instruction.name);
-        }
-    }
-    return near.question();
-}
-
 std::string noSizeText(const Symbol& symbol) {
     return quoted(symbol.name) +
            " is no label: it has no size; SIZEOF() gives the bytes on a label's own line";
 }
 
-std::string remedyForSymbol(const Assembly& assembly, const Symbol& symbol) {
-    const SymbolTable& symbols = assembly.symbols;
+std::string remedyForSymbol(const SymbolTable& symbols, const Symbol& symbol,
+                            const Diagnostics& diagnostics) {
     if (isRegisterName(symbol.name)) {
         return "; as a register it cannot stand here: TAX, TXA, TAY and TYA copy between registers";
     }
@@ -105,7 +75,7 @@ std::string remedyForSymbol(const Assembly& assembly, const Symbol& symbol) {
     if (symbol.macro != None) {
         return "; it is a macro, which has no value";
     }
-    if (assembly.diagnostics.errorCount() > MostSearches) {
+    if (diagnostics.errorCount() > MostSearches) {
         return {};
     }
     if (std::string namesake = namesakeText(symbols, symbol); !namesake.empty()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "assembler/statements/WrittenOperand.h"
+#include "assembler/expressions/WrittenOperand.h"
 
 #include "assembler/text/Cursor.h"
 

@@ -2,7 +2,10 @@
 #pragma once
 
 #include "assembler/language/Functions.h"
-#include "assembler/statements/Assembly.h"
+#include "assembler/state/Names.h"
+#include "assembler/state/Reporter.h"
+#include "assembler/state/Statement.h"
+#include "assembler/values/Deferred.h"
 #include "assembler/values/Expression.h"
 
 #include <optional>
@@ -21,7 +24,8 @@ public:
         lowHigh ///< LOW() or HIGH() of all that follows
     };
 
-    explicit ExpressionParser(Assembly& assembly);
+    ExpressionParser(const Statement& statement, Names& names, Reporter& reporter,
+                     Deferred& deferred);
 
     /// Reads one expression at `p`, which is moved behind it. False when an error was reported.
     bool parse(Cursor& p, Prefix prefix = Prefix::none);
@@ -35,10 +39,13 @@ public:
     /// Computes what was read last; an error in it is reported. `start` is where it began.
     Evaluation evaluateNow() const;
 
+    /// The same, but an error in it is not reported.
+    Evaluation peek() const { return evaluate(m_operations, m_names.table()); }
+
     /// What was read last is an address: when it is a symbol alone, that symbol is one.
     void noteAddress() {
         if (m_operations.size() == 1 && m_operations[0].code == OpCode::value) {
-            m_assembly.symbols[m_operations[0].argument].isAddress = true;
+            m_names[m_operations[0].argument].isAddress = true;
         }
     }
 
@@ -76,7 +83,10 @@ private:
     bool push(OpCode code, std::uint32_t argument, Cursor at);
     bool fail(Cursor at, std::string text);
 
-    Assembly& m_assembly;
+    const Statement& m_statement;
+    Names& m_names;
+    Reporter& m_reporter;
+    Deferred& m_deferred;
     std::vector<Operation> m_operations;
     Cursor m_p;
     bool m_lowHigh = false;

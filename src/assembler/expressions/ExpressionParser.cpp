@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "assembler/statements/ExpressionParser.h"
+#include "assembler/expressions/ExpressionParser.h"
 
-#include "assembler/statements/Remedies.h"
-#include "assembler/text/Characters.h"
+#include "assembler/expressions/SymbolRemedies.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -55,8 +55,12 @@ std::string numberRemedy(unsigned base, char letter) {
 
 } // namespace
 
-ExpressionParser::ExpressionParser(Assembly& assembly)
-    : m_assembly(assembly) {}
+ExpressionParser::ExpressionParser(const Statement& statement, Names& names, Reporter& reporter,
+                                   Deferred& deferred)
+    : m_statement(statement)
+    , m_names(names)
+    , m_reporter(reporter)
+    , m_deferred(deferred) {}
 
 bool ExpressionParser::parse(Cursor& p, Prefix prefix) {
     m_operations.clear();
@@ -214,7 +218,7 @@ bool ExpressionParser::primary() {
         return parenthesized();
     case '*':
         ++m_p;
-        return push(OpCode::here, m_assembly.here, m_p - 1);
+        return push(OpCode::here, m_statement.address, m_p - 1);
     case '"':
         return fail(
             m_p,
@@ -266,8 +270,8 @@ bool ExpressionParser::word() {
         return fail(begin, "there is no function " + quoted(name) +
                                "; there are LOW, HIGH, BANK, PAGE and SIZEOF");
     }
-    const SymbolId id = m_assembly.intern(name);
-    ++m_assembly.symbols[id].uses;
+    const SymbolId id = m_names.intern(name);
+    ++m_names[id].uses;
     return push(OpCode::value, id, begin);
 }
 
@@ -298,8 +302,8 @@ bool ExpressionParser::sizeOfLabel() {
                     "SIZEOF() needs the name of a label, but " + foundText(begin) + " was found");
     }
     m_p = begin.wordEnd();
-    const SymbolId id = m_assembly.intern(begin.upTo(m_p));
-    ++m_assembly.symbols[id].uses;
+    const SymbolId id = m_names.intern(begin.upTo(m_p));
+    ++m_names[id].uses;
     m_p.skipBlanks();
     if (*m_p != ')') {
         return fail(m_p, "a ')' was expected, but " + foundText(m_p) + " was found");
@@ -320,7 +324,7 @@ bool ExpressionParser::hexadecimal() {
     while (!endsOddNumber(*m_p)) {
         ++m_p;
     }
-    m_assembly.warn(Warning::oddNumber, begin,
+    m_reporter.warn(Warning::oddNumber, begin,
                     "there is no hexadecimal digit behind this $: '" +
                         std::string(begin.upTo(m_p)) + "' counts as 0");
     return push(OpCode::literal, 0, begin);
@@ -379,28 +383,27 @@ bool ExpressionParser::push(OpCode code, std::uint32_t argument, Cursor at) {
     if (code >= OpCode::multiply) {
         --m_stack;
     }
-    const auto column = static_cast<std::uint32_t>(at - m_assembly.line.begin);
-    m_operations.push_back(
-        {code, static_cast<std::uint16_t>(m_assembly.image.bank()), argument, column});
+    const auto column = static_cast<std::uint32_t>(at - m_statement.line.begin);
+    m_operations.push_back({code, static_cast<std::uint16_t>(m_statement.bank), argument, column});
     return true;
 }
 
 bool ExpressionParser::fail(Cursor at, std::string text) {
-    m_assembly.error(at, std::move(text));
+    m_reporter.error(at, std::move(text));
     return false;
 }
 
 Evaluation ExpressionParser::evaluateNow() const {
-    Evaluation result = evaluate(m_operations, m_assembly.symbols);
+    Evaluation result = peek();
     if (result.status == Evaluation::Status::failed) {
-        m_assembly.error(m_assembly.line.begin + result.column, problemText(result));
+        m_reporter.error(m_statement.line.begin + result.column, problemText(result));
         result.status = Evaluation::Status::broken;
     }
     return result;
 }
 
 DeferredExpression ExpressionParser::defer(Cursor start) {
-    return m_assembly.deferred.keep(m_operations, m_assembly.keep(start));
+    return m_deferred.keep(m_operations, m_reporter.keep(start));
 }
 
 std::optional<std::int32_t> ExpressionParser::parseKnown(Cursor& p, const char* what) {
@@ -411,8 +414,8 @@ std::optional<std::int32_t> ExpressionParser::parseKnown(Cursor& p, const char* 
     if (result.status == Evaluation::Status::known) {
         return result.value;
     }
-    if (result.status == Evaluation::Status::unknown && !m_assembly.isIncomplete) {
-        m_assembly.error(m_assembly.line.begin + result.column,
+    if (result.status == Evaluation::Status::unknown && !m_reporter.isPartMissing()) {
+        m_reporter.error(m_statement.line.begin + result.column,
                          [&] { return unknownText(result, what); });
     }
     return std::nullopt;
@@ -420,7 +423,7 @@ std::optional<std::int32_t> ExpressionParser::parseKnown(Cursor& p, const char* 
 
 /// Why the symbol that `result` names has no value, or no size, where `what` needs it.
 std::string ExpressionParser::unknownText(const Evaluation& result, const char* what) const {
-    const Symbol& symbol = m_assembly.symbols[result.symbol];
+    const Symbol& symbol = m_names[result.symbol];
     const bool isSize =
         std::any_of(m_operations.begin(), m_operations.end(), [&](const auto& each) {
             return each.code == OpCode::sizeOf && each.column == result.column;
@@ -432,7 +435,8 @@ std::string ExpressionParser::unknownText(const Evaluation& result, const char* 
     text.append(quoted(symbol.name)).append(" is not known here, but ").append(what);
     text += " needs it at once: ";
     if (!symbol.isDefined) {
-        return text.append("define it further up").append(remedyForSymbol(m_assembly, symbol));
+        return text.append("define it further up")
+            .append(remedyForSymbol(m_names.table(), symbol, m_reporter.diagnostics()));
     }
     return text += isSize
                        ? "it is known when the label's own line has ended"
@@ -446,7 +450,7 @@ std::optional<std::int32_t> ExpressionParser::parseKnown(Cursor& p, const char* 
     if (!value || (*value >= least && *value <= most)) {
         return value;
     }
-    m_assembly.error(start, std::string(what) + " must be " + std::to_string(least) + " to " +
+    m_reporter.error(start, std::string(what) + " must be " + std::to_string(least) + " to " +
                                 std::to_string(most) + ", but it is " + std::to_string(*value));
     return std::nullopt;
 }
