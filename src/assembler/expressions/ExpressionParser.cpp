@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/expressions/ExpressionParser.h"
 
+#include "assembler/expressions/Number.h"
 #include "assembler/expressions/SymbolRemedies.h"
 #include "assembler/text/FoundText.h"
 #include "assembler/text/Text.h"
@@ -15,43 +16,6 @@ namespace {
 constexpr int DeepestNesting = 100;
 constexpr const char* TooDeep =
     "the expression is nested more than 100 deep; give a part of it a name with =";
-constexpr std::uint64_t LargestLiteral = 0xFFFFFFFFU;
-
-bool endsOddNumber(char c) {
-    switch (c) {
-    case ',':
-    case ')':
-    case ']':
-    case '+':
-    case '-':
-    case '*':
-    case '/':
-    case '&':
-    case '|':
-    case '^':
-    case '<':
-    case '>':
-    case '=':
-    case '!':
-        return true;
-    default:
-        return isBlank(c) || endsStatement(c);
-    }
-}
-
-/// What to do about a letter behind the digits of a number.
-std::string numberRemedy(unsigned base, char letter) {
-    if (base != 10) {
-        return base == 2 ? "; behind % only 0 and 1 are digits"
-                         : "; behind $ only 0 to 9 and A to F are digits";
-    }
-    if (lowered(letter) == 'b') {
-        return "; a binary number begins with %, as in %1010";
-    }
-    const bool isHexadecimal =
-        lowered(letter) == 'x' || lowered(letter) == 'h' || hexDigit(letter) >= 0;
-    return isHexadecimal ? "; a hexadecimal number begins with $, as in $1F" : "";
-}
 
 } // namespace
 
@@ -149,7 +113,7 @@ bool ExpressionParser::binary(int precedence) {
 
 bool ExpressionParser::unary(bool lowHigh) {
     m_p.skipBlanks();
-    // A macro argument may bring its #; what stands behind it is an immediate value.
+    // A macro argument may bring its #; what stands after it is an immediate value.
     while (*m_p == '#') {
         m_p = (m_p + 1).afterBlanks();
         lowHigh = true;
@@ -199,21 +163,10 @@ bool ExpressionParser::primary() {
     if (isWordStart(c) || c == '.') {
         return word();
     }
-    if (isDigit(c)) {
+    if (startsNumber(c)) {
         return number();
     }
     switch (c) {
-    case '$':
-        return hexadecimal();
-    case '%': {
-        const Cursor begin = m_p++;
-        if (*m_p != '0' && *m_p != '1') {
-            return fail(begin, "a binary number needs digits 0 or 1 behind its %");
-        }
-        return digits(2, begin);
-    }
-    case '\'':
-        return character();
     case '(':
         return parenthesized();
     case '*':
@@ -313,67 +266,17 @@ bool ExpressionParser::sizeOfLabel() {
 }
 
 bool ExpressionParser::number() {
-    return digits(10, m_p);
-}
-
-bool ExpressionParser::hexadecimal() {
-    const Cursor begin = m_p++;
-    if (hexDigit(*m_p) >= 0) {
-        return digits(16, begin);
+    const Number number = readNumber(m_p);
+    m_p = number.end;
+    if (!number.isFine()) {
+        return fail(number.problemPlace(), number.problemText());
     }
-    while (!endsOddNumber(*m_p)) {
-        ++m_p;
+    if (number.isOdd) {
+        m_reporter.warn(Warning::oddNumber, number.begin,
+                        "there is no hexadecimal digit behind this $: '" +
+                            std::string(number.begin.upTo(number.end)) + "' counts as 0");
     }
-    m_reporter.warn(Warning::oddNumber, begin,
-                    "there is no hexadecimal digit behind this $: '" +
-                        std::string(begin.upTo(m_p)) + "' counts as 0");
-    return push(OpCode::literal, 0, begin);
-}
-
-bool ExpressionParser::digits(unsigned base, Cursor begin) {
-    std::uint64_t value = 0;
-    bool tooLarge = false;
-    for (;; ++m_p) {
-        // Underscores may stand between the digits of a binary number.
-        if (base == 2 && *m_p == '_') {
-            Cursor behind = m_p;
-            while (*behind == '_') {
-                ++behind;
-            }
-            if (*behind != '0' && *behind != '1') {
-                break;
-            }
-            m_p = behind;
-        }
-        const int digit = hexDigit(*m_p);
-        if (digit < 0 || static_cast<unsigned>(digit) >= base) {
-            break;
-        }
-        value = value * base + static_cast<unsigned>(digit);
-        tooLarge = tooLarge || value > LargestLiteral;
-        if (tooLarge) {
-            value = 0;
-        }
-    }
-    if (isWordPart(*m_p)) {
-        return fail(m_p,
-                    foundText(m_p) + " cannot be part of this number" + numberRemedy(base, *m_p));
-    }
-    if (tooLarge) {
-        return fail(begin, "the number does not fit into 32 bits");
-    }
-    return push(OpCode::literal, static_cast<std::uint32_t>(value), begin);
-}
-
-bool ExpressionParser::character() {
-    const Cursor begin = m_p;
-    if (isLineEnd(m_p[1]) || m_p[2] != '\'') {
-        return fail(
-            begin,
-            "one character between quotes was expected, as in 'A'; a text stands in double quotes");
-    }
-    m_p += 3;
-    return push(OpCode::literal, static_cast<unsigned char>(begin[1]), begin);
+    return push(OpCode::literal, number.value, number.begin);
 }
 
 bool ExpressionParser::push(OpCode code, std::uint32_t argument, Cursor at) {

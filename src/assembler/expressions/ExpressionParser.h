@@ -27,7 +27,7 @@ public:
     ExpressionParser(const Statement& statement, Names& names, Reporter& reporter,
                      Deferred& deferred);
 
-    /// Reads one expression at `p`, which is moved behind it. False when an error was reported.
+    /// Reads one expression at `p`, which is moved to its end. False when an error was reported.
     bool parse(Cursor& p, Prefix prefix = Prefix::none);
 
     /// Goes on reading an expression of which the part that is in parentheses has just been parsed.
@@ -76,9 +76,6 @@ private:
     bool function(Function function, Cursor at);
     bool sizeOfLabel();
     bool number();
-    bool hexadecimal();
-    bool digits(unsigned base, Cursor begin);
-    bool character();
     std::string unknownText(const Evaluation& result, const char* what) const;
     bool push(OpCode code, std::uint32_t argument, Cursor at);
     bool fail(Cursor at, std::string text);

@@ -15,7 +15,7 @@ namespace nesasm {
 struct FieldToWrite {
     Field field = Field::byte;
     Cursor start;           ///< where its expression begins
-    std::uint32_t next = 0; ///< the address behind a branch
+    std::uint32_t next = 0; ///< the address after a branch
     std::uint8_t opcode = 0;
     bool hasOpcode = false;
 };

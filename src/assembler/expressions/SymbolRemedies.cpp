@@ -51,7 +51,7 @@ bool isRegisterName(std::string_view name) {
            equalsIgnoringCase(name, "y");
 }
 
-/// Hexadecimal digits with an h behind them, as other assemblers write numbers.
+/// Hexadecimal digits with an h after them, as other assemblers write numbers.
 bool isHexadecimal(std::string_view name) {
     return name.size() > 1 && lowered(name.back()) == 'h' &&
            std::all_of(name.begin(), name.end() - 1, [](char c) { return hexDigit(c) >= 0; });

@@ -39,9 +39,9 @@ public:
         return next;
     }
 
-    /// Enters what the present statement asks for. `origin` says what it is; whence it comes is
-    /// added here. The statement's label goes over to the frame: what that makes counts for its
-    /// size.
+    /// Enters what the present statement asks for. `origin` says what it is; this
+    /// adds where it was asked for. The statement's label goes over to the frame: what that makes
+    /// counts for its size.
     Frame& enter(Origin origin, const Passage& passage);
 
     /// Leaves the innermost frame, which has ended.

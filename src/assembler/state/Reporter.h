@@ -18,7 +18,7 @@ namespace nesasm {
 /// Reports what is wrong at a place in the line that is being assembled.
 class Reporter {
 public:
-    /// `line` is that line, whichever it is at the time.
+    /// `line` always holds that line.
     Reporter(const Line& line, Diagnostics& diagnostics, Origins& origins, Arena& arena)
         : m_line(line)
         , m_diagnostics(diagnostics)

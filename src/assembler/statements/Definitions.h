@@ -31,13 +31,13 @@ public:
     /// A label for the present place, named at `at`.
     void label(std::string_view name, Cursor at);
 
-    /// NAME = expression, with `p` behind the equals sign.
+    /// NAME = expression, with `p` after the equals sign.
     void assign(std::string_view name, Cursor at, Cursor p);
 
     /// .equ without a name before it.
     void assignNothing(Cursor at, Cursor p);
 
-    /// NAME .rs count, with `p` behind the directive; an empty name only reserves.
+    /// NAME .rs count, with `p` after the directive; an empty name only reserves.
     void reserve(std::string_view name, Cursor at, Cursor p);
     void reserveUnnamed(Cursor at, Cursor p) { reserve({}, at, p); }
 

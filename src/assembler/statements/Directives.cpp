@@ -67,7 +67,7 @@ struct Directives::Table {
         {{"inesmir", DotOrNot}, to<&PlaceDirectives::mirroring>},
         {{"inesprg", DotOrNot}, to<&PlaceDirectives::prgUnits>},
         {{"list", DotOrNot}, to<&ListingDirectives::show>},
-        {{"macro", DotOrNot, Role::macro}, to<&MacroDirectives::defineNamedBehind>},
+        {{"macro", DotOrNot, Role::macro}, to<&MacroDirectives::defineNamed>},
         {{"nolist", DotOrNot}, to<&ListingDirectives::hide>},
         {{"org", DotOrNot}, to<&PlaceDirectives::address>},
         {{"pad", NeedsDot}, to<&DataDirectives::pad>},

@@ -29,7 +29,7 @@ public:
     static const Vocabulary& vocabulary();
 
     /// Carries out the directive with this index in the vocabulary, whose word begins at `at`;
-    /// `p` is behind it.
+    /// `p` is after it.
     void run(std::uint8_t index, Cursor at, Cursor p);
 
 private:

@@ -13,7 +13,7 @@
 
 namespace nesasm {
 
-/// Conditions and messages: .if and its kin, .assert .fail .error .warning.
+/// Conditions and messages: .if .ifdef .ifndef .elseif .else .endif, .assert .fail .error .warning.
 class FlowDirectives {
 public:
     FlowDirectives(ExpressionParser& parser, Names& names, Conditionals& conditionals,

@@ -216,7 +216,7 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(Cur
     return Shape::indirectX;
 }
 
-/// ",x" or ",y" or nothing; nullopt when something else stands behind a comma
+/// ",x" or ",y" or nothing; nullopt when something else stands after a comma
 std::optional<InstructionAssembler::Index> InstructionAssembler::readIndex(Cursor& p) {
     const Cursor comma = p.afterBlanks();
     if (*comma != ',') {

@@ -18,7 +18,7 @@ public:
     InstructionAssembler(const Statement& statement, ExpressionParser& parser, FieldWriter& fields,
                          const OperandHints& hints, ImageWriter& writer, Reporter& reporter);
 
-    /// `p` is behind the mnemonic, which begins at `start`.
+    /// `p` is after the mnemonic, which begins at `start`.
     void assemble(const Instruction& instruction, Cursor start, Cursor p);
 
 private:

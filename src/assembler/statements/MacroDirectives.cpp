@@ -39,7 +39,7 @@ std::uint32_t MacroDirectives::find(std::string_view name) const {
     return id == 0 ? None : m_names[id].macro;
 }
 
-void MacroDirectives::defineNamedBehind(Cursor p) {
+void MacroDirectives::defineNamed(Cursor p) {
     p.skipBlanks();
     if (!isWordStart(*p)) {
         m_reporter.error(p, "the macro's name was expected, but " + foundText(p) + " was found");
@@ -73,7 +73,7 @@ void MacroDirectives::define(std::string_view name, Cursor at, Cursor p) {
     }
 }
 
-/// The words behind a macro's name were meant as names of its arguments: that the body uses them is
+/// The words after a macro's name were meant as names of its arguments: that the body uses them is
 /// no further mistake.
 void MacroDirectives::markArgumentNames(Cursor p) {
     for (p.skipBlanks(); *p == ',' || p.isAtName(); p = p.afterBlanks()) {

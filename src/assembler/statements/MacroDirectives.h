@@ -29,11 +29,11 @@ public:
     MacroDirectives(const Vocabulary& vocabulary, ExpressionParser& parser, Names& names,
                     Frames& frames, LineRecords& records, Reporter& reporter, Arena& arena);
 
-    /// NAME .macro or .macro NAME, with `p` behind both.
+    /// NAME .macro or .macro NAME, with `p` after both.
     void define(std::string_view name, Cursor at, Cursor p);
 
-    /// .macro with the name behind it, at `p`.
-    void defineNamedBehind(Cursor p);
+    /// .macro with the name after it, at `p`.
+    void defineNamed(Cursor p);
 
     std::span<const Macro> all() const { return m_macros; }
     /// A macro is named like a directive or an instruction, so every such word has to be looked up.
@@ -42,10 +42,10 @@ public:
     /// The macro of this name, None when there is none.
     std::uint32_t find(std::string_view name) const;
 
-    /// A call, with `p` behind the name that begins at `at`.
+    /// A call, with `p` after the name that begins at `at`.
     void call(std::uint32_t macro, Cursor at, Cursor p);
 
-    /// .rept, with `p` behind it; `at` is where it begins.
+    /// .rept, with `p` after it; `at` is where it begins.
     void repeat(Cursor at, Cursor p);
 
     // .endm and .endr without a beginning.

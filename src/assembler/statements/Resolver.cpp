@@ -136,7 +136,7 @@ std::string Resolver::undefinedText(const Symbol& symbol) const {
     return text + remedyForSymbol(m_symbols, symbol, m_reporter.diagnostics());
 }
 
-/// An undefined A behind an instruction that does not work on the accumulator: reported as such.
+/// An undefined A after an instruction that does not work on the accumulator: reported as such.
 bool Resolver::isAccumulator(const DeferredField& field) {
     const auto operations = m_deferred.operations(field.expression);
     if (field.field != Field::absolute || operations.size() != 1 ||

@@ -35,7 +35,7 @@ constexpr std::array<bool, 256> MayGiveValue = [] {
     return table;
 }();
 
-/// True when what stands at `next`, behind a keyword, can only mean that the keyword was taken for
+/// True when what stands at `next`, after a keyword, can only mean that the keyword was taken for
 /// the name of a symbol: = e, .equ e, .rs e.
 bool givesValue(Cursor next) {
     if (*next == '=') {
@@ -49,7 +49,7 @@ bool givesValue(Cursor next) {
     } else {
         return false;
     }
-    // An operand of that name would have an operator, a comma or nothing behind it.
+    // An operand of that name would have an operator, a comma or nothing after it.
     const Cursor value = next.afterBlanks();
     return value != next && (isWordStart(*value) || isDigit(*value) || *value == '$' ||
                              *value == '\'' || *value == '(');
@@ -151,8 +151,8 @@ bool StatementAssembler::isKnownWord(std::string_view word, Cursor p) {
     return isKeyword;
 }
 
-/// True when the keyword at `p`, with `next` behind it, was taken for the name of a symbol, unless
-/// a forgotten value explains it better: behind a dot, or where a macro's argument may be empty.
+/// True when the keyword at `p`, with `next` after it, was taken for the name of a symbol, unless
+/// a forgotten value explains it better: after a dot, or where a macro's argument may be empty.
 bool StatementAssembler::namesSymbol(Cursor p, Cursor next) const {
     return *p != '.' && !m_reporter.line().isShortLived && givesValue(next);
 }
@@ -164,7 +164,7 @@ void StatementAssembler::reportKeyword(std::string_view word, Cursor p, bool isD
                             "; as a symbol it needs a colon directly behind it, or another name");
 }
 
-/// Assembles the statement when `next`, behind the name, gives it a value of another kind than a
+/// Assembles the statement when `next`, after the name, gives it a value of another kind than a
 /// label's: NAME = e, .equ, .rs or .macro.
 bool StatementAssembler::isNamed(std::string_view name, Cursor at, Cursor next) {
     if (*next == '=' && next[1] != '=') {
