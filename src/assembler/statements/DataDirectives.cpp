@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/DataDirectives.h"
 
+#include "assembler/state/QuotedOperand.h"
 #include "assembler/text/FoundText.h"
-#include "assembler/text/QuotedText.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -59,7 +59,7 @@ bool DataDirectives::string(Cursor& p) {
     const std::string_view bytes = quoted.hasEscapes ? text : quoted.written;
     m_writer.emit(bytesOf(bytes), bytes.size(), start);
     if (!quoted.isClosed) {
-        m_reporter.error(start, UnclosedString);
+        reportUnclosed(QuotedKind::text, start, m_reporter);
     }
     p = quoted.end;
     return quoted.isClosed;

@@ -2,8 +2,7 @@
 #include "assembler/statements/FileDirectives.h"
 
 #include "assembler/reading/PcxReader.h"
-#include "assembler/text/FoundText.h"
-#include "assembler/text/QuotedText.h"
+#include "assembler/state/QuotedOperand.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -73,23 +72,15 @@ std::string FileDirectives::openInput(const std::string& name) {
 
 std::optional<std::string_view> FileDirectives::fileName(Cursor& p) {
     const Cursor start = p;
-    if (*p != '"') {
-        m_reporter.error(p, "a file name in double quotes was expected, but " + foundText(p) +
-                                " was found");
+    const auto quoted = readQuotedOperand(QuotedKind::fileName, p, m_reporter);
+    if (!quoted) {
         return std::nullopt;
     }
-    const QuotedText quoted = readQuoted(start, QuotedText::Backslash::isPlain);
-    if (!quoted.isClosed) {
-        m_reporter.error(start, "this file name has no closing '\"'");
+    if (quoted->written.empty()) {
+        m_reporter.error(start, "the file name is empty");
         return std::nullopt;
     }
-    p = quoted.end;
-    const std::string_view name = quoted.written;
-    if (!name.empty()) {
-        return name;
-    }
-    m_reporter.error(start, "the file name is empty");
-    return std::nullopt;
+    return quoted->written;
 }
 
 std::optional<std::string> FileDirectives::find(std::string_view name, Cursor at, bool isSource) {

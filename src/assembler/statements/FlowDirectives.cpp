@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/FlowDirectives.h"
 
+#include "assembler/state/QuotedOperand.h"
 #include "assembler/text/FoundText.h"
-#include "assembler/text/QuotedText.h"
 
 #include <utility>
 
@@ -127,19 +127,8 @@ std::optional<std::string> FlowDirectives::lastText(Cursor p) {
 }
 
 std::optional<std::string> FlowDirectives::text(Cursor& p) {
-    const Cursor start = p;
-    if (*p != '"') {
-        m_reporter.error(p, "a text in double quotes was expected, but " + foundText(p) +
-                                " was found");
-        return std::nullopt;
-    }
-    const QuotedText quoted = readQuoted(start, QuotedText::Backslash::escapes);
-    if (!quoted.isClosed) {
-        m_reporter.error(start, UnclosedString);
-        return std::nullopt;
-    }
-    p = quoted.end;
-    return quoted.text();
+    const auto quoted = readQuotedOperand(QuotedKind::text, p, m_reporter);
+    return quoted ? std::optional(quoted->text()) : std::nullopt;
 }
 
 void FlowDirectives::assertion(Cursor at, Cursor p) {

@@ -8,9 +8,6 @@
 
 namespace nesasm {
 
-/// Says that a string goes on to the line's end.
-inline constexpr const char* UnclosedString = "this string has no closing '\"'";
-
 /// A text in double quotes as it stands in a line.
 struct QuotedText {
     /// What a backslash before a quote means.
