@@ -296,13 +296,8 @@ bool ExpressionParser::fail(Cursor at, std::string text) {
     return false;
 }
 
-Evaluation ExpressionParser::evaluateNow() const {
-    Evaluation result = peek();
-    if (result.status == Evaluation::Status::failed) {
-        m_reporter.error(m_statement.line.begin + result.column, problemText(result));
-        result.status = Evaluation::Status::broken;
-    }
-    return result;
+void ExpressionParser::reportFailed(const Evaluation& result) {
+    m_reporter.error(m_statement.line.begin + result.column, problemText(result));
 }
 
 DeferredExpression ExpressionParser::defer(Cursor start) {

@@ -37,7 +37,14 @@ public:
     std::span<const Operation> operations() const { return m_operations; }
 
     /// Computes what was read last; an error in it is reported. `start` is where it began.
-    Evaluation evaluateNow() const;
+    Evaluation evaluateNow() {
+        Evaluation result = peek();
+        if (result.status == Evaluation::Status::failed) {
+            reportFailed(result);
+            result.status = Evaluation::Status::broken;
+        }
+        return result;
+    }
 
     /// The same, but an error in it is not reported.
     Evaluation peek() const { return evaluate(m_operations, m_names.table()); }
@@ -76,6 +83,7 @@ private:
     bool function(Function function, Cursor at);
     bool sizeOfLabel();
     bool number();
+    void reportFailed(const Evaluation& result);
     std::string unknownText(const Evaluation& result, const char* what) const;
     bool push(OpCode code, std::uint32_t argument, Cursor at);
     bool fail(Cursor at, std::string text);

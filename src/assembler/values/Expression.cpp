@@ -151,9 +151,24 @@ Evaluation::Status fetch(const Operation& operation, const SymbolTable& symbols,
     return Status::known;
 }
 
+/// An expression that is one operand.
+Evaluation evaluateOperand(const Operation& operation, const SymbolTable& symbols) {
+    Value value{0, NoBank};
+    Evaluation result;
+    result.status = fetch(operation, symbols, value);
+    result.value = wrapped(value.number);
+    result.bank = value.bank;
+    result.symbol = operation.argument;
+    result.column = operation.column;
+    return result;
+}
+
 } // namespace
 
 Evaluation evaluate(std::span<const Operation> operations, const SymbolTable& symbols) {
+    if (operations.size() == 1) { // as most are
+        return evaluateOperand(operations.front(), symbols);
+    }
     std::array<Value, LargestStack> stack;
     std::size_t depth = 0;
     Evaluation result;
