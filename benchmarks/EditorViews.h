@@ -42,7 +42,7 @@ public:
 class EditorView : public CodeEditorTextView {
 public:
     EditorView() { lnv_setUpLineNumberView(); }
-    void load(const std::string& bytes) { source().load(SourceCodec::decode(bytes)->text); }
+    void load(const std::string& bytes) { source().load(decodeSource(bytes)->text); }
 };
 
 } // namespace kestrel::benchmarks

@@ -43,6 +43,9 @@ public:
         : m_bytes(randomBytes(tiles)) {
         viewer.resize(420, 700);
         editor.resize(600, 700);
+        const auto document = std::make_shared<TileDocument>();
+        viewer.setDocument(document);
+        editor.setDocument(document);
         viewer.setDelegate(this);
         editor.setDelegate(this);
         load();
@@ -148,14 +151,14 @@ void select(benchmark::State& state) {
     int number = 0;
     for ([[maybe_unused]] auto step : state) {
         number = (number + 37) % 250;
-        views.viewer.selectBlock(number, number + 1);
+        views.viewer.document().selectBlock(number, number + 1);
         Views::show();
     }
 }
 
 void stroke(benchmark::State& state) {
     Views views(static_cast<std::size_t>(state.range(0)));
-    views.viewer.selectBlock(0, 51);
+    views.viewer.document().selectBlock(0, 51);
     Views::show();
     const auto send = [&views](QEvent::Type type, const QPoint& pixel, Qt::MouseButton button) {
         const QPointF position = views.editor.pixelRect(pixel).center();

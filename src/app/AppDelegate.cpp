@@ -3,8 +3,7 @@
 
 #include "app/MainWindowController.h"
 #include "app/Window.h"
-#include "model/FileProcessor.h"
-#include "model/StructureFile.h"
+#include "model/OpenedProject.h"
 #include "navigation/container/EditorContainerController.h"
 
 #include <QAction>
@@ -18,11 +17,7 @@ namespace kestrel {
 namespace {
 
 void openFile(EditorContainerController& editor, const std::filesystem::path& path) {
-    const auto structure = FileProcessor::retrieveConfiguration(path);
-    if (!structure) {
-        return;
-    }
-    if (const auto project = StructureFile::project(*structure, path.parent_path())) {
+    if (const auto project = openProjectTree(path)) {
         editor.addProjectToEditor(project);
     }
 }

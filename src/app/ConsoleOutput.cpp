@@ -15,7 +15,7 @@ namespace kestrel {
 namespace {
 
 /// While it lives, text may be added at the end of `view`; then caret and selection are what the
-/// user left them at. Without that the toolkit lets a selection that touches the end grow.
+/// user left them at. Otherwise Qt would extend a selection that touches the end.
 class CaretKeeper {
 public:
     explicit CaretKeeper(QPlainTextEdit& view)

@@ -21,7 +21,7 @@ public:
     /// The view that shows the text; may be gone, then nothing is written.
     QPlainTextEdit* console() const;
 
-    /// Adds `text`, as it stands, behind everything added before. Never taken for markup.
+    /// Appends `text` unchanged; never taken for markup.
     void append(QString text);
 
     /// Drops all text, what still waits to be shown included.

@@ -14,6 +14,7 @@ namespace kestrel {
 EditMenu::EditMenu(EditorContainerController& editor, QMenu& menu, QObject* parent)
     : QObject(parent)
     , m_editor(editor) {
+    addCommands();
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget* /*old*/, QWidget* now) { focusChanged(now); });
     // What cannot act is grey only while the menu is open: a shortcut asks when it is pressed.
@@ -21,9 +22,23 @@ EditMenu::EditMenu(EditorContainerController& editor, QMenu& menu, QObject* pare
     connect(&menu, &QMenu::aboutToHide, this, &EditMenu::enableAll);
 }
 
-void EditMenu::add(EditCommand command, QAction* action) {
-    m_actions.emplace_back(command, action);
-    connect(action, &QAction::triggered, this, [this, command] { perform(command); });
+void EditMenu::addCommands() {
+    const auto add = [this](EditCommand command, const char* id, const char* title,
+                            QKeySequence::StandardKey shortcut) {
+        m_actions.emplace_back(command,
+                               m_commands.add({.id = id,
+                                               .title = title,
+                                               .shortcuts = {shortcut},
+                                               .handler = [this, command] { perform(command); }}));
+    };
+    add(EditCommand::undo, "undoAction", QT_TRANSLATE_NOOP("Command", "&Undo"), QKeySequence::Undo);
+    add(EditCommand::redo, "redoAction", QT_TRANSLATE_NOOP("Command", "&Redo"), QKeySequence::Redo);
+    add(EditCommand::cut, "cutAction", QT_TRANSLATE_NOOP("Command", "Cu&t"), QKeySequence::Cut);
+    add(EditCommand::copy, "copyAction", QT_TRANSLATE_NOOP("Command", "&Copy"), QKeySequence::Copy);
+    add(EditCommand::paste, "pasteAction", QT_TRANSLATE_NOOP("Command", "&Paste"),
+        QKeySequence::Paste);
+    add(EditCommand::selectAll, "selectAllAction", QT_TRANSLATE_NOOP("Command", "Select &All"),
+        QKeySequence::SelectAll);
 }
 
 void EditMenu::focusChanged(QWidget* now) {
@@ -59,17 +74,13 @@ void EditMenu::perform(EditCommand command) {
 
 void EditMenu::showAvailability() {
     for (const auto& [command, action] : m_actions) {
-        if (action) {
-            action->setEnabled(canPerform(command));
-        }
+        action->setEnabled(canPerform(command));
     }
 }
 
 void EditMenu::enableAll() {
     for (const auto& [command, action] : m_actions) {
-        if (action) {
-            action->setEnabled(true);
-        }
+        action->setEnabled(true);
     }
 }
 

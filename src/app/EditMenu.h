@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "widgets/CommandSet.h"
 #include "widgets/EditTarget.h"
 
-#include <QAction>
 #include <QObject>
 #include <QPointer>
 
@@ -16,24 +16,25 @@ namespace kestrel {
 
 class EditorContainerController;
 
-/// The Edit menu's standard commands: they act on whatever has the focus in the main window, or had
-/// it before a menu took it. In the navigation tree Undo brings back what was deleted last.
+/// The Edit menu's standard commands: they act on the widget that has the focus in the main window,
+/// or that had it before a menu took it. In the navigation tree Undo brings back what was deleted
+/// last.
 class EditMenu : public QObject {
     Q_OBJECT
 
 public:
-    /// Watches `menu`, in which the actions stand. `editor` must stand in its window and outlive
-    /// this.
+    /// Makes the commands and watches `menu`, which is to show them. `editor` must be in its window
+    /// and outlive this.
     EditMenu(EditorContainerController& editor, QMenu& menu, QObject* parent);
 
-    /// Makes `action` carry out `command`.
-    void add(EditCommand command, QAction* action);
+    const CommandSet& commands() const { return m_commands; }
 
     /// Whether the command can act now.
     bool canPerform(EditCommand command) const;
     void perform(EditCommand command);
 
 private:
+    void addCommands();
     void focusChanged(QWidget* now);
     bool treeHasFocus() const;
     void showAvailability();
@@ -41,7 +42,8 @@ private:
 
     EditorContainerController& m_editor;
     QPointer<QWidget> m_focused;
-    std::vector<std::pair<EditCommand, QPointer<QAction>>> m_actions;
+    CommandSet m_commands{*this};
+    std::vector<std::pair<EditCommand, QAction*>> m_actions;
 };
 
 } // namespace kestrel

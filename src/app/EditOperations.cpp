@@ -94,7 +94,7 @@ const EditTarget* editTargetOf(const QWidget* focused) {
 } // namespace
 
 bool canEdit(const QWidget* focused, EditCommand command) {
-    // A widget's own word comes before what the toolkit knows of its base class.
+    // What a widget itself offers takes precedence over what its Qt base class can do.
     if (const auto* own = dynamic_cast<const EditTarget*>(focused)) {
         return own->canPerform(command);
     }

@@ -7,9 +7,9 @@ class QWidget;
 
 namespace kestrel {
 
-/// Whether the commands of the Edit menu can act on `focused`: the toolkit's text views and line
-/// edits in their own way, anything else through the nearest EditTarget, itself or a parent.
-/// Nothing can act on no widget.
+/// Whether a command of the Edit menu can act on `focused`: on Qt's text views and line edits
+/// directly, on anything else through the nearest EditTarget, itself or a parent. Never without a
+/// widget.
 bool canEdit(const QWidget* focused, EditCommand command);
 
 /// Lets the command act; nothing when it cannot.

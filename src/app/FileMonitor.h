@@ -3,8 +3,8 @@
 
 namespace kestrel {
 
-/// The place for watching files on disk, which is not done: a change is noticed only when the user
-/// comes back to the window.
+/// An empty class for watching files on disk, which is not done: changes are noticed when the
+/// window becomes active again.
 class FileMonitor {};
 
 } // namespace kestrel

@@ -86,7 +86,7 @@ bool InstanceChannel::listen() {
     m_server = new QLocalServer(this);
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
     connect(m_server, &QLocalServer::newConnection, this, &InstanceChannel::accept);
-    // The lock says that whoever left a socket here is gone.
+    // The lock is free, so the process that left a socket here is gone.
     QLocalServer::removeServer(m_socketPath);
     return m_server->listen(m_socketPath);
 }

@@ -15,9 +15,8 @@ class QLocalSocket;
 
 namespace kestrel {
 
-/// Keeps it at one running Kestrel for a user, a display and a home folder: a later start hands its
-/// files to the first and ends. A predecessor that crashed, or that does not answer, is no
-/// obstacle.
+/// Makes Kestrel run once for a user, a display and a home folder: a later start passes its files
+/// to the first and ends. A first one that crashed or does not answer does not prevent a start.
 class InstanceChannel : public QObject {
     Q_OBJECT
 
@@ -28,7 +27,7 @@ public:
         unheard, ///< another seems to run but does not answer; later starts are not heard
     };
 
-    /// `folder`: where lock and socket lie; it must be the user's own. `identity`: whatever
+    /// `folder`: contains lock and socket; it must belong to the user. `identity`: whatever
     /// two starts must have in common to be one; its length does not matter.
     InstanceChannel(const QString& folder, const QByteArray& identity, QObject* parent = nullptr);
     ~InstanceChannel() override;

@@ -7,54 +7,61 @@
 #include "navigation/container/EditorContainerController.h"
 #include "navigation/tree/Menu.h"
 #include "navigation/tree/ProjectNavigationController.h"
+#include "widgets/EditorPane.h"
 
-#include <QMenu>
 #include <QMenuBar>
 
 namespace kestrel {
 
-MainMenu::MainMenu(QMenuBar& bar, EditorContainerController& editor, QObject* parent)
+MainMenu::MainMenu(QMenuBar& bar, EditorContainerController& editor,
+                   const CommandSet& windowCommands, QObject* parent)
     : QObject(parent)
     , m_editor(editor) {
     static constexpr std::array<const char*, MenuTitleCount> Names = {
         "fileMenu", "editMenu", "buildMenu", "viewMenu", "helpMenu"};
     for (std::size_t i = 0; i < m_menus.size(); ++i) {
-        const QString title = tr(menuText(static_cast<MenuTitle>(i)).data());
+        const QString title = titleOf(static_cast<MenuTitle>(i));
         m_menus.at(i) = bar.addMenu(title);
         m_menus.at(i)->setObjectName(QLatin1String(Names.at(i)));
         m_menus.at(i)->setAccessibleName(QString(title).remove(QLatin1Char('&')));
     }
-    m_editMenu = new EditMenu(editor, menu(MenuTitle::edit), this);
+    const auto* editMenu = new EditMenu(editor, menu(MenuTitle::edit), this);
+    m_commands = {&editor.projectNavigationController()->menu()->commands(), &windowCommands,
+                  &editMenu->commands()};
     for (const MenuEntry& entry : menuEntries()) {
-        add(entry);
+        QMenu& target = menu(entry.menu);
+        if (entry.startsSection) {
+            target.addSeparator();
+        }
+        target.addAction(action(entry.command));
     }
-    m_paneMenus = new PaneMenus(*editor.commonController(), menu(MenuTitle::edit),
-                                menu(MenuTitle::view), this);
-    m_paneMenus->setSaveAction(action(WindowCommand::save));
-    action(WindowCommand::quit)->setMenuRole(QAction::QuitRole);
-    action(WindowCommand::about)->setMenuRole(QAction::AboutRole);
+    new PaneMenus(*editor.commonController(), menu(MenuTitle::edit), menu(MenuTitle::view),
+                  *action("saveAction"), this);
 }
 
-void MainMenu::add(const MenuEntry& entry) {
-    QMenu& target = menu(entry.menu);
-    if (entry.startsSection) {
-        target.addSeparator();
+QAction* MainMenu::action(std::string_view id) const {
+    for (const CommandSet* commands : m_commands) {
+        if (QAction* found = commands->action(id)) {
+            return found;
+        }
     }
-    if (const auto* option = std::get_if<ProjectNavigationMenuClickedOptions>(&entry.command)) {
-        target.addAction(m_editor.projectNavigationController()->menu()->action(*option));
-        return;
+    return nullptr;
+}
+
+std::vector<const CommandSet::Entry*> MainMenu::commands() const {
+    std::vector<const CommandSet*> sets = m_commands;
+    for (const EditorPane* pane : m_editor.commonController()->editorPanes()) {
+        if (const CommandSet* commands = pane->commands()) {
+            sets.push_back(commands);
+        }
     }
-    QAction* action = target.addAction(tr(entry.title.data()));
-    action->setObjectName(entry.id);
-    action->setShortcut(entry.shortcut);
-    action->setShortcutContext(entry.context);
-    if (const auto* edit = std::get_if<EditCommand>(&entry.command)) {
-        m_editMenu->add(*edit, action);
-        return;
+    std::vector<const CommandSet::Entry*> entries;
+    for (const CommandSet* commands : sets) {
+        for (const CommandSet::Entry& entry : commands->entries()) {
+            entries.push_back(&entry);
+        }
     }
-    // Held down, a key builds or saves once.
-    action->setAutoRepeat(false);
-    m_windowActions.insert(std::get<WindowCommand>(entry.command), action);
+    return entries;
 }
 
 } // namespace kestrel

@@ -2,44 +2,45 @@
 #pragma once
 
 #include "app/MenuEntry.h"
+#include "widgets/CommandSet.h"
 
-#include <QHash>
 #include <QObject>
 
 #include <array>
+#include <string_view>
+#include <vector>
 
-class QAction;
 class QMenu;
 class QMenuBar;
 
 namespace kestrel {
 
-class EditMenu;
 class EditorContainerController;
-class PaneMenus;
 
 /// The menu bar, made from the table of its entries. The navigation tree's commands are the very
-/// actions of its context menu.
+/// actions of its context menu. Knows every command of the window.
 class MainMenu : public QObject {
     Q_OBJECT
 
 public:
-    /// Fills `bar`. `editor` must outlive the menus and have its tree and panes.
-    MainMenu(QMenuBar& bar, EditorContainerController& editor, QObject* parent);
+    /// Fills `bar`. `editor`, which must have its tree and panes, and the window's own commands
+    /// must outlive the menus.
+    MainMenu(QMenuBar& bar, EditorContainerController& editor, const CommandSet& windowCommands,
+             QObject* parent);
 
-    /// The action of a window's command; saving, and what follows the focus, works by itself, the
-    /// others are for the caller to connect.
-    QAction* action(WindowCommand command) const { return m_windowActions.value(command); }
+    /// The action of a command in the menu bar's own entries; null when there is none of this id.
+    QAction* action(std::string_view id) const;
+
+    /// Every command of the window: those of the menu bar, then those of each pane, shown or not.
+    /// An id may be in two panes, for what is the same command there.
+    std::vector<const CommandSet::Entry*> commands() const;
 
 private:
-    void add(const MenuEntry& entry);
     QMenu& menu(MenuTitle title) const { return *m_menus.at(static_cast<std::size_t>(title)); }
 
     EditorContainerController& m_editor;
     std::array<QMenu*, MenuTitleCount> m_menus{};
-    QHash<WindowCommand, QAction*> m_windowActions;
-    EditMenu* m_editMenu = nullptr;
-    PaneMenus* m_paneMenus = nullptr;
+    std::vector<const CommandSet*> m_commands;
 };
 
 } // namespace kestrel

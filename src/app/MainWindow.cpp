@@ -2,6 +2,7 @@
 #include "app/MainWindow.h"
 
 #include "app/AppDelegate.h"
+#include "app/ButtonKeys.h"
 #include "app/MainMenu.h"
 #include "app/MainWindowController.h"
 #include "app/Window.h"
@@ -22,7 +23,7 @@ namespace {
 constexpr QSize FirstSize(1200, 780);
 constexpr QSize SmallestSize(480, 320);
 
-/// Names the window after the project that the selection lies in.
+/// Names the window after the project of the selected node.
 void nameAfterProject(Window& window, const EditorContainerController& editor) {
     const ProjectNavigationController* tree = editor.projectNavigationController();
     const auto project = findParentFromItem(tree->selectedItem());
@@ -31,25 +32,9 @@ void nameAfterProject(Window& window, const EditorContainerController& editor) {
         return;
     }
     QString name = QString::fromStdString(project->itemName());
-    name.replace(QLatin1String("[*]"), QLatin1String("[*][*]")); // a placeholder of the toolkit's
+    // Doubled it is not taken for Qt's placeholder for a changed document.
+    name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     window.setWindowTitle(QObject::tr("%1 - Kestrel").arg(name));
-}
-
-void connectCommands(const MainMenu& menu, Window& window, EditorContainerController& editor,
-                     const std::shared_ptr<MainWindowController>& controller) {
-    auto* commands = new WindowCommands(controller, editor, &window);
-    const auto bind = [&](WindowCommand command, void (WindowCommands::*operation)()) {
-        QObject::connect(menu.action(command), &QAction::triggered, commands, operation);
-    };
-    bind(WindowCommand::openProject, &WindowCommands::openProject);
-    bind(WindowCommand::quit, &WindowCommands::quit);
-    bind(WindowCommand::console, &WindowCommands::showConsole);
-    bind(WindowCommand::nextPane, &WindowCommands::focusNextPart);
-    bind(WindowCommand::userGuide, &WindowCommands::showUserGuide);
-    bind(WindowCommand::about, &WindowCommands::showAbout);
-    // Closed by the user, the window takes the console and everything else with it.
-    QObject::connect(controller.get(), &MainWindowController::windowClosed, commands,
-                     &WindowCommands::quit, Qt::QueuedConnection);
 }
 
 } // namespace
@@ -65,6 +50,7 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     const QScreen* screen = QGuiApplication::primaryScreen();
     window.resize(screen != nullptr ? FirstSize.boundedTo(screen->availableSize() * 0.9)
                                     : FirstSize);
+    new ButtonKeys(&window);
     auto* editor = new EditorContainerController(centre, &window);
     window.setCentralWidget(editor);
     editor->viewDidLoad();
@@ -78,10 +64,13 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     auto* bar = window.menuBar();
     bar->setObjectName(QStringLiteral("menuBar"));
     bar->setAccessibleName(QObject::tr("Menu bar"));
-    auto* menu = new MainMenu(*bar, *editor, &window);
-    connectCommands(*menu, window, *editor, controller);
-    delegate.setBuildMenuItem(menu->action(WindowCommand::build));
-    delegate.setRunMenuItem(menu->action(WindowCommand::run));
+    auto* commands = new WindowCommands(controller, *editor, &window);
+    // Closed by the user, the window takes the console and everything else with it.
+    QObject::connect(controller.get(), &MainWindowController::windowClosed, commands,
+                     &WindowCommands::quit, Qt::QueuedConnection);
+    const auto* menu = new MainMenu(*bar, *editor, commands->commands(), &window);
+    delegate.setBuildMenuItem(menu->action("buildAction"));
+    delegate.setRunMenuItem(menu->action("runAction"));
     return controller;
 }
 

@@ -7,8 +7,7 @@
 #include "build/BackgroundWork.h"
 #include "build/NESBuildSettings.h"
 #include "build/NESProjectBuilder.h"
-#include "model/FileProcessor.h"
-#include "model/StructureFile.h"
+#include "model/OpenedProject.h"
 #include "navigation/container/EditorContainerController.h"
 #include "navigation/tree/ProjectNavigationController.h"
 
@@ -30,7 +29,7 @@ bool isMainThread() {
 }
 
 /// Calls `task` with the controller, if it is still there: at once on the user-interface thread,
-/// from any other when that thread comes to it, behind everything that was queued before.
+/// from any other when that thread comes to it, after everything that was queued before.
 void withController(const std::weak_ptr<MainWindowController>& controller,
                     std::function<void(MainWindowController&)> task) {
     auto call = [controller, task = std::move(task)] {
@@ -41,7 +40,7 @@ void withController(const std::weak_ptr<MainWindowController>& controller,
     if (isMainThread()) {
         call();
     } else {
-        BackgroundWork::postToMainThread(QCoreApplication::instance(), std::move(call));
+        postToMainThread(QCoreApplication::instance(), std::move(call));
     }
 }
 
@@ -98,11 +97,7 @@ void MainWindowController::setBuilderFactory(BuilderFactory factory) {
 }
 
 bool MainWindowController::importNewProjectFromFile(const std::filesystem::path& kstFilePath) {
-    const auto structure = FileProcessor::retrieveConfiguration(kstFilePath);
-    if (!structure) {
-        return false;
-    }
-    const auto project = StructureFile::project(*structure, kstFilePath.parent_path());
+    const auto project = openProjectTree(kstFilePath);
     if (!project) {
         return false;
     }
@@ -164,7 +159,7 @@ void MainWindowController::buildAndRun() {
     const std::weak_ptr<MainWindowController> self = weak_from_this();
     buildProject([self](const std::optional<std::filesystem::path>& image,
                         const std::optional<BuildError>& error) {
-        // Behind the assembler's output: running replaces the builder that it comes from.
+        // After the assembler's output: running replaces the builder that it comes from.
         withController(self, [image, error](MainWindowController& present) {
             present.buildToRunEnded(image, error);
         });

@@ -25,8 +25,8 @@ class EditorContainerController;
 class NESProjectBuilder;
 class Window;
 
-/// Owns the main window; carries out the build and run commands and writes what comes of them to
-/// the console. Always held in a std::shared_ptr, whose last reference must be dropped on the
+/// Owns the main window; carries out the build and run commands and writes their results to the
+/// console. Always held in a std::shared_ptr, whose last reference must be dropped on the
 /// user-interface thread. All of it is for that thread, but for console().
 class MainWindowController final : public QObject,
                                    public ConsoleOutputDelegate,
@@ -64,7 +64,7 @@ public:
     /// names could be read, also when there is no editor to add it to.
     bool importNewProjectFromFile(const std::filesystem::path& kstFilePath);
 
-    /// Clears the console, builds the selected project and says in the console how that went.
+    /// Clears the console, builds the selected project and reports the result in the console.
     void build();
 
     /// Clears the console, builds the selected project and, when there is an image, runs it.
@@ -79,7 +79,7 @@ public:
     void runProject(const std::filesystem::path& romFile, const RunHandler& completionHandler);
 
     /// Appends a line break and `output` to the console and brings it to the front: at once on the
-    /// user-interface thread; from any other it is queued behind what was queued before.
+    /// user-interface thread; from any other it is queued after earlier calls.
     void console(const QString& output) override;
 
     /// Brings the console to the front as it is.

@@ -9,29 +9,14 @@
 namespace kestrel {
 
 PaneMenus::PaneMenus(CommonEditorControllers& panes, QMenu& editMenu, QMenu& viewMenu,
-                     QObject* parent)
+                     QAction& saveAction, QObject* parent)
     : QObject(parent)
     , m_panes(panes)
     , m_editMenu(editMenu)
-    , m_viewMenu(viewMenu) {
+    , m_viewMenu(viewMenu)
+    , m_saveAction(saveAction) {
     connect(&panes, &QStackedWidget::currentChanged, this, &PaneMenus::paneChanged);
     paneChanged();
-}
-
-void PaneMenus::setSaveAction(QAction* action) {
-    m_saveAction = action;
-    connect(action, &QAction::triggered, this, &PaneMenus::save);
-    paneChanged();
-}
-
-void PaneMenus::save() {
-    if (EditorPane* pane = shownPane()) {
-        pane->savePane();
-    }
-}
-
-EditorPane* PaneMenus::shownPane() const {
-    return dynamic_cast<EditorPane*>(m_panes.currentWidget());
 }
 
 void PaneMenus::paneChanged() {
@@ -46,10 +31,8 @@ void PaneMenus::paneChanged() {
     }
     m_shown.clear();
     m_separators.clear();
-    const EditorPane* pane = shownPane();
-    if (m_saveAction) {
-        m_saveAction->setEnabled(pane != nullptr);
-    }
+    const EditorPane* pane = m_panes.shownEditorPane();
+    m_saveAction.setEnabled(pane != nullptr);
     if (pane != nullptr) {
         fill(m_editMenu, pane->editActions());
         fill(m_viewMenu, pane->viewActions());

@@ -5,7 +5,8 @@
 
 namespace kestrel {
 
-/// A window beside the main one. Closing it only hides it, and the program does not go on for it.
+/// A window beside the main one. Closing it only hides it, and it does not keep the program
+/// running.
 class SecondaryWindow : public QMainWindow {
     Q_OBJECT
 

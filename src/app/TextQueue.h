@@ -15,7 +15,7 @@ public:
     void clear();
     bool isEmpty() const;
 
-    /// The next slice: at most `limit` UTF-16 units and at least one character. It ends behind a
+    /// The next slice: at most `limit` UTF-16 units and at least one character. It ends after a
     /// line break where there is one in reach, and never between a carriage return and its line
     /// feed or within a surrogate pair of one text. Empty when nothing waits.
     QString takeSlice(qsizetype limit);

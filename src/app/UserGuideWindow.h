@@ -5,7 +5,7 @@
 
 namespace kestrel {
 
-/// Shows the user guide, which the program carries with it.
+/// Shows the user guide, which is compiled into the program.
 class UserGuideWindow : public SecondaryWindow {
     Q_OBJECT
 

@@ -5,7 +5,7 @@
 
 namespace kestrel {
 
-/// The application's main window; all it does is done by its controller.
+/// The main window; its controller does all the work.
 class Window : public QMainWindow {
     Q_OBJECT
 

@@ -8,6 +8,7 @@
 #include "navigation/container/EditorContainerController.h"
 #include "navigation/tree/OutlineView.h"
 #include "navigation/tree/ProjectNavigationController.h"
+#include "widgets/EditorPane.h"
 #include "widgets/Sheet.h"
 
 #include <QApplication>
@@ -17,13 +18,14 @@
 #include <QMessageBox>
 
 #include <filesystem>
+#include <functional>
 #include <utility>
 
 namespace kestrel {
 
 namespace {
 
-/// Where projects lie that were made here, if that folder is there already.
+/// Where projects lie that were made Here, if that folder is there already.
 QString projectsFolder() {
     const QString kestrel = QDir::homePath() + QStringLiteral("/Kestrel");
     return QDir(kestrel).exists() ? kestrel : QDir::homePath();
@@ -53,9 +55,53 @@ WindowCommands::WindowCommands(std::weak_ptr<MainWindowController> controller,
                                EditorContainerController& editor, QObject* parent)
     : QObject(parent)
     , m_controller(std::move(controller))
-    , m_editor(editor) {}
+    , m_editor(editor) {
+    addCommands();
+}
 
 WindowCommands::~WindowCommands() = default;
+
+void WindowCommands::addCommands() {
+    constexpr auto Here = Qt::WindowShortcut;
+    constexpr auto Everywhere = Qt::ApplicationShortcut;
+    const auto add = [this](const char* id, const char* title, QList<QKeySequence> shortcuts,
+                            Qt::ShortcutContext context, std::function<void()> handler,
+                            QAction::MenuRole role = QAction::TextHeuristicRole) {
+        m_commands.add({.id = id,
+                        .title = title,
+                        .shortcuts = std::move(shortcuts),
+                        .handler = std::move(handler),
+                        .autoRepeat = false, // held down, a key builds or saves once
+                        .shortcutContext = context,
+                        .menuRole = role});
+    };
+    add("openProjectAction", QT_TRANSLATE_NOOP("Command", "&Open Project..."), {QKeySequence::Open},
+        Here, [this] { openProject(); });
+    add("saveAction", QT_TRANSLATE_NOOP("Command", "&Save"), {QKeySequence::Save}, Here,
+        [this] { save(); });
+    add(
+        "quitAction", QT_TRANSLATE_NOOP("Command", "&Quit"), {Qt::CTRL | Qt::Key_Q}, Everywhere,
+        [this] { quit(); }, QAction::QuitRole);
+    // The main window's controller carries out these two.
+    add("buildAction", QT_TRANSLATE_NOOP("Command", "&Build"), {Qt::CTRL | Qt::Key_B}, Everywhere,
+        {});
+    add("runAction", QT_TRANSLATE_NOOP("Command", "&Run"), {Qt::CTRL | Qt::Key_R}, Everywhere, {});
+    add("consoleAction", QT_TRANSLATE_NOOP("Command", "&Console"),
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_C}, Here, [this] { showConsole(); });
+    add("nextPaneAction", QT_TRANSLATE_NOOP("Command", "&Next Part of the Window"), {Qt::Key_F6},
+        Here, [this] { focusNextPart(); });
+    add("userGuideAction", QT_TRANSLATE_NOOP("Command", "&User Guide"),
+        {QKeySequence::HelpContents}, Everywhere, [this] { showUserGuide(); });
+    add(
+        "aboutAction", QT_TRANSLATE_NOOP("Command", "&About Kestrel"), {}, Here,
+        [this] { showAbout(); }, QAction::AboutRole);
+}
+
+void WindowCommands::save() {
+    if (EditorPane* pane = m_editor.commonController()->shownEditorPane()) {
+        pane->savePane();
+    }
+}
 
 void WindowCommands::openProject() {
     if (Sheet::isOpenOn(m_editor.window())) {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "widgets/CommandSet.h"
+
 #include <QObject>
-#include <QPointer>
 
 #include <memory>
 
@@ -23,6 +24,11 @@ public:
                    EditorContainerController& editor, QObject* parent);
     ~WindowCommands() override;
 
+    const CommandSet& commands() const { return m_commands; }
+
+    /// Saves the pane that is shown.
+    void save();
+
     /// Asks for a project file in a sheet and adds its project.
     void openProject();
 
@@ -41,9 +47,12 @@ public:
     void showAbout();
 
 private:
+    void addCommands();
+
     std::weak_ptr<MainWindowController> m_controller;
     EditorContainerController& m_editor;
     std::unique_ptr<UserGuideWindow> m_userGuide;
+    CommandSet m_commands{*this};
 };
 
 } // namespace kestrel

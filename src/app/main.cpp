@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppCommandLine.h"
 #include "app/AppDelegate.h"
+#include "app/HeldKeys.h"
 #include "app/InstanceChannel.h"
 #include "app/MainWindow.h"
 #include "app/MainWindowController.h"
@@ -26,6 +27,8 @@ int start(int argc, char** argv, const kestrel::AppCommandLine& commandLine) {
         return 0;
     }
     const kestrel::SignalWatcher watcher;
+    kestrel::HeldKeys heldKeys;
+    heldKeys.watchApplication();
     kestrel::AppDelegate delegate;
     application.installEventFilter(&delegate);
     delegate.applicationDidFinishLaunching(kestrel::makeMainWindow(delegate));

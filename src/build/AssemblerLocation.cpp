@@ -9,12 +9,12 @@
 
 namespace kestrel {
 
-std::optional<std::filesystem::path> AssemblerLocation::find() {
-    return find(std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()));
+std::optional<std::filesystem::path> findAssembler() {
+    return findAssembler(
+        std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()));
 }
 
-std::optional<std::filesystem::path>
-AssemblerLocation::find(const std::filesystem::path& programFolder) {
+std::optional<std::filesystem::path> findAssembler(const std::filesystem::path& programFolder) {
     for (const char* place : {"NESasm", "../libexec/kestrel/NESasm"}) {
         auto candidate = joined(programFolder, place);
         std::error_code error;

@@ -7,19 +7,14 @@
 
 namespace kestrel {
 
-/// Finds the assembler that Kestrel ships.
-class AssemblerLocation {
-public:
-    /// Asked at the start of each build; tests put their own in its place.
-    using Locator = std::function<std::optional<std::filesystem::path>()>;
+/// Finds the assembler at the start of each build. Tests replace it.
+using AssemblerLocator = std::function<std::optional<std::filesystem::path>()>;
 
-    /// The NESasm of the running program.
-    static std::optional<std::filesystem::path> find();
+/// The NESasm that belongs to the running program.
+std::optional<std::filesystem::path> findAssembler();
 
-    /// The file NESasm beside the programs in `programFolder`, as in a build tree, else the one of
-    /// an installation, ../libexec/kestrel/NESasm. Nothing when neither is a file. Whether it can
-    /// be executed is not asked.
-    static std::optional<std::filesystem::path> find(const std::filesystem::path& programFolder);
-};
+/// The file NESasm in `programFolder`, as in a build tree, else ../libexec/kestrel/NESasm, as in an
+/// installation. Nothing when neither is a file; whether it can be executed is not checked.
+std::optional<std::filesystem::path> findAssembler(const std::filesystem::path& programFolder);
 
 } // namespace kestrel

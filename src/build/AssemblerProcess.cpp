@@ -20,16 +20,16 @@ namespace kestrel {
 
 namespace {
 
-/// How long one wait lasts before the stop question is asked again, in milliseconds.
+/// How often `mustStop` is called without output, in milliseconds.
 constexpr int WaitSlice = 50;
-/// How long a killed child may take to go, in milliseconds.
+/// How long a killed child may take to end, in milliseconds.
 constexpr int KillWait = 5000;
 
 std::string startSentence(const std::filesystem::path& assembler, const std::string& reason) {
     return "Could not start the assembler " + pathText(assembler) + ": " + reason;
 }
 
-/// The system's reason out of Qt's text, which names the failed call first.
+/// The system's reason in Qt's text, which names the failed call first.
 std::string reasonOf(const QProcess& process) {
     const QString text = process.errorString();
     const qsizetype colon = text.lastIndexOf(QLatin1String(": "));
@@ -39,21 +39,21 @@ std::string reasonOf(const QProcess& process) {
 void prepareChild(QProcess& process) {
     process.setStandardInputFile(QProcess::nullDevice());
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    // Runs between fork and exec: nothing but plain system calls.
+    // Runs between fork and exec: only system calls are safe.
     process.setChildProcessModifier([] {
         ::setpgid(0, 0);
 #ifdef Q_OS_LINUX
-        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // a crash of the program leaves no assembler behind
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL); // also when this program crashes
 #endif
     });
 }
 
-/// The request as Qt's text; nothing when a part of it cannot be said in it.
-std::optional<QStringList> textOf(const AssemblerProcess::Request& request) {
-    std::vector<std::optional<QString>> texts{QtText::fromPath(request.assembler),
-                                              QtText::fromPath(request.includeFolder)};
+/// Program, include folder and arguments as Qt text; nothing when one is not valid UTF-8.
+std::optional<QStringList> textOf(const AssemblerRequest& request) {
+    std::vector<std::optional<QString>> texts{textFromPath(request.assembler),
+                                              textFromPath(request.includeFolder)};
     for (const auto& argument : request.arguments) {
-        texts.push_back(QtText::fromUtf8(std::string_view(argument)));
+        texts.push_back(textFromUtf8(std::string_view(argument)));
     }
     QStringList list;
     for (const auto& text : texts) {
@@ -67,8 +67,8 @@ std::optional<QStringList> textOf(const AssemblerProcess::Request& request) {
 
 /// Kills the child with its process group.
 void kill(const QProcess& process) {
-    // The group was made before the child ran, so its number is the child's. A child that is known
-    // to have ended has none; the number 0 would mean the program's own group.
+    // The child made the group before exec, so both have the same ID. After the child has ended the
+    // ID is 0, which would mean this program's own group.
     if (const auto group = static_cast<pid_t>(process.processId()); group > 0) {
         ::kill(-group, SIGKILL);
     }
@@ -76,9 +76,9 @@ void kill(const QProcess& process) {
 
 } // namespace
 
-AssemblerProcess::Result AssemblerProcess::run(const Request& request,
-                                               const std::function<bool()>& mustStop) {
-    Result result;
+AssemblerResult runAssembler(const AssemblerRequest& request,
+                             const std::function<bool()>& mustStop) {
+    AssemblerResult result;
     auto texts = textOf(request);
     if (!texts) {
         result.startFailure = startSentence(request.assembler, "a path is not valid UTF-8");
@@ -98,7 +98,7 @@ AssemblerProcess::Result AssemblerProcess::run(const Request& request,
     };
     process.setProcessEnvironment(environment);
     prepareChild(process);
-    // The waits below do not return as long as output keeps coming, so it is taken as it comes.
+    // The waits below do not return while output keeps coming, so it is read as it comes.
     QObject::connect(&process, &QProcess::readyReadStandardOutput, &process, [&] {
         output.append(process.readAllStandardOutput());
         stopIfAsked();

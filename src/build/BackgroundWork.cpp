@@ -18,64 +18,64 @@ namespace {
 /// A task in the pool's queue.
 class PooledTask final : public QRunnable {
 public:
-    explicit PooledTask(BackgroundWork::Task task)
+    explicit PooledTask(BackgroundTask task)
         : m_task(std::move(task)) {}
     PooledTask(const PooledTask&) = delete;
     PooledTask& operator=(const PooledTask&) = delete;
-    ~PooledTask() override { ThreadHandOver::accept(this); }
+    ~PooledTask() override { acceptHandOver(this); }
 
     void run() override {
-        ThreadHandOver::accept(this);
+        acceptHandOver(this);
         m_task();
     }
 
 private:
-    BackgroundWork::Task m_task;
+    BackgroundTask m_task;
 };
 
 /// A task in the main thread's event queue. Qt moves it to where it stays until it has run.
 class PostedTask {
 public:
-    explicit PostedTask(BackgroundWork::Task task)
+    explicit PostedTask(BackgroundTask task)
         : m_task(std::move(task)) {}
     PostedTask(PostedTask&& other) noexcept
         : m_task(std::exchange(other.m_task, nullptr)) {
-        ThreadHandOver::announce(this);
+        announceHandOver(this);
     }
     PostedTask(const PostedTask&) = delete;
     PostedTask& operator=(const PostedTask&) = delete;
     PostedTask& operator=(PostedTask&&) = delete;
-    ~PostedTask() { ThreadHandOver::accept(this); }
+    ~PostedTask() { acceptHandOver(this); }
 
     void operator()() {
-        ThreadHandOver::accept(this);
+        acceptHandOver(this);
         m_task();
     }
 
 private:
-    BackgroundWork::Task m_task;
+    BackgroundTask m_task;
 };
 
 } // namespace
 
-void BackgroundWork::start(Task task) {
+void startInBackground(BackgroundTask task) {
     auto pooled = std::make_unique<PooledTask>(std::move(task));
-    ThreadHandOver::announce(pooled.get());
+    announceHandOver(pooled.get());
     QThreadPool::globalInstance()->start(pooled.release()); // the pool deletes it
 }
 
-void BackgroundWork::postToMainThread(QObject* application, Task task) {
+void postToMainThread(QObject* application, BackgroundTask task) {
     // Qt owns the queued task; the analyser cannot look into its library.
     // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
     QMetaObject::invokeMethod(application, PostedTask(std::move(task)), Qt::QueuedConnection);
 }
 
-BackgroundWork::LongWait::LongWait()
+LongWait::LongWait()
     : m_pool(QThreadPool::globalInstance()) {
     m_pool->releaseThread();
 }
 
-BackgroundWork::LongWait::~LongWait() {
+LongWait::~LongWait() {
     m_pool->reserveThread();
 }
 

@@ -5,8 +5,8 @@
 
 namespace kestrel {
 
-/// What a builder reports when a request failed. Its own errors have the domain "", the code 100
-/// and a description.
+/// Why a builder's request failed. The builder's own errors have the domain "", the code 100 and a
+/// description.
 using BuildError = ErrorValue;
 
 } // namespace kestrel

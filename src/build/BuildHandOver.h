@@ -12,17 +12,17 @@
 
 namespace kestrel {
 
-/// How the worker of one build hands over its outcome: the output goes to the main thread as one
-/// posted task, then the completion handler is called, here and exactly once, whichever thread
-/// comes first and however often. Knows nothing of processes or of the toolkit.
+/// Delivers the result of one build: posts the output to the main thread, then calls the completion
+/// handler on the calling thread. Only the first call of finish(), fail() and abandon() counts, on
+/// whichever thread. Uses neither processes nor Qt.
 template<typename Text> class BuildHandOver {
 public:
     using Completion =
         std::function<void(std::optional<std::filesystem::path>, std::optional<BuildError>)>;
     using Task = std::function<void()>;
-    /// Queues a task for the main thread and returns at once.
+    /// Queues a task for the main thread; returns at once.
     using Post = std::function<void(Task)>;
-    /// Runs on the main thread; keeps nothing alive that may have gone by then.
+    /// Called on the main thread; must not refer strongly to the builder.
     using Deliver = std::function<void(const Text&)>;
 
     BuildHandOver(Completion completion, Post post, Deliver deliver)
@@ -32,8 +32,8 @@ public:
     BuildHandOver(const BuildHandOver&) = delete;
     BuildHandOver& operator=(const BuildHandOver&) = delete;
 
-    /// Posts the delivery of `output` (if there is any to deliver) and then completes with `image`.
-    /// True when this call completed the build.
+    /// Posts the delivery of `output`, if any, and then completes with `image`. True when this call
+    /// was the first.
     bool finish(std::optional<Text> output, std::filesystem::path image) {
         if (!claim()) {
             return false;
@@ -46,7 +46,7 @@ public:
         return true;
     }
 
-    /// Completes with an error and delivers nothing. True when this call completed the build.
+    /// Completes with an error. True when this call was the first.
     bool fail(BuildError error) {
         if (!claim()) {
             return false;
@@ -55,7 +55,8 @@ public:
         return true;
     }
 
-    /// Drops the handler uncalled, for a program that is quitting: whom it would tell may be gone.
+    /// Drops the handler without calling it, for a program that is quitting. True when this call
+    /// was the first.
     bool abandon() {
         if (!claim()) {
             return false;
@@ -65,11 +66,11 @@ public:
     }
 
 private:
-    /// True for the first caller only; what follows it belongs to that caller's thread alone.
+    /// True for the first caller only.
     bool claim() { return !m_claimed.exchange(true, std::memory_order_acq_rel); }
 
     void call(std::optional<std::filesystem::path> image, std::optional<BuildError> error) {
-        // What the handler holds is let go with it, on this thread.
+        // Destroys the handler and its captures on this thread.
         if (const Completion completion = std::exchange(m_completion, nullptr)) {
             completion(std::move(image), std::move(error));
         }

@@ -5,7 +5,7 @@
 
 namespace kestrel {
 
-/// The console, as those see it who have text for it.
+/// Receives the text for the console.
 class ConsoleOutputDelegate {
 public:
     ConsoleOutputDelegate() = default;
@@ -13,7 +13,7 @@ public:
     ConsoleOutputDelegate& operator=(const ConsoleOutputDelegate&) = delete;
     virtual ~ConsoleOutputDelegate() = default;
 
-    /// Appends a piece of text to the console.
+    /// Appends text to the console.
     virtual void console(const QString& output) = 0;
 };
 

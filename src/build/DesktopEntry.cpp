@@ -56,7 +56,7 @@ std::string unescaped(std::string_view value) {
     return result;
 }
 
-/// The keys of the group "Desktop Entry"; of a key given twice the first counts.
+/// The keys of the group "Desktop Entry"; the first of a repeated key counts.
 std::map<std::string, std::string, std::less<>> mainGroupOf(std::string_view text) {
     std::map<std::string, std::string, std::less<>> keys;
     bool inGroup = false;
@@ -85,8 +85,8 @@ bool isEscapable(char character) {
     return character == '"' || character == '`' || character == '$' || character == '\\';
 }
 
-/// Reads a quoted word part from behind its opening quote up to the closing one, where `position`
-/// stops; nothing when it is not closed.
+/// Reads a quoted part of a word after its opening quote and leaves `position` at the closing one;
+/// nothing when it is not closed.
 std::optional<std::string> readQuoted(std::string_view exec, std::size_t& position) {
     std::string word;
     for (; position < exec.size(); ++position) {
@@ -136,7 +136,7 @@ DesktopEntry::command(const std::filesystem::path& document) const {
     const std::string text = pathText(document);
     std::vector<std::string> expanded;
     if (expand(words->front(), text, expanded) || expanded.empty()) {
-        return std::nullopt; // the document itself is no program to start
+        return std::nullopt; // the program would be the document itself
     }
     bool named = false;
     for (auto word = std::next(words->begin()); word != words->end(); ++word) {
@@ -173,7 +173,7 @@ std::optional<std::vector<std::string>> DesktopEntry::wordsOf(std::string_view e
             }
             word += *quoted;
         } else {
-            // An escape outside quotes is against the rules, and found in entries all the same.
+            // Not allowed outside quotes, but found in entries.
             i += exec[i] == '\\' && i + 1 < exec.size() ? 1 : 0;
             word += exec[i];
         }
@@ -220,7 +220,7 @@ bool DesktopEntry::expand(const std::string& word, const std::string& document,
             break;
         }
     }
-    // A word that consisted of codes that stand for nothing is no word.
+    // A word of codes that all expand to nothing is left out.
     if (!result.empty() || word.empty()) {
         into.push_back(std::move(result));
     }

@@ -9,24 +9,24 @@
 
 namespace kestrel {
 
-/// An application as its desktop entry describes it (freedesktop "Desktop Entry Specification"):
-/// what is needed of it to open one file with the application.
+/// A desktop entry of an application (freedesktop "Desktop Entry Specification"), as far as it is
+/// needed to open one file with the application.
 class DesktopEntry {
 public:
-    /// How to start the application, ready for an exec without a shell.
+    /// How to start the application without a shell.
     struct Command {
         std::string program; ///< a path, or a name to be looked up in PATH
         std::vector<std::string> arguments;
-        std::filesystem::path workingFolder; ///< empty: the starter's
+        std::filesystem::path workingFolder; ///< inherited when empty
         bool inTerminal = false;
     };
 
-    /// The entry in a desktop file; nothing when it is unreadable or describes no application.
+    /// The entry in a desktop file; nothing when it cannot be read or is no application's.
     static std::optional<DesktopEntry> read(const std::filesystem::path& file);
 
-    /// The command that opens `document`: the fixed words of the Exec line as they are, the file
-    /// and URL codes replaced by the document's path (appended when there is none), icon, name and
-    /// location codes filled in, obsolete ones left out. Nothing when the line is malformed.
+    /// The command that opens `document`: the words of the Exec line, with file and URL codes
+    /// replaced by the document's path (appended when there is no such code), icon, name and
+    /// location codes replaced, obsolete ones removed. Nothing when the line is malformed.
     std::optional<Command> command(const std::filesystem::path& document) const;
 
 private:

@@ -31,11 +31,11 @@ void wrapInTerminal(DesktopEntry::Command& command) {
 }
 
 bool start(const DesktopEntry::Command& command) {
-    const auto program = QtText::fromUtf8(std::string_view(command.program));
-    const auto folder = QtText::fromPath(command.workingFolder);
+    const auto program = textFromUtf8(std::string_view(command.program));
+    const auto folder = textFromPath(command.workingFolder);
     QStringList arguments;
     for (const auto& argument : command.arguments) {
-        const auto text = QtText::fromUtf8(std::string_view(argument));
+        const auto text = textFromUtf8(std::string_view(argument));
         if (!text) {
             return false;
         }
@@ -46,8 +46,7 @@ bool start(const DesktopEntry::Command& command) {
 
 } // namespace
 
-bool EmulatorLauncher::open(const std::filesystem::path& image,
-                            const std::filesystem::path& emulator) {
+bool openWithEmulator(const std::filesystem::path& image, const std::filesystem::path& emulator) {
 #ifdef Q_OS_MACOS
     return start({"/usr/bin/open", {"-a", pathText(emulator), pathText(image)}, {}, false});
 #else

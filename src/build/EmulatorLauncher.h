@@ -5,14 +5,10 @@
 
 namespace kestrel {
 
-/// Opens a ROM image with the emulator that the user has chosen.
-class EmulatorLauncher {
-public:
-    /// Starts the emulator as a program of its own, through no shell, and does not wait for it. A
-    /// desktop entry (a file named *.desktop) is started as it says, on macOS anything through the
-    /// system's `open`, and elsewhere anything else is an executable that gets the image as its
-    /// only argument. False when it could not be started.
-    static bool open(const std::filesystem::path& image, const std::filesystem::path& emulator);
-};
+/// Opens the ROM image `image` with the emulator that the user chose, detached and without a shell.
+/// A *.desktop file is started as its Exec line says; anything else is an executable that gets the
+/// image as its only argument (on macOS, an application for `open -a`). False when it could not be
+/// started.
+bool openWithEmulator(const std::filesystem::path& image, const std::filesystem::path& emulator);
 
 } // namespace kestrel

@@ -22,8 +22,8 @@ bool standsAt(QStringView text, qsizetype position, QStringView word) {
            text.sliced(position, word.size()).compare(word, Qt::CaseInsensitive) == 0;
 }
 
-/// The end of the first place that matches, or -1. Written out instead of as a regular expression:
-/// those may run out of stack on a file that is white space for megabytes.
+/// The end of the first match, or -1. Not a regular expression, which may run out of stack on
+/// megabytes of white space.
 qsizetype endOfFirstMatch(QStringView text) {
     for (qsizetype start = text.indexOf(u'.'); start >= 0; start = text.indexOf(u'.', start + 1)) {
         if (!standsAt(text, start, Directive)) {
@@ -41,9 +41,9 @@ qsizetype endOfFirstMatch(QStringView text) {
     return -1;
 }
 
-/// The number of user-perceived characters in `line`, which may end in LF and holds no other LF.
+/// The number of grapheme clusters in `line`, which has no LF except at its end.
 qsizetype charactersIn(QStringView line) {
-    // Below U+0300 nothing combines but CR LF.
+    // Below U+0300 the only cluster of two units is CR LF.
     constexpr char16_t FirstCombining = 0x300;
     const bool simple = std::all_of(line.begin(), line.end(),
                                     [](QChar unit) { return unit.unicode() < FirstCombining; });
@@ -58,8 +58,8 @@ qsizetype charactersIn(QStringView line) {
     return count;
 }
 
-/// Whether `text` has at least `wanted` user-perceived characters; counts no further than that.
-/// A character never goes on behind a LF, so lines can be counted on their own.
+/// Whether `text` has at least `wanted` grapheme clusters; counts no further than that. Every LF
+/// ends a cluster, so lines can be counted one by one.
 bool hasCharacters(QStringView text, qsizetype wanted) {
     qsizetype count = 0;
     for (qsizetype start = 0; start < text.size() && count < wanted;) {
@@ -73,12 +73,12 @@ bool hasCharacters(QStringView text, qsizetype wanted) {
 
 } // namespace
 
-std::optional<std::string> MainAssemblyFile::find(const ProjectItems& assemblyFiles,
-                                                  const std::filesystem::path& projectFolder) {
+std::optional<std::string> mainAssemblyFileIn(const ProjectItems& assemblyFiles,
+                                              const std::filesystem::path& projectFolder) {
     for (const auto& entry : assemblyFiles) {
-        const auto file = SourceLocation::file(*entry, projectFolder);
-        const auto bytes = file ? readFile(*file, MaximumSize) : std::nullopt;
-        const auto text = bytes ? QtText::fromUtf8(std::string_view(*bytes)) : std::nullopt;
+        const auto file = sourceFile(*entry, projectFolder);
+        const auto bytes = file ? readFile(*file, MaximumSourceSize) : std::nullopt;
+        const auto text = bytes ? textFromUtf8(std::string_view(*bytes)) : std::nullopt;
         if (text && placesVectors(*text)) {
             return entry->itemName();
         }
@@ -86,7 +86,7 @@ std::optional<std::string> MainAssemblyFile::find(const ProjectItems& assemblyFi
     return std::nullopt;
 }
 
-bool MainAssemblyFile::placesVectors(QStringView text) {
+bool placesVectors(QStringView text) {
     const qsizetype end = endOfFirstMatch(text);
     return end >= 0 && hasCharacters(text, end);
 }

@@ -2,10 +2,8 @@
 #include "build/NESBuildSettings.h"
 
 #include "model/BuildSettingsFile.h"
-#include "model/FileReader.h"
 #include "model/Log.h"
 #include "model/Paths.h"
-#include "model/ProjectFiles.h"
 #include "model/ProjectNavigationSettingItem.h"
 #include "model/StructureFile.h"
 
@@ -51,7 +49,7 @@ std::vector<std::filesystem::path> extractAbsolutePath(FileType type, const Proj
             nested.insert(nested.end(), found.begin(), found.end());
         }
     }
-    // The direct matches are left out on purpose, so the result is always empty.
+    // Leaves the direct matches out on purpose, so the result is always empty.
     return nested;
 }
 
@@ -73,36 +71,23 @@ void NESBuildSettings::populateProperties(const ProjectItem& currentProject) {
     if (!dictionary) {
         return;
     }
-    auto contents = BuildSettingsFile::read(*dictionary);
-    if (!contents) {
-        return;
+    if (auto contents = readBuildSettings(*dictionary)) {
+        m_contents = *std::move(contents);
     }
-    m_outputFilePath = std::move(contents->outputFilePath);
-    m_pathToEmulator = std::move(contents->pathToEmulator);
-    m_assemblyFiles = std::move(contents->assemblyFiles);
-    m_graphicFiles = std::move(contents->graphicFiles);
-    m_paletteFiles = std::move(contents->paletteFiles);
 }
 
 std::optional<Dictionary>
 NESBuildSettings::fetchBuildSettingsConfigurationFile(const ProjectItem& project) {
-    return BuildSettingsFile::fetch(project);
+    return fetchBuildSettings(project);
 }
 
 std::optional<Dictionary>
 NESBuildSettings::fetchProjectFileStructureConfigurationFile(const ProjectItem& project) {
-    auto document = readJsonFile(
-        joined(project.itemPath(),
-               settingsFilePath(project.itemName(), ProjectStructureConfigurationExtension)));
-    if (!document || !document->is_object()) {
-        return std::nullopt;
-    }
-    return document;
+    return fetchStructure(project);
 }
 
 std::shared_ptr<ProjectItem> NESBuildSettings::fetchProjectFileStructure() {
-    const auto dictionary = fetchProjectFileStructureConfigurationFile(*m_projectToBuild);
-    return dictionary ? StructureFile::project(*dictionary, m_projectToBuild->itemPath()) : nullptr;
+    return structureTree(*m_projectToBuild);
 }
 
 void NESBuildSettings::add(const std::shared_ptr<ProjectItem>& newItem,
@@ -141,13 +126,7 @@ void NESBuildSettings::saveBuildSettings() {
         writeLog("Could not save build settings");
         return;
     }
-    BuildSettingsContents contents;
-    contents.assemblyFiles = m_assemblyFiles;
-    contents.graphicFiles = m_graphicFiles;
-    contents.paletteFiles = m_paletteFiles;
-    contents.outputFilePath = m_outputFilePath;
-    contents.pathToEmulator = m_pathToEmulator;
-    BuildSettingsFile::save(*m_projectToBuild, contents);
+    writeBuildSettings(*m_projectToBuild, m_contents);
 }
 
 std::vector<std::filesystem::path> NESBuildSettings::assemblyFilesWithAbsolutePaths() {

@@ -5,31 +5,26 @@
 
 namespace kestrel {
 
-/// The build settings of one NES project, loaded from and saved to its build-settings file. The
-/// file lists hold nodes of their own, not those of the navigation tree. Used on one thread at a
-/// time.
+/// The build settings of one NES project, read from and written to its build-settings file. Its
+/// file lists have nodes of their own, not those of the navigation tree. Not thread-safe.
 class NESBuildSettings final : public BuildSettingsConfiguration {
 public:
-    /// An empty record for a placeholder project, which is never saved.
+    /// Empty settings for a placeholder project, which are never saved.
     NESBuildSettings();
 
-    /// The record of `projectToBuild` as its file has it. With no readable file the lists are
-    /// empty and emulator and output folder absent; the project's folder is set in any case.
+    /// The settings in the file of `projectToBuild`. Without a readable file the lists are empty
+    /// and there is neither emulator nor output folder; the project's folder is set in any case.
     explicit NESBuildSettings(std::shared_ptr<ProjectItem> projectToBuild);
 
-    ProjectItems& assemblyFiles() override { return m_assemblyFiles; }
-    std::optional<std::filesystem::path>& pathToEmulator() override { return m_pathToEmulator; }
-    ProjectItems& paletteFiles() override { return m_paletteFiles; }
-    ProjectItems& graphicFiles() override { return m_graphicFiles; }
-    std::optional<std::filesystem::path>& outputFilePath() override { return m_outputFilePath; }
     std::optional<std::filesystem::path>& projectPath() override { return m_projectPath; }
     std::shared_ptr<ProjectItem>& projectToBuild() override { return m_projectToBuild; }
+    BuildSettingsContents& contents() override { return m_contents; }
 
-    /// Takes over what the settings file of `currentProject` holds. Nothing at all is assigned when
-    /// the file cannot be read, or when its output folder or its emulator is no string.
+    /// Reads the settings file of `currentProject`. Changes nothing when it cannot be read, or when
+    /// its output folder or its emulator is not a string.
     void populateProperties(const ProjectItem& currentProject);
 
-    /// The object in the project's settings file; nothing when it cannot be read or is no object.
+    /// The JSON object in the project's settings file; nothing when there is none.
     static std::optional<Dictionary>
     fetchBuildSettingsConfigurationFile(const ProjectItem& project);
 
@@ -39,31 +34,26 @@ public:
 
     std::shared_ptr<ProjectItem> fetchProjectFileStructure() override;
 
-    /// Adds `newItem` to the settings file of `currentProject`. A node that belongs to no list is
-    /// logged and leaves the file alone.
+    /// Adds `newItem` to the settings file of `currentProject`. A node of a kind without a list is
+    /// logged instead, and nothing is written.
     static void add(const std::shared_ptr<ProjectItem>& newItem,
                     const std::shared_ptr<ProjectItem>& currentProject);
 
     void addNewFile(const std::shared_ptr<ProjectItem>& projectItem) override;
 
-    /// Removes the first entry of that name from the list of the node's kind and saves in every
+    /// Removes the first entry with the node's name from the list of its kind, and saves in any
     /// case. Paths are not compared.
     void removeFile(const std::shared_ptr<ProjectItem>& projectItem);
 
     /// Writes the settings file and logs "Did save build settings" or "Could not save build
-    /// settings". The output folder written is always the project's own, whatever this record
-    /// holds.
+    /// settings". The output folder written is always the project's own, not outputFilePath().
     void saveBuildSettings() override;
 
     std::vector<std::filesystem::path> assemblyFilesWithAbsolutePaths() override;
 
 private:
     std::shared_ptr<ProjectItem> m_projectToBuild;
-    std::optional<std::filesystem::path> m_pathToEmulator;
-    ProjectItems m_assemblyFiles;
-    ProjectItems m_paletteFiles;
-    ProjectItems m_graphicFiles;
-    std::optional<std::filesystem::path> m_outputFilePath;
+    BuildSettingsContents m_contents;
     std::optional<std::filesystem::path> m_projectPath;
 };
 

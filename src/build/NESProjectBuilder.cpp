@@ -25,14 +25,14 @@ BuildError buildError(std::string description) {
     return {"", 100, std::move(description)};
 }
 
-/// Whether the image of a project of this name lies in the output folder itself. An empty name and
-/// one of dots are fine, since ".nes" follows.
+/// Whether the image of a project with this name is directly in the output folder. An empty name
+/// and one of dots are fine, since ".nes" follows.
 bool namesImage(const std::string& projectName) {
     return projectName.find('/') == std::string::npos &&
            projectName.find('\0') == std::string::npos;
 }
 
-/// The path from the root on; nothing for an empty one and others that no file can have.
+/// The absolute path; nothing for one that isUsablePath refuses.
 std::optional<std::filesystem::path> absolutePath(const std::filesystem::path& path) {
     if (!isUsablePath(path)) {
         return std::nullopt;
@@ -42,13 +42,13 @@ std::optional<std::filesystem::path> absolutePath(const std::filesystem::path& p
     return error ? std::nullopt : std::optional(std::move(result));
 }
 
-/// The worker's part of a build.
-void assemble(const AssemblerProcess::Request& request, const std::filesystem::path& image,
+/// The part of a build that runs on the background worker.
+void assemble(const AssemblerRequest& request, const std::filesystem::path& image,
               HandOver& handOver) {
-    AssemblerProcess::Result result;
+    AssemblerResult result;
     {
-        const BackgroundWork::LongWait wait;
-        result = AssemblerProcess::run(request, [] { return QCoreApplication::closingDown(); });
+        const LongWait wait;
+        result = runAssembler(request, [] { return QCoreApplication::closingDown(); });
     }
     if (result.stopped || QCoreApplication::closingDown()) {
         handOver.abandon();
@@ -62,7 +62,7 @@ void assemble(const AssemblerProcess::Request& request, const std::filesystem::p
 } // namespace
 
 NESProjectBuilder::NESProjectBuilder(std::shared_ptr<BuildSettingsConfiguration> buildSetting,
-                                     AssemblerLocation::Locator locator)
+                                     AssemblerLocator locator)
     : m_buildSetting(std::move(buildSetting))
     , m_locator(std::move(locator)) {}
 
@@ -120,7 +120,7 @@ void NESProjectBuilder::run(RunHandler completionHandler) {
     build([settings = m_buildSetting, handler = std::move(completionHandler)](
               const std::optional<std::filesystem::path>& image, std::optional<BuildError> error) {
         if (!error && image && settings->pathToEmulator()) {
-            EmulatorLauncher::open(*image, *settings->pathToEmulator());
+            openWithEmulator(*image, *settings->pathToEmulator());
         } else if (!error) {
             error = BuildError{"2", 0, std::nullopt};
         }
@@ -153,7 +153,7 @@ std::optional<NESProjectBuilder::Plan> NESProjectBuilder::setUp() {
 
 std::optional<std::string> NESProjectBuilder::findMainAssemblyFile() {
     const auto& base = m_buildSetting->projectPath();
-    return base ? MainAssemblyFile::find(m_buildSetting->assemblyFiles(), *base) : std::nullopt;
+    return base ? mainAssemblyFileIn(m_buildSetting->assemblyFiles(), *base) : std::nullopt;
 }
 
 bool NESProjectBuilder::moveAllFilesToTempFolderToAssemble(
@@ -168,17 +168,17 @@ bool NESProjectBuilder::moveAllFilesToTempFolderToAssemble(
 
 void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& mainFile,
                                        BuildHandler handler) {
-    AssemblerProcess::Request request;
+    AssemblerRequest request;
     request.assembler = plan.assembler;
     request.arguments = {"--input", mainFile, "--output", pathText(plan.image)};
     request.arguments.insert(request.arguments.end(), m_extraArguments.begin(),
                              m_extraArguments.end());
     request.includeFolder = plan.tempFolder;
 
-    // The pool's workers are waited for before the application object is gone, so they may post to
-    // it as long as they run.
+    // The application object's destructor waits for the pool's workers, so they may post to it as
+    // long as they run.
     const auto post = [application = QCoreApplication::instance()](HandOver::Task task) {
-        BackgroundWork::postToMainThread(application, std::move(task));
+        postToMainThread(application, std::move(task));
     };
     const auto deliver = [builder = weak_from_this()](const QString& output) {
         const auto alive = builder.lock();
@@ -188,7 +188,7 @@ void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& main
         }
     };
     const auto handOver = std::make_shared<HandOver>(std::move(handler), post, deliver);
-    BackgroundWork::start(
+    startInBackground(
         [request, image = plan.image, handOver] { assemble(request, image, *handOver); });
 }
 
@@ -205,8 +205,8 @@ bool NESProjectBuilder::createFolder(const std::filesystem::path& directory) {
 }
 
 std::vector<const ProjectItems*> NESProjectBuilder::fileLists() const {
-    return {&m_buildSetting->assemblyFiles(), &m_buildSetting->graphicFiles(),
-            &m_buildSetting->paletteFiles()};
+    const auto lists = m_buildSetting->contents().fileLists();
+    return {lists.begin(), lists.end()};
 }
 
 } // namespace kestrel

@@ -10,7 +10,7 @@ namespace kestrel {
 
 namespace {
 
-/// How many bytes at the end of `bytes` begin a character that goes on behind them: 0 to 3.
+/// The number of bytes, 0 to 3, of an incomplete character at the end of `bytes`.
 qsizetype incompleteTail(QByteArrayView bytes) {
     const qsizetype most = qMin(qsizetype{3}, bytes.size());
     for (qsizetype back = 1; back <= most; ++back) {
@@ -28,7 +28,7 @@ qsizetype incompleteTail(QByteArrayView bytes) {
 
 void OutputText::append(QByteArrayView bytes) {
     if (!m_valid) {
-        return; // nothing of it is going to be shown
+        return; // no part of it will be shown
     }
     try {
         if (m_tail.isEmpty()) {
@@ -52,7 +52,7 @@ std::optional<QString> OutputText::take() {
 }
 
 void OutputText::decode(QByteArrayView complete) {
-    if (const auto text = QtText::fromUtf8(complete)) {
+    if (const auto text = textFromUtf8(complete)) {
         m_text += *text;
     } else {
         drop();

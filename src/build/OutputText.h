@@ -9,15 +9,14 @@
 
 namespace kestrel {
 
-/// Collects a child's output while it runs and decodes it piece by piece, so that no second copy of
-/// a large output is held. Used by one thread at a time.
+/// Decodes the output of a child process piece by piece, so that a large output is not held twice.
+/// Not thread-safe.
 class OutputText {
 public:
-    /// Takes over the next bytes; a character may be split between two pieces.
+    /// Appends the next bytes. A character may be split between two pieces.
     void append(QByteArrayView bytes);
 
-    /// The whole text, once: nothing when the bytes were not valid UTF-8 or did not fit into
-    /// memory.
+    /// The whole text, to be taken once; nothing when it was not valid UTF-8 or memory ran out.
     std::optional<QString> take();
 
 private:
@@ -25,7 +24,7 @@ private:
     void drop();
 
     QString m_text;
-    QByteArray m_tail; ///< the first bytes of a character whose last bytes are still to come
+    QByteArray m_tail; ///< the bytes of an incomplete character
     bool m_valid = true;
 };
 

@@ -12,10 +12,10 @@
 
 namespace kestrel {
 
-/// Turns a project's build settings into a ROM image, and runs it.
+/// Builds a project's ROM image, and runs it.
 class ProjectBuilder {
 public:
-    /// Gets the image's location, or an error.
+    /// Gets the image's path or an error.
     using BuildHandler =
         std::function<void(std::optional<std::filesystem::path>, std::optional<BuildError>)>;
     /// Gets an error, or nothing when the emulator was asked to open the image.
@@ -26,11 +26,11 @@ public:
     ProjectBuilder& operator=(const ProjectBuilder&) = delete;
     virtual ~ProjectBuilder() = default;
 
-    /// Where the assembler's output goes; nowhere at first. The builder does not keep it alive.
+    /// Receives the assembler's output; none at first. The builder refers to it weakly.
     virtual std::weak_ptr<ConsoleOutputDelegate> consoleOutput() const = 0;
     virtual void setConsoleOutput(std::weak_ptr<ConsoleOutputDelegate> consoleOutput) = 0;
 
-    /// The record that the builder works from; it only reads it.
+    /// The settings that are built; the builder only reads them.
     virtual std::shared_ptr<BuildSettingsConfiguration> buildSetting() const = 0;
     virtual void setBuildSetting(std::shared_ptr<BuildSettingsConfiguration> buildSetting) = 0;
 

@@ -5,7 +5,7 @@
 
 namespace kestrel {
 
-std::optional<QString> QtText::fromUtf8(QByteArrayView bytes) {
+std::optional<QString> textFromUtf8(QByteArrayView bytes) {
     // Stateless: an incomplete character at the end is an error. The converter works lazily, so its
     // result must exist before it is asked for errors.
     QStringDecoder decoder(QStringConverter::Utf8, QStringConverter::Flag::Stateless |
@@ -17,12 +17,12 @@ std::optional<QString> QtText::fromUtf8(QByteArrayView bytes) {
     return text;
 }
 
-std::optional<QString> QtText::fromUtf8(std::string_view bytes) {
-    return fromUtf8(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+std::optional<QString> textFromUtf8(std::string_view bytes) {
+    return textFromUtf8(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
 }
 
-std::optional<QString> QtText::fromPath(const std::filesystem::path& path) {
-    return fromUtf8(std::string_view(path.native()));
+std::optional<QString> textFromPath(const std::filesystem::path& path) {
+    return textFromUtf8(std::string_view(path.native()));
 }
 
 } // namespace kestrel

@@ -10,14 +10,10 @@
 
 namespace kestrel {
 
-/// Turns bytes into Qt's text without losing or replacing any.
-class QtText {
-public:
-    /// The text that the bytes are in UTF-8, a byte-order mark kept as a character; nothing when
-    /// they are not valid UTF-8.
-    static std::optional<QString> fromUtf8(QByteArrayView bytes);
-    static std::optional<QString> fromUtf8(std::string_view bytes);
-    static std::optional<QString> fromPath(const std::filesystem::path& path);
-};
+/// Decodes UTF-8 without loss: a byte-order mark stays a character, and invalid bytes give nothing
+/// instead of replacement characters.
+std::optional<QString> textFromUtf8(QByteArrayView bytes);
+std::optional<QString> textFromUtf8(std::string_view bytes);
+std::optional<QString> textFromPath(const std::filesystem::path& path);
 
 } // namespace kestrel

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::array<int, 3> EndingSignals = {SIGINT, SIGTERM, SIGHUP};
 
-/// The pipe's end that the signal handler writes to. A handler has no other way to reach it.
+/// The write end of the pipe, for the signal handler, which can only use globals.
 std::atomic<int>& writeEnd() {
     static std::atomic<int> descriptor{-1};
     return descriptor;
@@ -29,7 +29,7 @@ static_assert(std::atomic<int>::is_always_lock_free, "needed in a signal handler
 extern "C" void passOn(int signal) {
     const int formerError = errno;
     const auto number = static_cast<unsigned char>(signal);
-    // A full pipe means that a signal is on its way already.
+    // When the pipe is full, a signal has been reported already.
     static_cast<void>(::write(writeEnd(), &number, 1) == 1);
     errno = formerError;
 }
@@ -69,7 +69,7 @@ SignalWatcher::SignalWatcher() {
         }
     });
     for (const int signal : EndingSignals) {
-        if (!isIgnored(signal)) { // nohup means it
+        if (!isIgnored(signal)) { // as nohup sets it
             setHandler(signal, passOn);
         }
     }

@@ -7,8 +7,8 @@ class QSocketNotifier;
 
 namespace kestrel {
 
-/// Turns the signals that ask a program to end (interrupt, hang-up, terminate) into an orderly end
-/// of the event loop, so that a running assembler is ended too. One at a time.
+/// Ends the event loop on SIGINT, SIGHUP and SIGTERM, so that a running assembler is ended too.
+/// Only one may exist at a time.
 class SignalWatcher {
 public:
     SignalWatcher();
@@ -16,10 +16,10 @@ public:
     SignalWatcher(const SignalWatcher&) = delete;
     SignalWatcher& operator=(const SignalWatcher&) = delete;
 
-    /// The signal that came, 0 when none did.
+    /// The signal that was caught, or 0.
     int caught() const { return m_caught; }
 
-    /// Ends the program by `signal`, as if it had never been caught.
+    /// Ends the program by `signal` with its default action.
     [[noreturn]] static void endBy(int signal);
 
 private:

@@ -21,7 +21,7 @@ bool isSameFile(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
-/// The temporary folder itself; never what a link at its place leads to.
+/// Opens the temporary folder; not when it is a link.
 FileDescriptor openFolder(const std::filesystem::path& path) {
     return openFile(path, O_RDONLY | O_DIRECTORY | O_NOFOLLOW);
 }
@@ -44,10 +44,10 @@ bool copyBytes(const FileDescriptor& source, const FileDescriptor& target) {
     }
 }
 
-/// Copies the regular file `source` to a new file in `folder`. What could be copied in part only is
-/// removed again: half a file would assemble to a wrong image.
+/// Copies the regular file `source` to a new file in `folder`. Removes an incomplete copy, which
+/// would assemble to a wrong image.
 void copyToNewFile(const std::filesystem::path& source, int folder, const std::string& name) {
-    // Non-blocking: a fifo at the source's place must not hold the build up.
+    // Non-blocking: a FIFO must not block the build.
     const FileDescriptor from = openFile(source, O_RDONLY | O_NONBLOCK);
     struct stat info {};
     if (!from.isOpen() || ::fstat(from.get(), &info) != 0 || !S_ISREG(info.st_mode)) {
@@ -72,7 +72,7 @@ void copyFile(const std::filesystem::path& source, int folder, const std::string
     copyToNewFile(source, folder, name);
 }
 
-/// What in the temporary folder is a user's own and no copy.
+/// The files in the temporary folder that are listed sources themselves, not copies.
 class OwnFiles {
 public:
     OwnFiles(int folder, const std::vector<const ProjectItems*>& lists,
@@ -84,15 +84,15 @@ public:
         }
         for (const ProjectItems* list : lists) {
             for (const auto& entry : *list) {
-                if (const auto source = SourceLocation::file(*entry, projectFolder)) {
+                if (const auto source = sourceFile(*entry, projectFolder)) {
                     add(entry->itemName(), *source, temp);
                 }
             }
         }
     }
 
-    /// Whether what has this name is the only place of a listed file's content. A hard link is not:
-    /// the content stays when that is removed.
+    /// Whether removing this name would remove the content of a listed file. False for a second
+    /// hard link: the content stays under the other name.
     bool contain(const std::string& name) const {
         struct stat info {};
         return m_names.contains(name) ||
@@ -114,8 +114,8 @@ private:
     }
 
     int m_folder;
-    std::set<std::string> m_names;               ///< of the entries that lie there
-    std::set<std::pair<dev_t, ino_t>> m_sources; ///< the files that the entries lead to
+    std::set<std::string> m_names;               ///< of the entries in the temporary folder
+    std::set<std::pair<dev_t, ino_t>> m_sources; ///< the files of all entries, links followed
 };
 
 } // namespace
@@ -133,7 +133,7 @@ void SourceGatherer::gather(const std::vector<const ProjectItems*>& lists) const
     const OwnFiles own(folder.get(), lists, m_projectFolder);
     for (const ProjectItems* list : lists) {
         for (const auto& entry : *list) {
-            const auto source = SourceLocation::file(*entry, m_projectFolder);
+            const auto source = sourceFile(*entry, m_projectFolder);
             if (source && !own.contain(entry->itemName())) {
                 copyFile(*source, folder.get(), entry->itemName());
             }
@@ -151,7 +151,7 @@ bool SourceGatherer::clean(const std::vector<const ProjectItems*>& lists) const 
     for (const ProjectItems* list : lists) {
         for (const auto& entry : *list) {
             const std::string& name = entry->itemName();
-            if (!SourceLocation::file(*entry, m_projectFolder)) {
+            if (!sourceFile(*entry, m_projectFolder)) {
                 continue;
             }
             struct stat info {};

@@ -8,22 +8,22 @@
 
 namespace kestrel {
 
-/// Copies a project's files flat into the folder in which the assembler finds them. Every failure
-/// is silent: the assembler will say what it misses. A temporary folder that is a link or no folder
-/// is not written to.
+/// Copies a project's files into one folder, the assembler's include folder. Reports no failure:
+/// the assembler will report a missing file. Does not write to a temporary folder that is a link or
+/// no folder.
 class SourceGatherer {
 public:
-    /// `projectFolder` is the base of relative entries.
+    /// Relative paths count from `projectFolder`.
     SourceGatherer(std::filesystem::path projectFolder, std::filesystem::path tempFolder);
 
-    /// Copies the files of all entries of the lists, in order; of two with one name the later wins.
-    /// A file that is its own destination stays as it is, whoever else has its name, and so does
-    /// one that a source is a link to. Anything else at a destination is removed first, also when
-    /// there is nothing to copy; a folder there stays.
+    /// Copies the files of all entries, in order; of two files with the same name the later one
+    /// stays. A listed file that lies in the temporary folder itself, or that a listed link leads
+    /// to, is never replaced. Otherwise a file at a destination is removed first, also when there
+    /// is nothing to copy; a folder there stays.
     void gather(const std::vector<const ProjectItems*>& lists) const;
 
-    /// Removes from the temporary folder the files of the lists that `gather` may have put there.
-    /// True when none of those names is left in it.
+    /// Removes the files that `gather` may have copied to the temporary folder. True when none of
+    /// their names is left there.
     bool clean(const std::vector<const ProjectItems*>& lists) const;
 
 private:

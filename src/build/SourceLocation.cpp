@@ -5,13 +5,13 @@
 
 namespace kestrel {
 
-bool SourceLocation::isPlainName(std::string_view name) {
+bool isPlainName(std::string_view name) {
     return !name.empty() && name != "." && name != ".." && name.find('/') == name.npos &&
            name.find('\0') == name.npos;
 }
 
-std::optional<std::filesystem::path>
-SourceLocation::folder(const ProjectItem& entry, const std::filesystem::path& projectFolder) {
+std::optional<std::filesystem::path> sourceFolder(const ProjectItem& entry,
+                                                  const std::filesystem::path& projectFolder) {
     switch (entry.itemPathType()) {
     case FilePathType::noPath:
         return std::nullopt;
@@ -23,9 +23,9 @@ SourceLocation::folder(const ProjectItem& entry, const std::filesystem::path& pr
     return std::nullopt;
 }
 
-std::optional<std::filesystem::path>
-SourceLocation::file(const ProjectItem& entry, const std::filesystem::path& projectFolder) {
-    const auto parent = folder(entry, projectFolder);
+std::optional<std::filesystem::path> sourceFile(const ProjectItem& entry,
+                                                const std::filesystem::path& projectFolder) {
+    const auto parent = sourceFolder(entry, projectFolder);
     if (!parent || !isUsablePath(*parent) || !isPlainName(entry.itemName())) {
         return std::nullopt;
     }

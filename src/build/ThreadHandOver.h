@@ -16,24 +16,22 @@
 
 namespace kestrel {
 
-/// Tells the thread sanitizer what it cannot see: Qt's event queue and thread pool order what one
-/// thread wrote before it queued an object with what another does when it gets the object, but a
-/// distribution's Qt is not instrumented. Does nothing in any other build.
-class ThreadHandOver {
-public:
-    /// Said of an object that is complete and about to be queued.
-    static void announce([[maybe_unused]] void* object) {
-#ifdef KESTREL_THREAD_SANITIZER
-        __tsan_release(object);
-#endif
-    }
+// The thread sanitizer cannot see that Qt's event queue and thread pool order the accesses of two
+// threads to a queued object, since a distribution's Qt is not instrumented. These two calls tell
+// it; in any other build they do nothing.
 
-    /// Said of the object by the thread that got it, before it looks at it.
-    static void accept([[maybe_unused]] void* object) {
+/// Call on an object that is complete, just before it is queued.
+inline void announceHandOver([[maybe_unused]] void* object) {
 #ifdef KESTREL_THREAD_SANITIZER
-        __tsan_acquire(object);
+    __tsan_release(object);
 #endif
-    }
-};
+}
+
+/// Call on the receiving thread before it uses the object.
+inline void acceptHandOver([[maybe_unused]] void* object) {
+#ifdef KESTREL_THREAD_SANITIZER
+    __tsan_acquire(object);
+#endif
+}
 
 } // namespace kestrel

@@ -1,12 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "editors/CommonEditorControllers.h"
 
+#include "editors/PaneKind.h"
+#include "widgets/EditorPane.h"
+
 namespace kestrel {
 
 CommonEditorControllers::CommonEditorControllers(QWidget* parent)
     : QStackedWidget(parent) {
     setObjectName(QStringLiteral("commonEditorControllers"));
     setAccessibleName(tr("Editor"));
+}
+
+void CommonEditorControllers::addPanes() {
+    for (const PaneKind& kind : paneKinds()) {
+        addWidget(kind.make(this));
+    }
 }
 
 void CommonEditorControllers::viewDidLoad() {
@@ -27,42 +36,22 @@ void CommonEditorControllers::updatedFileType() {
     }
 }
 
-TextEditorController* CommonEditorControllers::textEditorPane() const {
-    return textEditor;
-}
-
-PaletteEditorController* CommonEditorControllers::paletteEditorPane() const {
-    return paletteEditor;
-}
-
-GraphicsEditorController* CommonEditorControllers::graphicsEditorPane() const {
-    return graphicsEditor;
-}
-
-ProjectSettingsController* CommonEditorControllers::projectSettingsPane() const {
-    return projectSettings;
-}
-
-EmptyController* CommonEditorControllers::emptyPane() const {
-    return emptyController;
-}
-
-bool CommonEditorControllers::adoptPane(QWidget* pane, int tabIndex) {
-    tabItemsIndex.insert(pane, tabIndex);
-    if (auto* text = qobject_cast<TextEditorController*>(pane)) {
-        textEditor = text;
-    } else if (auto* palettes = qobject_cast<PaletteEditorController*>(pane)) {
-        paletteEditor = palettes;
-    } else if (auto* graphics = qobject_cast<GraphicsEditorController*>(pane)) {
-        graphicsEditor = graphics;
-    } else if (auto* settings = qobject_cast<ProjectSettingsController*>(pane)) {
-        projectSettings = settings;
-    } else if (auto* empty = qobject_cast<EmptyController*>(pane)) {
-        emptyController = empty;
-    } else {
-        return false;
+std::vector<EditorPane*> CommonEditorControllers::editorPanes() const {
+    std::vector<EditorPane*> found;
+    for (int index = 0; index < count(); ++index) {
+        if (auto* pane = dynamic_cast<EditorPane*>(widget(index))) {
+            found.push_back(pane);
+        }
     }
-    return true;
+    return found;
+}
+
+EditorPane* CommonEditorControllers::shownEditorPane() const {
+    return dynamic_cast<EditorPane*>(currentWidget());
+}
+
+void CommonEditorControllers::recordTab(const QWidget* pane, int tabIndex) {
+    tabItemsIndex.insert(pane, tabIndex);
 }
 
 std::optional<int> CommonEditorControllers::tabIndexOf(const QWidget* pane) const {

@@ -1,23 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editors/code/TextEditorController.h"
 #include "editors/DisplayController.h"
-#include "editors/EmptyController.h"
-#include "editors/settings/ProjectSettingsController.h"
+#include "editors/PaneReferences.h"
 #include "editors/settings/ProjectSettingsDataSource.h"
-#include "graphics/GraphicsEditorController.h"
-#include "graphics/PaletteEditorController.h"
 
 #include <QHash>
-#include <QPointer>
 #include <QStackedWidget>
 
+#include <vector>
+
 namespace kestrel {
+
+class EditorPane;
 
 /// The right-hand side of the main window: holds the five panes and shows one at a time. Its
 /// children are its panes; the references to them are shortcuts.
 class CommonEditorControllers : public QStackedWidget,
+                                public PaneReferences,
                                 public DisplayController,
                                 public ProjectSettingsDataSource {
     Q_OBJECT
@@ -25,15 +25,18 @@ class CommonEditorControllers : public QStackedWidget,
 public:
     explicit CommonEditorControllers(QWidget* parent = nullptr);
 
+    /// Makes the panes as children, in the order of their tabs.
+    void addPanes();
+
     /// Takes the present children as panes and shows that nothing is selected yet. To be called
     /// once, after the children were added.
     void viewDidLoad();
 
-    QPointer<TextEditorController> textEditor;
-    QPointer<PaletteEditorController> paletteEditor;
-    QPointer<GraphicsEditorController> graphicsEditor;
-    QPointer<ProjectSettingsController> projectSettings;
-    QPointer<EmptyController> emptyController;
+    /// All panes with commands or files, shown or not, in the order of their tabs.
+    std::vector<EditorPane*> editorPanes() const;
+
+    /// The pane that is shown, as the menus see it; null for one without commands and files.
+    EditorPane* shownEditorPane() const;
 
     /// Whom updatedFileType() is passed on to; not owned. Whoever sets itself takes itself back
     /// when it goes.
@@ -48,12 +51,8 @@ public:
     void updatedFileType() override;
 
 protected:
-    TextEditorController* textEditorPane() const override;
-    PaletteEditorController* paletteEditorPane() const override;
-    GraphicsEditorController* graphicsEditorPane() const override;
-    ProjectSettingsController* projectSettingsPane() const override;
-    EmptyController* emptyPane() const override;
-    bool adoptPane(QWidget* pane, int tabIndex) override;
+    PaneReferences& panes() override { return *this; }
+    void recordTab(const QWidget* pane, int tabIndex) override;
     std::optional<int> tabIndexOf(const QWidget* pane) const override;
     void selectTab(int tabIndex) override;
 };

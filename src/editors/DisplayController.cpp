@@ -1,28 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "editors/DisplayController.h"
 
-#include "editors/code/TextEditorController.h"
-#include "editors/EmptyController.h"
-#include "editors/settings/ProjectSettingsController.h"
-#include "graphics/GraphicsEditorController.h"
-#include "graphics/PaletteEditorController.h"
+#include "editors/PaneKind.h"
+#include "editors/PaneReferences.h"
 #include "model/FileProcessor.h"
 #include "model/Log.h"
 #include "model/Paths.h"
 
 #include <QMetaObject>
-#include <QPointer>
 
+#include <algorithm>
 #include <string>
 
 namespace kestrel {
 
 namespace {
-
-/// The node's place below the project's folder, its sub-path included.
-std::filesystem::path belowProject(const ProjectItem& file, const ProjectItem& project) {
-    return joined(joined(project.itemPath(), pathText(file.itemPath())), file.itemName());
-}
 
 std::string description(const QWidget& widget) {
     std::string text = widget.metaObject()->className();
@@ -37,15 +29,19 @@ std::string description(const QWidget& widget) {
 void DisplayController::initiateViewControllers(const QList<QWidget*>& viewControllers) {
     int index = 0;
     for (QWidget* child : viewControllers) {
-        if (child != nullptr && !adoptPane(child, index)) {
-            writeLog("Failed for " + description(*child));
+        if (child != nullptr) {
+            recordTab(child, index);
+            const auto adopts = [&](const PaneKind& kind) { return kind.adopt(panes(), *child); };
+            if (std::ranges::none_of(paneKinds(), adopts)) {
+                writeLog("Failed for " + description(*child));
+            }
         }
         ++index;
     }
 }
 
 void DisplayController::displayError(const QString& message) {
-    EmptyController* pane = emptyPane();
+    EmptyController* pane = panes().emptyController;
     const std::optional<int> tab = tabIndexOf(pane);
     if (!tab) {
         return;
@@ -75,78 +71,51 @@ bool DisplayController::checkFileExistsAndDisplayErrorWhenFalse(
     return true;
 }
 
-void DisplayController::displayProjectSettings(const std::shared_ptr<ProjectItem>& project) {
-    ProjectSettingsController* pane = projectSettingsPane();
-    const std::optional<int> tab = tabIndexOf(pane);
+void DisplayController::display(FileType paneFor, const std::shared_ptr<ProjectItem>& file,
+                                const std::shared_ptr<ProjectItem>& project) {
+    const PaneKind* const kind = paneKindFor(paneFor);
+    if (kind == nullptr) {
+        return;
+    }
+    const std::optional<int> tab = tabIndexOf(kind->pane(panes()));
     if (!tab) {
         return;
     }
-    if (!checkFileExistsAndDisplayErrorWhenFalse(project, nullptr)) {
-        writeLog("File could not be found for project settings");
+    if (!checkFileExistsAndDisplayErrorWhenFalse(file, project)) {
+        writeLog(kind->fileNotFound);
         return;
     }
+    const PaneRequest request{file, project,
+                              [this](const QString& message) { displayError(message); }};
+    kind->prepare(panes(), request);
     selectTab(*tab);
-    pane->setCurrentProject(project);
-    if (!pane->updateBuildSettings()) {
-        displayError(
-            QStringLiteral("Build Project settings is misconfigured and could not display"));
+    kind->load(panes(), request);
+}
+
+void DisplayController::displayFile(const std::shared_ptr<ProjectItem>& file,
+                                    const std::shared_ptr<ProjectItem>& project) {
+    if (file) {
+        display(file->itemFileType(), file, project);
     }
+}
+
+void DisplayController::displayProjectSettings(const std::shared_ptr<ProjectItem>& project) {
+    display(FileType::project, project, nullptr);
 }
 
 void DisplayController::displayEditorController(const std::shared_ptr<ProjectItem>& file,
                                                 const std::shared_ptr<ProjectItem>& project) {
-    TextEditorController* pane = textEditorPane();
-    const std::optional<int> tab = tabIndexOf(pane);
-    if (!tab) {
-        return;
-    }
-    if (!checkFileExistsAndDisplayErrorWhenFalse(file, project)) {
-        writeLog("File could not be found for code editor");
-        return;
-    }
-    selectTab(*tab);
-    const bool relative = file->itemPathType() == FilePathType::relative && project != nullptr;
-    pane->loadFile(relative ? belowProject(*file, *project)
-                            : joined(file->itemPath(), file->itemName()));
+    display(FileType::text, file, project);
 }
 
 void DisplayController::displayPaletteEditor(const std::shared_ptr<ProjectItem>& file,
                                              const std::shared_ptr<ProjectItem>& project) {
-    PaletteEditorController* pane = paletteEditorPane();
-    const std::optional<int> tab = tabIndexOf(pane);
-    if (!tab) {
-        return;
-    }
-    if (!checkFileExistsAndDisplayErrorWhenFalse(file, project)) {
-        // The code editor's text, as the log of this pane always had it.
-        writeLog("File could not be found for code editor");
-        return;
-    }
-    const bool absolute = file->itemPathType() == FilePathType::absolute || project == nullptr;
-    pane->setFilePathForPalette(absolute ? joined(file->itemPath(), file->itemName())
-                                         : belowProject(*file, *project));
-    selectTab(*tab);
-    pane->update();
+    display(FileType::palette, file, project);
 }
 
 void DisplayController::displayGraphicsEditor(const std::shared_ptr<ProjectItem>& file,
                                               const std::shared_ptr<ProjectItem>& project) {
-    GraphicsEditorController* pane = graphicsEditorPane();
-    const std::optional<int> tab = tabIndexOf(pane);
-    if (!tab) {
-        return;
-    }
-    if (!checkFileExistsAndDisplayErrorWhenFalse(file, project)) {
-        writeLog("File could not be found for graphics editor");
-        return;
-    }
-    selectTab(*tab);
-    // The pane calls back before loadFile returns or not at all, so `this` cannot be gone.
-    pane->loadFile(file, project, [this](const std::optional<ErrorValue>& error) {
-        if (error) {
-            displayError(QString::fromStdString(error->localizedDescription()));
-        }
-    });
+    display(FileType::graphics, file, project);
 }
 
 } // namespace kestrel

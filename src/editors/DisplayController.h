@@ -13,11 +13,7 @@ class QWidget;
 
 namespace kestrel {
 
-class EmptyController;
-class GraphicsEditorController;
-class PaletteEditorController;
-class ProjectSettingsController;
-class TextEditorController;
+struct PaneReferences;
 
 inline constexpr char PleaseSelectProject[] = "Please select a file or project";
 
@@ -37,12 +33,17 @@ public:
     /// Shows `message` in the message pane.
     void displayError(const QString& message);
 
-    /// Whether the file or project that `file` stands for is on disk; shows an error when it is
+    /// Whether the file or project of the node `file` exists on disk; shows an error when it does
     /// not. A relative node is looked for by name in the project's own folder, without its
     /// sub-path.
     bool checkFileExistsAndDisplayErrorWhenFalse(const std::shared_ptr<ProjectItem>& file,
                                                  const std::shared_ptr<ProjectItem>& parentProject);
 
+    /// Shows `file` in the pane for its kind; nothing for a kind that has none.
+    void displayFile(const std::shared_ptr<ProjectItem>& file,
+                     const std::shared_ptr<ProjectItem>& project);
+
+    // The same in a particular pane, whatever the node's kind.
     void displayProjectSettings(const std::shared_ptr<ProjectItem>& project);
     void displayEditorController(const std::shared_ptr<ProjectItem>& file,
                                  const std::shared_ptr<ProjectItem>& project);
@@ -52,17 +53,16 @@ public:
                                const std::shared_ptr<ProjectItem>& project);
 
 protected:
-    /// The panes as the container knows them; null when missing.
-    virtual TextEditorController* textEditorPane() const = 0;
-    virtual PaletteEditorController* paletteEditorPane() const = 0;
-    virtual GraphicsEditorController* graphicsEditorPane() const = 0;
-    virtual ProjectSettingsController* projectSettingsPane() const = 0;
-    virtual EmptyController* emptyPane() const = 0;
+    /// The container's panes.
+    virtual PaneReferences& panes() = 0;
 
-    /// Records a child's tab and, by its class, the pane it is; false for a child of another class.
-    virtual bool adoptPane(QWidget* pane, int tabIndex) = 0;
+    virtual void recordTab(const QWidget* pane, int tabIndex) = 0;
     virtual std::optional<int> tabIndexOf(const QWidget* pane) const = 0;
     virtual void selectTab(int tabIndex) = 0;
+
+private:
+    void display(FileType paneFor, const std::shared_ptr<ProjectItem>& file,
+                 const std::shared_ptr<ProjectItem>& project);
 };
 
 } // namespace kestrel

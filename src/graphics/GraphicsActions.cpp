@@ -5,37 +5,37 @@
 #include "chrcanvas/views/TileCollection.h"
 #include "icons/Icons.h"
 
-#include <QAction>
 #include <QActionGroup>
-#include <QKeySequence>
+#include <QPointer>
+
+#include <functional>
+#include <utility>
 
 namespace kestrel {
 
 namespace {
 
-/// The looks of one command. The icon has the name of the action without "Action".
-struct Command {
-    const char* name;
-    const char* text;
-    const char* help;
-    QKeySequence shortcut;
-};
-
-QAction* makeAction(const Command& command, QObject* parent) {
-    auto* action = new QAction(parent);
-    const QString name = QString::fromLatin1(command.name);
-    const QString text = GraphicsActions::tr(command.text);
-    action->setObjectName(name + QStringLiteral("Action"));
-    action->setText(text);
-    action->setIcon(iconNamed(name));
-    action->setShortcut(command.shortcut);
-    const QString keys = command.shortcut.toString(QKeySequence::NativeText);
-    action->setToolTip(QStringLiteral("%1 (%2)").arg(GraphicsActions::tr(command.help), keys));
-    return action;
+/// A row without its handler, which the groups below have each in a way of their own.
+Command row(const char* id, QStringView icon, const QKeySequence& shortcut, const char* title,
+            const char* toolTip) {
+    return {.id = id,
+            .title = title,
+            .shortcuts = {shortcut},
+            .icon = iconNamed(icon),
+            .toolTip = toolTip};
 }
 
 QKeySequence withShift(Qt::Key key) {
     return {Qt::CTRL | Qt::SHIFT | key};
+}
+
+/// A handler that does nothing once the view is gone.
+template<typename View, typename Operation> auto on(View* view, Operation operation) {
+    return [view = QPointer<View>(view), operation](auto... arguments) {
+        if (view) {
+            std::invoke(operation, *view, arguments...);
+        }
+    };
 }
 
 } // namespace
@@ -43,7 +43,8 @@ QKeySequence withShift(Qt::Key key) {
 GraphicsActions::GraphicsActions(ChrCanvas& canvas, TileCollection& viewer, QObject* parent)
     : QObject(parent)
     , m_canvas(&canvas)
-    , m_viewer(&viewer) {
+    , m_viewer(&viewer)
+    , m_commands(*this) {
     addTools();
     addSeparator(m_editActions);
     addTransformations();
@@ -63,23 +64,23 @@ void GraphicsActions::addTools() {
         Command command;
         DrawingTool tool;
     };
-    const Tool tools[] = {
-        {{"pencil", QT_TR_NOOP("&Pencil"),
-          QT_TR_NOOP("Pencil: paint pixels; the right button picks a pixel's colour"),
-          withShift(Qt::Key_P)},
+    Tool tools[] = {
+        {row("pencilAction", u"pencil", withShift(Qt::Key_P),
+             QT_TRANSLATE_NOOP("Command", "&Pencil"),
+             QT_TRANSLATE_NOOP("Command",
+                               "Pencil: paint pixels; the right button picks a pixel's colour")),
          DrawingTool::pencil},
-        {{"fillArea", QT_TR_NOOP("&Fill Area"),
-          QT_TR_NOOP("Fill: give an area of one colour another one"), withShift(Qt::Key_F)},
+        {row("fillAreaAction", u"fillArea", withShift(Qt::Key_F),
+             QT_TRANSLATE_NOOP("Command", "&Fill Area"),
+             QT_TRANSLATE_NOOP("Command", "Fill: give an area of one colour another one")),
          DrawingTool::fill},
     };
     auto* group = new QActionGroup(this);
-    for (const Tool& tool : tools) {
-        QAction* action = makeAction(tool.command, this);
-        action->setCheckable(true);
-        action->setChecked(tool.tool == m_canvas->tool());
+    for (auto& [command, tool] : tools) {
+        command.checked = tool == m_canvas->tool();
+        command.handler = on(m_canvas, [tool = tool](ChrCanvas& canvas) { canvas.setTool(tool); });
+        QAction* action = m_commands.add(std::move(command));
         group->addAction(action);
-        connect(action, &QAction::triggered, m_canvas,
-                [canvas = m_canvas, tool = tool.tool] { canvas->setTool(tool); });
         m_editActions.append(action);
     }
 }
@@ -89,68 +90,76 @@ void GraphicsActions::addTransformations() {
         Command command;
         TileTransformation transformation;
     };
-    const Entry entries[] = {
-        {{"flipHorizontally", QT_TR_NOOP("Flip &Horizontally"),
-          QT_TR_NOOP("Flip the selected tiles horizontally"), withShift(Qt::Key_H)},
+    Entry entries[] = {
+        {row("flipHorizontallyAction", u"flipHorizontally", withShift(Qt::Key_H),
+             QT_TRANSLATE_NOOP("Command", "Flip &Horizontally"),
+             QT_TRANSLATE_NOOP("Command", "Flip the selected tiles horizontally")),
          TileTransformation::flipHorizontally},
-        {{"flipVertically", QT_TR_NOOP("Flip &Vertically"),
-          QT_TR_NOOP("Flip the selected tiles vertically"), withShift(Qt::Key_V)},
+        {row("flipVerticallyAction", u"flipVertically", withShift(Qt::Key_V),
+             QT_TRANSLATE_NOOP("Command", "Flip &Vertically"),
+             QT_TRANSLATE_NOOP("Command", "Flip the selected tiles vertically")),
          TileTransformation::flipVertically},
-        {{"rotate", QT_TR_NOOP("&Rotate"),
-          QT_TR_NOOP("Rotate a square of tiles by 90 degrees clockwise"), withShift(Qt::Key_R)},
+        {row("rotateAction", u"rotate", withShift(Qt::Key_R),
+             QT_TRANSLATE_NOOP("Command", "&Rotate"),
+             QT_TRANSLATE_NOOP("Command", "Rotate a square of tiles by 90 degrees clockwise")),
          TileTransformation::rotate},
-        {{"shiftLeft", QT_TR_NOOP("Shift &Left"),
-          QT_TR_NOOP("Shift the selected tiles left by one pixel, with wrap"),
-          withShift(Qt::Key_Left)},
+        {row("shiftLeftAction", u"shiftLeft", withShift(Qt::Key_Left),
+             QT_TRANSLATE_NOOP("Command", "Shift &Left"),
+             QT_TRANSLATE_NOOP("Command", "Shift the selected tiles left by one pixel, with wrap")),
          TileTransformation::shiftLeft},
-        {{"shiftRight", QT_TR_NOOP("Shift Ri&ght"),
-          QT_TR_NOOP("Shift the selected tiles right by one pixel, with wrap"),
-          withShift(Qt::Key_Right)},
+        {row("shiftRightAction", u"shiftRight", withShift(Qt::Key_Right),
+             QT_TRANSLATE_NOOP("Command", "Shift Ri&ght"),
+             QT_TRANSLATE_NOOP("Command",
+                               "Shift the selected tiles right by one pixel, with wrap")),
          TileTransformation::shiftRight},
-        {{"shiftUp", QT_TR_NOOP("Shift &Up"),
-          QT_TR_NOOP("Shift the selected tiles up by one pixel, with wrap"), withShift(Qt::Key_Up)},
+        {row("shiftUpAction", u"shiftUp", withShift(Qt::Key_Up),
+             QT_TRANSLATE_NOOP("Command", "Shift &Up"),
+             QT_TRANSLATE_NOOP("Command", "Shift the selected tiles up by one pixel, with wrap")),
          TileTransformation::shiftUp},
-        {{"shiftDown", QT_TR_NOOP("Shift &Down"),
-          QT_TR_NOOP("Shift the selected tiles down by one pixel, with wrap"),
-          withShift(Qt::Key_Down)},
+        {row("shiftDownAction", u"shiftDown", withShift(Qt::Key_Down),
+             QT_TRANSLATE_NOOP("Command", "Shift &Down"),
+             QT_TRANSLATE_NOOP("Command", "Shift the selected tiles down by one pixel, with wrap")),
          TileTransformation::shiftDown},
-        {{"clearTiles", QT_TR_NOOP("Cl&ear Tiles"), QT_TR_NOOP("Clear the selected tiles"),
-          QKeySequence(Qt::CTRL | Qt::Key_Delete)},
+        {row("clearTilesAction", u"clearTiles", Qt::CTRL | Qt::Key_Delete,
+             QT_TRANSLATE_NOOP("Command", "Cl&ear Tiles"),
+             QT_TRANSLATE_NOOP("Command", "Clear the selected tiles")),
          TileTransformation::clear},
     };
-    for (const Entry& entry : entries) {
-        QAction* action = makeAction(entry.command, this);
-        const TileTransformation transformation = entry.transformation;
-        const auto enable = [canvas = m_canvas, action, transformation] {
-            action->setEnabled(isPossible(transformation, canvas->editor().shape()));
-        };
-        enable();
-        connect(m_canvas, &ChrCanvas::shapeChanged, action, enable);
-        connect(action, &QAction::triggered, m_canvas, [canvas = m_canvas, transformation] {
-            canvas->edit(
-                [transformation](TileEditor& editor) { return editor.transform(transformation); });
-        });
-        m_editActions.append(action);
+    for (auto& [command, transformation] : entries) {
+        addTransformation(std::move(command), transformation);
     }
 }
 
-void GraphicsActions::addGrids() {
-    const auto add = [this](const Command& command) {
-        QAction* action = makeAction(command, this);
-        action->setCheckable(true);
-        action->setChecked(true);
-        m_viewActions.append(action);
-        return action;
+void GraphicsActions::addTransformation(Command command, TileTransformation transformation) {
+    command.handler = on(m_canvas, [transformation](ChrCanvas& canvas) {
+        canvas.document().transform(transformation);
+    });
+    QAction* action = m_commands.add(std::move(command));
+    const auto enable = [canvas = m_canvas, action, transformation] {
+        action->setEnabled(isPossible(transformation, canvas->document().shape()));
     };
-    const QAction* pixels =
-        add({"pixelGrid", QT_TR_NOOP("&Pixel Grid"), QT_TR_NOOP("Lines between the pixels"),
-             QKeySequence(Qt::CTRL | Qt::Key_G)});
-    connect(pixels, &QAction::toggled, m_canvas, &ChrCanvas::setPixelGridShown);
-    const QAction* tiles =
-        add({"tileGrid", QT_TR_NOOP("&Tile Grid"), QT_TR_NOOP("Lines between the tiles"),
-             QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_G)});
-    connect(tiles, &QAction::toggled, m_canvas, &ChrCanvas::setTileGridShown);
-    connect(tiles, &QAction::toggled, m_viewer, &TileCollection::setGridShown);
+    enable();
+    connect(m_canvas, &ChrCanvas::shapeChanged, action, enable);
+    m_editActions.append(action);
+}
+
+void GraphicsActions::addGrids() {
+    Command pixels = row("pixelGridAction", u"pixelGrid", Qt::CTRL | Qt::Key_G,
+                         QT_TRANSLATE_NOOP("Command", "&Pixel Grid"),
+                         QT_TRANSLATE_NOOP("Command", "Lines between the pixels"));
+    pixels.checked = true;
+    pixels.toggled = on(m_canvas, &ChrCanvas::setPixelGridShown);
+    Command tiles = row("tileGridAction", u"tileGrid", Qt::CTRL | Qt::ALT | Qt::Key_G,
+                        QT_TRANSLATE_NOOP("Command", "&Tile Grid"),
+                        QT_TRANSLATE_NOOP("Command", "Lines between the tiles"));
+    tiles.checked = true;
+    tiles.toggled = [inCanvas = on(m_canvas, &ChrCanvas::setTileGridShown),
+                     inViewer = on(m_viewer, &TileCollection::setGridShown)](bool shown) {
+        inCanvas(shown);
+        inViewer(shown);
+    };
+    m_viewActions.append(m_commands.add(std::move(pixels)));
+    m_viewActions.append(m_commands.add(std::move(tiles)));
 }
 
 void GraphicsActions::addZoom() {
@@ -158,22 +167,23 @@ void GraphicsActions::addZoom() {
         Command command;
         void (ChrCanvas::*change)();
     };
-    const Zoom zooms[] = {
-        {{"zoomIn", QT_TR_NOOP("Zoom &In"), QT_TR_NOOP("Show the selected tiles larger"),
-          QKeySequence(Qt::CTRL | Qt::Key_Plus)},
+    Zoom zooms[] = {
+        {row("zoomInAction", u"zoomIn", Qt::CTRL | Qt::Key_Plus,
+             QT_TRANSLATE_NOOP("Command", "Zoom &In"),
+             QT_TRANSLATE_NOOP("Command", "Show the selected tiles larger")),
          &ChrCanvas::zoomIn},
-        {{"zoomOut", QT_TR_NOOP("Zoom &Out"), QT_TR_NOOP("Show the selected tiles smaller"),
-          QKeySequence(Qt::CTRL | Qt::Key_Minus)},
+        {row("zoomOutAction", u"zoomOut", Qt::CTRL | Qt::Key_Minus,
+             QT_TRANSLATE_NOOP("Command", "Zoom &Out"),
+             QT_TRANSLATE_NOOP("Command", "Show the selected tiles smaller")),
          &ChrCanvas::zoomOut},
-        {{"zoomToFit", QT_TR_NOOP("Zoom to &Fit"),
-          QT_TR_NOOP("Show the selected tiles as large as they fit"),
-          QKeySequence(Qt::CTRL | Qt::Key_0)},
+        {row("zoomToFitAction", u"zoomToFit", Qt::CTRL | Qt::Key_0,
+             QT_TRANSLATE_NOOP("Command", "Zoom to &Fit"),
+             QT_TRANSLATE_NOOP("Command", "Show the selected tiles as large as they fit")),
          &ChrCanvas::zoomToFit},
     };
-    for (const Zoom& zoom : zooms) {
-        QAction* action = makeAction(zoom.command, this);
-        connect(action, &QAction::triggered, m_canvas, zoom.change);
-        m_viewActions.append(action);
+    for (auto& [command, change] : zooms) {
+        command.handler = on(m_canvas, change);
+        m_viewActions.append(m_commands.add(std::move(command)));
     }
 }
 

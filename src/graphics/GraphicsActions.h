@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "chrcanvas/data/TilePicture.h"
+#include "widgets/CommandSet.h"
+
 #include <QList>
 #include <QObject>
-
-class QAction;
 
 namespace kestrel {
 
@@ -24,15 +25,19 @@ public:
     const QList<QAction*>& editActions() const { return m_editActions; }
     const QList<QAction*>& viewActions() const { return m_viewActions; }
 
+    const CommandSet& commands() const { return m_commands; }
+
 private:
     void addTools();
     void addTransformations();
+    void addTransformation(Command command, TileTransformation transformation);
     void addGrids();
     void addZoom();
     void addSeparator(QList<QAction*>& actions);
 
     ChrCanvas* m_canvas;
     TileCollection* m_viewer;
+    CommandSet m_commands;
     QList<QAction*> m_editActions;
     QList<QAction*> m_viewActions;
 };

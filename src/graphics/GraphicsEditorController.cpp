@@ -21,8 +21,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace kestrel {
 
 namespace {
@@ -35,6 +33,7 @@ constexpr std::string_view DrawingPalette("\x30\x3D\x00\x0D", NESPalette::ColorC
 GraphicsEditorController::GraphicsEditorController(QWidget* parent)
     : QWidget(parent)
     , m_colors(std::make_shared<NESPalette>())
+    , m_document(std::make_shared<TileDocument>())
     , m_view(new GraphicsEditorView(this)) {
     setObjectName(QStringLiteral("graphicsEditor"));
     setAccessibleName(tr("Tile graphics"));
@@ -66,6 +65,10 @@ void GraphicsEditorController::viewDidLoad() {
     }
     if (tileViewer) {
         tileViewer->setPalette(*m_colors);
+        tileViewer->setDocument(m_document);
+    }
+    if (pixelEditor) {
+        pixelEditor->setDocument(m_document);
     }
 }
 
@@ -122,13 +125,13 @@ void GraphicsEditorController::loadFile(const std::shared_ptr<ProjectItem>& file
     }
     if (tileViewer) {
         tileViewer->setDelegate(this);
-        tileViewer->setTileData(m_tileData);
+        tileViewer->setTileData(tileData());
         tileViewer->reloadTiles();
     }
     if (pixelEditor) {
         pixelEditor->setDelegate(this);
         pixelEditor->setPalette(m_colors);
-        pixelEditor->setTileData(m_tileData);
+        pixelEditor->setTileData(tileData());
         pixelEditor->redraw();
     }
 }
@@ -143,16 +146,16 @@ bool GraphicsEditorController::readTiles() {
     if (!generated) {
         return false;
     }
-    m_tileData = std::make_shared<TileData>(std::move(generated->second));
+    m_document->setTileData(std::make_shared<TileData>(std::move(generated->second)));
     return true;
 }
 
 void GraphicsEditorController::saveFile() {
     const std::optional<std::filesystem::path> path = filePath();
-    if (!path || !m_tileData) {
+    if (!path || !tileData()) {
         return;
     }
-    const std::optional<std::string> bytes = m_tileData->toData();
+    const std::optional<std::string> bytes = tileData()->toData();
     if (bytes && !FileProcessor::saveDataFile(*path, *bytes)) {
         writeLog("Could not save file");
     }
@@ -203,6 +206,10 @@ void GraphicsEditorController::savePane() {
     }
 }
 
+const CommandSet* GraphicsEditorController::commands() const {
+    return &m_view->actions().commands();
+}
+
 QList<QAction*> GraphicsEditorController::editActions() const {
     return m_view->actions().editActions();
 }
@@ -212,21 +219,19 @@ QList<QAction*> GraphicsEditorController::viewActions() const {
 }
 
 bool GraphicsEditorController::canPerform(EditCommand command) const {
-    if (!pixelEditor || !tileViewer || !m_tileData) {
+    if (!pixelEditor || !tileViewer || !tileData()) {
         return false;
     }
-    const TileEditor& editor = pixelEditor->editor();
     switch (command) {
     case EditCommand::undo:
-        return editor.canUndo();
+        return m_document->canUndo();
     case EditCommand::redo:
-        return editor.canRedo();
+        return m_document->canRedo();
     case EditCommand::cut:
     case EditCommand::copy:
-        return editor.canTransform(TileTransformation::clear);
+        return m_document->canCopy();
     case EditCommand::paste:
-        return editor.canTransform(TileTransformation::clear) &&
-               TileClipboard::mayHoldTiles(QGuiApplication::clipboard()->mimeData());
+        return m_document->canCopy() && mayHoldTiles(QGuiApplication::clipboard()->mimeData());
     case EditCommand::selectAll:
         return true;
     }
@@ -240,13 +245,14 @@ void GraphicsEditorController::perform(EditCommand command) {
     m_view->setMessage({});
     switch (command) {
     case EditCommand::undo:
+        m_document->undo();
+        break;
     case EditCommand::redo:
-        undoOrRedo(command);
+        m_document->redo();
         break;
     case EditCommand::cut:
         copyTiles();
-        pixelEditor->edit(
-            [](TileEditor& editor) { return editor.transform(TileTransformation::clear); });
+        m_document->transform(TileTransformation::clear);
         break;
     case EditCommand::copy:
         copyTiles();
@@ -260,45 +266,20 @@ void GraphicsEditorController::perform(EditCommand command) {
     }
 }
 
-void GraphicsEditorController::undoOrRedo(EditCommand command) {
-    std::vector<int> changed;
-    pixelEditor->edit([&](TileEditor& editor) {
-        changed = command == EditCommand::undo ? editor.undo() : editor.redo();
-        return changed;
-    });
-    const TileShape& shown = pixelEditor->editor().shape();
-    if (std::any_of(changed.begin(), changed.end(),
-                    [&shown](int number) { return !shown.cellOf(number); })) {
-        // What is undone out of sight is selected, so that it can be seen.
-        const TileShape edited(changed, m_tileData->tileCount());
-        tileViewer->selectBlock(edited.firstCell(), edited.lastCell());
-    }
-}
-
 void GraphicsEditorController::copyTiles() const {
-    const TileClip clip = TileClip::of(*m_tileData, pixelEditor->editor().shape());
     // The clipboard takes the content over.
     QGuiApplication::clipboard()->setMimeData(
-        TileClipboard::content(clip, paletteColors(*m_colors)).release());
+        clipboardContent(m_document->copy(), paletteColors(*m_colors)).release());
 }
 
 void GraphicsEditorController::pasteTiles() {
     const PastedTiles pasted =
-        TileClipboard::tiles(QGuiApplication::clipboard()->mimeData(), paletteColors(*m_colors));
-    if (!pasted.clip) {
+        tilesOf(QGuiApplication::clipboard()->mimeData(), paletteColors(*m_colors));
+    if (pasted.clip) {
+        m_document->paste(*pasted.clip);
+    } else {
         m_view->setMessage(pasted.refusal);
-        return;
     }
-    const int place = pixelEditor->editor().shape().firstCell();
-    const std::vector<TileChange> changes = pasted.clip->changesAt(*m_tileData, place);
-    std::vector<int> covered;
-    covered.reserve(changes.size());
-    for (const TileChange& change : changes) {
-        covered.push_back(static_cast<int>(change.number));
-    }
-    pixelEditor->edit([&changes](TileEditor& editor) { return editor.carryOut(changes); });
-    const TileShape shape(covered, m_tileData->tileCount());
-    tileViewer->selectBlock(shape.firstCell(), shape.lastCell());
 }
 
 } // namespace kestrel

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "chrcanvas/data/NESPalette.h"
-#include "chrcanvas/data/TileData.h"
+#include "chrcanvas/data/TileDocument.h"
 #include "chrcanvas/views/BoxSelectorDelegate.h"
 #include "chrcanvas/views/ChrCanvasProtocol.h"
 #include "chrcanvas/views/TileCollectionDelegate.h"
@@ -64,7 +64,7 @@ public:
                           const std::shared_ptr<ProjectItem>& project,
                           const CompletionHandler& completionHandler);
 
-    /// Where the shown file lies; nothing when no file is shown or its project is gone.
+    /// The path of the file that is shown; nothing when no file is shown or its project is gone.
     std::optional<std::filesystem::path> filePath() const;
 
     /// Writes the tiles to the file. A failure is logged and loses nothing.
@@ -75,7 +75,7 @@ public:
 
     /// The palette to draw with, shared with the views, and the tiles; null before the first file.
     const std::shared_ptr<NESPalette>& colors() const { return m_colors; }
-    const std::shared_ptr<TileData>& tileData() const { return m_tileData; }
+    const std::shared_ptr<TileData>& tileData() const { return m_document->tileData(); }
 
     void pixelDataChanged(const std::vector<int>& tileNumbers) override;
     void selected(const std::vector<std::vector<int>>& tileNumbers) override;
@@ -83,6 +83,7 @@ public:
                   BoxPosition boxSelected) override;
 
     void savePane() override;
+    const CommandSet* commands() const override;
     QList<QAction*> editActions() const override;
     QList<QAction*> viewActions() const override;
 
@@ -98,7 +99,6 @@ private:
     };
 
     bool readTiles();
-    void undoOrRedo(EditCommand command);
     void copyTiles() const;
     void pasteTiles();
 
@@ -107,7 +107,7 @@ private:
     std::shared_ptr<ProjectItem> m_project;
     std::shared_ptr<ProjectItem> m_file;
     std::shared_ptr<NESPalette> m_colors;
-    std::shared_ptr<TileData> m_tileData;
+    std::shared_ptr<TileDocument> m_document;
     GraphicsEditorView* m_view;
 };
 

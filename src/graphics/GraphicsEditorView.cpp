@@ -56,7 +56,7 @@ GraphicsEditorView::GraphicsEditorView(QWidget* parent)
     setTabOrder(*toolBar);
     setMessage({});
     connect(m_tileViewer, &TileCollection::tileHovered, this, &GraphicsEditorView::describeTile);
-    connect(m_tileViewer, &TileCollection::selectionChanged, this, [this] { describeTile(-1); });
+    connect(m_tileViewer, &TileCollection::tilesSelected, this, [this] { describeTile(-1); });
     connect(m_pixelEditor, &ChrCanvas::cursorMoved, this, &GraphicsEditorView::describePixel);
     connect(m_pixelEditor, &ChrCanvas::colorPicked, this, &GraphicsEditorView::showColor);
 }
@@ -66,7 +66,7 @@ void GraphicsEditorView::nameViews() {
     name(*m_pixelEditor, "pixelEditor", tr("Pixel editor"));
     name(*m_colorSelector, "colorSelector", tr("Colours to paint with"));
     name(*m_saveButton, "saveButton", tr("Save the tiles"));
-    // Labels have no accessible names, which would be read out in place of what they say.
+    // Labels get no accessible names, which would be read out instead of their text.
     m_fileName->setObjectName(QStringLiteral("graphicsFileName"));
     m_tileInfo->setObjectName(QStringLiteral("tileInfo"));
     m_message->setObjectName(QStringLiteral("graphicsMessage"));
@@ -80,7 +80,7 @@ void GraphicsEditorView::nameViews() {
 QToolBar* GraphicsEditorView::makeToolBar() {
     auto* toolBar = new QToolBar(this);
     name(*toolBar, "graphicsTools", tr("Tools"));
-    // The toolkit's own button for the tools that a narrow row has no room for.
+    // QToolBar's own button for the tools that a narrow row has no room for.
     for (QWidget* more : toolBar->findChildren<QWidget*>(QStringLiteral("qt_toolbar_ext_button"))) {
         more->setAccessibleName(tr("More tools"));
     }
@@ -172,7 +172,7 @@ void GraphicsEditorView::setMessage(const QString& message) {
 
 void GraphicsEditorView::describeTile(int number) {
     int shown = number;
-    const auto selected = m_tileViewer->selectedRows();
+    const auto selected = m_tileViewer->document().selectedRows();
     if (shown < 0 && !selected.empty()) {
         shown = selected.front().front();
     }
@@ -188,7 +188,7 @@ void GraphicsEditorView::describeTile(int number) {
 
 void GraphicsEditorView::describePixel() {
     const QPoint pixel = m_pixelEditor->cursorPixel();
-    const int tile = m_pixelEditor->editor().tileAt(pixel.x(), pixel.y());
+    const int tile = m_pixelEditor->document().tileAt(pixel.x(), pixel.y());
     describeTile(tile);
     if (tile >= 0) {
         m_tileInfo->setText(tr("%1, pixel %2, %3")

@@ -16,8 +16,8 @@ class ElidedLabel;
 class GraphicsActions;
 class TileCollection;
 
-/// What the graphics pane consists of: makes the views, lays them out and tells what the pointer is
-/// over.
+/// The widgets of the graphics pane, their layout, and the line that describes what is under the
+/// pointer.
 class GraphicsEditorView : public QWidget {
     Q_OBJECT
 
@@ -35,7 +35,7 @@ public:
     void setMessage(const QString& message);
 
 protected:
-    /// Lets 0 to 3 choose the colour wherever in the pane the keys go.
+    /// The keys 0 to 3 choose the colour wherever in the pane the focus is.
     void keyPressEvent(QKeyEvent* event) override;
 
 private:

@@ -37,6 +37,10 @@ ColorChange written(const std::shared_ptr<PaletteProtocol>& palette, int index,
     return {palette, place, before, palette->entry(place)};
 }
 
+void putColor(const ColorChange& change, const ColorEntry& entry) {
+    change.palette->setEntry(change.index, entry);
+}
+
 std::optional<std::vector<std::uint8_t>> bytesOnClipboard() {
     // A palette is short; whatever else lies there may be huge.
     constexpr int longest = 256;
@@ -242,7 +246,7 @@ void PaletteEditorController::masterColorChosen(const BoxSelectorView& grid,
         return;
     }
     const ColorEntry entry = master->entry(static_cast<std::size_t>(index));
-    PaletteHistory::Step step;
+    std::vector<ColorChange> step;
     if (initializedGeneralColors) {
         step.push_back(written(pickedPalette, colorSelector->selectedBox(), entry));
     }
@@ -253,7 +257,7 @@ void PaletteEditorController::masterColorChosen(const BoxSelectorView& grid,
     colorSelector->update(0, pickedColors);
     initializedGeneralColors = true;
     paletteSelector->redraw();
-    m_history.add(std::move(step));
+    m_history.record(std::move(step));
     showFileName();
 }
 
@@ -281,11 +285,11 @@ void PaletteEditorController::perform(EditCommand command) {
     }
     switch (command) {
     case EditCommand::undo:
-        m_history.undo();
+        m_history.undo(putColor);
         afterChange();
         break;
     case EditCommand::redo:
-        m_history.redo();
+        m_history.redo(putColor);
         afterChange();
         break;
     case EditCommand::copy:
@@ -311,12 +315,12 @@ void PaletteEditorController::pastePalette() {
     if (!pasted) {
         return;
     }
-    PaletteHistory::Step step;
+    std::vector<ColorChange> step;
     int index = 0;
     for (const std::uint8_t key : *pasted) {
         step.push_back(written(palette, index++, masterColor(key)));
     }
-    m_history.add(std::move(step));
+    m_history.record(std::move(step));
     afterChange();
 }
 

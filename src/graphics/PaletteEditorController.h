@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "chrcanvas/data/ColorChange.h"
+#include "chrcanvas/data/History.h"
 #include "chrcanvas/data/NESPalette.h"
 #include "chrcanvas/views/BoxSelectorDelegate.h"
 #include "chrcanvas/views/ColorSelector.h"
 #include "chrcanvas/views/GeneralColorSelector.h"
 #include "chrcanvas/views/PaletteSelector.h"
-#include "graphics/PaletteHistory.h"
 #include "widgets/EditorPane.h"
 #include "widgets/EditTarget.h"
 
@@ -93,7 +94,7 @@ private:
     std::optional<std::filesystem::path> m_filePathForPalette;
     /// What the file holds as far as this pane knows; nothing when it was not read.
     std::optional<std::vector<std::uint8_t>> m_fileBytes;
-    PaletteHistory m_history;
+    History<ColorChange> m_history;
 };
 
 } // namespace kestrel

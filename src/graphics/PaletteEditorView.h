@@ -15,8 +15,8 @@ class ElidedLabel;
 class GeneralColorSelector;
 class PaletteSelector;
 
-/// What the palette pane shows: the file's name, the selectors, the save button; side by side where
-/// there is room, below one another where there is not.
+/// The widgets of the palette pane: the file's name, the save button, and the selectors, side by
+/// side where they fit and below one another where they do not.
 class PaletteEditorView : public QWidget {
     Q_OBJECT
 
@@ -39,7 +39,6 @@ private:
     void buildHeader(QBoxLayout& layout);
     void buildSelectors(QBoxLayout& layout);
     void buildDescription(QBoxLayout& layout);
-    /// Puts the columns side by side where they fit, else one below the other.
     void arrangeColumns();
     QBoxLayout* column(QWidget* parent, const QString& heading, QWidget* selector);
 

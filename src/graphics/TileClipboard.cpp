@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "graphics/TileClipboard.h"
 
+#include <QCoreApplication>
 #include <QMimeData>
 
 #include <algorithm>
@@ -31,62 +32,8 @@ int nearestValue(QRgb pixel, const TileRenderer::Colors& colors) {
     return static_cast<int>(nearest - colors.begin());
 }
 
-} // namespace
-
-std::unique_ptr<QMimeData> TileClipboard::content(const TileClip& clip,
-                                                  const TileRenderer::Colors& colors) {
-    auto content = std::make_unique<QMimeData>();
-    content->setData(QString::fromLatin1(TilesFormat), QByteArray::fromStdString(clip.toBytes()));
-    content->setImageData(image(clip, colors));
-    return content;
-}
-
-bool TileClipboard::mayHoldTiles(const QMimeData* content) {
-    return content != nullptr &&
-           (content->hasFormat(QString::fromLatin1(TilesFormat)) || content->hasImage());
-}
-
-PastedTiles TileClipboard::tiles(const QMimeData* content, const TileRenderer::Colors& colors) {
-    if (content == nullptr) {
-        return {std::nullopt, tr("The clipboard holds neither tiles nor an image.")};
-    }
-    const QByteArray data = content->data(QString::fromLatin1(TilesFormat));
-    if (std::optional<TileClip> clip = TileClip::fromBytes(data.toStdString())) {
-        return {std::move(clip), {}};
-    }
-    const auto image = content->hasImage() ? content->imageData().value<QImage>() : QImage();
-    if (image.isNull()) {
-        return {std::nullopt, tr("The clipboard holds neither tiles nor an image.")};
-    }
-    if (image.width() % TileSide != 0 || image.height() % TileSide != 0) {
-        return {std::nullopt,
-                tr("The image is %1 x %2 pixels. Only an image whose width and height are "
-                   "multiples of 8 can be pasted as tiles.")
-                    .arg(image.width())
-                    .arg(image.height())};
-    }
-    return {tiles(image, colors), {}};
-}
-
-QImage TileClipboard::image(const TileClip& clip, const TileRenderer::Colors& colors) {
-    QImage image(clip.columns * TileSide, clip.rows * TileSide, QImage::Format_RGB32);
-    if (image.isNull()) {
-        return image;
-    }
-    const TileRenderer renderer(colors);
-    auto tiles = clip.tiles.begin();
-    for (int row = 0; row < clip.rows; ++row, tiles += clip.columns) {
-        for (int y = 0; y < TileSide; ++y) {
-            auto* line = reinterpret_cast<std::uint32_t*>(image.scanLine(row * TileSide + y));
-            for (int column = 0; column < clip.columns; ++column, line += TileSide) {
-                renderer.drawRow(tiles[column], y, line);
-            }
-        }
-    }
-    return image;
-}
-
-TileClip TileClipboard::tiles(const QImage& image, const TileRenderer::Colors& colors) {
+/// The tiles of an image whose width and height are multiples of 8.
+TileClip tilesIn(const QImage& image, const TileRenderer::Colors& colors) {
     TileClip clip{std::min(image.width() / TileSide, TilesPerRow), image.height() / TileSide, {}};
     const QImage pixels = image.copy(0, 0, clip.columns * TileSide, clip.rows * TileSide)
                               .convertToFormat(QImage::Format_ARGB32);
@@ -108,6 +55,68 @@ TileClip TileClipboard::tiles(const QImage& image, const TileRenderer::Colors& c
         clip.tiles.push_back(tiles.tile(number));
     }
     return clip;
+}
+
+PastedTiles noTiles() {
+    return {std::nullopt, QCoreApplication::translate(
+                              "TileClipboard", "The clipboard holds neither tiles nor an image.")};
+}
+
+} // namespace
+
+std::unique_ptr<QMimeData> clipboardContent(const TileClip& clip,
+                                            const TileRenderer::Colors& colors) {
+    auto content = std::make_unique<QMimeData>();
+    content->setData(QString::fromLatin1(TilesFormat), QByteArray::fromStdString(clip.toBytes()));
+    content->setImageData(imageOf(clip, colors));
+    return content;
+}
+
+bool mayHoldTiles(const QMimeData* content) {
+    return content != nullptr &&
+           (content->hasFormat(QString::fromLatin1(TilesFormat)) || content->hasImage());
+}
+
+PastedTiles tilesOf(const QMimeData* content, const TileRenderer::Colors& colors) {
+    if (content == nullptr) {
+        return noTiles();
+    }
+    const QByteArray data = content->data(QString::fromLatin1(TilesFormat));
+    if (std::optional<TileClip> clip = TileClip::fromBytes(data.toStdString())) {
+        return {std::move(clip), {}};
+    }
+    const auto image = content->hasImage() ? content->imageData().value<QImage>() : QImage();
+    if (image.isNull()) {
+        return noTiles();
+    }
+    if (image.width() % TileSide != 0 || image.height() % TileSide != 0) {
+        return {std::nullopt,
+                QCoreApplication::translate(
+                    "TileClipboard",
+                    "The image is %1 x %2 pixels. Only an image whose width and height are "
+                    "multiples of 8 can be pasted as tiles.")
+                    .arg(image.width())
+                    .arg(image.height())};
+    }
+    return {tilesIn(image, colors), {}};
+}
+
+QImage imageOf(const TileClip& clip, const TileRenderer::Colors& colors) {
+    QImage image(clip.columns * TileSide, clip.rows * TileSide, QImage::Format_RGB32);
+    if (image.isNull()) {
+        return image;
+    }
+    const TileRenderer renderer(colors);
+    auto tiles = clip.tiles.begin();
+    for (int row = 0; row < clip.rows; ++row, tiles += clip.columns) {
+        for (int y = 0; y < TileSide; ++y) {
+            auto* line = reinterpret_cast<std::uint32_t*>(image.scanLine(row * TileSide + y));
+            for (int column = 0; column < clip.columns; ++column, line += TileSide) {
+                renderer.drawRow(tiles[column], y, line);
+            }
+        }
+    }
+    return image;
 }
 
 } // namespace kestrel

@@ -4,7 +4,6 @@
 #include "chrcanvas/data/TileClip.h"
 #include "chrcanvas/data/TileRenderer.h"
 
-#include <QCoreApplication>
 #include <QImage>
 #include <QString>
 
@@ -21,26 +20,21 @@ struct PastedTiles {
     QString refusal;
 };
 
-/// Brings tiles to the system's clipboard and back: as they are for Kestrel, and as an image, one
-/// pixel a pixel, for other programs.
-class TileClipboard {
-    Q_DECLARE_TR_FUNCTIONS(TileClipboard)
+// Tiles on the system's clipboard: as they are for Kestrel, and as an image of one pixel a pixel
+// for other programs.
 
-public:
-    /// The clipboard content for tiles in these colours.
-    static std::unique_ptr<QMimeData> content(const TileClip& clip,
-                                              const TileRenderer::Colors& colors);
+/// The clipboard content for tiles in these colours.
+std::unique_ptr<QMimeData> clipboardContent(const TileClip& clip,
+                                            const TileRenderer::Colors& colors);
 
-    /// Whether there is anything that could be tiles; a look at the kinds of data, not at the data.
-    static bool mayHoldTiles(const QMimeData* content);
+/// Whether content may be tiles, by its formats alone: the data is not read.
+bool mayHoldTiles(const QMimeData* content);
 
-    /// The tiles in a clipboard's content. An image's pixels get the value of the nearest of
-    /// `colors`, transparent ones the value 0.
-    static PastedTiles tiles(const QMimeData* content, const TileRenderer::Colors& colors);
+/// The tiles in a clipboard's content. An image's pixels get the value of the nearest of `colors`,
+/// transparent ones the value 0; no more than 16 tiles of its width are taken.
+PastedTiles tilesOf(const QMimeData* content, const TileRenderer::Colors& colors);
 
-    static QImage image(const TileClip& clip, const TileRenderer::Colors& colors);
-    /// The tiles of an image whose width and height are multiples of 8, at most 16 tiles a row.
-    static TileClip tiles(const QImage& image, const TileRenderer::Colors& colors);
-};
+/// A clip as an image, one pixel a pixel.
+QImage imageOf(const TileClip& clip, const TileRenderer::Colors& colors);
 
 } // namespace kestrel

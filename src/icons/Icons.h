@@ -6,8 +6,8 @@
 
 namespace kestrel {
 
-/// The icon that the program carries under `name`, the stem of a file in resources/icons
-/// ("navigationFile", say), sharp at every size. A null icon when there is none of that name.
+/// The compiled-in icon `name`, the stem of a file in resources/icons such as "navigationFile". A
+/// null icon when there is none.
 QIcon iconNamed(QStringView name);
 
 } // namespace kestrel

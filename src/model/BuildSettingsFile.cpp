@@ -18,107 +18,187 @@ namespace {
 
 constexpr int Indent = 4;
 constexpr const char* Version = "1";
-constexpr const char* AssemblyFilesKey = "code_assembly_files";
-constexpr const char* GraphicFilesKey = "graphic_files";
-constexpr const char* PaletteFilesKey = "palette_files";
 
-ProjectItems listMember(const Dictionary& settings, const char* key) {
-    const Dictionary* const list = member(settings, key);
-    return list != nullptr ? ProjectItemFactory::processList(*list) : ProjectItems();
+using Contents = BuildSettingsContents;
+
+void readNothing(const Dictionary& /*value*/, Contents& /*contents*/) {}
+
+Dictionary storedVersion(const Contents& /*contents*/, const ProjectItem& /*project*/) {
+    return Version;
 }
 
-Dictionary storedList(const ProjectItems& items) {
-    Dictionary list = Dictionary::array();
-    for (const auto& item : items) {
+void readOutputFolder(const Dictionary& value, Contents& contents) {
+    contents.outputFilePath = std::filesystem::path(value.get<std::string>());
+}
+
+/// Always the project's own output folder.
+Dictionary storedOutputFolder(const Contents& /*contents*/, const ProjectItem& project) {
+    return pathText(joined(project.itemPath(), "output"));
+}
+
+void readEmulator(const Dictionary& value, Contents& contents) {
+    if (auto path = value.get<std::string>(); !path.empty()) {
+        contents.pathToEmulator = std::filesystem::path(std::move(path));
+    }
+}
+
+Dictionary storedEmulator(const Contents& contents, const ProjectItem& /*project*/) {
+    return contents.pathToEmulator ? pathText(*contents.pathToEmulator) : std::string();
+}
+
+template<ProjectItems Contents::*List> void readList(const Dictionary& value, Contents& contents) {
+    contents.*List = ProjectItemFactory::processList(value);
+}
+
+template<ProjectItems Contents::*List>
+Dictionary storedList(const Contents& contents, const ProjectItem& /*project*/) {
+    Dictionary stored = Dictionary::array();
+    for (const auto& item : contents.*List) {
         if (item) {
-            list.push_back(item->toDictionary());
+            stored.push_back(item->toDictionary());
         }
     }
-    return list;
+    return stored;
 }
 
-Dictionary storedForm(const ProjectItem& project, const BuildSettingsContents& contents) {
-    Dictionary settings = Dictionary::object();
-    appendMember(settings, "Version", Version);
-    appendMember(settings, "output_folder", pathText(joined(project.itemPath(), "output")));
-    appendMember(settings, "emulator",
-                 contents.pathToEmulator ? pathText(*contents.pathToEmulator) : std::string());
-    appendMember(settings, AssemblyFilesKey, storedList(contents.assemblyFiles));
-    appendMember(settings, GraphicFilesKey, storedList(contents.graphicFiles));
-    appendMember(settings, PaletteFilesKey, storedList(contents.paletteFiles));
-    return settings;
-}
+/// One member of the settings file.
+struct Setting {
+    std::string_view key;
+    BuildSettingForm form;
+    bool isRequired; ///< a file without it is not read at all
+    void (*read)(const Dictionary& value, Contents& contents);
+    Dictionary (*stored)(const Contents& contents, const ProjectItem& project);
+};
 
-bool understandsList(const Dictionary& list) {
-    return isArrayOfObjects(list) &&
-           std::all_of(list.begin(), list.end(), ProjectItemFactory::understandsWhole);
-}
+/// All members in the order in which they are written.
+constexpr std::array Settings = {
+    Setting{"Version", BuildSettingForm::version, false, readNothing, storedVersion},
+    Setting{"output_folder", BuildSettingForm::path, true, readOutputFolder, storedOutputFolder},
+    Setting{"emulator", BuildSettingForm::path, true, readEmulator, storedEmulator},
+    Setting{"code_assembly_files", BuildSettingForm::fileList, false,
+            readList<&Contents::assemblyFiles>, storedList<&Contents::assemblyFiles>},
+    Setting{"graphic_files", BuildSettingForm::fileList, false, readList<&Contents::graphicFiles>,
+            storedList<&Contents::graphicFiles>},
+    Setting{"palette_files", BuildSettingForm::fileList, false, readList<&Contents::paletteFiles>,
+            storedList<&Contents::paletteFiles>},
+};
 
-bool understandsMember(const std::string& key, const Dictionary& value) {
-    if (key == "Version") {
+/// Whether `value` is valid for this form.
+bool hasForm(BuildSettingForm form, const Dictionary& value) {
+    switch (form) {
+    case BuildSettingForm::version:
         return value == Version;
-    }
-    if (key == "output_folder" || key == "emulator") {
+    case BuildSettingForm::path:
         return value.is_string();
+    case BuildSettingForm::fileList:
+        return isArrayOfObjects(value);
     }
-    static constexpr std::array<std::string_view, 3> Lists = {AssemblyFilesKey, GraphicFilesKey,
-                                                              PaletteFilesKey};
-    return std::find(Lists.begin(), Lists.end(), key) != Lists.end() && understandsList(value);
+    return false;
+}
+
+/// Whether reading `value` and writing it again would lose nothing.
+bool understandsWhole(BuildSettingForm form, const Dictionary& value) {
+    return hasForm(form, value) &&
+           (form != BuildSettingForm::fileList ||
+            std::all_of(value.begin(), value.end(), ProjectItemFactory::understandsWhole));
+}
+
+/// Whether every required member is present and valid.
+bool hasRequiredMembers(const Dictionary& settings) {
+    return std::all_of(Settings.begin(), Settings.end(), [&](const Setting& setting) {
+        const Dictionary* const value = member(settings, setting.key);
+        return !setting.isRequired || (value != nullptr && hasForm(setting.form, *value));
+    });
 }
 
 } // namespace
 
-std::filesystem::path BuildSettingsFile::location(const ProjectItem& project) {
-    return joined(project.itemPath(),
-                  settingsFilePath(project.itemName(), BuildSettingsConfigurationExtension));
-}
-
-std::optional<Dictionary> BuildSettingsFile::fetch(const ProjectItem& project) {
-    auto settings = readJsonFile(location(project));
-    if (!settings || !settings->is_object()) {
-        return std::nullopt;
+ProjectItems* BuildSettingsContents::listFor(FileType type) {
+    switch (type) {
+    case FileType::text:
+        return &assemblyFiles;
+    case FileType::graphics:
+        return &graphicFiles;
+    case FileType::palette:
+        return &paletteFiles;
+    case FileType::project:
+    case FileType::group:
+    case FileType::empty:
+    case FileType::unknown:
+        break;
     }
-    return settings;
+    return nullptr;
 }
 
-std::optional<BuildSettingsContents> BuildSettingsFile::read(const Dictionary& dictionary) {
-    auto outputFolder = stringMember(dictionary, "output_folder");
-    auto emulator = stringMember(dictionary, "emulator");
-    if (!outputFolder || !emulator) {
+std::filesystem::path buildSettingsLocation(const ProjectItem& project) {
+    return buildSettingsLocation(project.itemPath(), project.itemName());
+}
+
+std::filesystem::path buildSettingsLocation(const std::filesystem::path& projectFolder,
+                                            std::string_view projectName) {
+    return joined(projectFolder,
+                  settingsFilePath(projectName, BuildSettingsConfigurationExtension));
+}
+
+std::optional<Dictionary> fetchBuildSettings(const ProjectItem& project) {
+    return readJsonObject(buildSettingsLocation(project));
+}
+
+std::optional<BuildSettingsContents> readBuildSettings(const Dictionary& dictionary) {
+    if (!hasRequiredMembers(dictionary)) {
         return std::nullopt;
     }
     BuildSettingsContents contents;
-    contents.assemblyFiles = listMember(dictionary, AssemblyFilesKey);
-    contents.graphicFiles = listMember(dictionary, GraphicFilesKey);
-    contents.paletteFiles = listMember(dictionary, PaletteFilesKey);
-    contents.outputFilePath = std::filesystem::path(std::move(*outputFolder));
-    if (!emulator->empty()) {
-        contents.pathToEmulator = std::filesystem::path(std::move(*emulator));
+    for (const Setting& setting : Settings) {
+        const Dictionary* const value = member(dictionary, setting.key);
+        if (value != nullptr && hasForm(setting.form, *value)) {
+            setting.read(*value, contents);
+        }
     }
     return contents;
 }
 
-bool BuildSettingsFile::understoodWhole(const std::filesystem::path& path) {
+std::vector<std::string_view> buildSettingMembers(BuildSettingForm form) {
+    std::vector<std::string_view> keys;
+    for (const Setting& setting : Settings) {
+        if (setting.form == form) {
+            keys.push_back(setting.key);
+        }
+    }
+    return keys;
+}
+
+std::optional<std::string> buildSettingsText(const Dictionary& settings) {
+    return serialiseJson(settings, Indent);
+}
+
+bool understandsBuildSettingsFile(const std::filesystem::path& path) {
     if (!existsAt(path)) {
         return true;
     }
     bool repeatedMembers = false;
     const auto settings = readJsonFile(path, &repeatedMembers);
-    if (!settings || repeatedMembers || !stringMember(*settings, "output_folder") ||
-        !stringMember(*settings, "emulator")) {
+    if (!settings || repeatedMembers || !hasRequiredMembers(*settings)) {
         return false;
     }
     const auto& members = settings->get_ref<const Dictionary::object_t&>();
     return std::all_of(members.begin(), members.end(), [](const auto& entry) {
-        return understandsMember(entry.first, entry.second);
+        const auto* const setting =
+            std::find_if(Settings.begin(), Settings.end(),
+                         [&](const Setting& known) { return known.key == entry.first; });
+        return setting != Settings.end() && understandsWhole(setting->form, entry.second);
     });
 }
 
-bool BuildSettingsFile::save(const ProjectItem& project, const BuildSettingsContents& contents) {
-    const std::filesystem::path path = location(project);
-    const auto text = serialiseJson(storedForm(project, contents), Indent);
+bool writeBuildSettings(const ProjectItem& project, const BuildSettingsContents& contents) {
+    const std::filesystem::path path = buildSettingsLocation(project);
+    Dictionary settings = Dictionary::object();
+    for (const Setting& setting : Settings) {
+        appendMember(settings, setting.key, setting.stored(contents, project));
+    }
+    const auto text = buildSettingsText(settings);
     const bool isSaved =
-        text && (understoodWhole(path) || keepBackup(path)) && saveBytes(path, *text);
+        text && (understandsBuildSettingsFile(path) || keepBackup(path)) && saveBytes(path, *text);
     writeLog(isSaved ? "Did save build settings" : "Could not save build settings");
     return isSaved;
 }

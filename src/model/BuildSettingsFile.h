@@ -3,41 +3,63 @@
 
 #include "model/ProjectItem.h"
 
+#include <array>
 #include <filesystem>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace kestrel {
 
-/// What a project's build-settings file holds.
+/// The build settings of a project as its file holds them. A new setting is a field here and a row
+/// of the table in BuildSettingsFile.cpp.
 struct BuildSettingsContents {
-    ProjectItems assemblyFiles;
-    ProjectItems graphicFiles;
-    ProjectItems paletteFiles;
-    std::optional<std::filesystem::path> outputFilePath; ///< read, never written
     std::optional<std::filesystem::path> pathToEmulator;
+    ProjectItems assemblyFiles;
+    ProjectItems paletteFiles;
+    ProjectItems graphicFiles;
+    std::optional<std::filesystem::path> outputFilePath; ///< read, never written
+
+    /// The list that holds the files of this kind; nullptr for a kind that is in none.
+    ProjectItems* listFor(FileType type);
+
+    /// All lists, in the order in which a build takes their files.
+    std::array<ProjectItems*, 3> fileLists() {
+        return {&assemblyFiles, &graphicFiles, &paletteFiles};
+    }
 };
 
-/// The build-settings file of a project. It stands below both the configuration store, which writes
-/// a new project's first settings, and the settings record itself.
-class BuildSettingsFile {
-public:
-    /// Where the settings of `project` lie: folder ".project" in the project's folder.
-    static std::filesystem::path location(const ProjectItem& project);
-
-    /// The object in the settings file; nothing when it cannot be read or is no object.
-    static std::optional<Dictionary> fetch(const ProjectItem& project);
-
-    /// The settings in `dictionary`; nothing when "output_folder" or "emulator" is no string.
-    static std::optional<BuildSettingsContents> read(const Dictionary& dictionary);
-
-    /// Whether replacing the file at `path` by what was read from it would lose nothing: it is not
-    /// there, or all it holds is known, of the right type and said once.
-    static bool understoodWhole(const std::filesystem::path& path);
-
-    /// Writes the settings of `project` whole and logs whether it did. The output folder written is
-    /// always the project's own. A file there that was not understood whole is kept as a backup
-    /// first.
-    static bool save(const ProjectItem& project, const BuildSettingsContents& contents);
+/// The type of a member of the settings file.
+enum class BuildSettingForm {
+    version,  ///< the version of the format
+    path,     ///< the path of a file or folder
+    fileList, ///< the stored nodes of files
 };
+
+/// The path of a project's settings file: in the folder ".project" of the project's folder.
+std::filesystem::path buildSettingsLocation(const ProjectItem& project);
+std::filesystem::path buildSettingsLocation(const std::filesystem::path& projectFolder,
+                                            std::string_view projectName);
+
+/// The JSON object in the settings file; nothing when there is none.
+std::optional<Dictionary> fetchBuildSettings(const ProjectItem& project);
+
+/// The settings in `dictionary`; nothing when "output_folder" or "emulator" is no string.
+std::optional<BuildSettingsContents> readBuildSettings(const Dictionary& dictionary);
+
+/// The names of the members of this form, in the order in which they are written.
+std::vector<std::string_view> buildSettingMembers(BuildSettingForm form);
+
+/// The text of a settings file that holds `settings`; nothing when serialiseJson gives nothing.
+std::optional<std::string> buildSettingsText(const Dictionary& settings);
+
+/// Whether reading the file at `path` and writing it again would lose nothing: there is no file, or
+/// every member in it is known, valid and not repeated.
+bool understandsBuildSettingsFile(const std::filesystem::path& path);
+
+/// Replaces the settings file and logs whether that succeeded. The output folder written is always
+/// the project's own. Makes a backup first when the old file has content that would be lost.
+bool writeBuildSettings(const ProjectItem& project, const BuildSettingsContents& contents);
 
 } // namespace kestrel

@@ -6,14 +6,14 @@
 
 namespace kestrel {
 
-/// An error as it is handed to a completion handler: a domain and a code for programs, and a
-/// sentence for people where there is one. All texts are UTF-8.
+/// An error for a completion handler: domain and code for programs, an optional description for
+/// people. All texts are UTF-8.
 struct ErrorValue {
     std::string domain;
     int code = 0;
     std::optional<std::string> description;
 
-    /// The sentence to show: the description, or a general one that names domain and code.
+    /// The description, or a general sentence with domain and code.
     std::string localizedDescription() const;
 
     bool operator==(const ErrorValue&) const = default;

@@ -9,8 +9,7 @@
 
 namespace kestrel {
 
-/// Owns one open file of the system and closes it. Calls that a signal interrupts are taken up
-/// again.
+/// Owns a POSIX file descriptor. Calls interrupted by a signal are repeated.
 class FileDescriptor {
 public:
     FileDescriptor() = default;
@@ -24,24 +23,24 @@ public:
     bool isOpen() const { return m_descriptor >= 0; }
     int get() const { return m_descriptor; }
 
-    /// Reads up to `size` bytes: how many there were, 0 at the end, nothing on an error.
+    /// Reads up to `size` bytes. Returns their number, 0 at the end, nothing on an error.
     std::optional<std::size_t> read(char* buffer, std::size_t size) const;
 
     /// Writes all of `content`; false on an error, with an unknown part written.
     bool write(std::string_view content) const;
 
-    /// Makes sure that what was written is on the disk.
+    /// Waits until everything written is on the disk (fsync).
     bool flush() const;
 
-    /// Closes it now. False when an earlier write turns out to have failed.
+    /// Closes the file. False when an earlier write failed after all.
     bool close();
 
 private:
     int m_descriptor = -1;
 };
 
-/// Opens `path` as open(2) does, close-on-exec always added. Not open when that fails or the path
-/// is not usable (isUsablePath).
+/// Calls open(2) with O_CLOEXEC added. The result is not open when that fails or isUsablePath
+/// refuses the path.
 FileDescriptor openFile(const std::filesystem::path& path, int flags, mode_t mode = 0);
 
 } // namespace kestrel

@@ -2,71 +2,49 @@
 #include "model/FileProcessor.h"
 
 #include "model/BuildSettingsFile.h"
-#include "model/FileReader.h"
 #include "model/FileWriter.h"
+#include "model/OpenedProject.h"
 #include "model/Paths.h"
 #include "model/ProjectNavigationSettingItem.h"
 #include "model/ProjectRegistry.h"
-#include "model/StructureFile.h"
 
 #include <utility>
+#include <variant>
 
 namespace kestrel {
 
 namespace {
 
-constexpr std::string_view StructureKey = "ProjectStructure";
-constexpr std::string_view SettingsKey = "BuildSettings";
-
-/// Whether a project file must be as it is written (strings only) or may hold more beside the
-/// structure's path. Listing registered projects is strict, opening a project file is not.
-enum class ProjectFileRule { stringsOnly, anythingBeside };
-
-/// The path of the structure file that the project file at `path` names, relative to its folder.
-std::optional<std::string> structurePathIn(const std::filesystem::path& path,
-                                           ProjectFileRule rule) {
-    const auto file = readJsonFile(path);
-    if (!file || (rule == ProjectFileRule::stringsOnly && !isObjectOfStrings(*file))) {
-        return std::nullopt;
-    }
-    return stringMember(*file, StructureKey);
-}
-
-std::optional<Dictionary> readObject(const std::filesystem::path& path) {
-    auto value = readJsonFile(path);
-    if (!value || !value->is_object()) {
-        return std::nullopt;
-    }
-    return value;
-}
-
-/// What a project whose structure is lost is listed as.
-std::shared_ptr<ProjectItem> placeholder(const ProjectRegistry::Entry& entry) {
+/// The empty project node that stands for a project with an unreadable structure.
+std::shared_ptr<ProjectItem> placeholder(const RegistryEntry& entry) {
     auto project = std::make_shared<ProjectNavigationSettingItem>(
         entry.name, std::filesystem::path(entry.path), FileType::project, ProjectType::nes);
     project->setItemPathType(FilePathType::absolute);
     return project;
 }
 
-/// The tree of a registered project, its placeholder, or nothing without a project file.
-std::shared_ptr<ProjectItem> loadProject(const ProjectRegistry::Entry& entry) {
-    const auto structurePath =
-        structurePathIn(projectFileLocation(entry.path, entry.name), ProjectFileRule::stringsOnly);
-    if (!structurePath) {
-        return nullptr;
+/// The tree of a registered project, its placeholder, or nullptr without a readable project file.
+std::shared_ptr<ProjectItem> loadProject(const RegistryEntry& entry) {
+    const auto opened = openProject(projectFileLocation(entry.path, entry.name), entry.path,
+                                    ProjectFileRule::stringsOnly);
+    if (const auto* const project = std::get_if<OpenedProject>(&opened)) {
+        return project->root;
     }
-    if (const auto structure = readObject(joined(entry.path, *structurePath))) {
-        if (auto project = StructureFile::project(*structure, entry.path)) {
-            return project;
-        }
+    switch (std::get<ProjectProblem>(opened).fault) {
+    case ProjectFault::unreadableProjectFile:
+    case ProjectFault::noStructureNamed:
+        return nullptr;
+    case ProjectFault::unreadableStructure:
+    case ProjectFault::noProjectInStructure:
+        break;
     }
     return placeholder(entry);
 }
 
 void saveFirstBuildSettings(const ProjectItem& project) {
-    const auto stored = BuildSettingsFile::fetch(project);
-    const auto contents = stored ? BuildSettingsFile::read(*stored) : std::nullopt;
-    BuildSettingsFile::save(project, contents.value_or(BuildSettingsContents{}));
+    const auto stored = fetchBuildSettings(project);
+    const auto contents = stored ? readBuildSettings(*stored) : std::nullopt;
+    writeBuildSettings(project, contents.value_or(BuildSettingsContents{}));
 }
 
 void createUnlessPresent(const std::filesystem::path& path, std::string_view content) {
@@ -79,7 +57,7 @@ void createUnlessPresent(const std::filesystem::path& path, std::string_view con
 
 ProjectItems FileProcessor::loadRecentlyConfiguredProjects() {
     ProjectItems projects;
-    for (const auto& entry : ProjectRegistry::entries()) {
+    for (const auto& entry : registryEntries()) {
         if (auto project = loadProject(entry)) {
             projects.push_back(std::move(project));
         }
@@ -88,11 +66,11 @@ ProjectItems FileProcessor::loadRecentlyConfiguredProjects() {
 }
 
 bool FileProcessor::saveToRecentlyConfiguredProjects(const std::shared_ptr<ProjectItem>& project) {
-    return project && ProjectRegistry::add(*project);
+    return project && addToRegistry(*project);
 }
 
 bool FileProcessor::saveRecentlyConfiguredProjects(const ProjectItems& projects) {
-    return ProjectRegistry::rewrite(projects);
+    return rewriteRegistry(projects);
 }
 
 bool FileProcessor::createFilesForNewProject(const std::shared_ptr<ProjectItem>& project) {
@@ -107,9 +85,9 @@ bool FileProcessor::createFilesForNewProject(const std::shared_ptr<ProjectItem>&
     const std::string structurePath =
         settingsFilePath(name, ProjectStructureConfigurationExtension);
     Dictionary projectFile = Dictionary::object();
-    appendMember(projectFile, SettingsKey,
+    appendMember(projectFile, BuildSettingsKey,
                  settingsFilePath(name, BuildSettingsConfigurationExtension));
-    appendMember(projectFile, StructureKey, structurePath);
+    appendMember(projectFile, ProjectStructureKey, structurePath);
     const auto structureText = serialiseJson(project->toDictionary());
     const auto projectText = serialiseJson(projectFile);
     if (!structureText || !projectText || !createFolders(folder)) {
@@ -122,11 +100,9 @@ bool FileProcessor::createFilesForNewProject(const std::shared_ptr<ProjectItem>&
 
 std::optional<Dictionary>
 FileProcessor::retrieveConfiguration(const std::filesystem::path& kstFilePath) {
-    const auto structurePath = structurePathIn(kstFilePath, ProjectFileRule::anythingBeside);
-    if (!structurePath) {
-        return std::nullopt;
-    }
-    return readObject(joined(kstFilePath.parent_path(), *structurePath));
+    auto read = readNamedStructure(kstFilePath, kstFilePath.parent_path());
+    auto* const named = std::get_if<NamedStructure>(&read);
+    return named != nullptr ? std::optional(std::move(named->structure)) : std::nullopt;
 }
 
 bool FileProcessor::isFilePresent(const std::shared_ptr<ProjectItem>& file,

@@ -15,7 +15,7 @@ namespace kestrel {
 
 namespace {
 
-/// What `file`, which had `size` bytes, holds to its end; nothing when that is more than `limit`.
+/// The content of `file`, about `size` bytes; nothing when it is longer than `limit`.
 std::optional<std::string> contentOf(const FileDescriptor& file, std::uintmax_t size,
                                      std::uintmax_t limit) {
     std::string content;
@@ -29,7 +29,7 @@ std::optional<std::string> contentOf(const FileDescriptor& file, std::uintmax_t 
         if (*count == 0) {
             return content;
         }
-        if (*count > limit - content.size()) { // it grew since it was measured
+        if (*count > limit - content.size()) { // it has grown since fstat
             return std::nullopt;
         }
         content.append(buffer.data(), *count);
@@ -62,6 +62,14 @@ std::optional<Dictionary> readJsonFile(const std::filesystem::path& path, bool* 
         return std::nullopt;
     }
     return parseJson(*text, repeatedMembers);
+}
+
+std::optional<Dictionary> readJsonObject(const std::filesystem::path& path, bool* repeatedMembers) {
+    auto value = readJsonFile(path, repeatedMembers);
+    if (!value || !value->is_object()) {
+        return std::nullopt;
+    }
+    return value;
 }
 
 } // namespace kestrel

@@ -27,7 +27,7 @@ enum class FilePathType {
 /// The kind of a project.
 enum class ProjectType { nes };
 
-/// The texts that stand for the kinds in stored files, and back; exact and case-sensitive, nothing
+/// The text of each kind in stored files, and the kind of a text: exact and case-sensitive, nothing
 /// for any other text.
 std::string_view rawValue(FileType type);
 std::string_view rawValue(FilePathType type);

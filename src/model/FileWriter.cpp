@@ -24,7 +24,7 @@ namespace {
 constexpr mode_t NewFileMode = 0666;
 constexpr int MaximumLinks = 40; // as the kernel's own limit
 
-/// A file that is about to be replaced: where it really lies, and what is there now.
+/// A file that will be replaced, with links followed, and its present status.
 struct Target {
     std::filesystem::path path;
     struct stat status {};
@@ -33,7 +33,7 @@ struct Target {
     mode_t mode() const { return exists ? status.st_mode & 0777U : NewFileMode; }
 };
 
-/// The end of the chain of links at `path`, which need not exist. Nothing for a ring of links.
+/// `path` with links followed; the result need not exist. Nothing for a ring of links.
 std::optional<std::filesystem::path> resolvedLinks(std::filesystem::path path) {
     for (int i = 0; i < MaximumLinks; ++i) {
         std::error_code error;
@@ -49,7 +49,7 @@ std::optional<std::filesystem::path> resolvedLinks(std::filesystem::path path) {
     return std::nullopt;
 }
 
-/// Where writing to `path` leads; nothing when that may not or cannot be replaced.
+/// The file that replacing `path` would replace; nothing when it may not or cannot be replaced.
 std::optional<Target> writableTarget(const std::filesystem::path& path) {
     if (!isUsablePath(path)) {
         return std::nullopt;
@@ -61,9 +61,9 @@ std::optional<Target> writableTarget(const std::filesystem::path& path) {
     Target target{*resolved};
     target.exists = ::stat(target.path.c_str(), &target.status) == 0;
     if (!target.exists && errno != ENOENT && errno != ENAMETOOLONG) {
-        return std::nullopt; // something may well be there that cannot be looked at just now
+        return std::nullopt; // something may exist there that cannot be examined
     }
-    // Replacing needs the folder's permission only, so the file's own has to be asked for.
+    // A rename needs write permission for the folder only, so the file's own is checked here.
     if (target.exists && (!S_ISREG(target.status.st_mode) ||
                           ::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0)) {
         return std::nullopt;
@@ -96,8 +96,8 @@ std::optional<TemporaryFile> copied(const std::filesystem::path& path,
     return file;
 }
 
-/// Makes a rename in the folder of `path` last through a power cut. A file system that cannot do
-/// that still has the rename, so a failure changes nothing.
+/// Flushes the folder of `path`, so that a rename in it survives a power cut. Some file systems
+/// cannot do that, so a failure is ignored.
 void flushFolder(const std::filesystem::path& path) {
     const std::filesystem::path folder = path.parent_path();
     const FileDescriptor file =
@@ -132,8 +132,7 @@ bool haveSameBytes(const std::filesystem::path& one, const std::filesystem::path
     }
 }
 
-/// `path` with `ending` added to its name, which is cut (between characters) to what a folder
-/// takes.
+/// `path` with `ending` added to its name, which is cut between characters if it gets too long.
 std::filesystem::path withEnding(const std::filesystem::path& path, const std::string& ending) {
     constexpr std::size_t LongestName = 255;
     std::string name = path.filename().native();
@@ -220,7 +219,7 @@ bool keepBackup(const std::filesystem::path& path) {
     }
     for (int number = 0;; ++number) {
         const std::filesystem::path backup = backupName(path, number);
-        // The empty file holds the name, so that nobody else's backup is overwritten.
+        // An empty file reserves the name, so that no other program's backup is overwritten.
         FileDescriptor reserved = openFile(backup, O_WRONLY | O_CREAT | O_EXCL, 0600);
         if (!reserved.isOpen()) {
             if (errno != EEXIST) {

@@ -9,36 +9,39 @@
 
 namespace kestrel {
 
-/// Creates `folder` with all missing parents. True when a folder (or a link to one) is there
-/// afterwards.
+/// Creates `folder` and all missing parents. True when it then is a folder or a link to one.
 bool createFolders(const std::filesystem::path& folder);
 
-/// Replaces the file at `path` whole, or creates it: the content goes to a temporary file in the
-/// same folder (through a symbolic link: in the folder of its target), is flushed and renamed over.
-/// The old file's permissions are kept; a new file gets 0666 less the umask. A link to a file that
-/// does not exist stays, and the file is created where it points. False, with the old file
-/// untouched and no temporary file left, when anything fails; a file without write permission fails
-/// too, and so does anything that is no regular file.
+/// Replaces or creates the file at `path` atomically: writes a temporary file in the same folder,
+/// flushes it and renames it. Symbolic links are followed and stay, also one to a missing file. The
+/// old file's permissions are kept; a new file gets 0666 less the umask. False, with the old file
+/// unchanged and no temporary file left, when anything fails, when the file is not writable, or
+/// when something other than a regular file has its name.
+///
+/// The assembler has code of its own for this (src/assembler/output/ImageFile): it uses the
+/// standard library alone, reports a reason instead of false, and does not flush, because an image
+/// is made again in milliseconds.
 bool replaceFile(const std::filesystem::path& path, std::string_view content);
 
-/// Creates the parent folders of `path`, then replaceFile.
+/// Creates the parent folders of `path`, then calls replaceFile.
 bool saveBytes(const std::filesystem::path& path, std::string_view content);
 
-/// Copies the regular file at `path` beside itself as NAME.bak, or .bak1, .bak2, ... where that is
-/// taken; a name that would become too long is cut before the ending. A backup with the same bytes
-/// is enough: no second one is made. True when a copy is there or nothing exists at `path`.
+/// Copies the regular file at `path` to NAME.bak in its folder, or to .bak1, .bak2, ... if that
+/// exists; a name too long is cut before the ending. An existing backup with the same bytes is
+/// enough. True when there is a backup or nothing exists at `path`.
 bool keepBackup(const std::filesystem::path& path);
 
-/// Where the first backup of `path` lies.
+/// The path of the first backup of `path`.
 std::filesystem::path backupLocation(const std::filesystem::path& path);
 
-/// Several files replaced together: every temporary file is written before the first rename, and a
-/// rename that fails puts the files already renamed back. The order of the list is the order of the
-/// renames. True when all are replaced.
+/// A file to be replaced, and its new content.
 struct PendingFile {
     std::filesystem::path path;
     std::string content;
 };
+
+/// Replaces several files, or none: writes every temporary file before the first rename, and undoes
+/// the renames when one fails. Renames in the order of the list. True when all are replaced.
 bool replaceFilesTogether(const std::vector<PendingFile>& files);
 
 } // namespace kestrel

@@ -17,8 +17,8 @@ using Object = Dictionary::object_t;
 /// Objects with more members than this get an index of their names while they are read.
 constexpr std::size_t LargestUnindexedObject = 16;
 
-/// Makes room for one more member. Left to itself the vector below an object would copy all values,
-/// subtrees included, because a member with a constant key cannot be moved without risk.
+/// Reserves room for one more member. The object's vector would grow by copying all values with
+/// their subtrees, because a pair with a constant key cannot be moved without risk.
 void makeRoom(Object& object) {
     if (object.size() < object.capacity()) {
         return;
@@ -36,8 +36,8 @@ Dictionary& append(Object& object, std::string_view key, Dictionary value) {
     return object.Object::Container::emplace_back(std::string(key), std::move(value)).second;
 }
 
-/// Builds a document from the parser's events. Counts the nesting as it goes, so that a document
-/// that is nested too deep is given up at once; keeps no recursion and no search through members.
+/// Builds a document from the parser's events without recursion or a search through members, and
+/// stops at once when it is nested too deep.
 class DocumentBuilder final : public nlohmann::json_sax<Dictionary> {
 public:
     Dictionary takeDocument() { return std::move(m_document); }
@@ -90,10 +90,10 @@ public:
 private:
     using Index = std::unordered_map<std::string, std::size_t>;
 
-    /// An object or array that is not closed yet.
+    /// An object or array that is still being read.
     struct Container {
         Dictionary* value = nullptr;
-        Dictionary* member = nullptr; ///< in an object: where the next value goes
+        Dictionary* member = nullptr; ///< in an object: the place of the next value
         std::unique_ptr<Index> index; ///< in a large object: the place of each name
     };
 
@@ -146,7 +146,7 @@ private:
     bool m_repeatedMembers = false;
 };
 
-/// Whether `value` keeps to MaximumNesting. Uses no recursion: it stands before what does.
+/// Whether `value` is nested deeper than MaximumNesting; found out without recursion.
 bool isNestedTooDeep(const Dictionary& value) {
     struct Visit {
         const Dictionary* value;
@@ -174,7 +174,7 @@ bool isNestedTooDeep(const Dictionary& value) {
 } // namespace
 
 std::optional<Dictionary> parseJson(std::string_view text, bool* repeatedMembers) {
-    // To the parser a NUL byte is the end of the document; to us whatever follows it is none.
+    // The parser takes a NUL byte for the end of the document and ignores what follows.
     if (text.find('\0') != std::string_view::npos) {
         return std::nullopt;
     }

@@ -9,29 +9,27 @@
 
 namespace kestrel {
 
-/// A JSON object or value whose members keep the order in which they were written.
+/// A JSON value. The members of an object keep their order.
 using Dictionary = nlohmann::ordered_json;
 
-/// The deepest nesting of objects, and of arrays, that a document may have: a project tree uses one
-/// object and one array a level, so a tree of 1,000 levels is the deepest that is read or written.
+/// The deepest nesting of objects, and of arrays, in a document that is read or written. A project
+/// tree uses one of each per level, so 1,000 levels.
 inline constexpr int MaximumNesting = 1000;
 
-/// Parses one JSON document, in time proportional to its size. Nothing when `text` is no JSON or is
-/// nested deeper than MaximumNesting. Of several members of one name the last one's value stays, at
-/// the place of the first; `repeatedMembers`, when given, tells whether there were any.
+/// Parses one JSON document in linear time. Nothing when `text` is not JSON or is nested deeper
+/// than MaximumNesting. A repeated member keeps its first place and its last value;
+/// `repeatedMembers`, if not null, is set to whether there were any.
 std::optional<Dictionary> parseJson(std::string_view text, bool* repeatedMembers = nullptr);
 
-/// Writes `value` as UTF-8 JSON: compact when `indent` is negative, else pretty-printed. Nothing
-/// when a string in it is not UTF-8 or it is nested deeper than MaximumNesting (it could not be
-/// read again).
+/// Writes `value` as JSON in UTF-8: compact when `indent` is negative, else pretty-printed. Nothing
+/// when a string in it is not UTF-8 or it is nested deeper than MaximumNesting.
 std::optional<std::string> serialiseJson(const Dictionary& value, int indent = -1);
 
-/// Appends a member to `object` without looking for one of that name: the caller knows that there
-/// is none. Unlike `object[key]` it does not search all members, and it moves the members that are
-/// there already instead of copying them when room runs out.
+/// Appends a member to `object`, which must have none of that name. Unlike `object[key]` it does
+/// not search the members, and moves instead of copies them when it has to grow.
 Dictionary& appendMember(Dictionary& object, std::string_view key, Dictionary value);
 
-/// The member `key` of `object`; null when `object` is no object or has no such member.
+/// The member `key` of `object`; nullptr when there is none or `object` is not an object.
 const Dictionary* member(const Dictionary& object, std::string_view key);
 
 /// Whether `value` is an array whose every element is an object.
@@ -40,8 +38,8 @@ bool isArrayOfObjects(const Dictionary& value);
 /// Whether `value` is an object whose every member is a string.
 bool isObjectOfStrings(const Dictionary& value);
 
-/// The string member `key` of `object`; nothing when `object` is no object, the member is missing
-/// or is no string.
+/// The string member `key` of `object`; nothing when there is none, it is not a string, or `object`
+/// is not an object.
 std::optional<std::string> stringMember(const Dictionary& object, std::string_view key);
 
 } // namespace kestrel

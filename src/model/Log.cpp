@@ -10,6 +10,7 @@ namespace kestrel {
 
 namespace {
 
+/// The sink and the lock that guards it.
 struct LogState {
     std::mutex mutex;
     LogSink sink;

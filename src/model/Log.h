@@ -6,13 +6,13 @@
 
 namespace kestrel {
 
+/// Receives the sentences of the application log.
 using LogSink = std::function<void(std::string_view sentence)>;
 
-/// Writes one plain sentence and a line break to the application log (standard error). Thread-safe.
+/// Writes a sentence and a line break to the application log (standard error). Thread-safe.
 void writeLog(std::string_view sentence);
 
-/// Replaces where log lines go and returns the former sink; an empty sink means standard error. For
-/// tests.
+/// Sets the sink and returns the former one; an empty sink means standard error. For tests.
 LogSink setLogSink(LogSink sink);
 
 } // namespace kestrel

@@ -22,7 +22,7 @@ std::string withoutTrailingSeparators(std::string text) {
     return text;
 }
 
-/// The home folder that the account data base has for the present user; empty when it has none.
+/// The home folder in the account database of the current user; empty when there is none.
 std::string accountHome() {
     std::vector<char> buffer(1024);
     passwd entry{};

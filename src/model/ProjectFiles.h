@@ -7,12 +7,17 @@
 
 namespace kestrel {
 
+/// The members of a project file: the paths, from the project's folder, of the structure file and
+/// the build-settings file.
+inline constexpr std::string_view ProjectStructureKey = "ProjectStructure";
+inline constexpr std::string_view BuildSettingsKey = "BuildSettings";
+
 inline constexpr std::string_view ProjectFileExtension = ".kst";
 inline constexpr std::string_view ProjectStructureConfigurationExtension = "-ProjectStructure.cfg";
 inline constexpr std::string_view BuildSettingsConfigurationExtension = "-BuildSettings.cfg";
 inline constexpr std::string_view SettingsFolderName = ".project";
 
-/// Where the project `name` keeps a settings file, as text relative to the project's folder:
+/// The path of a settings file of the project `name`, from the project's folder, such as
 /// ".project/NAME-BuildSettings.cfg".
 std::string settingsFilePath(std::string_view name, std::string_view extension);
 

@@ -11,7 +11,7 @@ namespace kestrel {
 
 namespace {
 
-/// The stored form of one node but for its children.
+/// The stored form of one node without its children.
 Dictionary ownValues(const ProjectItem& item) {
     Dictionary values = Dictionary::object();
     appendMember(values, "name", item.itemName());
@@ -22,7 +22,7 @@ Dictionary ownValues(const ProjectItem& item) {
     return values;
 }
 
-/// A node whose children are being written.
+/// A node whose children are still being written.
 struct OpenNode {
     const ProjectItem* item;
     std::size_t next = 0;
@@ -37,7 +37,7 @@ std::int64_t ProjectItem::uniqueID() const {
 }
 
 Dictionary ProjectItem::processValues(const ProjectItem& input) {
-    // Depth first with a stack of its own: a tree in memory may be deeper than the program's stack.
+    // Depth first without recursion: a tree in memory may be too deep for the call stack.
     std::vector<OpenNode> open;
     open.push_back({&input});
     while (true) {

@@ -16,7 +16,7 @@ class ProjectItem;
 using ProjectItems = std::vector<std::shared_ptr<ProjectItem>>;
 
 /// One node of a project tree: the project itself, a group, or a file. Nodes are shared; a node
-/// owns its children, and `parent` is a back reference that keeps nobody alive.
+/// owns its children and refers to its parent weakly.
 class ProjectItem {
 public:
     ProjectItem() = default;
@@ -24,7 +24,7 @@ public:
     ProjectItem& operator=(const ProjectItem&) = delete;
     virtual ~ProjectItem() = default;
 
-    /// The node that owns this one; nothing for a project root.
+    /// The node that owns this one; nullptr for a project root.
     virtual std::shared_ptr<ProjectItem> parent() const = 0;
     virtual void setParent(const std::shared_ptr<ProjectItem>& parent) = 0;
 
@@ -41,20 +41,19 @@ public:
     virtual FilePathType itemPathType() const = 0;
     virtual void setItemPathType(FilePathType type) = 0;
 
-    /// Read as FilePathType says; a project root's is the absolute path of the project's folder.
+    /// Its meaning depends on itemPathType(). A project root has the absolute path of its folder.
     virtual const std::filesystem::path& itemPath() const = 0;
     virtual void setItemPath(std::filesystem::path path) = 0;
 
-    /// The children in the order in which they are shown and stored; edited in place.
+    /// The children in the order in which they are shown and stored. Callers edit them in place.
     virtual ProjectItems& subItems() = 0;
     virtual const ProjectItems& subItems() const = 0;
 
     /// The stored form of this node, children included.
     virtual Dictionary toDictionary() const = 0;
 
-    /// The identity by which a node is found again: a hash of the name plus the number of the kind,
-    /// wrapping at 64 bits. Two nodes of one name and kind have the same identity wherever they
-    /// are.
+    /// A hash of the name plus the number of the kind, wrapping at 64 bits. Nodes are found again
+    /// by it; two nodes of the same name and kind have the same one, wherever they are.
     std::int64_t uniqueID() const;
 
     /// The stored form of `input` and, recursively, of its children.

@@ -13,7 +13,7 @@ namespace kestrel {
 
 namespace {
 
-/// The node that `dictionary` describes, without its children; nothing when it cannot be read.
+/// The node that `dictionary` describes, without its children; nullptr when it is invalid.
 std::shared_ptr<ProjectItem> nodeFrom(const Dictionary& dictionary) {
     auto name = stringMember(dictionary, "name");
     const auto typeText = stringMember(dictionary, "type");
@@ -44,13 +44,13 @@ std::shared_ptr<ProjectItem> nodeOrLogLine(const Dictionary& dictionary,
     return node;
 }
 
-/// The stored children of a node; null when it has none or one of them is no dictionary.
+/// The stored children of a node; nullptr when there are none or one is not an object.
 const Dictionary* childrenOf(const Dictionary& dictionary) {
     const Dictionary* const list = member(dictionary, "sub_items");
     return list != nullptr && isArrayOfObjects(*list) ? list : nullptr;
 }
 
-/// A node whose children are being read.
+/// A node whose children are still being read.
 struct OpenNode {
     std::shared_ptr<ProjectItem> node;
     const Dictionary* children;
@@ -89,7 +89,7 @@ ProjectItemFactory::process(const Dictionary& dictionary,
     if (!root) {
         return nullptr;
     }
-    // Depth first in document order, with a stack of its own.
+    // Depth first in document order, without recursion.
     std::vector<OpenNode> open;
     open.push_back({root, childrenOf(dictionary)});
     while (!open.empty()) {

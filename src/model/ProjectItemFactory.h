@@ -5,22 +5,21 @@
 
 namespace kestrel {
 
-/// Turns the stored form of a project tree back into nodes.
+/// Makes nodes of the stored form of a project tree.
 class ProjectItemFactory {
 public:
-    /// The tree that `dictionary` describes, its root's parent set to `parent` (none for a
-    /// project), or nothing when the root cannot be read. Each rejected node logs "FAILLLEED" once;
-    /// a rejected child is left out with its subtree.
+    /// The tree that `dictionary` describes, with `parent` as its root's parent (nullptr for a
+    /// project); nullptr when the root is invalid. An invalid child is left out with its subtree.
+    /// Logs "FAILLLEED" for each invalid node.
     static std::shared_ptr<ProjectItem> process(const Dictionary& dictionary,
                                                 const std::shared_ptr<ProjectItem>& parent);
 
-    /// The nodes that a list of stored nodes describes, without parents and in order; elements that
-    /// cannot be read are left out (each logs "FAILLLEED"), and a value that is no array of objects
-    /// gives none.
+    /// The nodes that an array of stored nodes describes, in order and without parents. Invalid
+    /// ones are left out, and each logs "FAILLLEED". Anything but an array of objects gives none.
     static ProjectItems processList(const Dictionary& list);
 
-    /// Whether reading `dictionary` and writing it again would lose nothing: every node in it can
-    /// be read and holds only members that are known. Logs nothing.
+    /// Whether reading `dictionary` and writing it again would lose nothing: every node in it is
+    /// valid and has only known members. Logs nothing.
     static bool understandsWhole(const Dictionary& dictionary);
 };
 

@@ -15,8 +15,8 @@ ProjectNavigationSettingItem::ProjectNavigationSettingItem(std::string name,
     , m_itemPath(std::move(path)) {}
 
 ProjectNavigationSettingItem::~ProjectNavigationSettingItem() {
-    // Children that nobody else holds are emptied one by one, so that a deep tree does not end in
-    // destructors nested just as deep.
+    // Takes children that are not shared apart one by one, so that a deep tree does not overflow
+    // the call stack with nested destructors.
     ProjectItems open = std::move(m_subItems);
     while (!open.empty()) {
         const std::shared_ptr<ProjectItem> item = std::move(open.back());

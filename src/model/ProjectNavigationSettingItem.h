@@ -5,7 +5,7 @@
 
 namespace kestrel {
 
-/// The one concrete kind of project node. A new node has no parent, no children and path kind
+/// The only implementation of ProjectItem. A new node has no parent, no children and the path kind
 /// `noPath`.
 class ProjectNavigationSettingItem final : public ProjectItem {
 public:

@@ -25,7 +25,7 @@ constexpr const char* Version = "1";
 constexpr std::string_view NameKey = "ProjectName";
 constexpr std::string_view PathKey = "Path";
 
-/// What the registry file holds.
+/// The content of the registry file.
 struct Stored {
     Dictionary registry;
     bool repeatedMembers = false;
@@ -33,8 +33,8 @@ struct Stored {
 
 std::optional<Stored> readRegistry() {
     bool repeatedMembers = false;
-    auto registry = readJsonFile(ProjectRegistry::location(), &repeatedMembers);
-    if (!registry || !registry->is_object()) {
+    auto registry = readJsonObject(registryLocation(), &repeatedMembers);
+    if (!registry) {
         return std::nullopt;
     }
     return Stored{std::move(*registry), repeatedMembers};
@@ -44,7 +44,7 @@ const Dictionary::object_t& membersOf(const Dictionary& registry) {
     return registry.get_ref<const Dictionary::object_t&>();
 }
 
-std::optional<ProjectRegistry::Entry> entryFrom(const Dictionary& value) {
+std::optional<RegistryEntry> entryFrom(const Dictionary& value) {
     if (!isObjectOfStrings(value)) {
         return std::nullopt;
     }
@@ -53,11 +53,11 @@ std::optional<ProjectRegistry::Entry> entryFrom(const Dictionary& value) {
     if (!name || !path) {
         return std::nullopt;
     }
-    return ProjectRegistry::Entry{std::move(*name), std::move(*path)};
+    return RegistryEntry{std::move(*name), std::move(*path)};
 }
 
-std::vector<ProjectRegistry::Entry> entriesOf(const Dictionary& registry) {
-    std::vector<ProjectRegistry::Entry> entries;
+std::vector<RegistryEntry> entriesOf(const Dictionary& registry) {
+    std::vector<RegistryEntry> entries;
     for (const auto& [key, value] : membersOf(registry)) {
         if (auto entry = entryFrom(value)) {
             entries.push_back(std::move(*entry));
@@ -66,7 +66,7 @@ std::vector<ProjectRegistry::Entry> entriesOf(const Dictionary& registry) {
     return entries;
 }
 
-ProjectRegistry::Entry entryFor(const ProjectItem& project) {
+RegistryEntry entryFor(const ProjectItem& project) {
     return {project.itemName(), pathText(project.itemPath())};
 }
 
@@ -77,7 +77,7 @@ Dictionary storedForm(const ProjectItem& project) {
     return value;
 }
 
-/// The number that the whole of `key` is: an optional sign and digits, within 64 bits.
+/// `key` as a number: an optional sign and digits, within 64 bits; nothing for anything else.
 std::optional<std::int64_t> numberFrom(std::string_view key) {
     if (key.starts_with('+')) {
         key.remove_prefix(1);
@@ -115,13 +115,13 @@ bool understandsWhole(const Stored& stored) {
            });
 }
 
-/// How many of the registry's entries are not among `projects`.
+/// The number of entries in the registry that are not in `projects`.
 std::size_t countDropped(const Dictionary& registry, const ProjectItems& projects) {
-    std::vector<ProjectRegistry::Entry> listed = entriesOf(registry);
+    std::vector<RegistryEntry> listed = entriesOf(registry);
     for (auto& entry : listed) {
         entry.path = pathText(entry.path);
     }
-    std::vector<ProjectRegistry::Entry> kept;
+    std::vector<RegistryEntry> kept;
     for (const auto& project : projects) {
         if (project) {
             kept.push_back(entryFor(*project));
@@ -129,7 +129,7 @@ std::size_t countDropped(const Dictionary& registry, const ProjectItems& project
     }
     std::sort(listed.begin(), listed.end());
     std::sort(kept.begin(), kept.end());
-    std::vector<ProjectRegistry::Entry> dropped;
+    std::vector<RegistryEntry> dropped;
     std::set_difference(listed.begin(), listed.end(), kept.begin(), kept.end(),
                         std::back_inserter(dropped));
     return dropped.size();
@@ -139,30 +139,37 @@ bool makeFreshRegistry() {
     Dictionary registry = Dictionary::object();
     appendMember(registry, VersionKey, Version);
     const auto text = serialiseJson(registry);
-    return text && saveBytes(ProjectRegistry::location(), *text);
+    return text && saveBytes(registryLocation(), *text);
 }
 
-/// Whether the registry is to be copied before a member is added. Adding loses nothing but repeated
-/// members, so for anything else that is not understood the first copy ever made is enough: there
-/// would be another one with each project.
+/// Whether a backup is needed before a member is added. Adding loses only repeated members, so for
+/// other content that is not understood one backup is enough, instead of one for each project.
 bool mustKeepBeforeAdding(const Stored& stored) {
     return stored.repeatedMembers ||
-           (!understandsWhole(stored) && !existsAt(backupLocation(ProjectRegistry::location())));
+           (!understandsWhole(stored) && !existsAt(backupLocation(registryLocation())));
 }
 
 } // namespace
 
-std::filesystem::path ProjectRegistry::location() {
+std::filesystem::path registryLocation() {
     return joined(homeFolder(), "/.Kestrel/AllProjects.cfg");
 }
 
-std::vector<ProjectRegistry::Entry> ProjectRegistry::entries() {
+std::vector<RegistryEntry> registryEntries() {
     const auto stored = readRegistry();
-    return stored ? entriesOf(stored->registry) : std::vector<Entry>();
+    return stored ? entriesOf(stored->registry) : std::vector<RegistryEntry>();
 }
 
-bool ProjectRegistry::add(const ProjectItem& project) {
-    if (!existsAt(location()) && !makeFreshRegistry()) {
+bool isRegistered(const ProjectItem& project) {
+    const auto entries = registryEntries();
+    return std::any_of(entries.begin(), entries.end(), [&](const RegistryEntry& entry) {
+        return entry.name == project.itemName() &&
+               pathText(entry.path) == pathText(project.itemPath());
+    });
+}
+
+bool addToRegistry(const ProjectItem& project) {
+    if (!existsAt(registryLocation()) && !makeFreshRegistry()) {
         return false;
     }
     auto stored = readRegistry();
@@ -173,10 +180,11 @@ bool ProjectRegistry::add(const ProjectItem& project) {
     const bool mustKeep = mustKeepBeforeAdding(*stored);
     appendMember(stored->registry, *key, storedForm(project));
     const auto text = serialiseJson(stored->registry);
-    return text && (!mustKeep || keepBackup(location())) && saveBytes(location(), *text);
+    return text && (!mustKeep || keepBackup(registryLocation())) &&
+           saveBytes(registryLocation(), *text);
 }
 
-bool ProjectRegistry::rewrite(const ProjectItems& projects) {
+bool rewriteRegistry(const ProjectItems& projects) {
     Dictionary registry = Dictionary::object();
     std::size_t number = 0;
     for (const auto& project : projects) {
@@ -188,15 +196,15 @@ bool ProjectRegistry::rewrite(const ProjectItems& projects) {
     if (!text) {
         return false;
     }
-    if (existsAt(location())) {
+    if (existsAt(registryLocation())) {
         const auto stored = readRegistry();
         const bool losesNothing =
             stored && understandsWhole(*stored) && countDropped(stored->registry, projects) <= 1;
-        if (!losesNothing && !keepBackup(location())) {
+        if (!losesNothing && !keepBackup(registryLocation())) {
             return false;
         }
     }
-    return saveBytes(location(), *text);
+    return saveBytes(registryLocation(), *text);
 }
 
 } // namespace kestrel

@@ -16,8 +16,7 @@ namespace kestrel {
 
 namespace {
 
-/// Whether two nodes of one identity stand for the same thing: groups do, files only when they
-/// name the same file.
+/// Whether two nodes are the same group, or stand for the same file.
 bool meanTheSame(const ProjectItem& one, const ProjectItem& other) {
     if (one.itemName() != other.itemName() || one.itemFileType() != other.itemFileType()) {
         return false;
@@ -27,11 +26,11 @@ bool meanTheSame(const ProjectItem& one, const ProjectItem& other) {
             pathText(one.itemPath()) == pathText(other.itemPath()));
 }
 
-/// A node and the stored node whose children it is to take over.
+/// A node and the stored node whose children are to be merged into it.
 using Merge = std::pair<std::shared_ptr<ProjectItem>, std::shared_ptr<ProjectItem>>;
 
-/// Puts the children of `stored` before those of `own`, each that both have once. Pairs of groups
-/// whose children are still to be merged go to `open`.
+/// Puts the children of `stored` before those of `own`; a child in both is kept once. Appends pairs
+/// of groups whose children are still to be merged to `open`.
 void mergeChildren(const std::shared_ptr<ProjectItem>& own, ProjectItem& stored,
                    std::vector<Merge>& open) {
     ProjectItems ownChildren = std::exchange(own->subItems(), {});
@@ -63,21 +62,17 @@ void mergeChildren(const std::shared_ptr<ProjectItem>& own, ProjectItem& stored,
 
 } // namespace
 
-std::filesystem::path StructureFile::location(const ProjectItem& project) {
+std::filesystem::path structureLocation(const ProjectItem& project) {
     return joined(project.itemPath(),
                   settingsFilePath(project.itemName(), ProjectStructureConfigurationExtension));
 }
 
-std::optional<Dictionary> StructureFile::fetch(const ProjectItem& project) {
-    auto structure = readJsonFile(location(project));
-    if (!structure || !structure->is_object()) {
-        return std::nullopt;
-    }
-    return structure;
+std::optional<Dictionary> fetchStructure(const ProjectItem& project) {
+    return readJsonObject(structureLocation(project));
 }
 
-std::shared_ptr<ProjectItem> StructureFile::project(const Dictionary& structure,
-                                                    const std::filesystem::path& projectFolder) {
+std::shared_ptr<ProjectItem> projectFromStructure(const Dictionary& structure,
+                                                  const std::filesystem::path& projectFolder) {
     auto root = ProjectItemFactory::process(structure, nullptr);
     if (root && !root->itemPath().is_absolute()) {
         const std::filesystem::path below = root->itemPath().lexically_normal();
@@ -88,7 +83,12 @@ std::shared_ptr<ProjectItem> StructureFile::project(const Dictionary& structure,
     return root;
 }
 
-bool StructureFile::understoodWhole(const std::filesystem::path& path) {
+std::shared_ptr<ProjectItem> structureTree(const ProjectItem& project) {
+    const auto structure = fetchStructure(project);
+    return structure ? projectFromStructure(*structure, project.itemPath()) : nullptr;
+}
+
+bool understandsStructureFile(const std::filesystem::path& path) {
     if (!existsAt(path)) {
         return true;
     }
@@ -97,22 +97,21 @@ bool StructureFile::understoodWhole(const std::filesystem::path& path) {
     return structure && !repeatedMembers && ProjectItemFactory::understandsWhole(*structure);
 }
 
-bool StructureFile::save(const ProjectItem& project) {
+bool saveStructure(const ProjectItem& project) {
     const auto text = serialiseJson(project.toDictionary());
-    const std::filesystem::path path = location(project);
-    return text && (understoodWhole(path) || keepBackup(path)) && saveBytes(path, *text);
+    const std::filesystem::path path = structureLocation(project);
+    return text && (understandsStructureFile(path) || keepBackup(path)) && saveBytes(path, *text);
 }
 
-bool StructureFile::adoptExisting(const std::shared_ptr<ProjectItem>& project) {
+bool adoptStructureFile(const std::shared_ptr<ProjectItem>& project) {
     if (!project) {
         return false;
     }
-    const std::filesystem::path path = location(*project);
+    const std::filesystem::path path = structureLocation(*project);
     if (!existsAt(path)) {
         return true;
     }
-    const auto structure = fetch(*project);
-    const auto stored = structure ? ProjectItemFactory::process(*structure, nullptr) : nullptr;
+    const auto stored = structureTree(*project);
     if (!stored) {
         return false;
     }
@@ -122,7 +121,17 @@ bool StructureFile::adoptExisting(const std::shared_ptr<ProjectItem>& project) {
         open.pop_back();
         mergeChildren(own, *other, open);
     }
-    return understoodWhole(path);
+    return understandsStructureFile(path);
+}
+
+void uniteWithStructureFile(const std::shared_ptr<ProjectItem>& project) {
+    if (!adoptStructureFile(project)) {
+        return;
+    }
+    const auto stored = structureTree(*project);
+    if (stored && stored->toDictionary() != project->toDictionary()) {
+        saveStructure(*project);
+    }
 }
 
 } // namespace kestrel

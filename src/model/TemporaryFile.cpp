@@ -17,8 +17,7 @@ namespace kestrel {
 
 namespace {
 
-/// Names are drawn at random, so a second try is rare and a hundredth means that something is
-/// wrong.
+/// Names are random: a second try is rare, a hundredth means that something is wrong.
 constexpr int MaximumTries = 100;
 
 std::string randomName() {
@@ -88,14 +87,14 @@ bool TemporaryFile::imitate(const struct stat& original) const {
     mode_t mode = original.st_mode & 07777U;
     const bool hasOwner = present.st_uid == original.st_uid && present.st_gid == original.st_gid;
     if (!hasOwner && ::fchown(m_file.get(), original.st_uid, original.st_gid) != 0) {
-        // Only an administrator may give a file away; then at least the group, and no set-user bit
-        // that would now speak for another user.
+        // Only root may change the owner. Then set at least the group, and drop the set-user-ID
+        // bit, which would now mean another user.
         if (::fchown(m_file.get(), static_cast<uid_t>(-1), original.st_gid) != 0) {
             mode &= 0777U;
         }
         mode &= ~static_cast<mode_t>(S_ISUID);
     }
-    // Some file systems refuse the change even where nothing is to be changed.
+    // Some file systems refuse fchmod even when it would change nothing.
     return (present.st_mode & 07777U) == mode || ::fchmod(m_file.get(), mode) == 0;
 }
 

@@ -10,12 +10,12 @@
 
 namespace kestrel {
 
-/// A file that is written beside the one it is to replace, under a short name of its own. Unless it
-/// is renamed into place it is removed when the object goes.
+/// A temporary file in the folder of the file that it will replace. The destructor removes it
+/// unless it was renamed.
 class TemporaryFile {
 public:
-    /// A new empty file in `folder` (the working folder when empty); nothing when it cannot be
-    /// made. The umask is taken off `mode`.
+    /// A new empty file in `folder` (the working folder when that is empty), with permissions
+    /// `mode` less the umask. Nothing when it cannot be created.
     static std::optional<TemporaryFile> create(const std::filesystem::path& folder, mode_t mode);
 
     TemporaryFile(TemporaryFile&& other) noexcept;
@@ -26,16 +26,16 @@ public:
 
     bool write(std::string_view content) const { return m_file.write(content); }
 
-    /// Appends all that is left to read in `source`.
+    /// Appends the rest of `source`.
     bool copyFrom(const FileDescriptor& source) const;
 
-    /// Takes over owner, group and exactly the permissions of `original`, as far as the user may.
+    /// Sets owner, group and permissions to those of `original`, as far as the user may.
     bool imitate(const struct stat& original) const;
 
-    /// Flushes and closes it: its content is safe on the disk afterwards.
+    /// Flushes and closes the file.
     bool finish();
 
-    /// Moves it over `target`, which is in the same folder. It is no temporary file any more then.
+    /// Renames the file to `target`, in the same folder. It is then no longer temporary.
     bool renameTo(const std::filesystem::path& target);
 
 private:

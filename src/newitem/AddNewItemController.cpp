@@ -32,7 +32,7 @@ void AddNewItemController::buildView() {
         auto* button = new QPushButton(text, this);
         button->setObjectName(name);
         button->setAccessibleName(says);
-        button->setAutoDefault(false);
+        button->setAutoDefault(true); // with the focus it gets Return; without, Next does
         return button;
     };
     m_cancelButton = makeButton(QStringLiteral("Cancel"), QStringLiteral("cancelButton"),

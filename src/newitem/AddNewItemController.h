@@ -19,23 +19,23 @@ class AddNewItemControllerDelegate;
 class CreateNewItemPageController;
 class ProjectItem;
 
-/// The new-item wizard: a page that asks for the kind, a page that asks for the name, and the
-/// buttons below them. It builds a node and writes nothing to disk.
+/// The new-item wizard: a page for the kind, a page for the name, and the buttons below them. It
+/// makes a node and writes no files.
 class AddNewItemController : public QWidget {
     Q_OBJECT
 
 public:
     explicit AddNewItemController(QWidget* parent = nullptr);
 
-    /// To be called once before the wizard is shown, after its fields are set: hands the kinds and
-    /// the buttons to the pages and shows the first.
+    /// To be called once before the wizard is shown, after its fields are set: passes the kinds and
+    /// the buttons to the pages and shows the first page.
     void viewWillAppear();
 
-    /// Who hears how the wizard was left; not kept alive.
+    /// Is told how the wizard was closed; referred to weakly.
     void setAddNewItemControllerDelegate(std::weak_ptr<AddNewItemControllerDelegate> delegate);
     void setNewItemControllerDatasource(std::weak_ptr<AddNewItemControllerDatasource> datasource);
 
-    /// The folder in which the item starts; empty at first.
+    /// The folder to offer; empty at first.
     const std::string& path() const { return m_path; }
     void setPath(std::string path);
 
@@ -43,7 +43,7 @@ public:
     const std::vector<NewItemType>& newItems() const { return m_newItems; }
     void setNewItems(std::vector<NewItemType> newItems);
 
-    /// The result: nothing until the last page is confirmed.
+    /// The result; nullptr until the last page is confirmed.
     const std::shared_ptr<ProjectItem>& newItem() const { return m_newItem; }
 
     const std::string& projectAbsolutePath() const { return m_projectAbsolutePath; }

@@ -3,8 +3,8 @@
 
 namespace kestrel {
 
-/// A seam by which an owner of the new-item wizard could rule its buttons itself; nothing uses it
-/// so far, so the wizard rules them.
+/// Lets the owner of the new-item wizard set its buttons. Nothing implements it, so the wizard sets
+/// them.
 class AddNewItemControllerDatasource {
 public:
     AddNewItemControllerDatasource() = default;
@@ -12,7 +12,7 @@ public:
     AddNewItemControllerDatasource& operator=(const AddNewItemControllerDatasource&) = delete;
     virtual ~AddNewItemControllerDatasource() = default;
 
-    /// The page with this number (0 is the first) is shown now.
+    /// Called when the page with this number, counted from 0, is shown.
     virtual void didShowPage(int page) = 0;
 };
 

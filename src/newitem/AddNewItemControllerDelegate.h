@@ -3,7 +3,7 @@
 
 namespace kestrel {
 
-/// Hears how the new-item wizard was left: the request that showed it.
+/// Is told how the new-item wizard was closed.
 class AddNewItemControllerDelegate {
 public:
     AddNewItemControllerDelegate() = default;
@@ -11,9 +11,9 @@ public:
     AddNewItemControllerDelegate& operator=(const AddNewItemControllerDelegate&) = delete;
     virtual ~AddNewItemControllerDelegate() = default;
 
-    /// The last page was confirmed; the wizard holds the new node.
+    /// The last page was confirmed; the wizard has the new node.
     virtual void didFinish() = 0;
-    /// The wizard was given up; it holds no node.
+    /// The wizard was cancelled; it has no node.
     virtual void didCancel() = 0;
 };
 

@@ -57,10 +57,10 @@ void AddNewItemFromProjectController::buildView() {
     outlineView()->setAccessibleName(QStringLiteral("Files of the project"));
     m_cancelButton->setObjectName(QStringLiteral("cancelButton"));
     m_cancelButton->setAccessibleName(QStringLiteral("Cancel"));
-    m_cancelButton->setAutoDefault(false);
+    m_cancelButton->setAutoDefault(true); // with the focus it gets Return; without, Add does
     m_addButton->setObjectName(QStringLiteral("addButton"));
     m_addButton->setAccessibleName(QStringLiteral("Add"));
-    m_addButton->setAutoDefault(false);
+    m_addButton->setAutoDefault(true);
     m_addButton->setDefault(true);
 
     auto* filter = new QHBoxLayout;
@@ -142,7 +142,7 @@ void AddNewItemFromProjectController::updateButtons() {
     m_addButton->setEnabled(isFile(selectedItem()));
 }
 
-/// Hides the files whose names do not hold `text`, and the groups without any other.
+/// Hides files whose names do not contain `text`, and groups without other files.
 void AddNewItemFromProjectController::applyFilter(const QString& text) {
     struct Row {
         QModelIndex index;
@@ -173,7 +173,7 @@ void AddNewItemFromProjectController::applyFilter(const QString& text) {
     }
     const std::shared_ptr<ProjectItem> selected = selectedItem();
     std::shared_ptr<ProjectItem> next;
-    // What is selected stays so while it is shown; else the topmost file that is.
+    // Keeps the selection while it is visible; else selects the topmost visible file.
     for (QModelIndex index = rows.front().index; index.isValid();
          index = outlineView()->indexBelow(index)) {
         const std::shared_ptr<ProjectItem> item = model()->item(index);

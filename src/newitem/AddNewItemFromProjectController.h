@@ -13,40 +13,40 @@ namespace kestrel {
 
 class Sheet;
 
-/// Lets a person pick one file of one project: a navigation tree whose only root is that project,
-/// with the same shared nodes, but without context menu, Delete key and notifications. What it
-/// picked is in selectedFiles() when its sheet is over.
+/// Lets the user pick one file of one project: a navigation tree with that project as its only
+/// root, sharing its nodes, without context menu, Delete key and notifications. selectedFiles() has
+/// the picked file when the sheet has closed.
 class AddNewItemFromProjectController final : public ProjectNavigationController {
     Q_OBJECT
 
 public:
-    /// Gets the picked file; an empty list when none was picked.
+    /// Gets the picked file; an empty list when the picker was cancelled.
     using CompletionHandler = std::function<void(const ProjectItems&)>;
 
     explicit AddNewItemFromProjectController(QWidget* parent = nullptr);
 
-    /// Opens a fresh picker of `project` as a sheet on `window` and calls `completionHandler`
-    /// exactly once when it is over, however it ends. The picker goes with its sheet. Gives
-    /// nothing, and calls the handler at once, while another sheet is open on the window.
+    /// Opens a new picker of `project` as a sheet on `window` and calls `completionHandler` exactly
+    /// once when it closes. The sheet owns the picker. While another sheet is open on the window,
+    /// calls the handler at once and returns nullptr.
     static AddNewItemFromProjectController* openSheet(std::shared_ptr<ProjectItem> project,
                                                       QWidget* window,
                                                       CompletionHandler completionHandler);
 
-    /// Makes this the one project that is shown, expanded whole.
+    /// Shows only this project, fully expanded.
     void setProject(std::shared_ptr<ProjectItem> project);
 
-    /// The sheet that the picker stands in, and the window that the sheet is shown on.
+    /// The picker's sheet, and the window on which it is shown.
     Sheet* currentWindow() const;
     void setCurrentWindow(Sheet* window);
     QWidget* parentWindow() const { return m_parentWindow; }
     void setParentWindow(QWidget* window) { m_parentWindow = window; }
 
-    /// The one picked file, empty before; set by addNewItem() alone.
+    /// The picked file; empty until addNewItem().
     const ProjectItems& selectedFiles() const { return m_selectedFiles; }
 
-    /// Picks the selected file and ends the sheet; nothing when no file is selected.
+    /// Picks the selected file and closes the sheet; does nothing when no file is selected.
     void addNewItem();
-    /// Ends the sheet and picks nothing.
+    /// Closes the sheet and picks nothing.
     void cancel();
 
     QLineEdit* filterTextField() const { return m_filterTextField; }

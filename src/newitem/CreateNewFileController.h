@@ -8,7 +8,7 @@ namespace kestrel {
 /// Asks for a new assembly, palette or graphics file in a folder.
 class CreateNewFileController final : public NewItemController {
 public:
-    /// `path`: the folder in which the file will lie.
+    /// `path` is the folder of the new file.
     explicit CreateNewFileController(std::string path);
 
 protected:

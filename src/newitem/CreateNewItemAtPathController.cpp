@@ -20,7 +20,7 @@ namespace kestrel {
 
 namespace {
 
-/// Whether the path and each name in it are short enough for the system.
+/// Whether the path and each name in it are within the system's limits.
 bool fitsTheSystem(const std::filesystem::path& path) {
     return path.native().size() < std::size_t{PATH_MAX} &&
            std::all_of(path.begin(), path.end(), [](const auto& name) {
@@ -28,8 +28,8 @@ bool fitsTheSystem(const std::filesystem::path& path) {
            });
 }
 
-/// Why no project of this name can be made in the folder `location`, or what becomes of what is
-/// there; empty when there is nothing to say.
+/// Why no project can be created in the folder `location`, or what will happen to existing files in
+/// it; empty when neither applies.
 QString textOnProject(const std::filesystem::path& location, const std::string& name) {
     const auto longest =
         joined(location, settingsFilePath(name, ProjectStructureConfigurationExtension));
@@ -106,7 +106,7 @@ void CreateNewItemAtPathController::buildView() {
     m_existingItemLabel->setTextFormat(Qt::PlainText);
     m_existingItemLabel->setWordWrap(true);
     m_existingItemLabel->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    // Room for its text from the start, so that nothing moves when it appears.
+    // Has room for its text from the start, so that nothing moves when the text appears.
     m_existingItemLabel->setMinimumHeight(3 * m_existingItemLabel->fontMetrics().lineSpacing());
 
     auto* form = new QFormLayout(this);

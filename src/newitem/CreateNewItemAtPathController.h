@@ -15,38 +15,38 @@ namespace kestrel {
 
 class ProjectItem;
 
-/// The wizard's second page: asks for the name of the new item and shows where it will lie.
+/// The wizard's second page: asks for the name of the new item and shows its path.
 class CreateNewItemAtPathController : public QWidget {
     Q_OBJECT
 
 public:
     explicit CreateNewItemAtPathController(QWidget* parent = nullptr);
 
-    /// To be called when the page is shown: begins afresh with the node's location and an empty
-    /// name, and takes the keyboard focus to the name.
+    /// To be called when the page is shown: resets it to the node's path and an empty name, and
+    /// gives the name the keyboard focus.
     void viewDidAppear();
 
     void setBackButton(QPushButton* button) { m_backButton = button; }
     void setNextButton(QPushButton* button) { m_nextButton = button; }
 
-    /// The node that is named here, edited in place with every keystroke.
+    /// The node that gets the name, with every keystroke.
     const std::shared_ptr<ProjectItem>& newItem() const { return m_newItem; }
     void setNewItem(std::shared_ptr<ProjectItem> newItem);
 
-    /// The folder in which the item starts; nothing before the page has been shown with a node.
+    /// The folder that was offered; nothing before the page has been shown with a node.
     const std::optional<std::filesystem::path>& rootPath() const { return m_rootPath; }
 
-    /// `sender`, a text field, holds another text. Logs "Errrrr" when it is none, or when the
-    /// location or its field is missing; the node stays as it is then.
+    /// Takes over the text of `sender`, one of the two fields. Logs "Errrrr" and changes nothing
+    /// when it is not a text field, or when rootPath() or the path field is missing.
     void controlTextDidChange(QObject* sender);
 
-    /// Next is possible when the name has at least one character.
+    /// Enables Next if the name is not empty.
     void updatedButtons();
 
     QLineEdit* fileNameTextField() const { return m_fileNameTextField; }
     QLineEdit* filePathTextField() const { return m_filePathTextField; }
-    /// Says that nothing can be made under this name, or what becomes of a file or folder of this
-    /// name that is there already; else empty.
+    /// Tells why the name is impossible, or what will happen to an existing file or folder with
+    /// this name; else empty.
     QLabel* existingItemLabel() const { return m_existingItemLabel; }
 
 private:

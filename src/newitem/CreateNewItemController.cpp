@@ -16,8 +16,8 @@ namespace kestrel {
 
 namespace {
 
-constexpr int Spacing = 4;     ///< round every cell, in pixels
-constexpr int CellsInARow = 3; ///< that the page has room for at least
+constexpr int Spacing = 4;     ///< around every cell, in pixels
+constexpr int CellsInARow = 3; ///< minimum
 
 } // namespace
 
@@ -102,7 +102,7 @@ void CreateNewItemController::selectionChanged() {
         m_createNewItemDelegate->selectionChanged(selected, *m_createNewItemDataSource);
         return;
     }
-    // The one kind that is chosen cannot be unchosen (a click with Ctrl would).
+    // Ctrl and a click would deselect the chosen kind.
     m_collectionView->selectionModel()->select(m_createNewItemDataSource->index(selectedItem()),
                                                QItemSelectionModel::ClearAndSelect);
 }

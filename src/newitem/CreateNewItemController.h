@@ -15,7 +15,7 @@ namespace kestrel {
 class CreateNewItemDataSource;
 class CreateNewItemDelegate;
 
-/// The wizard's first page: a grid of the kinds of item, exactly one of which is chosen.
+/// The wizard's first page: a grid of the kinds of item, one of which is always chosen.
 class CreateNewItemController : public QWidget {
     Q_OBJECT
 
@@ -24,14 +24,14 @@ public:
 
     /// To be called before the page is shown: fills the grid and sets the buttons.
     void viewWillAppear();
-    /// To be called when the page is shown: takes the keyboard focus to the grid.
+    /// To be called when the page is shown: gives the grid the keyboard focus.
     void viewDidAppear();
 
     void setNewItems(std::vector<NewItemType> newItems);
     void setBackButton(QPushButton* button) { m_backButton = button; }
     void setNextButton(QPushButton* button) { m_nextButton = button; }
 
-    /// Next is possible on this page, Back is not.
+    /// Enables Next and disables Back.
     void updateButtons();
 
     /// The index of the chosen kind in the list of kinds.

@@ -19,12 +19,12 @@ public:
     void setNewItems(std::vector<NewItemType> newItems);
     const std::vector<NewItemType>& newItems() const { return m_newItems; }
 
-    /// The index of the chosen kind, 0 at first. Also set for an index that is no kind's.
+    /// The index of the chosen kind, 0 at first. The setter does not check its range.
     int selectedItem() const { return m_selectedItem; }
     void setSelectedItem(int item);
 
     int rowCount(const QModelIndex& parent = {}) const override;
-    /// Title (display), icon (decoration) and whether it is the chosen kind (check state).
+    /// Display role: title; decoration role: icon; check state role: whether it is chosen.
     QVariant data(const QModelIndex& index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 

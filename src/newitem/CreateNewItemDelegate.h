@@ -8,14 +8,14 @@ namespace kestrel {
 
 class CreateNewItemDataSource;
 
-/// Draws the cells of the grid of kinds and carries a changed selection over to the check mark.
+/// Paints the cells of the grid of kinds and updates the chosen kind when the selection changes.
 class CreateNewItemDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    /// The first selected cell becomes the chosen one; an empty selection changes nothing.
+    /// Makes the first selected cell the chosen one. An empty selection changes nothing.
     void selectionChanged(const QModelIndexList& selected, CreateNewItemDataSource& source) const;
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,

@@ -15,43 +15,43 @@ namespace kestrel {
 class CreateNewItemAtPathController;
 class CreateNewItemController;
 
-/// The pages of the new-item wizard, made when they are first shown.
+/// The pages of the new-item wizard, each created when it is first shown.
 class CreateNewItemPageController : public QStackedWidget {
     Q_OBJECT
 
 public:
     explicit CreateNewItemPageController(QWidget* parent = nullptr);
 
-    /// Hands the kinds and the buttons to the pages that exist already, then shows the first page.
+    /// Passes the kinds and the buttons to the existing pages, then shows the first page.
     void viewWillAppear();
 
     void setNewItems(std::vector<NewItemType> newItems);
     void setBackButton(QPushButton* button) { m_backButton = button; }
     void setNextButton(QPushButton* button) { m_nextButton = button; }
 
-    /// The identifiers of the pages, in their order.
+    /// The identifiers of the pages, in order.
     const QStringList& arrangedObjects() const { return m_arrangedObjects; }
 
     /// The identifier of an arranged object: the object itself.
     QString pageControllerIdentifierFor(const QString& object) const { return object; }
-    /// The page with this identifier, made now if need be; null for any other identifier.
+    /// The page with this identifier, created if necessary; nullptr for any other identifier.
     QWidget* pageControllerViewControllerForIdentifier(const QString& identifier);
 
-    /// The number of the shown page, -1 before the first.
+    /// The index of the shown page; -1 before the first.
     int selectedIndex() const { return m_selectedIndex; }
-    /// The shown page; null before the first.
+    /// The shown page; nullptr before the first.
     QWidget* selectedViewController() const;
-    /// Shows the page with this number; nothing for a number that is none.
+    /// Shows the page with this index; an invalid index is ignored.
     void navigateTo(int index);
-    /// Tells the shown page that it is in place, which takes the keyboard focus there.
+    /// Tells the shown page that it has appeared, so that it takes the keyboard focus.
     void completeTransition();
 
-    /// The pages; null until they are first shown.
+    /// The pages; nullptr until first shown.
     CreateNewItemController* createNewItemController() const;
     CreateNewItemAtPathController* createNewItemPathController() const;
 
 protected:
-    /// Takes the wheel's turns and does nothing, so that swiping turns no page.
+    /// Accepts the event and does nothing, so that swiping does not turn pages.
     void wheelEvent(QWheelEvent* event) override;
 
 private:

@@ -5,10 +5,10 @@
 
 namespace kestrel {
 
-/// Asks for a new project in a folder of projects.
+/// Asks for a new project.
 class CreateNewProjectController final : public NewItemController {
 public:
-    /// `path`: the folder in which the project's own folder will lie.
+    /// The project's own folder will be created in the folder `path`.
     explicit CreateNewProjectController(std::string path);
 
 protected:

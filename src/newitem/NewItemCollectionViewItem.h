@@ -10,15 +10,14 @@
 
 namespace kestrel {
 
-/// One cell of the grid of kinds: the icon, the title below it, and a check mark when it is the
-/// chosen one.
+/// One cell of the grid of kinds: an icon, a title below it, and a check mark on the chosen kind.
 class NewItemCollectionViewItem {
 public:
     bool checkMark = false; ///< whether the check mark is visible
     QString text;
     QIcon icon;
 
-    /// Draws the cell into the option's rectangle, in the option's palette and font.
+    /// Paints the cell with the option's rectangle, palette and font.
     void paint(QPainter& painter, const QStyleOptionViewItem& option) const;
 
     /// The size of a cell in this font.

@@ -37,7 +37,7 @@ void NewItemController::prompt(QWidget* window, CompletionHandler completionHand
             m_newItemController ? m_newItemController->newItem() : nullptr;
         m_newItemController.clear();
         m_windowController.clear();
-        // The last step: the handler may let go of this request.
+        // Last: the handler may destroy this request.
         handler(newItem, std::nullopt);
     });
 }

@@ -21,40 +21,40 @@ class AddNewItemController;
 class ProjectItem;
 class Sheet;
 
-/// A request for a new item: the kinds that are offered and the folder in which the item starts.
-/// It shows the wizard as a sheet and hands on the node that the wizard built.
+/// A request for a new item, with the kinds and the folder to offer. Shows the wizard as a sheet
+/// and passes on the node that it makes.
 class NewItemController : public AddNewItemControllerDelegate {
 public:
-    /// Gets the new node, or nothing when the wizard was given up; the error is always absent.
+    /// Gets the new node, or nullptr when the wizard was cancelled; never an error.
     using CompletionHandler =
         std::function<void(std::shared_ptr<ProjectItem>, std::optional<ErrorValue>)>;
 
-    /// Ends the sheet if it is still open; its handler is called, without a node.
+    /// Closes an open sheet, so that the handler is called without a node.
     ~NewItemController() override;
 
-    /// Shows a fresh wizard as a sheet on `window` and calls `completionHandler` exactly once when
-    /// the sheet is over, however it ends. Without a window the wizard is made but not shown, and
-    /// nothing is ever reported. While another sheet is open on the window, or this request's own
-    /// one is, nothing is shown and the handler is called at once, without a node.
+    /// Shows a new wizard as a sheet on `window` and calls `completionHandler` exactly once when
+    /// the sheet closes. While a sheet is open on the window, or that of this request elsewhere,
+    /// shows nothing and calls the handler at once, without a node. Without a window the wizard is
+    /// created but not shown, and the handler is never called.
     void prompt(QWidget* window, CompletionHandler completionHandler);
 
     void didFinish() override;
     void didCancel() override;
 
-    /// The wizard and the window it stands in, while they are shown.
+    /// The wizard and its window, while they are shown.
     AddNewItemController* newItemController() const;
     Sheet* windowController() const;
-    /// The window that the sheet was last shown on.
+    /// The window on which the sheet was last shown.
     QWidget* parentWindow() const { return m_parentWindow; }
-    /// The folder that is offered as starting location.
+    /// The folder to offer.
     const std::string& path() const { return m_path; }
-    /// The kinds that are offered, in this order; the first is chosen to begin with.
+    /// The kinds to offer, in this order; the first is preselected.
     const std::vector<NewItemType>& newItems() const { return m_newItems; }
 
 protected:
     NewItemController(std::string path, std::vector<NewItemType> newItems);
 
-    /// What the sheet's window is called.
+    /// The title of the sheet's window.
     virtual QString windowTitle() const = 0;
 
 private:
@@ -67,7 +67,7 @@ private:
     QPointer<QWidget> m_parentWindow;
     std::string m_path;
     std::vector<NewItemType> m_newItems;
-    /// Lets the wizard refer to this request without keeping it alive, whoever owns the request.
+    /// Owns nothing; lets the wizard refer to this request weakly.
     std::shared_ptr<AddNewItemControllerDelegate> m_self;
 };
 

@@ -4,6 +4,7 @@
 #include "build/BackgroundWork.h"
 #include "build/NESBuildSettings.h"
 #include "build/NESProjectBuilder.h"
+#include "model/BuildSettingsFile.h"
 #include "model/Paths.h"
 #include "tools/BuildHints.h"
 #include "tools/ConsolePrinter.h"
@@ -31,21 +32,22 @@ BuildCommand::BuildCommand(QCoreApplication& application, OpenedProject project,
 BuildCommand::~BuildCommand() = default;
 
 bool BuildCommand::run() {
-    // Relative paths in the project's files shall not depend on where the program was started.
+    // Relative paths in the project's files must not depend on the caller's working folder.
     std::error_code error;
     fs::current_path(m_project.folder, error);
     if (error) {
         complain("the folder " + shown(m_project.folder) + " cannot be entered.");
         return false;
     }
-    const auto relocation = Relocation::between(m_project.root->itemPath(), m_project.folder);
-    if (relocation) {
-        relocation->apply(*m_project.root);
+    const auto relocation = Relocation::between(m_project.namedFolder, m_project.folder);
+    if (!relocation) {
+        m_settings = std::make_shared<NESBuildSettings>(m_project.root);
+    } else {
         m_project.root->setItemPath(m_project.folder);
-    }
-    m_settings = std::make_shared<NESBuildSettings>(m_project.root);
-    if (relocation) {
-        takeAsMoved(*relocation);
+        m_settings = movedSettings(*relocation);
+        complain("the project was moved: for this build paths below " +
+                 shown(relocation->former()) + " are taken as below " +
+                 shown(relocation->present()) + " (--relocate writes that into its files).");
         const fs::path gathered = joined(m_project.folder, "tmp");
         if (relocation->leadsBack(gathered)) {
             complain("the folder " + shown(gathered) + " is a link into the former folder " +
@@ -66,29 +68,26 @@ bool BuildCommand::run() {
     return build(image) && !m_printer->hasFailed();
 }
 
-void BuildCommand::takeAsMoved(const Relocation& relocation) {
-    complain("the project was moved: for this build paths below " + shown(relocation.former()) +
-             " are taken as below " + shown(relocation.present()) +
-             " (--relocate writes that into its files).");
-    for (ProjectItems* list :
-         {&m_settings->assemblyFiles(), &m_settings->graphicFiles(), &m_settings->paletteFiles()}) {
-        for (const auto& item : *list) {
-            relocation.apply(*item);
+/// The build settings as --relocate would write them.
+std::shared_ptr<BuildSettingsConfiguration>
+BuildCommand::movedSettings(const Relocation& relocation) const {
+    auto settings = std::make_shared<NESBuildSettings>();
+    settings->projectToBuild() = m_project.root;
+    settings->projectPath() = m_project.folder;
+    if (auto stored = fetchBuildSettings(*m_project.root)) {
+        relocation.applyToSettings(*stored);
+        if (auto contents = readBuildSettings(*stored)) {
+            settings->contents() = *std::move(contents);
         }
     }
-    for (std::optional<fs::path>* path :
-         {&m_settings->outputFilePath(), &m_settings->pathToEmulator()}) {
-        if (*path && !(*path)->empty()) {
-            *path = relocation.mapped(**path);
-        }
-    }
+    return settings;
 }
 
 bool BuildCommand::build(const fs::path& expectedImage) {
     const ImageStamp before = ImageStamp::of(expectedImage);
     const std::optional<Report> report = buildReport();
     if (!report) {
-        return false; // ended from outside, and whoever did that knows
+        return false; // ended by a signal: nothing to report
     }
     if (report->error || !report->image) {
         tellError(report->error.value_or(BuildError{}));
@@ -104,7 +103,7 @@ bool BuildCommand::build(const fs::path& expectedImage) {
 }
 
 std::optional<BuildCommand::Report> BuildCommand::buildReport() {
-    // Shared, since the worker may still report when a signal has ended the loop.
+    // Shared with the worker, which may report after a signal has ended the loop.
     const auto report = std::make_shared<std::optional<Report>>();
     const auto builder = std::make_shared<NESProjectBuilder>(m_settings);
     builder->setConsoleOutput(m_printer);
@@ -112,12 +111,12 @@ std::optional<BuildCommand::Report> BuildCommand::buildReport() {
     QCoreApplication* const application = &m_application;
     builder->build(
         [application, report](std::optional<fs::path> image, std::optional<BuildError> error) {
-            // Queued behind the assembler's text, which is printed first therefore.
+            // Queued after the assembler's output, so that that is printed first.
             const auto take = [report, outcome = Report{std::move(image), std::move(error)}] {
                 *report = outcome;
                 QCoreApplication::exit();
             };
-            BackgroundWork::postToMainThread(application, take);
+            postToMainThread(application, take);
         });
     QCoreApplication::exec();
     return *report;
@@ -125,7 +124,7 @@ std::optional<BuildCommand::Report> BuildCommand::buildReport() {
 
 void BuildCommand::tellError(const BuildError& error) {
     complain(error.localizedDescription());
-    for (const std::string& hint : BuildHints::forError(error, *m_settings)) {
+    for (const std::string& hint : buildHintsFor(error, *m_settings)) {
         complain("hint: " + hint);
     }
 }

@@ -3,7 +3,7 @@
 
 #include "build/BuildError.h"
 #include "build/BuildSettingsConfiguration.h"
-#include "tools/OpenedProject.h"
+#include "model/OpenedProject.h"
 
 #include <filesystem>
 #include <memory>
@@ -18,29 +18,29 @@ namespace kestrel {
 class ConsolePrinter;
 class Relocation;
 
-/// Builds one project with the environment's own builder and judges whether that made an image.
+/// Builds one project with NESProjectBuilder and checks whether that made an image.
 class BuildCommand {
 public:
-    /// Runs the event loop of `application`, which must not run yet. The process's current folder
-    /// becomes the project's.
-    /// `assemblerArguments` go to the assembler behind its usual ones.
+    /// run() runs the event loop of `application` and changes the working folder to the project's.
+    /// `assemblerArguments` follow the assembler's usual ones.
     BuildCommand(QCoreApplication& application, OpenedProject project,
                  std::vector<std::string> assemblerArguments = {});
     ~BuildCommand();
     BuildCommand(const BuildCommand&) = delete;
     BuildCommand& operator=(const BuildCommand&) = delete;
 
-    /// Builds and tells the user what went wrong. True when this build made the image and all its
-    /// text was printed.
+    /// Builds, and tells the user what went wrong. True when this build made the image and all of
+    /// its output was printed.
     bool run();
 
 private:
+    /// What the builder passes to its completion handler.
     struct Report {
         std::optional<std::filesystem::path> image;
         std::optional<BuildError> error;
     };
 
-    void takeAsMoved(const Relocation& relocation);
+    std::shared_ptr<BuildSettingsConfiguration> movedSettings(const Relocation& relocation) const;
     bool build(const std::filesystem::path& expectedImage);
     std::optional<Report> buildReport();
     void tellError(const BuildError& error);

@@ -26,13 +26,13 @@ constexpr std::size_t MostFileHints = 5;
 
 std::optional<std::string> setUpHint(BuildSettingsConfiguration& settings) {
     const ProjectItem& project = *settings.projectToBuild();
-    if (!AssemblerLocation::find()) {
+    if (!findAssembler()) {
         return "The assembler NESasm is neither beside kestrel-build nor in the folder "
                "../libexec/kestrel: Kestrel is not installed completely.";
     }
     if (!settings.outputFilePath()) {
-        const std::string file = shown(BuildSettingsFile::location(project));
-        return existsAt(BuildSettingsFile::location(project))
+        const std::string file = shown(buildSettingsLocation(project));
+        return existsAt(buildSettingsLocation(project))
                    ? "The build settings " + file +
                          " cannot be understood: they need the texts \"output_folder\" and "
                          "\"emulator\"."
@@ -50,10 +50,10 @@ std::optional<std::string> setUpHint(BuildSettingsConfiguration& settings) {
            shown(*settings.outputFilePath()) + ": may you write there?";
 }
 
-/// Why this file is not the main one, where that is worth a word.
+/// Why this file is not the main one; nothing when there is no more to say than that.
 std::optional<std::string> sourceHint(const ProjectItem& entry,
                                       const std::filesystem::path& projectFolder) {
-    const auto file = SourceLocation::file(entry, projectFolder);
+    const auto file = sourceFile(entry, projectFolder);
     if (!file) {
         return std::nullopt;
     }
@@ -61,12 +61,12 @@ std::optional<std::string> sourceHint(const ProjectItem& entry,
     if (!bytes) {
         return "The assembly file " + shown(*file) + " cannot be read.";
     }
-    const auto text = QtText::fromUtf8(std::string_view(*bytes));
+    const auto text = textFromUtf8(std::string_view(*bytes));
     if (!text) {
         return "The assembly file " + shown(*file) + " is not valid UTF-8 text.";
     }
-    // With as much behind it, nothing of the text itself is left out of the search.
-    if (MainAssemblyFile::placesVectors(*text + QString(text->size(), u' '))) {
+    // With as many spaces appended, the search reaches the end of the text.
+    if (placesVectors(*text + QString(text->size(), u' '))) {
         return "In " + shown(*file) + " the vectors stand too near the end to be found.";
     }
     return std::nullopt;
@@ -94,8 +94,8 @@ std::vector<std::string> mainFileHints(BuildSettingsConfiguration& settings) {
 
 } // namespace
 
-std::vector<std::string> BuildHints::forError(const BuildError& error,
-                                              BuildSettingsConfiguration& settings) {
+std::vector<std::string> buildHintsFor(const BuildError& error,
+                                       BuildSettingsConfiguration& settings) {
     if (error.description == SetUpFailed) {
         if (auto hint = setUpHint(settings)) {
             return {std::move(*hint)};

@@ -9,13 +9,9 @@
 
 namespace kestrel {
 
-/// Tells what stands behind the builder's few error texts.
-class BuildHints {
-public:
-    /// Sentences that help with `error`, found by looking at what the settings name; none when
-    /// there is nothing to add.
-    static std::vector<std::string> forError(const BuildError& error,
-                                             BuildSettingsConfiguration& settings);
-};
+/// Sentences that explain `error`, the builder's texts being few; found by looking at the files
+/// that the settings name. Empty when there is nothing to add.
+std::vector<std::string> buildHintsFor(const BuildError& error,
+                                       BuildSettingsConfiguration& settings);
 
 } // namespace kestrel

@@ -40,8 +40,8 @@ CommandLine refusal(std::string problem) {
     return {CommandLine::Action::refuse, {}, {}, std::move(problem)};
 }
 
-/// The option that `argument` is or begins with, one that the assembler has and that takes a value;
-/// nothing for any other.
+/// The name of the assembler's option with a value that `argument` begins with; nothing when it is
+/// none.
 std::optional<std::string_view> valuedAssemblerOption(std::string_view argument) {
     for (const std::string_view name : {"--listing", "--labels", "--max-errors"}) {
         if (argument == name || (argument.starts_with(name) && argument[name.size()] == '=')) {
@@ -60,15 +60,15 @@ bool isPlainAssemblerOption(std::string_view argument) {
     return argument == "-v" || argument == "--expand-macros";
 }
 
-/// The value of --listing from where kestrel-build was started: the build changes the folder.
+/// The value of --listing as an absolute path: the build changes the working folder.
 std::string absoluteText(const std::string& path) {
     std::error_code error;
     const auto absolute = std::filesystem::absolute(path, error);
     return error || path.empty() ? path : absolute.string();
 }
 
-/// The assembler's option at `index` as the assembler is to get it, with its value; `index` moves
-/// on when that is the next argument. Nothing when the value is missing.
+/// The assembler's option at `index`, with its value, as arguments for the assembler. Moves `index`
+/// if the value is the next argument. Nothing when the value is missing.
 std::optional<std::vector<std::string>>
 takeAssemblerOption(const std::vector<std::string>& arguments, std::size_t& index) {
     const std::string& argument = arguments[index];

@@ -8,20 +8,21 @@
 
 namespace kestrel {
 
-/// What kestrel-build was asked to do.
+/// The parsed command line of kestrel-build.
 struct CommandLine {
+    /// What to do; `refuse` for a wrong command line.
     enum class Action { build, relocate, showHelp, showVersion, refuse };
 
     Action action = Action::refuse;
     std::filesystem::path project;               ///< as given; for `build` and `relocate`
-    std::vector<std::string> assemblerArguments; ///< further ones for the assembler; for `build`
+    std::vector<std::string> assemblerArguments; ///< passed on to the assembler; for `build`
     std::string problem;                         ///< a sentence for the user; for `refuse`
 
-    /// Reads the arguments behind the program's name. "--help" and "--version" win over everything
-    /// else, faults included; the first of the two counts.
+    /// Parses the arguments without the program's name. The first "--help" or "--version" wins over
+    /// everything else, errors included.
     static CommandLine parse(const std::vector<std::string>& arguments);
 
-    /// The text of "--help", with its last line break.
+    /// The text of "--help", with a line break at its end.
     static std::string_view helpText();
 };
 

@@ -11,13 +11,13 @@
 namespace kestrel {
 
 void ConsolePrinter::console(const QString& output) {
-    // In pieces, so that no second copy of a large text is made.
+    // In pieces, so that a large text is not held twice.
     constexpr qsizetype PieceSize = qsizetype{1} << 20;
     QStringView rest(output);
     while (!rest.isEmpty() && !m_hasFailed) {
         qsizetype size = std::min(PieceSize, rest.size());
         if (size < rest.size() && rest[size - 1].isHighSurrogate()) {
-            ++size; // its other half
+            ++size; // the low surrogate
         }
         const QByteArray bytes = rest.first(size).toUtf8();
         m_hasPrinted = true;

@@ -5,13 +5,13 @@
 
 namespace kestrel {
 
-/// The console of a program without a window: standard output, with nothing added.
+/// Prints console text to standard output, unchanged.
 class ConsolePrinter final : public ConsoleOutputDelegate {
 public:
     void console(const QString& output) override;
 
     bool hasPrinted() const { return m_hasPrinted; }
-    /// Whether any text was lost, which the user has been told then.
+    /// Whether any text could not be written, which was also reported to the user.
     bool hasFailed() const { return m_hasFailed; }
 
 private:

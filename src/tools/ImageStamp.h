@@ -7,10 +7,10 @@
 
 namespace kestrel {
 
-/// What tells one state of an image file from another. The assembler writes an image under another
-/// name and renames it, so that even a rebuilt image with the same bytes is another file.
+/// Identifies one state of an image file. The assembler renames a new file into place, so that even
+/// a rebuilt image with the same bytes differs.
 struct ImageStamp {
-    bool present = false; ///< whether a regular file is there; links are followed
+    bool present = false; ///< whether it is a regular file; links are followed
     std::uint64_t device = 0;
     std::uint64_t file = 0;
     std::int64_t changedSeconds = 0;

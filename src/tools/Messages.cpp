@@ -12,14 +12,14 @@ namespace kestrel {
 
 namespace {
 
-/// The number of the error that stopped the writing, 0 for none.
+/// Writes all of `text`. Returns the error number, 0 for success.
 int writeAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
         const ssize_t written = ::write(descriptor, text.data(), text.size());
         if (written >= 0) {
             text.remove_prefix(static_cast<std::size_t>(written));
         } else if (errno == EAGAIN) {
-            // Another program made the stream non-blocking, for all who share it.
+            // Another program that shares the stream made it non-blocking.
             pollfd stream{descriptor, POLLOUT, 0};
             if (::poll(&stream, 1, -1) < 0 && errno != EINTR) {
                 return errno;
@@ -52,7 +52,7 @@ std::string shown(const std::filesystem::path& path) {
 void prepareStandardStreams() {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (::fcntl(descriptor, F_GETFD) < 0) {
-            // The lowest free number is this one. Read-only: text for it is lost, and that shows.
+            // Gets this number, the lowest free one. Read-only, so that writing fails visibly.
             static_cast<void>(::open("/dev/null", O_RDONLY));
         }
     }
@@ -63,7 +63,7 @@ void complain(std::string_view sentence) {
     std::string line = "kestrel-build: ";
     line += sentence;
     line += '\n';
-    // Nobody is left to be told when this fails.
+    // A failure cannot be reported anywhere.
     static_cast<void>(writeAll(STDERR_FILENO, line));
 }
 

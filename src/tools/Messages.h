@@ -7,20 +7,19 @@
 
 namespace kestrel {
 
-/// A path or a name in quotes as a message shows it: a control character is written as an escape,
-/// so that a name with a line break stays on one line and none can steer the terminal.
+/// A path or name in quotes, for a message. Control characters are escaped, so that the message
+/// stays on one line and cannot control the terminal.
 std::string shown(const std::filesystem::path& path);
 
-/// Makes the standard streams safe to write to: a closed one is opened to nowhere, so that no file
-/// opened later takes its place, and a reader that goes away does not end the program. Called
-/// first.
+/// Makes the standard streams safe to write to. To be called first: opens closed ones to /dev/null,
+/// so that no later file gets their descriptors, and ignores SIGPIPE.
 void prepareStandardStreams();
 
 /// Writes "kestrel-build: ", the sentence and a line break to standard error.
 void complain(std::string_view sentence);
 
-/// Writes the whole text to standard output. True also when the reader of a pipe went away: it
-/// wants no more. False, with a complaint, for any other failure, such as a full disk.
+/// Writes text to standard output. True also when the reader of a pipe has closed it. False, with a
+/// message to the user, for any other failure, such as a full disk.
 bool printText(std::string_view text);
 
 } // namespace kestrel

@@ -2,7 +2,6 @@
 #include "tools/ProjectRelocator.h"
 
 #include "model/BuildSettingsFile.h"
-#include "model/FileProcessor.h"
 #include "model/FileReader.h"
 #include "model/FileWriter.h"
 #include "model/Paths.h"
@@ -21,52 +20,22 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int SettingsIndent = 4;
-
-void relocateMember(Dictionary& settings, const char* key, const Relocation& relocation) {
-    const auto text = stringMember(settings, key);
-    if (!text || text->empty()) {
-        return;
-    }
-    if (const fs::path found = relocation.mapped(*text); found != fs::path(*text)) {
-        settings[key] = pathText(found);
-    }
-}
-
-void relocateSettings(Dictionary& settings, const Relocation& relocation) {
-    relocateMember(settings, "output_folder", relocation);
-    relocateMember(settings, "emulator", relocation);
-    for (const char* key : {"code_assembly_files", "graphic_files", "palette_files"}) {
-        const auto list = settings.find(key);
-        if (list != settings.end() && list->is_array()) {
-            for (Dictionary& node : *list) {
-                relocation.apply(node);
-            }
-        }
-    }
-}
-
-fs::path settingsFileOf(const OpenedProject& project) {
-    const fs::path folder = joined(project.folder, SettingsFolderName);
-    return joined(folder,
-                  project.root->itemName() + std::string(BuildSettingsConfigurationExtension));
-}
-
-/// The new content of both files, in the order in which they are put in place.
+/// The new content of both files, in the order in which they are replaced.
 std::optional<std::vector<PendingFile>> newFiles(const OpenedProject& project,
                                                  const Relocation& relocation,
                                                  std::optional<Dictionary> settings) {
     std::vector<PendingFile> files;
     if (settings) {
-        relocateSettings(*settings, relocation);
-        auto content = serialiseJson(*settings, SettingsIndent);
+        relocation.applyToSettings(*settings);
+        auto content = buildSettingsText(*settings);
         if (!content) {
             return std::nullopt;
         }
-        files.push_back({settingsFileOf(project), std::move(*content)});
+        files.push_back(
+            {buildSettingsLocation(project.folder, project.root->itemName()), std::move(*content)});
     }
     Dictionary structure = project.structure;
-    relocation.apply(structure);
+    relocation.applyToNode(structure);
     structure["path"] = pathText(project.folder);
     auto content = serialiseJson(structure);
     if (!content) {
@@ -76,8 +45,7 @@ std::optional<std::vector<PendingFile>> newFiles(const OpenedProject& project,
     return files;
 }
 
-/// Keeps a backup of each file with members that are there twice, of which the new content has only
-/// the last.
+/// Makes a backup of each file with repeated members, of which the new content has only the last.
 bool keepWhatWouldBeLost(const std::vector<PendingFile>& files) {
     return std::all_of(files.begin(), files.end(), [](const PendingFile& file) {
         bool repeatedMembers = false;
@@ -86,7 +54,7 @@ bool keepWhatWouldBeLost(const std::vector<PendingFile>& files) {
     });
 }
 
-/// Replaces the files, unless one of them leads to the project that this one was copied from.
+/// Replaces the files, unless one is a link to the project that this one was copied from.
 bool write(const std::vector<PendingFile>& files, const Relocation& relocation) {
     for (const PendingFile& file : files) {
         if (relocation.leadsBack(file.path)) {
@@ -107,24 +75,24 @@ bool write(const std::vector<PendingFile>& files, const Relocation& relocation) 
 
 } // namespace
 
-ProjectRelocator::Outcome ProjectRelocator::relocate(const OpenedProject& project) {
-    const auto relocation = Relocation::between(project.root->itemPath(), project.folder);
+RelocationOutcome relocateProject(const OpenedProject& project) {
+    const auto relocation = Relocation::between(project.namedFolder, project.folder);
     if (!relocation) {
         printText("The project's files name the folder it lies in, " + shown(project.folder) +
                   ": nothing to do.\n");
-        return Outcome::nothingToDo;
+        return RelocationOutcome::nothingToDo;
     }
     if (project.root->itemName().find('/') != std::string::npos) {
         complain("the project's name " + shown(project.root->itemName()) +
                  " holds a \"/\", so its build settings have no place. Nothing was changed.");
-        return Outcome::notUnderstood;
+        return RelocationOutcome::notUnderstood;
     }
-    const fs::path settingsFile = settingsFileOf(project);
-    auto settings = readJsonFile(settingsFile);
-    if (existsAt(settingsFile) && !(settings && settings->is_object())) {
+    const fs::path settingsFile = buildSettingsLocation(project.folder, project.root->itemName());
+    auto settings = readJsonObject(settingsFile);
+    if (existsAt(settingsFile) && !settings) {
         complain("the build settings " + shown(settingsFile) +
                  " cannot be read or are not a JSON object. Nothing was changed.");
-        return Outcome::notUnderstood;
+        return RelocationOutcome::notUnderstood;
     }
     if (!settings) {
         complain("there are no build settings " + shown(settingsFile) +
@@ -136,14 +104,14 @@ ProjectRelocator::Outcome ProjectRelocator::relocate(const OpenedProject& projec
             "the folder " + shown(project.folder) +
             " cannot be named in the project's files: its name is not valid UTF-8. Nothing was "
             "changed.");
-        return Outcome::notWritten;
+        return RelocationOutcome::notWritten;
     }
     if (!write(*files, *relocation)) {
-        return Outcome::notWritten;
+        return RelocationOutcome::notWritten;
     }
     printText("Relocated from " + shown(relocation->former()) + " to " + shown(project.folder) +
               ".\n");
-    return Outcome::relocated;
+    return RelocationOutcome::relocated;
 }
 
 } // namespace kestrel

@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "tools/OpenedProject.h"
+#include "model/OpenedProject.h"
 
 namespace kestrel {
 
-/// Writes the folder in which a project lies now into its structure and build settings files.
-class ProjectRelocator {
-public:
-    /// What became of the files.
-    enum class Outcome { nothingToDo, relocated, notWritten, notUnderstood };
+/// The result of relocating a project.
+enum class RelocationOutcome { nothingToDo, relocated, notWritten, notUnderstood };
 
-    /// Relocates `project` and tells the user what was done or why not. Only the paths change: all
-    /// else in the files stays, known or not. Both files are written before either is put in its
-    /// place, the structure last, so that a relocation that was cut short can be run again.
-    static Outcome relocate(const OpenedProject& project);
-};
+/// Writes the folder in which `project` lies now into its structure and build-settings files, and
+/// tells the user what was done or why not. Only paths change. Both files are written before either
+/// is put in place, the structure last, so that an interrupted relocation can be run again.
+RelocationOutcome relocateProject(const OpenedProject& project);
 
 } // namespace kestrel

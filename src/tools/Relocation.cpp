@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Relocation.h"
 
+#include "model/BuildSettingsFile.h"
+#include "model/FileType.h"
 #include "model/Paths.h"
 
 #include <algorithm>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -13,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// `path` without ".", empty components and a separator at its end; ".." is taken as written.
+/// `path` normalised lexically, without a separator at its end.
 fs::path normal(const fs::path& path) {
     fs::path result = path.lexically_normal();
     if (!result.has_filename() && result.has_relative_path()) {
@@ -22,8 +25,8 @@ fs::path normal(const fs::path& path) {
     return result == "." ? fs::path() : result;
 }
 
-/// `path` with the links in its existing part followed, and a last one that leads to nothing yet:
-/// writing there makes what it names. As written where that cannot be told.
+/// `path` with links followed, also a last one to a missing file, which writing would create. Only
+/// normalised when that fails.
 fs::path resolved(const fs::path& path) {
     constexpr int MostLinks = 40; // as the kernel's own limit
     fs::path next = path;
@@ -46,8 +49,8 @@ bool holdsParentStep(const fs::path& path) {
     return std::find(path.begin(), path.end(), "..") != path.end();
 }
 
-/// What follows `base` in `path`, empty for `base` itself; nothing when `path` is not below it.
-/// Both are normal.
+/// The rest of `path` after `base`, empty for `base` itself; nothing when it is not below `base`.
+/// Both must be normalised.
 std::optional<fs::path> restBelow(const fs::path& path, const fs::path& base) {
     if (path.is_absolute() != base.is_absolute()) {
         return std::nullopt;
@@ -68,6 +71,15 @@ std::optional<fs::path> restBelow(const fs::path& path, const fs::path& base) {
 
 bool isBelow(const fs::path& path, const fs::path& base) {
     return restBelow(path, base).has_value();
+}
+
+/// Whether the path of this stored node is to be mapped.
+bool movesWithProject(const Dictionary& node) {
+    const auto path = stringMember(node, "path");
+    const auto pathType = stringMember(node, "path_type");
+    const auto kind = pathType ? filePathTypeFrom(*pathType) : std::nullopt;
+    return path &&
+           (kind == FilePathType::absolute || (kind == FilePathType::noPath && !path->empty()));
 }
 
 } // namespace
@@ -96,7 +108,7 @@ fs::path Relocation::mapped(const fs::path& path) const {
         return mapped(normal(path), m_written).value_or(path);
     }
     const fs::path target = resolved(path);
-    // A copy that lies inside its original: what is in the copy already stays there.
+    // In a copy inside the original project, paths below the copy stay.
     if (isBelow(m_resolved.present, m_resolved.former) && isBelow(target, m_resolved.present)) {
         return path;
     }
@@ -123,36 +135,45 @@ bool Relocation::leadsBack(const fs::path& path) const {
            !(copyInside && isBelow(target, m_resolved.present));
 }
 
-bool Relocation::concerns(FilePathType kind, const fs::path& path) {
-    return kind == FilePathType::absolute || (kind == FilePathType::noPath && !path.empty());
+/// Maps the path in the member `key`, if that is a string.
+void Relocation::mapMember(Dictionary& object, std::string_view key) const {
+    const auto path = stringMember(object, key);
+    if (!path) {
+        return;
+    }
+    if (const fs::path found = mapped(*path); found != fs::path(*path)) {
+        object[std::string(key)] = pathText(found);
+    }
 }
 
-void Relocation::apply(Dictionary& node) const {
+/// Maps the paths of the nodes in the member `key`, if that is an array.
+void Relocation::mapNodesIn(Dictionary& object, std::string_view key) const {
+    const auto nodes = object.find(std::string(key));
+    if (nodes != object.end() && nodes->is_array()) {
+        for (Dictionary& node : *nodes) {
+            applyToNode(node);
+        }
+    }
+}
+
+void Relocation::applyToNode(Dictionary& node) const {
     if (!node.is_object()) {
         return;
     }
-    const auto path = stringMember(node, "path");
-    const auto pathType = stringMember(node, "path_type");
-    const auto kind = pathType ? filePathTypeFrom(*pathType) : std::nullopt;
-    if (path && kind && concerns(*kind, *path)) {
-        if (const fs::path found = mapped(*path); found != fs::path(*path)) {
-            node["path"] = pathText(found);
-        }
+    if (movesWithProject(node)) {
+        mapMember(node, "path");
     }
-    const auto children = node.find("sub_items");
-    if (children != node.end() && children->is_array()) {
-        for (Dictionary& child : *children) {
-            apply(child);
-        }
-    }
+    mapNodesIn(node, "sub_items");
 }
 
-void Relocation::apply(ProjectItem& node) const {
-    if (concerns(node.itemPathType(), node.itemPath())) {
-        node.setItemPath(mapped(node.itemPath()));
+void Relocation::applyToSettings(Dictionary& settings) const {
+    for (const std::string_view key : buildSettingMembers(BuildSettingForm::path)) {
+        if (stringMember(settings, key) != "") {
+            mapMember(settings, key);
+        }
     }
-    for (const auto& child : node.subItems()) {
-        apply(*child);
+    for (const std::string_view key : buildSettingMembers(BuildSettingForm::fileList)) {
+        mapNodesIn(settings, key);
     }
 }
 

@@ -3,7 +3,7 @@
 #include "tools/BuildCommand.h"
 #include "tools/CommandLine.h"
 #include "tools/Messages.h"
-#include "tools/OpenedProject.h"
+#include "tools/ProjectArgument.h"
 #include "tools/ProjectRelocator.h"
 
 #include <QCoreApplication>
@@ -15,6 +15,7 @@
 
 namespace {
 
+/// The exit status.
 enum Status { success = 0, failure = 1, refusal = 2 };
 
 Status refuse(const std::string& problem) {
@@ -23,13 +24,13 @@ Status refuse(const std::string& problem) {
 }
 
 Status relocate(const kestrel::OpenedProject& project) {
-    switch (kestrel::ProjectRelocator::relocate(project)) {
-    case kestrel::ProjectRelocator::Outcome::notWritten:
+    switch (kestrel::relocateProject(project)) {
+    case kestrel::RelocationOutcome::notWritten:
         return failure;
-    case kestrel::ProjectRelocator::Outcome::notUnderstood:
+    case kestrel::RelocationOutcome::notUnderstood:
         return refusal;
-    case kestrel::ProjectRelocator::Outcome::nothingToDo:
-    case kestrel::ProjectRelocator::Outcome::relocated:
+    case kestrel::RelocationOutcome::nothingToDo:
+    case kestrel::RelocationOutcome::relocated:
         break;
     }
     return success;
@@ -40,14 +41,14 @@ Status build(kestrel::OpenedProject project, const std::vector<std::string>& ass
     bool built = false;
     int signal = 0;
     {
-        // Of the arguments only the program's own name is Qt's business.
+        // Qt gets the program's name only, so that it takes no argument for one of its own.
         int argumentCount = 1;
         char* arguments[] = {programName, nullptr};
         QCoreApplication application(argumentCount, arguments);
         const kestrel::SignalWatcher watcher;
         built = kestrel::BuildCommand(application, std::move(project), assemblerArguments).run();
         signal = watcher.caught();
-    } // ends an assembler that still runs
+    } // the destructors end a running assembler
     if (signal != 0) {
         kestrel::SignalWatcher::endBy(signal);
     }
@@ -72,9 +73,9 @@ int main(int argc, char** argv) {
     case Action::relocate:
         break;
     }
-    auto project = kestrel::openProject(commandLine.project);
-    if (const auto* problem = std::get_if<kestrel::ProjectProblem>(&project)) {
-        return refuse(problem->sentence);
+    auto project = kestrel::openProjectArgument(commandLine.project);
+    if (const auto* problem = std::get_if<std::string>(&project)) {
+        return refuse(*problem);
     }
     auto& opened = std::get<kestrel::OpenedProject>(project);
     return commandLine.action == Action::relocate

@@ -3,11 +3,12 @@
 
 namespace kestrel {
 
-/// The commands of the Edit menu that every part of the window understands in its own way.
+/// The commands of the Edit menu that each EditTarget carries out on its own content.
 enum class EditCommand { undo, redo, cut, copy, paste, selectAll };
 
-/// What a widget offers to the Edit menu. The menu asks the focused widget, or else the nearest of
-/// its parents that is an EditTarget. Text views and line edits of the toolkit need not be one.
+/// A widget that carries out commands of the Edit menu. The menu asks the focused widget, or else
+/// the nearest of its parents that is an EditTarget. Qt's text views and line edits need not be
+/// one.
 class EditTarget {
 public:
     EditTarget() = default;

@@ -7,8 +7,9 @@ class QAction;
 
 namespace kestrel {
 
-/// What the window's menus ask of the pane that is shown. A pane without files to save or commands
-/// of its own need not be one.
+class CommandSet;
+
+/// A pane with a file to save, or with commands of its own for the window's menus.
 class EditorPane {
 public:
     EditorPane() = default;
@@ -19,8 +20,11 @@ public:
     /// Saves what the pane shows, at once. Only called while the pane is the visible one.
     virtual void savePane() {}
 
-    /// The pane's own commands, in order, separators included; the same on every call, owned by the
-    /// pane. They stand at the end of the Edit menu while the pane is shown. Their shortcuts act
+    /// The pane's own commands; null when it has none.
+    virtual const CommandSet* commands() const { return nullptr; }
+
+    /// Their actions in the Edit menu, in order, separators included; the same on every call, owned
+    /// by the pane. They are at the end of the menu while the pane is shown. Their shortcuts act
     /// while the pane is shown, so a row of tools in the pane may hold the very same actions, but
     /// no copies.
     virtual QList<QAction*> editActions() const { return {}; }

@@ -5,15 +5,15 @@
 
 namespace kestrel {
 
-/// One line of plain text that gives up its middle when there is no room for all of it; the tooltip
-/// then has the whole.
+/// A label with one line of plain text that is elided in the middle when it does not fit; its
+/// tooltip then shows the whole text.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
 public:
     explicit ElidedLabel(QWidget* parent = nullptr);
 
-    /// The text as it is painted at present.
+    /// The text as it is painted now, elided if need be.
     QString visibleText() const;
 
     QSize sizeHint() const override;
@@ -24,7 +24,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    /// The text in one line, whatever a file name may hold.
+    /// The text with control characters, which a file name may hold, replaced.
     QString line() const;
 };
 

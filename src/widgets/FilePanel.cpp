@@ -18,7 +18,7 @@ QFileDialog* makeFilePanel(QWidget* window, const QString& prompt,
     panel->setAcceptMode(QFileDialog::AcceptOpen);
     panel->setFileMode(QFileDialog::ExistingFile);
     panel->setLabelText(QFileDialog::Accept, prompt);
-    // Whichever comes first takes the handler out: the panel's end, or the end of its window.
+    // The first of the two takes the handler: the panel is closed, or its window is destroyed.
     const auto waiting = std::make_shared<FilePanelHandler>(std::move(handler));
     QObject::connect(panel, &QDialog::finished, [panel, waiting](int result) {
         const FilePanelHandler told = std::exchange(*waiting, nullptr);

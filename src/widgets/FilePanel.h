@@ -12,7 +12,7 @@ class QWidget;
 
 namespace kestrel {
 
-/// Gets the chosen file; nothing when none was chosen.
+/// Receives the chosen file; nothing when none was chosen.
 using FilePanelHandler = std::function<void(const std::optional<std::filesystem::path>&)>;
 
 /// Asks for one existing file in a sheet on `window`, beginning in `folder`; `prompt` is the text
@@ -20,13 +20,12 @@ using FilePanelHandler = std::function<void(const std::optional<std::filesystem:
 using FilePanel = std::function<void(QWidget* window, const QString& prompt,
                                      const std::filesystem::path& folder, FilePanelHandler)>;
 
-/// The toolkit's file panel, not opened yet, for a caller that has more to set on it. It belongs to
-/// `window` and goes when it is closed.
+/// Qt's file dialog as a sheet, not opened yet, for a caller that has more to set on it. It belongs
+/// to `window` and is deleted when it is closed.
 QFileDialog* makeFilePanel(QWidget* window, const QString& prompt,
                            const std::filesystem::path& folder, FilePanelHandler handler);
 
-/// The toolkit's file panel: opened, never executed; it belongs to `window` and goes when it is
-/// closed.
+/// A FilePanel: opens makeFilePanel()'s dialog without a nested event loop.
 void openFilePanel(QWidget* window, const QString& prompt, const std::filesystem::path& folder,
                    FilePanelHandler handler);
 

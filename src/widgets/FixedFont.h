@@ -5,8 +5,8 @@
 
 namespace kestrel {
 
-/// The desktop's font with characters of one width. A desktop that names another kind of font for
-/// it (some theme programs do, until they are told one) gets the usual one instead.
+/// The desktop's monospaced font. Where the desktop names a proportional font for it (some theme
+/// programs do until they are set up), the system's usual monospaced one.
 QFont fixedFont();
 
 } // namespace kestrel

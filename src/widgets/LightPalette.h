@@ -7,11 +7,10 @@ class QWidget;
 
 namespace kestrel {
 
-/// Dark text on white, whatever the desktop's theme.
+/// The palette of the white panes: dark text on white, whatever the desktop's theme.
 QPalette lightPalette();
 
-/// Gives a pane its white background on every theme, with text and controls that stay readable on
-/// it.
+/// Gives a pane the lightPalette() and a white background.
 void makeWhite(QWidget& pane);
 
 } // namespace kestrel

@@ -73,4 +73,17 @@ void drawOutline(QPainter& painter, const QRect& rect, int thickness, const QCol
     }
 }
 
+QRectF fitted(const QPainter& painter, const QRectF& rect) {
+    const QTransform toDevice = painter.deviceTransform();
+    const QRectF device = toDevice.mapRect(rect);
+    const QPointF topLeft(std::round(device.left()), std::round(device.top()));
+    const QPointF bottomRight(std::round(device.right()), std::round(device.bottom()));
+    return toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
+}
+
+double fittedWidth(const QPainter& painter, double width) {
+    const double scale = painter.deviceTransform().m11();
+    return scale > 0 ? std::max(1.0, std::round(width * scale)) / scale : width;
+}
+
 } // namespace kestrel

@@ -7,9 +7,9 @@
 
 namespace kestrel {
 
-/// A window-modal dialog that is opened, never executed, and that says exactly once that it is
-/// over: when it is ended, rejected (Escape), closed by its window's button or by quitting, or
-/// destroyed with its parent. It deletes itself afterwards.
+/// A window-modal dialog without a nested event loop that calls back exactly once when it is over:
+/// ended, rejected (Escape), closed by its window's button or by quitting, or destroyed with its
+/// parent. It deletes itself afterwards.
 class Sheet : public QDialog {
     Q_OBJECT
 

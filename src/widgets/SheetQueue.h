@@ -12,14 +12,14 @@ class QWidget;
 
 namespace kestrel {
 
-/// Lets actions wait for the end of the sheets that are open on a window.
+/// Delays actions while a sheet is open on a window.
 class SheetQueue : public QObject {
 public:
-    /// For the window in which `widget`, which must outlive the queue, stands at the time.
+    /// Watches the window that contains `widget`, which must outlive this.
     explicit SheetQueue(const QWidget& widget);
 
-    /// Calls `action` at once, or, while any sheet is open on the window, after it has ended and
-    /// told so. Actions keep their order; those that still wait when the queue goes are dropped.
+    /// Calls `action` at once, or, while a sheet is open on the window, after the sheet has called
+    /// back. Actions keep their order; those still delayed when the queue is destroyed are dropped.
     void carryOut(std::function<void()> action);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -30,7 +30,7 @@ private:
 
     const QWidget& m_widget;
     std::deque<std::function<void()>> m_waiting;
-    QTimer m_later; ///< so that a sheet's end is told to whoever opened it first
+    QTimer m_later; ///< so that a sheet's own callback comes first
 };
 
 } // namespace kestrel

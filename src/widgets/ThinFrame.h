@@ -7,16 +7,15 @@ class QAbstractScrollArea;
 
 namespace kestrel {
 
-/// A thin line around a view, whole and crisp at every scale of the screen.
+/// A thin frame around a view that is complete and crisp at every scale factor.
 ///
-/// A view's own frame is not: where a unit of the toolkit is one and a half pixels of the screen,
-/// edges of what is inside the frame are rounded to pixels that the frame needs. So this one leaves
-/// a unit of room within the line.
+/// QFrame's own is not: at a fractional scale factor the edges of the view inside are rounded onto
+/// device pixels of the frame. So this one leaves a device-independent pixel free inside its line.
 class ThinFrame : public QWidget {
     Q_OBJECT
 
 public:
-    /// Takes the view in and its own frame away.
+    /// Puts `view` into this frame and removes its own.
     ThinFrame(QAbstractScrollArea& view, QWidget* parent);
 
 protected:

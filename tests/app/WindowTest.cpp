@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "app/MenuEntry.h"
 #include "app/WindowFixture.h"
 #include "editors/CommonEditorControllers.h"
 #include "navigation/tree/Menu.h"
 #include "widgets/EditorPane.h"
+#include "widgets/EditTarget.h"
 #include "widgets/Sheet.h"
 
 #include <QAbstractButton>

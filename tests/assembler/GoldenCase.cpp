@@ -5,12 +5,10 @@
 #include "assembler/ProgramRun.h"
 #include "support/TemporaryFolder.h"
 
-#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <regex>
-#include <set>
 #include <sstream>
 #include <utility>
 
@@ -60,70 +58,15 @@ std::string withoutTimes(const std::string& text) {
     return std::regex_replace(text, std::regex("mtime=0x[0-9A-F]+"), "mtime=0x0");
 }
 
-bool isCaseFile(const fs::path& path) {
-    return path.extension() == ".asm";
-}
-
-const std::vector<std::string>& expectationEndings() {
-    static const std::vector<std::string> endings{".hex", ".out", ".status", ".run"};
-    return endings;
-}
-
-/// The topics below a folder: the folders that hold at least one file of a case.
-std::vector<fs::path> topicsIn(const fs::path& folder) {
-    std::vector<fs::path> topics;
-    for (const fs::directory_entry& entry : fs::directory_iterator(folder)) {
-        const auto isOfACase = [](const fs::directory_entry& file) {
-            const auto& endings = expectationEndings();
-            return isCaseFile(file.path()) || std::find(endings.begin(), endings.end(),
-                                                        file.path().extension()) != endings.end();
-        };
-        if (entry.is_directory() && std::any_of(fs::directory_iterator(entry.path()),
-                                                fs::directory_iterator(), isOfACase)) {
-            topics.push_back(entry.path());
-        }
-    }
-    return topics;
+/// Where a file that a case needs lies in its fresh folder: what begins with one of the folders
+/// there goes into it, everything else beside the source.
+fs::path placeIn(const fs::path& folder, const fs::path& file) {
+    const std::string first = file.begin()->string();
+    const bool top = first == "elsewhere" || first == "out" || first.starts_with("folder");
+    return (top ? folder : folder / "project") / file;
 }
 
 } // namespace
-
-std::vector<GoldenCase> GoldenCase::listedIn(const fs::path& folder) {
-    std::vector<GoldenCase> cases;
-    for (const fs::path& topic : topicsIn(folder)) {
-        for (const fs::directory_entry& file : fs::directory_iterator(topic)) {
-            if (file.is_regular_file() && isCaseFile(file.path())) {
-                cases.emplace_back(file.path());
-            }
-        }
-    }
-    std::sort(cases.begin(), cases.end(),
-              [](const GoldenCase& a, const GoldenCase& b) { return a.name() < b.name(); });
-    return cases;
-}
-
-std::vector<std::string> GoldenCase::orphansIn(const fs::path& folder) {
-    std::set<std::string> orphans;
-    for (const fs::path& topic : topicsIn(folder)) {
-        for (const fs::directory_entry& file : fs::directory_iterator(topic)) {
-            const fs::path& path = file.path();
-            fs::path source = path;
-            if (file.is_directory()) {
-                source = source.extension() == ".files" ? source.replace_extension(".asm")
-                                                        : source += ".asm";
-            } else if (!isCaseFile(path)) {
-                const auto& endings = expectationEndings();
-                const bool known =
-                    std::find(endings.begin(), endings.end(), path.extension()) != endings.end();
-                source = known ? source.replace_extension(".asm") : fs::path();
-            }
-            if (source.empty() || !fs::is_regular_file(source)) {
-                orphans.insert(fs::relative(path, folder).string());
-            }
-        }
-    }
-    return {orphans.begin(), orphans.end()};
-}
 
 GoldenCase::GoldenCase(fs::path source)
     : m_source(std::move(source)) {}
@@ -139,7 +82,8 @@ fs::path GoldenCase::beside(const char* ending) const {
 
 std::optional<GoldenCase::Setting> GoldenCase::setting(std::vector<std::string>& problems) const {
     const std::string stem = m_source.stem().string();
-    Setting result{stem + ".asm", "@/out/" + stem + ".nes", "elsewhere", "@/project", {}, {}};
+    Setting result{
+        stem + ".asm", "@/out/" + stem + ".nes", "elsewhere", "@/project", {}, {}, {}, {}};
     std::istringstream lines(read(beside(".run")).value_or(""));
     for (std::string line; std::getline(lines, line);) {
         const std::size_t colon = line.find(": ");
@@ -157,6 +101,11 @@ std::optional<GoldenCase::Setting> GoldenCase::setting(std::vector<std::string>&
             result.arguments.push_back(value);
         } else if (key == "call") {
             result.call.push_back(value);
+        } else if (key == "source" && !value.empty()) {
+            result.source = value;
+        } else if (const std::size_t equals = value.find(" = ");
+                   key == "file" && equals != std::string::npos) {
+            result.files.emplace_back(value.substr(0, equals), value.substr(equals + 3));
         } else {
             problems.push_back("the .run file has a line that is not understood: " + line);
             return std::nullopt;
@@ -165,24 +114,56 @@ std::optional<GoldenCase::Setting> GoldenCase::setting(std::vector<std::string>&
     return result;
 }
 
-void GoldenCase::prepare(const fs::path& folder) const {
-    fs::create_directory(folder / "elsewhere");
-    fs::create_directory(folder / "out");
-    fs::create_directory(folder / "project");
-    fs::copy_file(m_source, folder / "project" / m_source.filename());
+std::vector<std::string> GoldenCase::sharedInputs() const {
+    std::vector<std::string> problems;
+    std::vector<std::string> names;
+    if (const std::optional<Setting> run = setting(problems)) {
+        if (!run->source.empty()) {
+            names.push_back(run->source);
+        }
+        for (const auto& [place, name] : run->files) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+bool GoldenCase::prepare(const fs::path& folder, const Setting& run,
+                         std::vector<std::string>& problems) const {
+    for (const char* name : {"elsewhere", "out", "project"}) {
+        fs::create_directory(folder / name);
+    }
     const fs::path companions = beside("");
     if (fs::is_directory(companions)) {
-        // A companion that begins with a folder of the fresh folder goes there, everything else
-        // beside the source.
         for (const fs::directory_entry& entry : fs::directory_iterator(companions)) {
-            const std::string entryName = entry.path().filename().string();
-            const bool top =
-                entryName == "elsewhere" || entryName == "out" || entryName.starts_with("folder");
-            const fs::path target = (top ? folder : folder / "project") / entryName;
-            fs::copy(entry.path(), target,
+            fs::copy(entry.path(), placeIn(folder, entry.path().filename()),
                      fs::copy_options::recursive | fs::copy_options::overwrite_existing);
         }
     }
+    if (fs::exists(m_source) != run.source.empty()) {
+        problems.push_back(run.source.empty()
+                               ? "there is no source, neither its own nor a shared one"
+                               : "there is a source beside the shared one");
+        return false;
+    }
+    const fs::path shared = m_source.parent_path().parent_path() / "shared";
+    std::vector<std::pair<fs::path, fs::path>> files(run.files.begin(), run.files.end());
+    for (auto& [place, source] : files) {
+        place = placeIn(folder, place);
+        source = shared / source;
+    }
+    files.emplace_back(folder / "project" / m_source.filename(),
+                       run.source.empty() ? m_source : shared / run.source);
+    for (const auto& [place, source] : files) {
+        std::error_code fault;
+        fs::create_directories(place.parent_path(), fault);
+        if (!fs::copy_file(source, place, fault)) {
+            problems.push_back("there is no shared file " + source.filename().string() +
+                               ", or another file in its place");
+            return false;
+        }
+    }
+    return true;
 }
 
 void GoldenCase::compareImage(const std::optional<std::string>& image,
@@ -277,7 +258,9 @@ std::vector<std::string> GoldenCase::problemsWith(const fs::path& program) const
         return problems;
     }
     const TemporaryFolder folder;
-    prepare(folder.path());
+    if (!prepare(folder.path(), *run, problems)) {
+        return problems;
+    }
     const auto placed = [&folder](const std::string& text) {
         return replaced(text, "@", folder.path().string());
     };

@@ -4,25 +4,23 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kestrel::test {
 
 /// One golden case: a source file, what stands beside it, and the check that the assembler does
-/// with it exactly what is expected. docs of the files: tests/assembler/README.md.
+/// with it exactly what is expected. The files: tests/assembler/README.md.
 class GoldenCase {
 public:
-    /// All cases below a folder (one level of topic folders), sorted by name.
-    static std::vector<GoldenCase> listedIn(const std::filesystem::path& folder);
-
-    /// The files and folders below `folder` that belong to no case, relative to it.
-    static std::vector<std::string> orphansIn(const std::filesystem::path& folder);
-
-    /// A case by its source file.
+    /// A case by its source file, which need not be there when the .run file names a shared one.
     explicit GoldenCase(std::filesystem::path source);
 
     /// "topic/name-of-the-case".
     std::string name() const;
+
+    /// The shared files that the .run file names.
+    std::vector<std::string> sharedInputs() const;
 
     /// Assembles in a fresh folder with `program` and gives a sentence for everything that is not
     /// as expected; empty when the case passes.
@@ -36,11 +34,15 @@ private:
         std::string include; ///< the value of NES_INCLUDE; "@" stands for the fresh folder
         std::vector<std::string> arguments; ///< further arguments
         std::vector<std::string> call;      ///< all arguments, when it is not empty
+        std::string source;                 ///< the shared file that is the source, or nothing
+        /// Where in the fresh folder each further shared file lies, and its name.
+        std::vector<std::pair<std::string, std::string>> files;
     };
 
     std::filesystem::path beside(const char* ending) const;
     std::optional<Setting> setting(std::vector<std::string>& problems) const;
-    void prepare(const std::filesystem::path& folder) const;
+    bool prepare(const std::filesystem::path& folder, const Setting& run,
+                 std::vector<std::string>& problems) const;
     void compareImage(const std::optional<std::string>& image,
                       std::vector<std::string>& problems) const;
     void compareFiles(const std::filesystem::path& folder,

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/GoldenCase.h"
+#include "assembler/GoldenFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 namespace {
 
 using kestrel::test::GoldenCase;
+using kestrel::test::GoldenFolder;
 
 const std::filesystem::path CasesFolder = KESTREL_GOLDEN_CASES;
 const std::filesystem::path Assembler = KESTREL_NESASM;
@@ -29,11 +31,15 @@ TEST_P(GoldenCases, AssembleAsExpected) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Listed, GoldenCases, testing::ValuesIn(GoldenCase::listedIn(CasesFolder)),
+INSTANTIATE_TEST_SUITE_P(Listed, GoldenCases, testing::ValuesIn(GoldenFolder(CasesFolder).cases()),
                          testName);
 
-TEST(GoldenFolder, HoldsNoFileWithoutACase) {
-    EXPECT_EQ(GoldenCase::orphansIn(CasesFolder), std::vector<std::string>());
+TEST(CasesFolder, HoldsNoFileWithoutACase) {
+    EXPECT_EQ(GoldenFolder(CasesFolder).orphans(), std::vector<std::string>());
+}
+
+TEST(CasesFolder, SharesEqualInputs) {
+    EXPECT_EQ(GoldenFolder(CasesFolder).equalInputs(), std::vector<std::string>());
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Does the driver of the golden cases notice everything that can be wrong with a case?
 #include "assembler/GoldenCase.h"
+#include "assembler/GoldenFolder.h"
 #include "assembler/HexImage.h"
 #include "support/TemporaryFolder.h"
 
@@ -13,6 +14,7 @@
 namespace {
 
 using kestrel::test::GoldenCase;
+using kestrel::test::GoldenFolder;
 using kestrel::test::HexImage;
 using kestrel::test::TemporaryFolder;
 using testing::ElementsAre;
@@ -124,6 +126,47 @@ TEST_F(GoldenDriver, NoticesAHexFileThatItDoesNotUnderstand) {
     EXPECT_THAT(problem(), HasSubstr("line 2 is not understood"));
 }
 
+TEST_F(GoldenDriver, AssemblesASharedSourceUnderTheNameOfTheCase) {
+    m_folder.write("shared/one.asm", "\t.include \"more/two.asm\"\n");
+    m_folder.write("shared/two.asm", GoodSource);
+    givenBeside(".run", "source: one.asm\nfile: more/two.asm = two.asm\n");
+    givenBeside(".hex", GoodHex);
+    EXPECT_THAT(problems(), IsEmpty());
+}
+
+TEST_F(GoldenDriver, NoticesThatASharedSourceDiffers) {
+    m_folder.write("shared/one.asm", "\tlda #2\n");
+    givenBeside(".run", "source: one.asm\n");
+    givenBeside(".hex", GoodHex);
+    EXPECT_THAT(problem(), HasSubstr("0:0000: A9 02"));
+}
+
+TEST_F(GoldenDriver, NoticesThatThereIsNoSource) {
+    givenBeside(".run", "argument: -v\n");
+    EXPECT_THAT(problem(), HasSubstr("there is no source"));
+}
+
+TEST_F(GoldenDriver, NoticesASourceBesideTheSharedOne) {
+    givenCase(GoodSource);
+    m_folder.write("shared/one.asm", GoodSource);
+    givenBeside(".run", "source: one.asm\n");
+    EXPECT_THAT(problem(), HasSubstr("a source beside the shared one"));
+}
+
+TEST_F(GoldenDriver, NoticesASharedFileThatIsMissing) {
+    givenCase(GoodSource);
+    givenBeside(".run", "file: two.asm = two.asm\n");
+    EXPECT_THAT(problem(), HasSubstr("there is no shared file two.asm"));
+}
+
+TEST_F(GoldenDriver, NoticesASharedFileInPlaceOfAnother) {
+    givenCase(GoodSource);
+    m_folder.write("one/case/two.asm", GoodSource);
+    m_folder.write("shared/two.asm", GoodSource);
+    givenBeside(".run", "file: two.asm = two.asm\n");
+    EXPECT_THAT(problem(), HasSubstr("another file in its place"));
+}
+
 TEST_F(GoldenDriver, NoticesExpectationsWithoutACase) {
     givenCase(GoodSource);
     givenBeside(".hex", GoodHex);
@@ -133,7 +176,7 @@ TEST_F(GoldenDriver, NoticesExpectationsWithoutACase) {
     m_folder.write("one/case.txt", "");
     m_folder.write("alone/lost.status", "1\n");
     m_folder.write("notopic/Some.cpp", "");
-    EXPECT_THAT(GoldenCase::orphansIn(m_folder.path()),
+    EXPECT_THAT(GoldenFolder(m_folder.path()).orphans(),
                 ElementsAre("alone/lost.status", "one/case.txt", "one/gone", "one/lost.hex",
                             "one/lost.out"));
 }
@@ -144,10 +187,47 @@ TEST_F(GoldenDriver, ListsEveryCaseOfEveryTopic) {
     m_folder.write("two/a.asm", "");
     m_folder.write("two/a/data.asm", "");
     std::vector<std::string> names;
-    for (const GoldenCase& golden : GoldenCase::listedIn(m_folder.path())) {
+    for (const GoldenCase& golden : GoldenFolder(m_folder.path()).cases()) {
         names.push_back(golden.name());
     }
     EXPECT_THAT(names, ElementsAre("one/case", "two/a", "two/b"));
+}
+
+TEST_F(GoldenDriver, ListsACaseWithASharedSource) {
+    givenCase(GoodSource);
+    m_folder.write("shared/one.asm", GoodSource);
+    m_folder.write("two/b.run", "source: one.asm\n");
+    m_folder.write("two/b.out", "");
+    std::vector<std::string> names;
+    for (const GoldenCase& golden : GoldenFolder(m_folder.path()).cases()) {
+        names.push_back(golden.name());
+    }
+    EXPECT_THAT(names, ElementsAre("one/case", "two/b"));
+}
+
+TEST_F(GoldenDriver, NoticesASharedFileThatIsNotShared) {
+    m_folder.write("shared/both.asm", GoodSource);
+    m_folder.write("shared/once.bin", "1");
+    m_folder.write("shared/never.bin", "2");
+    m_folder.write("two/a.run", "source: both.asm\nfile: data.bin = once.bin\n");
+    m_folder.write("two/b.run", "source: both.asm\n");
+    EXPECT_THAT(GoldenFolder(m_folder.path()).orphans(),
+                ElementsAre("shared/never.bin", "shared/once.bin"));
+}
+
+TEST_F(GoldenDriver, NoticesEqualInputs) {
+    const std::string picture(64, 'p');
+    m_folder.write("one/case.asm", "");
+    m_folder.write("one/case/picture.pcx", picture);
+    m_folder.write("one/case/short.bin", "1");
+    m_folder.write("one/case.files/case.lst", picture);
+    m_folder.write("two/a.asm", GoodSource);
+    m_folder.write("two/a/gfx/other.pcx", picture);
+    m_folder.write("two/a/short.bin", "1");
+    m_folder.write("two/b.asm", GoodSource);
+    EXPECT_THAT(GoldenFolder(m_folder.path()).equalInputs(),
+                testing::UnorderedElementsAre("two/a.asm = two/b.asm",
+                                              "one/case/picture.pcx = two/a/gfx/other.pcx"));
 }
 
 TEST(HexImages, ReadWhatTheyDescribe) {

@@ -16,16 +16,23 @@ import tempfile
 from pathlib import Path
 
 CASES = Path(__file__).resolve().parent / "cases"
+SHARED = CASES / "shared"
 
 
 def settings(source):
     found = {"input": [source.name], "output": [f"@/out/{source.stem}.nes"], "folder": ["elsewhere"],
-             "include": ["@/project"], "argument": [], "call": []}
+             "include": ["@/project"], "argument": [], "call": [], "source": [], "file": []}
     file = source.with_suffix(".run")
     for line in file.read_text().splitlines() if file.is_file() else []:
         key, _, value = line.partition(": ")
-        found[key] = found[key] + [value] if key in ("argument", "call") else [value]
+        found[key] = found[key] + [value] if key in ("argument", "call", "file") else [value]
     return found
+
+
+def place_in(folder, name):
+    """Where a file that a case needs lies in its fresh folder."""
+    first = name.split("/")[0]
+    return (folder if first in ("elsewhere", "out") or first.startswith("folder") else folder / "project") / name
 
 
 def output_of(program, source):
@@ -33,24 +40,26 @@ def output_of(program, source):
         folder = Path(name)
         for each in ("elsewhere", "out", "project"):
             (folder / each).mkdir()
-        shutil.copy(source, folder / "project")
+        run = settings(source)
         companions = source.with_suffix("")
         for entry in companions.iterdir() if companions.is_dir() else []:
-            beside = entry.name in ("elsewhere", "out") or entry.name.startswith("folder")
-            target = (folder if beside else folder / "project") / entry.name
             if entry.is_dir():
-                shutil.copytree(entry, target, dirs_exist_ok=True)
+                shutil.copytree(entry, place_in(folder, entry.name), dirs_exist_ok=True)
             else:
-                shutil.copy(entry, target)
-        values = {key: [text.replace("@", name) for text in texts] for key, texts in settings(source).items()}
+                shutil.copy(entry, place_in(folder, entry.name))
+        shutil.copy(SHARED / run["source"][0] if run["source"] else source, folder / "project" / source.name)
+        for place, shared in (line.split(" = ") for line in run["file"]):
+            place_in(folder, place).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(SHARED / shared, place_in(folder, place))
+        values = {key: [text.replace("@", name) for text in texts] for key, texts in run.items()}
         command = [program, "--input", values["input"][0], "--output", values["output"][0], *values["argument"]]
         if values["call"]:
             command = [program, *values["call"]]
-        run = subprocess.run(command, cwd=folder / settings(source)["folder"][0], stdout=subprocess.PIPE,
-                             env={"NES_INCLUDE": values["include"][0]}, check=False)
+        result = subprocess.run(command, cwd=folder / run["folder"][0], stdout=subprocess.PIPE,
+                                env={"NES_INCLUDE": values["include"][0]}, check=False)
         beside = {each.name: re.sub(rb"mtime=0x[0-9A-F]+", b"mtime=0x0", each.read_bytes())
                   for each in (folder / "out").iterdir() if each.is_file() and each.suffix != ".nes"}
-        return run.stdout.replace(name.encode(), b"@"), run.returncode, beside
+        return result.stdout.replace(name.encode(), b"@"), result.returncode, beside
 
 
 def main(arguments):

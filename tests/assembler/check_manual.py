@@ -4,10 +4,11 @@
 
     check_manual.py NESASM [--self-test]
 
-The manual names every directive, instruction, function, operator, option and warning; every text of a message in the
-sources stands in its part about messages, and each row there is a message that a golden case shows; its examples make
-the bytes, or the messages, that stand below them. The manual page names every option and warning. The self-test takes
-lines out of the manual and expects each loss to be noticed.
+The manual names every directive, instruction, function, operator, option and warning, and a golden case uses every
+directive, instruction and function; every text of a message in the sources stands in its part about messages, and each
+row there is a message that a golden case shows; its examples make the bytes, or the messages, that stand below them.
+The manual page names every option and warning. The self-test takes lines out of the manual and expects each loss to be
+noticed.
 """
 import re
 import subprocess
@@ -18,7 +19,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parents[2]
 OPERATORS = ["-", "+", "~", "!", "*", "/", "%", "<<", ">>", "<", "<=", ">", ">=", "=", "==", "!=", "<>", "&", "^",
              r"\|", "&&", r"\|\|"]
-# Sources whose texts go into files, or stand in the manual's table of warnings, or are advice behind a semicolon.
+# Sources whose texts go into files, or stand in the manual's table of warnings, or are advice after a semicolon.
 NO_MESSAGES = {"DbgFile.cpp", "DebugLabels.cpp", "LabelFiles.cpp", "Listing.cpp", "Warnings.h", "ForeignWords.cpp"}
 # What a value is for, names of options, of files and of variables, a part of the summary, parts of advice.
 NO_TEXT = re.compile(r"the \w+ of \.\w+|the fill byte|--[a-z- ]+|\S+|\(off by default\)|, without the dot|needs an address|"
@@ -59,8 +60,12 @@ def missing_names(manual, program):
     examples = "".join(re.findall(r"```asm\n(.*?)```", manual, re.DOTALL))
     bare = [name for name in directives if not re.search(rf"\.{name}\b", examples)]
     bare += [name for name in functions if f"{name.upper()}(" not in examples]
+    cases = "".join(file.read_text(errors="replace") for file in (ROOT / "tests/assembler/cases").rglob("*.asm"))
+    untried = [name for name in directives if not re.search(rf"\.{name}\b", cases)]
+    untried += [name for name in functions + instructions if not re.search(rf"\b{name}\b", cases, re.IGNORECASE)]
     return ([f"the manual does not name {name}`" for name in missing] +
-            [f"no example of the manual has {name}" for name in bare])
+            [f"no example of the manual has {name}" for name in bare] +
+            [f"no golden case has {name}" for name in untried])
 
 
 def literals(text):
@@ -156,7 +161,7 @@ def dot_picture():
 
 
 def assembled(text, program):
-    """What the assembler says of an example, and the bytes behind its header."""
+    """What the assembler says of an example, and the bytes after its header."""
     with tempfile.TemporaryDirectory() as folder:
         Path(folder, "game.asm").write_text(text)
         Path(folder, "more.asm").write_text("answer: .db 42\n")
@@ -205,7 +210,8 @@ def problems_with(manual, page, program):
 
 
 def self_test(manual, page, program):
-    losses = [(manual.replace("`.align`", ""), page), (manual.replace("\t.incchr \"dot.pcx\"\n", ""), page), (manual.replace("`odd-number`", ""), page),
+    losses = [(manual.replace("`.align`", ""), page), (manual.replace("\t.incchr \"dot.pcx\"\n", ""), page),
+              (manual.replace("`odd-number`", ""), page),
               (manual.replace("| `division by zero` |", "| `x` |"), page), (manual.replace("gives `EA`", "gives `EB`"), page),
               (manual.replace("| `division by zero` |", "| `division by zero` |\n| `no such message here` |"), page),
               (manual.replace("`it is a folder`", "`x`"), page), (manual.replace("not known here", "unknown"), page),

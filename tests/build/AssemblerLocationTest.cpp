@@ -12,14 +12,14 @@ TEST(AssemblerLocation, IsBesideTheProgramInABuildTree) {
     const test::TemporaryFolder folder;
     const auto beside = folder.write("bin/NESasm", "");
     folder.write("libexec/kestrel/NESasm", "");
-    EXPECT_EQ(AssemblerLocation::find(folder.path() / "bin"), beside);
+    EXPECT_EQ(findAssembler(folder.path() / "bin"), beside);
 }
 
 TEST(AssemblerLocation, IsInTheLibexecFolderOfAnInstallation) {
     const test::TemporaryFolder folder;
     const auto installed = folder.write("libexec/kestrel/NESasm", "");
     folder.write("bin/Kestrel", "");
-    const auto found = AssemblerLocation::find(folder.path() / "bin");
+    const auto found = findAssembler(folder.path() / "bin");
     ASSERT_TRUE(found);
     EXPECT_TRUE(std::filesystem::equivalent(*found, installed));
 }
@@ -27,14 +27,14 @@ TEST(AssemblerLocation, IsInTheLibexecFolderOfAnInstallation) {
 TEST(AssemblerLocation, IsNowhereWhenThereIsOnlyAFolderOfThatName) {
     const test::TemporaryFolder folder;
     std::filesystem::create_directories(folder.path() / "bin/NESasm");
-    EXPECT_FALSE(AssemblerLocation::find(folder.path() / "bin"));
+    EXPECT_FALSE(findAssembler(folder.path() / "bin"));
 }
 
 TEST(AssemblerLocation, IsLookedUpAnewEachTime) {
     const test::TemporaryFolder folder;
-    EXPECT_FALSE(AssemblerLocation::find(folder.path()));
+    EXPECT_FALSE(findAssembler(folder.path()));
     folder.write("NESasm", "");
-    EXPECT_TRUE(AssemblerLocation::find(folder.path()));
+    EXPECT_TRUE(findAssembler(folder.path()));
 }
 
 } // namespace

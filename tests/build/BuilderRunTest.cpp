@@ -66,10 +66,10 @@ TEST_F(BuilderRun, WithAnEmulatorThatCannotBeStartedReportsSuccessAndGoesOn) {
     m_project.settings->pathToEmulator() = notExecutable;
     run();
     EXPECT_FALSE(m_outcome.error());
-    EXPECT_FALSE(EmulatorLauncher::open(image(), notExecutable));
-    EXPECT_FALSE(EmulatorLauncher::open(image(), m_project.home.path() / "gone"));
-    EXPECT_FALSE(EmulatorLauncher::open(image(), m_project.home.path()));
-    EXPECT_FALSE(EmulatorLauncher::open(image(), ""));
+    EXPECT_FALSE(openWithEmulator(image(), notExecutable));
+    EXPECT_FALSE(openWithEmulator(image(), m_project.home.path() / "gone"));
+    EXPECT_FALSE(openWithEmulator(image(), m_project.home.path()));
+    EXPECT_FALSE(openWithEmulator(image(), ""));
 }
 
 TEST_F(BuilderRun, StartsADesktopEntryAsItSays) {
@@ -85,8 +85,8 @@ TEST_F(BuilderRun, StartsADesktopEntryInItsWorkingFolder) {
     const auto folder = m_project.home.path() / "emulators home";
     std::filesystem::create_directories(folder);
     std::filesystem::create_directories(m_project.folder() / "output");
-    EXPECT_TRUE(EmulatorLauncher::open(
-        image(), desktopEntry(FAKE_EMULATOR, "Path=" + folder.string() + "\n")));
+    EXPECT_TRUE(
+        openWithEmulator(image(), desktopEntry(FAKE_EMULATOR, "Path=" + folder.string() + "\n")));
     EXPECT_EQ(opened(), "argument " + image().string() + "\nfolder " + folder.string() + "\n");
 }
 
@@ -98,7 +98,7 @@ TEST_F(BuilderRun, OpensATerminalForADesktopEntryThatWantsOne) {
                                     m_project.home.path() / "bin/x-terminal-emulator");
     const QByteArray formerPath = qgetenv("PATH");
     qputenv("PATH", (m_project.home.path() / "bin").c_str());
-    EXPECT_TRUE(EmulatorLauncher::open(image(), desktopEntry("emu -x", "Terminal=true\n")));
+    EXPECT_TRUE(openWithEmulator(image(), desktopEntry("emu -x", "Terminal=true\n")));
     qputenv("PATH", formerPath);
     EXPECT_EQ(opened(), "argument -e\nargument emu\nargument -x\nargument " + image().string() +
                             "\nfolder " + here() + "\n");
@@ -108,15 +108,15 @@ TEST_F(BuilderRun, StartsWithoutATerminalWhereThereIsNone) {
     std::filesystem::create_directories(m_project.folder() / "output");
     const QByteArray formerPath = qgetenv("PATH");
     qputenv("PATH", "/nowhere");
-    EXPECT_TRUE(EmulatorLauncher::open(image(), desktopEntry(FAKE_EMULATOR, "Terminal=true\n")));
+    EXPECT_TRUE(openWithEmulator(image(), desktopEntry(FAKE_EMULATOR, "Terminal=true\n")));
     qputenv("PATH", formerPath);
     EXPECT_THAT(opened(), HasSubstr(image().string()));
 }
 
 TEST_F(BuilderRun, DoesNotStartADesktopEntryThatMakesNoSense) {
-    EXPECT_FALSE(EmulatorLauncher::open(image(), desktopEntry("\"unclosed %f")));
-    EXPECT_FALSE(EmulatorLauncher::open(image(), m_project.home.path() / "missing.desktop"));
-    EXPECT_FALSE(EmulatorLauncher::open(
+    EXPECT_FALSE(openWithEmulator(image(), desktopEntry("\"unclosed %f")));
+    EXPECT_FALSE(openWithEmulator(image(), m_project.home.path() / "missing.desktop"));
+    EXPECT_FALSE(openWithEmulator(
         image(), m_project.home.write("text.desktop", "#!/bin/sh\ntouch /nowhere\n")));
 }
 

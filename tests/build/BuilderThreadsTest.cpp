@@ -66,6 +66,21 @@ protected:
         QCoreApplication::processEvents();
     }
 
+    /// Runs a program that quits while its assembler, with this script, still runs. It ends in
+    /// order and never calls the handler.
+    void expectQuittingProgram(const std::string& script) const {
+        m_project.settings->saveBuildSettings();
+        m_project.script(script);
+        QProcess program;
+        program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        program.start(QStringLiteral(QUITTING_BUILD),
+                      {*textFromPath(m_project.folder()), QStringLiteral(FAKE_ASSEMBLER)});
+        ASSERT_TRUE(program.waitForFinished(60000)) << "the program does not quit";
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.exitCode(), 0);
+        EXPECT_EQ(program.readAllStandardOutput(), "") << "the handler was called after all";
+    }
+
     BuildProject m_project;
 };
 
@@ -278,16 +293,7 @@ TEST_F(BuilderThreads, QuittingEndsAnAssemblerThatNeverEndsAndItsProcessGroup) {
     const auto grandchildHolds = m_project.fifo("grandchild");
     FifoReader child(childHolds);
     FifoReader grandchild(grandchildHolds);
-    m_project.settings->saveBuildSettings();
-    m_project.script("fork grandchild\nhold child\nforever\n");
-    QProcess program;
-    program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    program.start(QStringLiteral(QUITTING_BUILD),
-                  {*QtText::fromPath(m_project.folder()), QStringLiteral(FAKE_ASSEMBLER)});
-    ASSERT_TRUE(program.waitForFinished(60000)) << "the program does not quit";
-    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(program.exitCode(), 0);
-    EXPECT_EQ(program.readAllStandardOutput(), "") << "the handler was called after all";
+    expectQuittingProgram("fork grandchild\nhold child\nforever\n");
     EXPECT_TRUE(child.allWritersGo());
     EXPECT_TRUE(grandchild.allWritersGo());
 }
@@ -296,18 +302,18 @@ TEST_F(BuilderThreads, AStopIsAskedForWithEveryPieceOfOutput) {
     constexpr int pieces = 64;
     constexpr int pipe = 65536; // what a pipe holds, so the most that comes in one piece
     m_project.script("fill " + std::to_string(pieces * pipe) + "\n");
-    AssemblerProcess::Request request;
+    AssemblerRequest request;
     request.assembler = FAKE_ASSEMBLER;
     request.includeFolder = m_project.folder() / "tmp";
     int asked = 0;
-    auto result = AssemblerProcess::run(request, [&] { return ++asked < 0; });
+    auto result = runAssembler(request, [&] { return ++asked < 0; });
     EXPECT_GE(asked, pieces);
     EXPECT_FALSE(result.stopped);
     ASSERT_TRUE(result.output);
     EXPECT_EQ(result.output->size(), pieces * pipe);
 
     asked = 0;
-    result = AssemblerProcess::run(request, [&] { return ++asked == 2; });
+    result = runAssembler(request, [&] { return ++asked == 2; });
     EXPECT_EQ(asked, 2);
     EXPECT_TRUE(result.stopped);
     EXPECT_FALSE(result.output);
@@ -316,16 +322,7 @@ TEST_F(BuilderThreads, AStopIsAskedForWithEveryPieceOfOutput) {
 TEST_F(BuilderThreads, QuittingEndsAnAssemblerThatPrintsWithoutEnd) {
     const auto childHolds = m_project.fifo("child");
     FifoReader child(childHolds);
-    m_project.settings->saveBuildSettings();
-    m_project.script("hold child\nflood\n");
-    QProcess program;
-    program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    program.start(QStringLiteral(QUITTING_BUILD),
-                  {*QtText::fromPath(m_project.folder()), QStringLiteral(FAKE_ASSEMBLER)});
-    ASSERT_TRUE(program.waitForFinished(60000)) << "the program does not quit";
-    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(program.exitCode(), 0);
-    EXPECT_EQ(program.readAllStandardOutput(), "") << "the handler was called after all";
+    expectQuittingProgram("hold child\nflood\n");
     EXPECT_TRUE(child.allWritersGo());
 }
 

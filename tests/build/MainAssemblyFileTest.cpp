@@ -25,8 +25,7 @@ TEST(PlacesVectors, InAnyLetterCaseAndWithAnyWhiteSpace) {
     for (const char16_t* text :
          {u".org $FFFA", u".ORG\t$fffa", u".Org \t \n $FffA", u"; see .org $FFFA", u"x.org $FFFA0",
           u".org\r\n$FFFA and more", u".org\u00a0$FFFA", u".org $1.org $FFFA"}) {
-        EXPECT_TRUE(MainAssemblyFile::placesVectors(text))
-            << QString::fromUtf16(text).toStdString();
+        EXPECT_TRUE(placesVectors(text)) << QString::fromUtf16(text).toStdString();
     }
 }
 
@@ -34,8 +33,7 @@ TEST(PlacesVectors, NotWithAnythingElse) {
     for (const char16_t* text :
          {u"", u".", u".org", u".org$FFFA", u"org $FFFA", u".org $FFF", u".org $FFFB", u".org FFFA",
           u".org  x $FFFA", u".or g $FFFA", u".org $FF FA", u".\u043erg $FFFA"}) {
-        EXPECT_FALSE(MainAssemblyFile::placesVectors(text))
-            << QString::fromUtf16(text).toStdString();
+        EXPECT_FALSE(placesVectors(text)) << QString::fromUtf16(text).toStdString();
     }
 }
 
@@ -43,60 +41,55 @@ TEST(PlacesVectors, NotFoundInTheTailOfATextWithCrLfLines) {
     // 20 line ends are 20 characters of two units each: the last 20 units are not searched.
     const QString lines = QStringLiteral("lda #1\r\n").repeated(20);
     const QString vectors = QStringLiteral(".org $FFFA");
-    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(lines + vectors)));
-    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(vectors + lines)));
-    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(lines + vectors).remove(u'\r')));
+    EXPECT_FALSE(placesVectors(QString(lines + vectors)));
+    EXPECT_TRUE(placesVectors(QString(vectors + lines)));
+    EXPECT_TRUE(placesVectors(QString(lines + vectors).remove(u'\r')));
 }
 
 TEST(PlacesVectors, FoundOnlyWhenTheWholeOfItIsWithinTheSearchedUnits) {
     const QString start = QStringLiteral("\r\n\r\n.org $FFFA"); // ends at unit 14
-    EXPECT_FALSE(MainAssemblyFile::placesVectors(start)) << "12 units are searched";
-    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(start + u'x'))) << "13 units";
-    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(start + QStringLiteral("xy"))));
+    EXPECT_FALSE(placesVectors(start)) << "12 units are searched";
+    EXPECT_FALSE(placesVectors(QString(start + u'x'))) << "13 units";
+    EXPECT_TRUE(placesVectors(QString(start + QStringLiteral("xy"))));
 }
 
 TEST(PlacesVectors, ACrLfBeforeTheMatchNeedsACharacterMoreBehindIt) {
     const QString match = QStringLiteral(".org $FFFA");
-    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(QStringLiteral("\r\n") + match)));
-    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(QStringLiteral("\r\n") + match + u'\n')));
-    EXPECT_FALSE(
-        MainAssemblyFile::placesVectors(QString(QStringLiteral("\r\n") + match).append(u'\u0301')));
+    EXPECT_FALSE(placesVectors(QString(QStringLiteral("\r\n") + match)));
+    EXPECT_TRUE(placesVectors(QString(QStringLiteral("\r\n") + match + u'\n')));
+    EXPECT_FALSE(placesVectors(QString(QStringLiteral("\r\n") + match).append(u'\u0301')));
 }
 
 TEST(PlacesVectors, CombinedCharactersShortenWhatIsSearched) {
     const QString match = QStringLiteral(".org $FFFA");
     const QString family = QStringLiteral("\U0001F468\u200D\U0001F469\u200D\U0001F467"); // 8 units
     const QString accents = QStringLiteral("e\u0301e\u0301");
-    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(family + match)));
-    EXPECT_FALSE(
-        MainAssemblyFile::placesVectors(QString(family + match + QStringLiteral("123456"))));
-    EXPECT_TRUE(
-        MainAssemblyFile::placesVectors(QString(family + match + QStringLiteral("1234567"))));
-    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(accents + match + u'1')));
-    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(accents + match + QStringLiteral("12"))));
+    EXPECT_FALSE(placesVectors(QString(family + match)));
+    EXPECT_FALSE(placesVectors(QString(family + match + QStringLiteral("123456"))));
+    EXPECT_TRUE(placesVectors(QString(family + match + QStringLiteral("1234567"))));
+    EXPECT_FALSE(placesVectors(QString(accents + match + u'1')));
+    EXPECT_TRUE(placesVectors(QString(accents + match + QStringLiteral("12"))));
 }
 
 TEST(PlacesVectors, CharactersAreCountedAcrossLinesOfAllKinds) {
     // One unit is lost by the CR LF, one by the accent; CR alone and LF alone lose none.
     const QString start = QStringLiteral("a\rb\nc\r\ne\u0301\n.org $FFFA");
-    EXPECT_FALSE(MainAssemblyFile::placesVectors(QString(start + QStringLiteral("1"))));
-    EXPECT_TRUE(MainAssemblyFile::placesVectors(QString(start + QStringLiteral("12"))));
+    EXPECT_FALSE(placesVectors(QString(start + QStringLiteral("1"))));
+    EXPECT_TRUE(placesVectors(QString(start + QStringLiteral("12"))));
 }
 
 TEST(PlacesVectors, MegabytesOfWhiteSpaceAreNoTrouble) {
     const QString blank(8 * 1024 * 1024, u' ');
-    EXPECT_TRUE(MainAssemblyFile::placesVectors(
-        QString(QStringLiteral(".org") + blank + QStringLiteral("$FFFA"))));
-    EXPECT_FALSE(MainAssemblyFile::placesVectors(
-        QString(QStringLiteral(".org") + blank + QStringLiteral("$FFF"))));
-    EXPECT_TRUE(MainAssemblyFile::placesVectors(
-        QString(QString(4 * 1024 * 1024, u'.') + QStringLiteral(".org $FFFA"))));
+    EXPECT_TRUE(placesVectors(QString(QStringLiteral(".org") + blank + QStringLiteral("$FFFA"))));
+    EXPECT_FALSE(placesVectors(QString(QStringLiteral(".org") + blank + QStringLiteral("$FFF"))));
+    EXPECT_TRUE(
+        placesVectors(QString(QString(4 * 1024 * 1024, u'.') + QStringLiteral(".org $FFFA"))));
 }
 
 class MainAssemblyFileTest : public ::testing::Test {
 protected:
     std::optional<std::string> find(const ProjectItems& files) const {
-        return MainAssemblyFile::find(files, m_folder.path());
+        return mainAssemblyFileIn(files, m_folder.path());
     }
     const char* m_vectors = ".org $FFFA\n";
     test::TemporaryFolder m_folder;
@@ -175,7 +168,7 @@ TEST_F(MainAssemblyFileTest, AFileBeyondAllSenseIsPassedOverUnread) {
                              source("main.asm", m_folder.path())};
     EXPECT_EQ(find(files), "huge.asm");
     // Files with a hole: they take no room on the disk, but would in memory.
-    for (const std::uintmax_t size : {MainAssemblyFile::MaximumSize + 1, std::uintmax_t{1} << 40}) {
+    for (const std::uintmax_t size : {MaximumSourceSize + 1, std::uintmax_t{1} << 40}) {
         std::filesystem::resize_file(huge, size);
         EXPECT_EQ(find(files), "main.asm") << size;
     }

@@ -180,6 +180,48 @@ TEST_F(PaneSwitching, ATextNodeWithoutAPathKindIsLoadedFromItsOwnFolder) {
     EXPECT_EQ(text->loaded, std::vector{folder.path() / "elsewhere/a.asm"});
 }
 
+TEST_F(PaneSwitching, AFileIsShownInThePaneForItsKind) {
+    folder.write("a.asm", "");
+    folder.write("a.pal", "");
+    folder.write("a.chr", "");
+    container.displayFile(node("a.asm", folder.path(), FileType::text, FilePathType::absolute),
+                          project);
+    EXPECT_EQ(shown(), text);
+    container.displayFile(node("a.pal", folder.path(), FileType::palette, FilePathType::absolute),
+                          project);
+    EXPECT_EQ(shown(), palettes);
+    container.displayFile(node("a.chr", folder.path(), FileType::graphics, FilePathType::absolute),
+                          project);
+    EXPECT_EQ(shown(), graphics);
+}
+
+TEST_F(PaneSwitching, AFileOfAKindWithoutAPaneChangesNothing) {
+    folder.write("a", "");
+    for (const FileType kind : {FileType::group, FileType::empty, FileType::unknown}) {
+        container.displayFile(node("a", folder.path(), kind, FilePathType::absolute), project);
+        EXPECT_EQ(shown(), empty);
+        EXPECT_EQ(message(), QStringLiteral("Please select a file or project"));
+    }
+    EXPECT_TRUE(log.lines().empty());
+}
+
+TEST_F(PaneSwitching, ThePanesAreAddedInTheOrderOfTheirTabsAndFound) {
+    CommonEditorControllers own;
+    own.addPanes();
+    own.viewDidLoad();
+    EXPECT_TRUE(log.lines().empty());
+    ASSERT_EQ(own.count(), 5);
+    EXPECT_EQ(own.widget(0), own.textEditor);
+    EXPECT_EQ(own.widget(1), own.paletteEditor);
+    EXPECT_EQ(own.widget(2), own.graphicsEditor);
+    EXPECT_EQ(own.widget(3), own.projectSettings);
+    EXPECT_EQ(own.widget(4), own.emptyController);
+    EXPECT_EQ(own.editorPanes().size(), 3U);
+    EXPECT_EQ(own.shownEditorPane(), nullptr);
+    own.setCurrentWidget(own.textEditor);
+    EXPECT_EQ(own.shownEditorPane(), own.textEditor.data());
+}
+
 TEST_F(PaneSwitching, AMissingPaletteFileLogsTheCodeEditorsText) {
     container.displayPaletteEditor(
         node("a.pal", folder.path(), FileType::palette, FilePathType::absolute), project);

@@ -180,7 +180,7 @@ TEST_F(GraphicsEditorCalls, ReopeningAFileSelectsItsTileAmongTheOldTilesFirst) {
                 ElementsAre("viewer select 40", "editor selected [40]", "editor redraw",
                             "viewer delegate", "viewer tiles", "viewer reload", "editor delegate",
                             "editor palette", "editor tiles", "editor redraw"));
-    EXPECT_THAT(m_viewer.selectedRows(), ElementsAre(ElementsAre(40)));
+    EXPECT_THAT(m_viewer.document().selectedRows(), ElementsAre(ElementsAre(40)));
     // The selection happened while b was still the file, so b's record followed.
     EXPECT_EQ(m_pane.rememberedTile("b.chr"), 40);
     EXPECT_EQ(m_pane.rememberedTile("a.chr"), 40);
@@ -211,7 +211,7 @@ TEST_F(GraphicsEditorCalls, TwoFilesOfOneNameShareTheRememberedTile) {
     m_calls.clear();
     load(node("same.chr", "two"));
     EXPECT_EQ(m_calls.front(), "viewer select 21");
-    EXPECT_THAT(m_viewer.selectedRows(), ElementsAre(ElementsAre(21)));
+    EXPECT_THAT(m_viewer.document().selectedRows(), ElementsAre(ElementsAre(21)));
 }
 
 TEST_F(GraphicsEditorCalls, ABlockOfTilesIsShownRowByRowAndItsFirstIsRemembered) {
@@ -365,8 +365,7 @@ TEST_F(GraphicsEditor, AFullDiskLosesNeitherTheFileNorTheEdits) {
 TEST_F(GraphicsEditor, SwitchingFilesLosesUnsavedEditsAndTheirHistory) {
     const auto a = file("a.chr", 16);
     load(a);
-    m_pane.pixelEditor->edit(
-        [](TileEditor& editor) { return editor.transform(TileTransformation::clear); });
+    m_pane.pixelEditor->document().transform(TileTransformation::clear);
     EXPECT_TRUE(m_pane.canPerform(EditCommand::undo));
     load(file("b.chr", 16));
     EXPECT_FALSE(m_pane.canPerform(EditCommand::undo));

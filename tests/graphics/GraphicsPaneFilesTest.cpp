@@ -103,7 +103,7 @@ protected:
         viewer->scrollToTile(tile);
         m_pane->pixelEditor->setFocus();
         const QImage shown = picture(viewer);
-        const int size = viewer->zoom() * TileSide; // in pixels of the screen, like the image
+        const int size = viewer->zoom() * TileSide; // in device pixels, like the image
         const QRect rect(tile % 16 * size, tile / 16 * size - viewer->verticalScrollBar()->value(),
                          size, size);
         const QColor mark = tiles()->palette().color(QPalette::Active, QPalette::Text);
@@ -230,13 +230,13 @@ TEST_F(GraphicsPaneFiles, ATileThatWaitsForAFileThatFailsDoesNotReachTheNextFile
     load(large);
     ASSERT_EQ(m_errors.size(), 1U);
     load(file("third.chr", randomBytes(512, 3)));
-    EXPECT_EQ(m_pane->tileViewer->selectedRows(), (Rows{{3}}));
+    EXPECT_EQ(m_pane->tileViewer->document().selectedRows(), (Rows{{3}}));
     EXPECT_EQ(m_pane->rememberedTile("third.chr"), 0);
     // It is not forgotten for good.
     m_folder.write("large.chr", randomBytes(512, 1));
     load(small);
     load(large);
-    EXPECT_EQ(m_pane->tileViewer->selectedRows(), (Rows{{500}}));
+    EXPECT_EQ(m_pane->tileViewer->document().selectedRows(), (Rows{{500}}));
 }
 
 TEST_F(GraphicsPaneFiles, TheSaveKeyWithoutAFileDoesNothing) {

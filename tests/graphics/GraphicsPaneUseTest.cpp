@@ -120,7 +120,7 @@ TEST_F(GraphicsPaneUse, NumberKeysChooseTheColourWhereverTheFocusIs) {
 }
 
 TEST_F(GraphicsPaneUse, EachTransformationIsOneStepOfTheUndoHistory) {
-    m_pane.tileViewer->selectBlock(5, 22);
+    m_pane.tileViewer->document().selectBlock(5, 22);
     for (QAction* each : m_pane.editActions()) {
         if (each->isSeparator() || each->isCheckable()) {
             continue;
@@ -136,10 +136,10 @@ TEST_F(GraphicsPaneUse, EachTransformationIsOneStepOfTheUndoHistory) {
 }
 
 TEST_F(GraphicsPaneUse, OnlySquaresCanBeRotated) {
-    m_pane.tileViewer->selectBlock(5, 6);
+    m_pane.tileViewer->document().selectBlock(5, 6);
     EXPECT_FALSE(action("rotateAction")->isEnabled());
     EXPECT_TRUE(action("flipHorizontallyAction")->isEnabled());
-    m_pane.tileViewer->selectBlock(5, 22);
+    m_pane.tileViewer->document().selectBlock(5, 22);
     EXPECT_TRUE(action("rotateAction")->isEnabled());
 }
 
@@ -148,7 +148,7 @@ TEST_F(GraphicsPaneUse, RandomEditsUndoneGiveTheFirstBytesAndRedoneTheLast) {
     const QList<QAction*> actions = m_pane.editActions();
     for (int i = 0; i < 60; ++i) {
         const int first = static_cast<int>(random() % 14);
-        m_pane.tileViewer->selectBlock(first, first + 17);
+        m_pane.tileViewer->document().selectBlock(first, first + 17);
         m_pane.pixelEditor->setCurrentColorBox(static_cast<int>(random() % 4));
         QAction* chosen =
             actions[static_cast<qsizetype>(random() % static_cast<unsigned>(actions.size()))];
@@ -170,22 +170,23 @@ TEST_F(GraphicsPaneUse, RandomEditsUndoneGiveTheFirstBytesAndRedoneTheLast) {
 }
 
 TEST_F(GraphicsPaneUse, WhatIsUndoneOutOfSightIsSelected) {
-    m_pane.tileViewer->selectBlock(5, 22);
+    m_pane.tileViewer->document().selectBlock(5, 22);
     action("clearTilesAction")->trigger();
     m_pane.tileViewer->selectTile(400);
     m_pane.perform(EditCommand::undo);
-    EXPECT_EQ(m_pane.tileViewer->selectedRows(), (std::vector<std::vector<int>>{{5, 6}, {21, 22}}));
+    EXPECT_EQ(m_pane.tileViewer->document().selectedRows(),
+              (std::vector<std::vector<int>>{{5, 6}, {21, 22}}));
 }
 
 TEST_F(GraphicsPaneUse, CopiesAndPastesTilesAndSelectsThem) {
-    m_pane.tileViewer->selectBlock(5, 22);
+    m_pane.tileViewer->document().selectBlock(5, 22);
     m_pane.perform(EditCommand::copy);
     m_pane.tileViewer->selectTile(100);
     ASSERT_TRUE(m_pane.canPerform(EditCommand::paste));
     m_pane.perform(EditCommand::paste);
     EXPECT_EQ(bytes().substr(100 * 16, 32), m_bytes.substr(5 * 16, 32));
     EXPECT_EQ(bytes().substr(116 * 16, 32), m_bytes.substr(21 * 16, 32));
-    EXPECT_EQ(m_pane.tileViewer->selectedRows(),
+    EXPECT_EQ(m_pane.tileViewer->document().selectedRows(),
               (std::vector<std::vector<int>>{{100, 101}, {116, 117}}));
     m_pane.perform(EditCommand::undo);
     EXPECT_EQ(bytes(), m_bytes);

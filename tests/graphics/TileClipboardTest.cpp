@@ -26,17 +26,17 @@ std::unique_ptr<QMimeData> imageOnly(const QImage& image) {
 }
 
 TEST(TileClipboard, BringsTilesBackByteForByte) {
-    const auto content = TileClipboard::content(twoTiles(), Colors);
-    EXPECT_TRUE(TileClipboard::mayHoldTiles(content.get()));
-    EXPECT_EQ(TileClipboard::tiles(content.get(), Colors).clip, twoTiles());
+    const auto content = clipboardContent(twoTiles(), Colors);
+    EXPECT_TRUE(mayHoldTiles(content.get()));
+    EXPECT_EQ(tilesOf(content.get(), Colors).clip, twoTiles());
 }
 
 TEST(TileClipboard, OffersAnImageOfOnePixelAPixelThatComesBackAsTheSameTiles) {
-    const QImage image = TileClipboard::image(twoTiles(), Colors);
+    const QImage image = imageOf(twoTiles(), Colors);
     EXPECT_EQ(image.size(), QSize(16, 8));
     EXPECT_EQ(image.pixel(1, 1), Colors[1]);
     EXPECT_EQ(image.pixel(8, 7), Colors[3]);
-    EXPECT_EQ(TileClipboard::tiles(imageOnly(image).get(), Colors).clip, twoTiles());
+    EXPECT_EQ(tilesOf(imageOnly(image).get(), Colors).clip, twoTiles());
 }
 
 TEST(TileClipboard, TakesTheNearestOfTheFourColoursAndNoneForTransparentPixels) {
@@ -46,7 +46,7 @@ TEST(TileClipboard, TakesTheNearestOfTheFourColoursAndNoneForTransparentPixels) 
     image.setPixel(1, 0, qRgb(0x50, 0x70, 0x62));
     image.setPixel(2, 0, qRgb(0xB0, 0xC0, 0xB0));
     image.setPixel(3, 0, qRgb(0xF0, 0xF0, 0xFF));
-    const PastedTiles pasted = TileClipboard::tiles(imageOnly(image).get(), Colors);
+    const PastedTiles pasted = tilesOf(imageOnly(image).get(), Colors);
     ASSERT_TRUE(pasted.clip.has_value());
     EXPECT_EQ(pasted.clip->tiles[0],
               (TileBytes{0b10100000, 0, 0, 0, 0, 0, 0, 0, 0b11000000, 0, 0, 0, 0, 0, 0, 0}));
@@ -56,7 +56,7 @@ TEST(TileClipboard, RefusesAnImageWhoseSizeIsNoMultipleOfEightWithASentence) {
     for (const QSize size : {QSize(9, 8), QSize(8, 12), QSize(1, 1)}) {
         QImage image(size, QImage::Format_RGB32);
         image.fill(Qt::black);
-        const PastedTiles pasted = TileClipboard::tiles(imageOnly(image).get(), Colors);
+        const PastedTiles pasted = tilesOf(imageOnly(image).get(), Colors);
         EXPECT_FALSE(pasted.clip.has_value());
         EXPECT_TRUE(pasted.refusal.contains(QString::number(size.width())))
             << pasted.refusal.toStdString();
@@ -67,7 +67,7 @@ TEST(TileClipboard, RefusesAnImageWhoseSizeIsNoMultipleOfEightWithASentence) {
 TEST(TileClipboard, TakesAtMostSixteenTilesOfARowOfAnImage) {
     QImage image(8 * 20, 16, QImage::Format_RGB32);
     image.fill(Qt::black);
-    const PastedTiles pasted = TileClipboard::tiles(imageOnly(image).get(), Colors);
+    const PastedTiles pasted = tilesOf(imageOnly(image).get(), Colors);
     ASSERT_TRUE(pasted.clip.has_value());
     EXPECT_EQ(pasted.clip->columns, 16);
     EXPECT_EQ(pasted.clip->tiles.size(), 32U);
@@ -76,15 +76,15 @@ TEST(TileClipboard, TakesAtMostSixteenTilesOfARowOfAnImage) {
 TEST(TileClipboard, FindsNoTilesInOtherContent) {
     QMimeData text;
     text.setText(QStringLiteral("tiles"));
-    EXPECT_FALSE(TileClipboard::mayHoldTiles(&text));
-    EXPECT_FALSE(TileClipboard::mayHoldTiles(nullptr));
-    EXPECT_FALSE(TileClipboard::tiles(&text, Colors).clip.has_value());
-    EXPECT_FALSE(TileClipboard::tiles(&text, Colors).refusal.isEmpty());
-    EXPECT_FALSE(TileClipboard::tiles(nullptr, Colors).refusal.isEmpty());
+    EXPECT_FALSE(mayHoldTiles(&text));
+    EXPECT_FALSE(mayHoldTiles(nullptr));
+    EXPECT_FALSE(tilesOf(&text, Colors).clip.has_value());
+    EXPECT_FALSE(tilesOf(&text, Colors).refusal.isEmpty());
+    EXPECT_FALSE(tilesOf(nullptr, Colors).refusal.isEmpty());
     QMimeData damaged;
     damaged.setData(QStringLiteral("application/x-kestrel-tiles"), QByteArray("\0\2broken", 8));
-    EXPECT_FALSE(TileClipboard::tiles(&damaged, Colors).clip.has_value());
-    EXPECT_FALSE(TileClipboard::tiles(&damaged, Colors).refusal.isEmpty());
+    EXPECT_FALSE(tilesOf(&damaged, Colors).clip.has_value());
+    EXPECT_FALSE(tilesOf(&damaged, Colors).refusal.isEmpty());
 }
 
 } // namespace

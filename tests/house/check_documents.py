@@ -4,9 +4,12 @@
 
 - Every path in back quotes that looks like one of ours exists.
 - Every `--preset NAME` exists in CMakePresets.json.
+- Every target (`--target NAME`) and every program in a build tree is named by a CMakeLists.txt.
 - Every relative link leads to a file.
 - docs/architecture.md has an entry for each source file below src/ (a stem covers header and source);
   check_includes.py holds its table of rooms.
+- CHANGELOG.md has a section for the version in CMakeLists.txt, above those of older versions.
+- .editorconfig and .clang-format agree on indentation and width of C++.
 - Every manual page that a manual page refers to is one of ours.
 """
 import json
@@ -19,11 +22,12 @@ TOP = ("src/", "tests/", "docs/", "examples/", "scripts/", "benchmarks/", "resou
 QUOTED = re.compile(r"`([^`\n]+)`")
 LINK = re.compile(r"\]\(([^)#:]+)(?:#[^)]*)?\)")
 MANUAL = re.compile(r"^\.Xr (\S+) (\d)", re.MULTILINE)
+BUILT = re.compile(r"--target (\w[\w-]*)|\bout/\w+/(\w[\w/-]*)")
 PRESET = re.compile(r"--preset[ =](\w+)")
 
 
 def documents(root):
-    yield root / "README.md"
+    yield from (root / name for name in ("README.md", "CONTRIBUTING.md", "CHANGELOG.md"))
     yield from sorted((root / "docs").glob("*.md"))
 
 
@@ -36,6 +40,33 @@ def named_paths(text):
 
 def exists(root, path):
     return any((root / (path + ending)).exists() for ending in ("", ".h", ".cpp"))
+
+
+def wrong_version(root):
+    version = re.search(r"^project\(.*? VERSION ([\d.]+)", (root / "CMakeLists.txt").read_text(), re.MULTILINE)
+    newest = re.search(r"^## (\d[\d.]*) - \d{4}-\d\d-\d\d$", (root / "CHANGELOG.md").read_text(), re.MULTILINE)
+    if not version or not newest or version[1] != newest[1]:
+        yield (f"CMakeLists.txt has the version {version and version[1]}, "
+               f"the newest of CHANGELOG.md is {newest and newest[1]}")
+
+
+def wrong_layout(root):
+    layout = (root / ".clang-format").read_text()
+    settings = (root / ".editorconfig").read_text().partition("[*.{h,cpp}]\n")[2].partition("[")[0]
+    for option, name in (("indent_size", "IndentWidth"), ("max_line_length", "ColumnLimit")):
+        wanted = re.search(rf"^{name}: *(\d+)$", layout, re.MULTILINE)
+        if not wanted or f"{option} = {wanted[1]}\n" not in settings:
+            yield f"the {option} of C++ in .editorconfig is not the {name} of .clang-format"
+
+
+def programs_not_built(root, text):
+    """Targets and programs of build trees that a text names and no CMakeLists.txt does."""
+    lists = "".join(file.read_text() for folder in ("src", "tests", "benchmarks")
+                    for file in sorted((root / folder).rglob("CMakeLists.txt")))
+    for target, program in sorted(set(BUILT.findall(text))):
+        name = target or program.removeprefix("bin/")
+        if "/" in name or not re.search(rf"(?<![\w-]){re.escape(name)}(?![\w-])", lists):
+            yield target or program
 
 
 def check(root):
@@ -55,6 +86,10 @@ def check(root):
         for preset in PRESET.findall(text):
             if preset not in presets:
                 problems.append(f"{document.name} names the preset {preset}, which does not exist")
+        for name in programs_not_built(root, text):
+            problems.append(f"{document.name} names {name}, which no CMakeLists.txt builds")
+    problems.extend(wrong_version(root))
+    problems.extend(wrong_layout(root))
     for page in sorted((root / "docs" / "man").glob("*.[1-9]")):
         for name, section in MANUAL.findall(page.read_text(encoding="utf-8")):
             if not (page.parent / f"{name}.{section}").is_file():
@@ -77,13 +112,25 @@ def check(root):
 
 def self_test():
     failed = 0
-    base = {"CMakePresets.json": '{"configurePresets": [{"name": "dev"}]}', "README.md": "",
+    base = {"CMakePresets.json": '{"configurePresets": [{"name": "dev"}]}', "README.md": "", "CONTRIBUTING.md": "",
+            "CMakeLists.txt": "project(Bird VERSION 1.2.0 LANGUAGES CXX)\n",
+            "CHANGELOG.md": "## Unreleased\n## 1.2.0 - 2026-11-22\n## 1.1.0 - 2026-11-01\n",
+            ".clang-format": "IndentWidth: 4\nColumnLimit: 100\n",
+            ".editorconfig": "[*]\nindent_size = 2\n[*.{h,cpp}]\nindent_size = 4\nmax_line_length = 100\n",
+            "tests/CMakeLists.txt": "add_executable(fly fly.cpp)\n",
             "docs/architecture.md": "`src/model/A`", "src/model/A.h": "",
             "docs/man/one.1": ".Xr one 1\n"}
     cases = {
         "": {},
         "a path that is not there": {"README.md": "see `src/none/A.h`"},
         "a preset that is not there": {"README.md": "`cmake --preset swift`"},
+        "a target that is not there": {"CONTRIBUTING.md": "cmake --build --preset dev --target flyer"},
+        "a program that is not there": {"CONTRIBUTING.md": "    gdb out/dev/bin/walk"},
+        "a suite that is not there": {"CONTRIBUTING.md": "    out/dev/tests/wings/fly --help"},
+        "a version without a section": {"CMakeLists.txt": "project(Bird VERSION 1.3.0)\n"},
+        "a version below an older one": {"CHANGELOG.md": "## 1.1.0 - 2026-11-01\n## 1.2.0 - 2026-11-22\n"},
+        "an editor that indents otherwise": {".editorconfig": "[*.{h,cpp}]\nindent_size = 2\nmax_line_length = 100\n"},
+        "a formatter with wider lines": {".clang-format": "IndentWidth: 4\nColumnLimit: 120\n"},
         "a link to nothing": {"README.md": "[x](docs/none.md)"},
         "a source without an entry": {"src/model/B.cpp": ""},
         "a manual page that is not there": {"docs/man/one.1": "see\n.Xr two 1\n"},

@@ -129,10 +129,10 @@ class Desktop:
         if missing:
             raise RuntimeError(f"not installed: {', '.join(missing)} (apt-get install xvfb openbox xdotool imagemagick)")
         reading, writing = os.pipe()
-        # Without -noreset the server would start afresh whenever its last client leaves; with -r no key repeats,
-        # however late its release comes.
+        # Without -noreset the server would start afresh whenever its last client leaves. Held keys repeat as on any
+        # desktop, after 660 ms and then every 40 ms.
         self.launch(["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-nolisten", "tcp",
-                     "-noreset", "-r"], pass_fds=(writing,))
+                     "-noreset"], pass_fds=(writing,))
         os.close(writing)
         with os.fdopen(reading) as pipe:
             number = pipe.readline().strip()
@@ -192,11 +192,19 @@ class Desktop:
         return result.stdout.decode()
 
     def press(self, *keys):
-        """Presses keys one after another, such as "ctrl+b" or "Return"."""
+        """Presses keys one after another, such as "ctrl+b" or "Return", none long enough to repeat."""
         self.xdotool("key", "--clearmodifiers", "--delay", "1", *keys)
 
     def type(self, text):
         self.xdotool("type", "--clearmodifiers", "--delay", "1", "--", text)
+
+    def hold(self, keys):
+        """Holds a key, or one with others such as "ctrl+b", until it has repeated dozens of times."""
+        self.xdotool("keydown", keys)
+        try:
+            time.sleep(2.5)
+        finally:
+            self.xdotool("keyup", keys)
 
     def click(self, widget):
         """Clicks on the middle of a widget; never twice in a row on the very same place, which would be a double click

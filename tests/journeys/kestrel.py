@@ -4,6 +4,7 @@ import os
 import select
 import signal
 import subprocess
+import time
 from collections import Counter
 from pathlib import Path
 
@@ -72,6 +73,20 @@ class Kestrel:
                 pass  # it has ended meanwhile
             select.select([process], [], [])
             os.close(process)
+
+    def busy_share(self):
+        """The part of a second for which it keeps a processor busy."""
+        def used():
+            # The name in parentheses may hold spaces; user and system time are the 14th and 15th field.
+            fields = Path(f"/proc/{self.process.pid}/stat").read_text(encoding="utf-8").rpartition(")")[2].split()
+            return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+        before, start = used(), time.monotonic()
+        time.sleep(1)
+        return (used() - before) / (time.monotonic() - start)
+
+    def wait_for_rest(self):
+        """Until it has nothing to do any more."""
+        wait_for("Kestrel to rest", lambda: self.busy_share() < 0.1)
 
     # Windows
 

@@ -66,6 +66,29 @@ class JourneyTestCase(unittest.TestCase):
             print(f"The screen at the end is in {picture}\n{self.desktop.log.read_text(errors='replace')[-4000:]}",
                   file=sys.stderr)
 
+    def lay_out_project(self, name, files):
+        """Makes a project of empty sources in the home folder without Kestrel; its project file."""
+        folder = self.project_folder(name)
+        (folder / ".project").mkdir(parents=True)
+
+        def node(name, kind, children):
+            return {"name": name, "path": str(folder), "path_type": "absolute_path", "type": kind,
+                    "project_type": "nes", "sub_items": children}
+
+        def write(path, value):
+            (folder / path).write_text(json.dumps(value), encoding="utf-8")
+            return path
+
+        for file in files:
+            (folder / file).touch()
+        sources = [node(file, "text", []) for file in files]
+        structure = write(f".project/{name}-ProjectStructure.cfg", node(name, "project", sources))
+        settings = write(f".project/{name}-BuildSettings.cfg", {
+            "Version": "1", "output_folder": str(folder / "output"), "emulator": "", "code_assembly_files": sources,
+            "graphic_files": [], "palette_files": []})
+        write(f"{name}.kst", {"BuildSettings": settings, "ProjectStructure": structure})
+        return folder / f"{name}.kst"
+
     def project_folder(self, name):
         return self.home / "Kestrel" / name
 

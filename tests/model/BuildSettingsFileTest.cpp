@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sys/stat.h>
 
 namespace kestrel {
@@ -21,7 +22,7 @@ protected:
     void writeSettings(std::string_view text) const { m_folder.write(File, text); }
     std::string settings() const { return contentOf(m_folder.path() / File); }
     Lines names() const { return namesIn(m_folder.path() / ".project"); }
-    bool understood() const { return BuildSettingsFile::understoodWhole(m_folder.path() / File); }
+    bool understood() const { return understandsBuildSettingsFile(m_folder.path() / File); }
 
     static constexpr std::string_view File = ".project/demo-BuildSettings.cfg";
     TemporaryFolder m_folder;
@@ -34,24 +35,23 @@ std::string settingsWith(const std::string& lists) {
 }
 
 TEST_F(BuildSettingsFileTest, LiesInTheSettingsFolderOfTheProject) {
-    EXPECT_EQ(BuildSettingsFile::location(*m_project), m_folder.path() / File);
+    EXPECT_EQ(buildSettingsLocation(*m_project), m_folder.path() / File);
     m_project->setItemName("");
-    EXPECT_EQ(BuildSettingsFile::location(*m_project),
-              m_folder.path() / ".project/-BuildSettings.cfg");
+    EXPECT_EQ(buildSettingsLocation(*m_project), m_folder.path() / ".project/-BuildSettings.cfg");
 }
 
 TEST_F(BuildSettingsFileTest, FetchesAnObjectOnly) {
-    EXPECT_FALSE(BuildSettingsFile::fetch(*m_project));
+    EXPECT_FALSE(fetchBuildSettings(*m_project));
     for (const std::string_view text : {"", "[]", "7", "\"x\"", "{", "null"}) {
         writeSettings(text);
-        EXPECT_FALSE(BuildSettingsFile::fetch(*m_project)) << text;
+        EXPECT_FALSE(fetchBuildSettings(*m_project)) << text;
     }
     writeSettings(R"({"a":1})");
-    EXPECT_EQ(BuildSettingsFile::fetch(*m_project), parseJson(R"({"a":1})"));
+    EXPECT_EQ(fetchBuildSettings(*m_project), parseJson(R"({"a":1})"));
 }
 
 TEST_F(BuildSettingsFileTest, ReadsEverything) {
-    const auto contents = BuildSettingsFile::read(
+    const auto contents = readBuildSettings(
         *parseJson(R"({"output_folder":"out/","emulator":"/usr/bin/emu","code_assembly_files":[)" +
                    storedNode("b.asm", "text") + "," + storedNode("a.asm", "text") +
                    R"(],"graphic_files":[)" + storedNode("g.chr", "graphics") +
@@ -75,14 +75,13 @@ TEST_F(BuildSettingsFileTest, NothingIsReadWithoutOutputFolderAndEmulator) {
          {std::string(R"("output_folder":7,"emulator":"",)"), std::string(R"("emulator":"",)"),
           std::string(R"("output_folder":"x",)"),
           std::string(R"("output_folder":"x","emulator":null,)")}) {
-        EXPECT_FALSE(BuildSettingsFile::read(*parseJson("{" + members + list + "}"))) << members;
+        EXPECT_FALSE(readBuildSettings(*parseJson("{" + members + list + "}"))) << members;
     }
-    EXPECT_FALSE(BuildSettingsFile::read(Dictionary(7)));
+    EXPECT_FALSE(readBuildSettings(Dictionary(7)));
 }
 
 TEST_F(BuildSettingsFileTest, AnEmptyEmulatorIsNoneAndAnEmptyOutputFolderIsTakenAsGiven) {
-    const auto contents =
-        BuildSettingsFile::read(*parseJson(R"({"output_folder":"","emulator":""})"));
+    const auto contents = readBuildSettings(*parseJson(R"({"output_folder":"","emulator":""})"));
     ASSERT_TRUE(contents);
     EXPECT_EQ(contents->pathToEmulator, std::nullopt);
     EXPECT_EQ(contents->outputFilePath, std::filesystem::path());
@@ -92,7 +91,7 @@ TEST_F(BuildSettingsFileTest, AnEmptyEmulatorIsNoneAndAnEmptyOutputFolderIsTaken
 TEST_F(BuildSettingsFileTest, AListThatIsNoListOfObjectsIsEmpty) {
     for (const std::string& list :
          {std::string("7"), std::string("{}"), "[" + storedNode("a", "text") + ",7]"}) {
-        const auto contents = BuildSettingsFile::read(
+        const auto contents = readBuildSettings(
             *parseJson(settingsWith(R"(,"code_assembly_files":)" + list + R"(,"palette_files":[)" +
                                     storedNode("p", "palette") + "]")));
         ASSERT_TRUE(contents);
@@ -102,7 +101,7 @@ TEST_F(BuildSettingsFileTest, AListThatIsNoListOfObjectsIsEmpty) {
 }
 
 TEST_F(BuildSettingsFileTest, ListEntriesThatYieldNoNodeAreSkipped) {
-    const auto contents = BuildSettingsFile::read(*parseJson(
+    const auto contents = readBuildSettings(*parseJson(
         settingsWith(R"(,"graphic_files":[)" + storedNode("a", "graphics") + R"(,{},)" +
                      storedNode("b", "Graphics") + "," + storedNode("c", "graphics") + "]")));
     ASSERT_TRUE(contents);
@@ -115,7 +114,7 @@ TEST_F(BuildSettingsFileTest, SavesPrettyPrintedAndSaysSo) {
     contents.assemblyFiles = {makeText("a.asm", "/a/")};
     contents.pathToEmulator = "/usr/bin/emu/";
     contents.outputFilePath = "/somewhere/else";
-    EXPECT_TRUE(BuildSettingsFile::save(*m_project, contents));
+    EXPECT_TRUE(writeBuildSettings(*m_project, contents));
     const std::string output = (m_folder.path() / "output").native();
     EXPECT_EQ(settings(), "{\n"
                           "    \"Version\": \"1\",\n"
@@ -146,8 +145,8 @@ TEST_F(BuildSettingsFileTest, WhatWasSavedIsReadBackButForTheOutputFolder) {
     contents.graphicFiles = {makeNode("g.chr", "", FileType::graphics, FilePathType::relative)};
     contents.paletteFiles = {makeNode("p.pal", "", FileType::palette, FilePathType::relative)};
     contents.outputFilePath = "/somewhere/else";
-    ASSERT_TRUE(BuildSettingsFile::save(*m_project, contents));
-    const auto read = BuildSettingsFile::read(*BuildSettingsFile::fetch(*m_project));
+    ASSERT_TRUE(writeBuildSettings(*m_project, contents));
+    const auto read = readBuildSettings(*fetchBuildSettings(*m_project));
     ASSERT_TRUE(read);
     EXPECT_EQ(read->assemblyFiles.size(), 2U);
     EXPECT_EQ(read->graphicFiles.size(), 1U);
@@ -161,23 +160,23 @@ TEST_F(BuildSettingsFileTest, WhatCannotBeWrittenIsSaidAndLeavesTheOldFile) {
     const std::string before = settings();
     BuildSettingsContents contents;
     contents.assemblyFiles = {makeText("\xff", "/a")};
-    EXPECT_FALSE(BuildSettingsFile::save(*m_project, contents));
+    EXPECT_FALSE(writeBuildSettings(*m_project, contents));
     EXPECT_TRUE(holdsWithFileSizeLimit(
-        10, [&] { return !BuildSettingsFile::save(*m_project, BuildSettingsContents{}); }));
+        10, [&] { return !writeBuildSettings(*m_project, BuildSettingsContents{}); }));
     EXPECT_EQ(settings(), before);
     EXPECT_EQ(names(), Lines{"demo-BuildSettings.cfg"});
     std::filesystem::remove(m_folder.path() / File);
     std::filesystem::create_directory(m_folder.path() / File);
-    EXPECT_FALSE(BuildSettingsFile::save(*m_project, BuildSettingsContents{}));
+    EXPECT_FALSE(writeBuildSettings(*m_project, BuildSettingsContents{}));
     EXPECT_EQ(m_log.lines(), Lines(2, "Could not save build settings"));
 }
 
 TEST_F(BuildSettingsFileTest, AFileThatWasNotUnderstoodIsKeptOnce) {
     writeSettings("not json");
     EXPECT_FALSE(understood());
-    EXPECT_TRUE(BuildSettingsFile::save(*m_project, BuildSettingsContents{}));
+    EXPECT_TRUE(writeBuildSettings(*m_project, BuildSettingsContents{}));
     EXPECT_TRUE(understood());
-    EXPECT_TRUE(BuildSettingsFile::save(*m_project, BuildSettingsContents{}));
+    EXPECT_TRUE(writeBuildSettings(*m_project, BuildSettingsContents{}));
     EXPECT_EQ(names(), (Lines{"demo-BuildSettings.cfg", "demo-BuildSettings.cfg.bak"}));
     EXPECT_EQ(contentOf(m_folder.path() / ".project/demo-BuildSettings.cfg.bak"), "not json");
 }
@@ -185,7 +184,7 @@ TEST_F(BuildSettingsFileTest, AFileThatWasNotUnderstoodIsKeptOnce) {
 TEST_F(BuildSettingsFileTest, AFileThatIsUnderstoodIsNotKept) {
     writeSettings(settingsWith(R"(,"palette_files":[)" + storedNode("p", "palette") + "]"));
     EXPECT_TRUE(understood());
-    EXPECT_TRUE(BuildSettingsFile::save(*m_project, BuildSettingsContents{}));
+    EXPECT_TRUE(writeBuildSettings(*m_project, BuildSettingsContents{}));
     EXPECT_EQ(names(), Lines{"demo-BuildSettings.cfg"});
 }
 
@@ -215,11 +214,35 @@ TEST_F(BuildSettingsFileTest, NothingIsReplacedThatCouldNotBeKept) {
     writeSettings("not json");
     const auto path = m_folder.path() / File;
     ASSERT_EQ(::chmod(path.c_str(), 0200), 0);
-    EXPECT_FALSE(BuildSettingsFile::save(*m_project, BuildSettingsContents{}));
+    EXPECT_FALSE(writeBuildSettings(*m_project, BuildSettingsContents{}));
     ASSERT_EQ(::chmod(path.c_str(), 0600), 0);
     EXPECT_EQ(settings(), "not json");
     EXPECT_EQ(names(), Lines{"demo-BuildSettings.cfg"});
     EXPECT_EQ(m_log.lines(), Lines{"Could not save build settings"});
+}
+
+TEST_F(BuildSettingsFileTest, TheListOfAFileFollowsFromItsKind) {
+    BuildSettingsContents contents;
+    EXPECT_EQ(contents.listFor(FileType::text), &contents.assemblyFiles);
+    EXPECT_EQ(contents.listFor(FileType::graphics), &contents.graphicFiles);
+    EXPECT_EQ(contents.listFor(FileType::palette), &contents.paletteFiles);
+    for (const FileType kind :
+         {FileType::project, FileType::group, FileType::empty, FileType::unknown}) {
+        EXPECT_EQ(contents.listFor(kind), nullptr);
+    }
+}
+
+TEST_F(BuildSettingsFileTest, EveryPathAndListInTheFileIsNamed) {
+    ASSERT_TRUE(writeBuildSettings(*m_project, BuildSettingsContents{}));
+    const auto stored = fetchBuildSettings(*m_project);
+    ASSERT_TRUE(stored);
+    const auto paths = buildSettingMembers(BuildSettingForm::path);
+    const auto lists = buildSettingMembers(BuildSettingForm::fileList);
+    for (const auto& [key, value] : stored->get_ref<const Dictionary::object_t&>()) {
+        const auto& keys = value.is_array() ? lists : paths;
+        EXPECT_NE(key == "Version", std::find(keys.begin(), keys.end(), key) != keys.end()) << key;
+    }
+    EXPECT_EQ(paths.size() + lists.size() + 1, stored->size());
 }
 
 } // namespace

@@ -39,7 +39,7 @@ std::string entry(const std::string& name, const std::string& path) {
 }
 
 TEST_F(ProjectRegistryTest, LiesInAHiddenFolderOfTheHome) {
-    EXPECT_EQ(ProjectRegistry::location(), m_home.path() / ".Kestrel/AllProjects.cfg");
+    EXPECT_EQ(registryLocation(), m_home.path() / ".Kestrel/AllProjects.cfg");
 }
 
 TEST_F(ProjectRegistryTest, LoadingWithoutARegistryGivesNothingAndMakesNothing) {
@@ -65,7 +65,7 @@ TEST_F(ProjectRegistryTest, TheNextKeyFollowsTheLargestNumber) {
     writeRegistry(R"({"version":"1","1":)" + one + R"(,"7":)" + one + R"(,"x":)" + one + "}");
     EXPECT_TRUE(add("b", "/b"));
     EXPECT_NE(registry().find(R"("8":{"ProjectName":"b","Path":"/b"})"), std::string::npos);
-    ASSERT_EQ(ProjectRegistry::entries().size(), 4U);
+    ASSERT_EQ(registryEntries().size(), 4U);
 }
 
 TEST_F(ProjectRegistryTest, OnlyAWholeNumberWithinItsRangeCountsForTheNextKey) {
@@ -103,12 +103,12 @@ TEST_F(ProjectRegistryTest, AddingToWhatIsNoRegistryFailsAndLeavesIt) {
 }
 
 TEST_F(ProjectRegistryTest, AFolderOrFifoInItsPlaceIsNoRegistry) {
-    std::filesystem::create_directories(ProjectRegistry::location());
+    std::filesystem::create_directories(registryLocation());
     EXPECT_FALSE(add("b", "/b"));
     EXPECT_FALSE(rewrite({makeProject("b", "/b")}));
     EXPECT_TRUE(FileProcessor::loadRecentlyConfiguredProjects().empty());
-    std::filesystem::remove(ProjectRegistry::location());
-    ASSERT_EQ(::mkfifo(ProjectRegistry::location().c_str(), 0600), 0);
+    std::filesystem::remove(registryLocation());
+    ASSERT_EQ(::mkfifo(registryLocation().c_str(), 0600), 0);
     EXPECT_FALSE(add("b", "/b"));
     EXPECT_FALSE(rewrite({makeProject("b", "/b")}));
     EXPECT_TRUE(FileProcessor::loadRecentlyConfiguredProjects().empty());
@@ -124,9 +124,9 @@ TEST_F(ProjectRegistryTest, AFileWhereItsFolderShouldBeMakesBothWritersFail) {
 
 TEST_F(ProjectRegistryTest, ADanglingLinkIsWrittenThrough) {
     std::filesystem::create_directory(folder());
-    std::filesystem::create_symlink("real.cfg", ProjectRegistry::location());
+    std::filesystem::create_symlink("real.cfg", registryLocation());
     EXPECT_TRUE(add("b", "/b"));
-    EXPECT_TRUE(std::filesystem::is_symlink(ProjectRegistry::location()));
+    EXPECT_TRUE(std::filesystem::is_symlink(registryLocation()));
     EXPECT_EQ(contentOf(folder() / "real.cfg"), R"({"version":"1","1":)" + entry("b", "/b") + "}");
 }
 
@@ -232,13 +232,13 @@ TEST_F(ProjectRegistryTest, ARegistryThatCannotBeReadOrWrittenStays) {
         return;
     }
     writeRegistry(R"({"1":)" + entry("a", "/a") + "}");
-    const auto path = ProjectRegistry::location();
+    const auto path = registryLocation();
     const std::string before = registry();
     for (const mode_t mode : {0000U, 0200U, 0400U}) {
         ASSERT_EQ(::chmod(path.c_str(), mode), 0);
         EXPECT_FALSE(add("b", "/b")) << mode;
         EXPECT_FALSE(rewrite({makeProject("b", "/b")})) << mode;
-        EXPECT_EQ(ProjectRegistry::entries().size(), mode == 0400U ? 1U : 0U);
+        EXPECT_EQ(registryEntries().size(), mode == 0400U ? 1U : 0U);
     }
     ASSERT_EQ(::chmod(path.c_str(), 0600), 0);
     EXPECT_EQ(registry(), before);
@@ -249,7 +249,7 @@ TEST_F(ProjectRegistryTest, MembersThatDescribeNoProjectAreLeftOut) {
     writeRegistry(R"({"version":"1","a":7,"b":{"ProjectName":"x"},"c":{"Path":"/x"},"d":[],)"
                   R"("e":{"ProjectName":"x","Path":"/x","n":1},)"
                   R"("f":{"ProjectName":"x","Path":"/x","n":"extra"},"g":null})");
-    const auto entries = ProjectRegistry::entries();
+    const auto entries = registryEntries();
     ASSERT_EQ(entries.size(), 1U);
     EXPECT_EQ(entries[0].name, "x");
     EXPECT_EQ(entries[0].path, "/x");
@@ -258,11 +258,19 @@ TEST_F(ProjectRegistryTest, MembersThatDescribeNoProjectAreLeftOut) {
 TEST_F(ProjectRegistryTest, TheOrderOfTheDocumentIsTheOrderOfTheProjects) {
     writeRegistry(R"({"9":)" + entry("first", "/1") + R"(,"-3":)" + entry("second", "/2") +
                   R"(,"10":)" + entry("third", "/3") + "}");
-    const auto entries = ProjectRegistry::entries();
+    const auto entries = registryEntries();
     ASSERT_EQ(entries.size(), 3U);
     EXPECT_EQ(entries[0].name, "first");
     EXPECT_EQ(entries[1].name, "second");
     EXPECT_EQ(entries[2].name, "third");
+}
+
+TEST_F(ProjectRegistryTest, AProjectIsRegisteredByItsNameAndFolder) {
+    EXPECT_FALSE(isRegistered(*makeProject("demo", "/p")));
+    writeRegistry(R"({"1":)" + entry("demo", "/p/") + "}");
+    EXPECT_TRUE(isRegistered(*makeProject("demo", "/p")));
+    EXPECT_FALSE(isRegistered(*makeProject("other", "/p")));
+    EXPECT_FALSE(isRegistered(*makeProject("demo", "/q")));
 }
 
 } // namespace

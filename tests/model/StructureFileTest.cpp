@@ -21,7 +21,7 @@ protected:
     void writeStructure(std::string_view text) const { m_folder.write(File, text); }
     std::string structure() const { return contentOf(m_folder.path() / File); }
     Names names() const { return namesIn(m_folder.path() / ".project"); }
-    bool understood() const { return StructureFile::understoodWhole(m_folder.path() / File); }
+    bool understood() const { return understandsStructureFile(m_folder.path() / File); }
 
     /// The names below the present project, groups with their children in brackets.
     std::string outline() const { return outlineOf(*m_project); }
@@ -45,22 +45,22 @@ protected:
 };
 
 TEST_F(StructureFileTest, LiesInTheSettingsFolderOfTheProject) {
-    EXPECT_EQ(StructureFile::location(*m_project), m_folder.path() / File);
+    EXPECT_EQ(structureLocation(*m_project), m_folder.path() / File);
 }
 
 TEST_F(StructureFileTest, FetchesAnObjectOnly) {
-    EXPECT_FALSE(StructureFile::fetch(*m_project));
+    EXPECT_FALSE(fetchStructure(*m_project));
     writeStructure("[]");
-    EXPECT_FALSE(StructureFile::fetch(*m_project));
+    EXPECT_FALSE(fetchStructure(*m_project));
     writeStructure(R"({"a":1})");
-    EXPECT_EQ(StructureFile::fetch(*m_project), parseJson(R"({"a":1})"));
+    EXPECT_EQ(fetchStructure(*m_project), parseJson(R"({"a":1})"));
 }
 
 TEST_F(StructureFileTest, ARootWithoutAnAbsolutePathCountsFromTheProjectsFolder) {
     const auto folderOf = [&](const std::string& path) {
         Dictionary structure = m_project->toDictionary();
         structure["path"] = path;
-        return StructureFile::project(structure, m_folder.path() / "")->itemPath();
+        return projectFromStructure(structure, m_folder.path() / "")->itemPath();
     };
     for (const std::string path : {"", ".", "./", "./."}) {
         EXPECT_EQ(folderOf(path), m_folder.path()) << path;
@@ -68,30 +68,30 @@ TEST_F(StructureFileTest, ARootWithoutAnAbsolutePathCountsFromTheProjectsFolder)
     EXPECT_EQ(folderOf("sub/game"), m_folder.path() / "sub/game");
     EXPECT_EQ(folderOf("../game"), m_folder.path() / "../game");
     EXPECT_EQ(folderOf("/elsewhere/game"), "/elsewhere/game");
-    EXPECT_EQ(StructureFile::project(parseJson("{}").value(), m_folder.path()), nullptr);
+    EXPECT_EQ(projectFromStructure(parseJson("{}").value(), m_folder.path()), nullptr);
 }
 
 TEST_F(StructureFileTest, SavesTheTreeCompactAndMakesTheFolder) {
     addChild(m_project, makeText("a.asm", "/a"));
-    EXPECT_TRUE(StructureFile::save(*m_project));
+    EXPECT_TRUE(saveStructure(*m_project));
     EXPECT_EQ(structure(), m_project->toDictionary().dump());
-    EXPECT_TRUE(StructureFile::save(*m_project));
+    EXPECT_TRUE(saveStructure(*m_project));
     EXPECT_EQ(names(), Names{"demo-ProjectStructure.cfg"});
     EXPECT_TRUE(understood());
 }
 
 TEST_F(StructureFileTest, WhatCannotBeWrittenLeavesTheOldFile) {
-    EXPECT_TRUE(StructureFile::save(*m_project));
+    EXPECT_TRUE(saveStructure(*m_project));
     const std::string before = structure();
-    EXPECT_TRUE(holdsWithFileSizeLimit(10, [&] { return !StructureFile::save(*m_project); }));
+    EXPECT_TRUE(holdsWithFileSizeLimit(10, [&] { return !saveStructure(*m_project); }));
     addChild(m_project, makeText("\xff", "/a"));
-    EXPECT_FALSE(StructureFile::save(*m_project));
+    EXPECT_FALSE(saveStructure(*m_project));
     m_project->subItems().clear();
     auto node = m_project;
     for (int i = 0; i < 1000; ++i) {
         node = addChild(node, makeGroup("g"));
     }
-    EXPECT_FALSE(StructureFile::save(*m_project));
+    EXPECT_FALSE(saveStructure(*m_project));
     EXPECT_EQ(structure(), before);
     EXPECT_EQ(names(), Names{"demo-ProjectStructure.cfg"});
 }
@@ -101,8 +101,8 @@ TEST_F(StructureFileTest, ATreeOfAThousandLevelsIsSaved) {
     for (int i = 1; i < 1000; ++i) {
         node = addChild(node, makeGroup("g"));
     }
-    EXPECT_TRUE(StructureFile::save(*m_project));
-    const auto read = StructureFile::fetch(*m_project);
+    EXPECT_TRUE(saveStructure(*m_project));
+    const auto read = fetchStructure(*m_project);
     ASSERT_TRUE(read);
     EXPECT_EQ(depthOf(ProjectItemFactory::process(*read, nullptr)), 1000);
     EXPECT_TRUE(understood());
@@ -112,8 +112,8 @@ TEST_F(StructureFileTest, AFileThatWasNotUnderstoodIsKeptOnce) {
     const std::string text = storedNode("demo", "project", R"("sub_items":[],"note":"mine")");
     writeStructure(text);
     EXPECT_FALSE(understood());
-    EXPECT_TRUE(StructureFile::save(*m_project));
-    EXPECT_TRUE(StructureFile::save(*m_project));
+    EXPECT_TRUE(saveStructure(*m_project));
+    EXPECT_TRUE(saveStructure(*m_project));
     EXPECT_EQ(names(), (Names{"demo-ProjectStructure.cfg", "demo-ProjectStructure.cfg.bak"}));
     EXPECT_EQ(contentOf(m_folder.path() / ".project/demo-ProjectStructure.cfg.bak"), text);
 }
@@ -141,10 +141,10 @@ TEST_F(StructureFileTest, ANewProjectOverAnExistingStructureTakesItsNodesOver) {
     writeStructure(former->toDictionary().dump());
 
     ASSERT_TRUE(FileProcessor::saveDataFile(m_folder.path() / "unrelated", ""));
-    EXPECT_TRUE(StructureFile::adoptExisting(m_project));
+    EXPECT_TRUE(adoptStructureFile(m_project));
     EXPECT_EQ(outline(), "g(a.asm) b.asm b.asm");
     EXPECT_EQ(m_project->itemPath(), m_folder.path());
-    EXPECT_TRUE(StructureFile::save(*m_project));
+    EXPECT_TRUE(saveStructure(*m_project));
     EXPECT_EQ(names(), Names{"demo-ProjectStructure.cfg"});
     const auto saved = parseJson(structure());
     ASSERT_TRUE(saved);
@@ -155,9 +155,9 @@ TEST_F(StructureFileTest, TakingOverTwiceChangesNothingMore) {
     const auto former = makeProject("demo", m_folder.path());
     addChild(addChild(former, makeGroup("g")), makeText("a.asm", "/a"));
     writeStructure(former->toDictionary().dump());
-    EXPECT_TRUE(StructureFile::adoptExisting(m_project));
+    EXPECT_TRUE(adoptStructureFile(m_project));
     const auto group = m_project->subItems().front();
-    EXPECT_TRUE(StructureFile::adoptExisting(m_project));
+    EXPECT_TRUE(adoptStructureFile(m_project));
     EXPECT_EQ(outline(), "g(a.asm)");
     EXPECT_EQ(m_project->subItems().front(), group);
 }
@@ -174,7 +174,7 @@ TEST_F(StructureFileTest, TakingOverKeepsTheNodesThatTheProjectHasAlready) {
     const auto ownGroup = addChild(m_project, makeGroup("g"));
     const auto both = addChild(ownGroup, makeText("both.asm", "/a"));
     addChild(ownGroup, makeText("own.asm", "/a"));
-    EXPECT_TRUE(StructureFile::adoptExisting(m_project));
+    EXPECT_TRUE(adoptStructureFile(m_project));
     EXPECT_EQ(outline(), "g(stored.asm both.asm own.asm) same name.asm same name.asm");
     EXPECT_EQ(m_project->subItems()[0], ownGroup);
     EXPECT_EQ(m_project->subItems()[1]->itemPath(), "/one");
@@ -184,15 +184,15 @@ TEST_F(StructureFileTest, TakingOverKeepsTheNodesThatTheProjectHasAlready) {
 
 TEST_F(StructureFileTest, TakingOverWithoutAFileIsFine) {
     addChild(m_project, makeText("a.asm", "/a"));
-    EXPECT_TRUE(StructureFile::adoptExisting(m_project));
+    EXPECT_TRUE(adoptStructureFile(m_project));
     EXPECT_EQ(outline(), "a.asm");
-    EXPECT_FALSE(StructureFile::adoptExisting(nullptr));
+    EXPECT_FALSE(adoptStructureFile(nullptr));
 }
 
 TEST_F(StructureFileTest, TakingOverWhatCannotBeReadLeavesTheProjectAndTheFile) {
     for (const std::string& text : {std::string("not json"), std::string("{}")}) {
         writeStructure(text);
-        EXPECT_FALSE(StructureFile::adoptExisting(m_project));
+        EXPECT_FALSE(adoptStructureFile(m_project));
         EXPECT_EQ(outline(), "");
         EXPECT_EQ(structure(), text);
     }
@@ -202,19 +202,19 @@ TEST_F(StructureFileTest, TakingOverInPartKeepsACopyAtTheNextSave) {
     const std::string text =
         storedNode("demo", "project", R"("sub_items":[{},)" + storedNode("a.asm", "text") + "]");
     writeStructure(text);
-    EXPECT_FALSE(StructureFile::adoptExisting(m_project));
+    EXPECT_FALSE(adoptStructureFile(m_project));
     EXPECT_EQ(outline(), "a.asm");
-    EXPECT_TRUE(StructureFile::save(*m_project));
+    EXPECT_TRUE(saveStructure(*m_project));
     EXPECT_EQ(contentOf(m_folder.path() / ".project/demo-ProjectStructure.cfg.bak"), text);
 }
 
 TEST_F(StructureFileTest, ATreeOfAThousandLevelsIsTakenOver) {
     writeStructure(storedTree(1000));
-    EXPECT_TRUE(StructureFile::adoptExisting(m_project));
+    EXPECT_TRUE(adoptStructureFile(m_project));
     EXPECT_EQ(depthOf(m_project), 1000);
-    EXPECT_TRUE(StructureFile::adoptExisting(m_project));
+    EXPECT_TRUE(adoptStructureFile(m_project));
     EXPECT_EQ(depthOf(m_project), 1000);
-    EXPECT_TRUE(StructureFile::save(*m_project));
+    EXPECT_TRUE(saveStructure(*m_project));
 }
 
 } // namespace

@@ -301,6 +301,50 @@ TEST_F(PickerOverTheProject, TheTabKeyGoesThroughTheControlsInReadingOrder) {
                              "filterTextField"}));
 }
 
+TEST_F(PickerOverTheProject, AFocusedButtonGetsReturnAndEnter) {
+    const auto tabTo = [this](const QWidget* widget) {
+        for (int i = 0; i < 10 && picker->currentWindow()->focusWidget() != widget; ++i) {
+            press(Qt::Key_Tab);
+        }
+        ASSERT_EQ(picker->currentWindow()->focusWidget(), widget);
+    };
+    int expected = 0;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        filter("sprites.chr");
+        ASSERT_TRUE(canAdd());
+        tabTo(picker->cancelButton());
+        press(key);
+        EXPECT_EQ(calls, ++expected);
+        EXPECT_TRUE(given.empty());
+        open();
+        filter("sprites.chr");
+        tabTo(picker->addButton());
+        press(key);
+        EXPECT_EQ(calls, ++expected);
+        EXPECT_EQ(given, ProjectItems{deep});
+        open();
+    }
+}
+
+TEST_F(PickerOverTheProject, ElsewhereReturnAndEnterAdd) {
+    int expected = 0;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        for (const bool inTheField : {true, false}) {
+            filter("sprites.chr");
+            picker->cancelButton()->setFocus();
+            if (inTheField) {
+                picker->filterTextField()->setFocus();
+            } else {
+                view()->setFocus();
+            }
+            press(key);
+            EXPECT_EQ(calls, ++expected);
+            EXPECT_EQ(given, ProjectItems{deep});
+            open();
+        }
+    }
+}
+
 TEST(AddNewItemFromProjectController, WithoutASheetItOnlyPicks) {
     AddNewItemFromProjectController picker;
     const Node file = node("a", FileType::text);

@@ -221,12 +221,95 @@ TEST_F(NewItemWizard, TheTabKeyGoesThroughTheControlsInReadingOrder) {
                            QStringLiteral("nextButton"), QStringLiteral("fileNameTextField")}));
 }
 
-TEST_F(NewItemWizard, ReturnOnTheCancelButtonIsStillNext) {
+/// The wizard worked by one of the two keys that press a button.
+class NewItemWizardByKeys
+    : public NewItemWizard,
+      public ::testing::WithParamInterface<std::pair<Qt::Key, Qt::KeyboardModifier>> {
+protected:
+    void pressIt() { press(GetParam().first, GetParam().second); }
+
+    void tabTo(const QWidget* widget) {
+        for (int i = 0; i < 10 && sheet()->focusWidget() != widget; ++i) {
+            press(Qt::Key_Tab);
+        }
+        ASSERT_EQ(sheet()->focusWidget(), widget);
+    }
+
+    void goToNames() {
+        askForFile();
+        pressIt();
+        ASSERT_EQ(page(), 1);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Keys, NewItemWizardByKeys,
+                         ::testing::Values(std::pair{Qt::Key_Return, Qt::NoModifier},
+                                           std::pair{Qt::Key_Enter, Qt::KeypadModifier}),
+                         [](const auto& parameter) {
+                             return parameter.param.first == Qt::Key_Return ? "Return" : "Enter";
+                         });
+
+TEST_P(NewItemWizardByKeys, CancelAmongTheKindsGivesNothing) {
     askForFile();
-    wizard()->cancelButton()->setFocus();
-    press(Qt::Key_Return);
-    EXPECT_EQ(calls, 0);
+    tabTo(wizard()->cancelButton());
+    pressIt();
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(given, nullptr);
+}
+
+TEST_P(NewItemWizardByKeys, NextAmongTheKindsGoesOn) {
+    askForFile();
+    tabTo(wizard()->nextButton());
+    pressIt();
     EXPECT_EQ(page(), 1);
+    EXPECT_EQ(calls, 0);
+}
+
+TEST_P(NewItemWizardByKeys, CancelBesideANameGivesNothing) {
+    folder.write("there.asm", "old");
+    goToNames();
+    type("there.asm");
+    tabTo(wizard()->cancelButton());
+    pressIt();
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(given, nullptr);
+}
+
+TEST_P(NewItemWizardByKeys, BackBesideANameReturnsToTheKinds) {
+    goToNames();
+    type("a.asm");
+    tabTo(wizard()->backButton());
+    pressIt();
+    ASSERT_EQ(calls, 0);
+    EXPECT_EQ(page(), 0);
+    EXPECT_EQ(sheet()->focusWidget(), grid());
+    pressIt();
+    EXPECT_EQ(page(), 1) << "Next is the default button again";
+}
+
+TEST_P(NewItemWizardByKeys, CreateBesideANameFinishes) {
+    goToNames();
+    type("a.asm");
+    tabTo(wizard()->nextButton());
+    pressIt();
+    EXPECT_EQ(calls, 1);
+    ASSERT_NE(given, nullptr);
+    EXPECT_EQ(given->itemName(), "a.asm");
+}
+
+TEST_P(NewItemWizardByKeys, InAFieldTheKeyPressesTheDefaultButtonAgainAfterAButtonHadTheFocus) {
+    goToNames();
+    type("a.asm");
+    tabTo(wizard()->cancelButton());
+    EXPECT_TRUE(wizard()->cancelButton()->isDefault()) << "it is not shown what the key would do";
+    EXPECT_FALSE(wizard()->nextButton()->isDefault());
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    ASSERT_EQ(sheet()->focusWidget(), location());
+    EXPECT_TRUE(wizard()->nextButton()->isDefault());
+    pressIt();
+    EXPECT_EQ(calls, 1);
+    ASSERT_NE(given, nullptr);
+    EXPECT_EQ(given->itemName(), "a.asm");
 }
 
 TEST_F(NewItemWizard, EveryControlHasAnObjectNameAndAnAccessibleName) {

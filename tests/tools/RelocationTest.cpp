@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Relocation.h"
 
-#include "model/ProjectItemFactory.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -164,25 +163,29 @@ TEST(Relocation, AStoredTreeKeepsAllButThePathsThatMove) {
                                        Dictionary{{"path", 3}}}));
     };
     Dictionary stored = tree("/gone", "/gone/src", "/gone/group/");
-    relocation.apply(stored);
+    relocation.applyToNode(stored);
     EXPECT_EQ(stored, tree("/new", "/new/src", "/new/group"));
-    relocation.apply(stored);
+    relocation.applyToNode(stored);
     EXPECT_EQ(stored, tree("/new", "/new/src", "/new/group"));
 }
 
-TEST(Relocation, ALiveTreeMovesAsItsStoredFormDoes) {
-    const Relocation relocation = moved("/gone", "/new");
-    Dictionary stored =
-        node("/gone", "absolute_path",
-             Dictionary::array({node("/gone/src", "absolute_path", Dictionary::array()),
-                                node("", "no_path", Dictionary::array()),
-                                node("src", "relative_path_from_project", Dictionary::array())}));
-    const auto root = ProjectItemFactory::process(stored, nullptr);
-    ASSERT_TRUE(root);
-    relocation.apply(*root);
-    relocation.apply(stored);
-    EXPECT_EQ(root->toDictionary(), ProjectItemFactory::process(stored, nullptr)->toDictionary());
-    EXPECT_EQ(root->subItems().at(0)->itemPath(), "/new/src");
+TEST(Relocation, InTheSettingsFoldersProgramsAndListedFilesMove) {
+    const auto settings = [](const char* output, const char* emulator, const char* file) {
+        return Dictionary{
+            {"output_folder", output},
+            {"emulator", emulator},
+            {"code_assembly_files",
+             Dictionary::array({node(file, "absolute_path", Dictionary::array())})},
+            {"graphic_files", Dictionary::array({node(file, "no_path", Dictionary::array())})},
+            {"palette_files", Dictionary::array({node(file, "absolute_path", nullptr)})},
+            {"note", "/gone/stays"}};
+    };
+    Dictionary stored = settings("/gone/output", "/gone/emulator", "/gone/src");
+    moved("/gone", "/new").applyToSettings(stored);
+    EXPECT_EQ(stored, settings("/new/output", "/new/emulator", "/new/src"));
+    Dictionary none = settings("", "/usr/bin/emulator", "");
+    moved("", "/new").applyToSettings(none);
+    EXPECT_EQ(stringMember(none, "output_folder"), "") << "no folder stays none";
 }
 
 TEST(Relocation, ATreeOfAThousandLevelsMoves) {
@@ -192,7 +195,7 @@ TEST(Relocation, ATreeOfAThousandLevelsMoves) {
         children.push_back(std::move(stored));
         stored = node("/gone", "absolute_path", std::move(children));
     }
-    moved("/gone", "/new").apply(stored);
+    moved("/gone", "/new").applyToNode(stored);
     const Dictionary* deepest = &stored;
     while (!deepest->at("sub_items").empty()) {
         deepest = &deepest->at("sub_items").front();

@@ -130,7 +130,7 @@ bool ExpressionParser::unary(bool lowHigh) {
     case '>': {
         const Cursor at = m_p;
         if (*at != '+' && !lowHigh) {
-            return fail(at, "a value was expected, not '" + std::string(1, *at) +
+            return fail(at, "expected a value, found '" + std::string(1, *at) +
                                 "'; LOW() and HIGH() take a byte of a value");
         }
         if (++m_nesting > DeepestNesting) {
@@ -173,13 +173,13 @@ bool ExpressionParser::primary() {
         ++m_p;
         return push(OpCode::here, m_statement.address, m_p - 1);
     case '"':
-        return fail(
-            m_p,
-            "a string can stand only in .db and as a file name; a single character is written 'c'");
+        return fail(m_p, "a string is allowed only in .db and as a file name; a single character "
+                         "is written 'c'");
     default:
         // The operator before it may be half of a comment's mark.
-        return fail(m_p, "a value was expected, but " + foundText(m_p) + " was found" +
-                             (*m_p == '/' ? commentRemedy(m_p - 1) : ""));
+        return fail(
+            m_p, "expected a value, found " + foundText(m_p) +
+                     (*m_p == '/' && m_p != m_statement.line.begin ? commentRemedy(m_p - 1) : ""));
     }
 }
 
@@ -193,7 +193,7 @@ bool ExpressionParser::parenthesized() {
     }
     --m_nesting;
     if (*m_p != ')') {
-        return fail(m_p, "a ')' was expected, but " + foundText(m_p) + " was found");
+        return fail(m_p, "expected ')', found " + foundText(m_p));
     }
     ++m_p;
     return true;
@@ -204,7 +204,7 @@ bool ExpressionParser::word() {
     m_p = begin.wordEnd();
     const std::string_view name = begin.upTo(m_p);
     if (name == ".") {
-        return fail(begin, "a value was expected, but '.' was found");
+        return fail(begin, "expected a value, found '.'");
     }
     if (name.size() >= 3 && name.size() <= 6) {
         const Cursor next = m_p.afterBlanks();
@@ -251,15 +251,14 @@ bool ExpressionParser::sizeOfLabel() {
     }
     const Cursor begin = m_p;
     if (!begin.isAtName()) {
-        return fail(begin,
-                    "SIZEOF() needs the name of a label, but " + foundText(begin) + " was found");
+        return fail(begin, "SIZEOF() needs the name of a label, found " + foundText(begin));
     }
     m_p = begin.wordEnd();
     const SymbolId id = m_names.intern(begin.upTo(m_p));
     ++m_names[id].uses;
     m_p.skipBlanks();
     if (*m_p != ')') {
-        return fail(m_p, "a ')' was expected, but " + foundText(m_p) + " was found");
+        return fail(m_p, "expected ')', found " + foundText(m_p));
     }
     ++m_p;
     return push(OpCode::sizeOf, id, begin);
@@ -273,7 +272,7 @@ bool ExpressionParser::number() {
     }
     if (number.isOdd) {
         m_reporter.warn(Warning::oddNumber, number.begin,
-                        "there is no hexadecimal digit behind this $: '" +
+                        "there is no hexadecimal digit after this $: '" +
                             std::string(number.begin.upTo(number.end)) + "' counts as 0");
     }
     return push(OpCode::literal, number.value, number.begin);
@@ -337,7 +336,7 @@ std::string ExpressionParser::unknownText(const Evaluation& result, const char* 
             .append(remedyForSymbol(m_names.table(), symbol, m_reporter.diagnostics()));
     }
     return text += isSize
-                       ? "it is known when the label's own line has ended"
+                       ? "it is known only after the label's own line"
                        : "it is made from a symbol that is not known yet; define that one above it";
 }
 

@@ -21,7 +21,7 @@ const char* zeroPageRemedy(const Position& position, std::int32_t value) {
     }
     const char mark = position.line[position.column];
     return mark == '<'                  ? "; without the < the instruction takes any address"
-           : mark == '[' || mark == '(' ? "; a pointer's two bytes lie there"
+           : mark == '[' || mark == '(' ? "; a pointer's two bytes must be there"
                                         : "";
 }
 

@@ -42,10 +42,10 @@ bool endsOddNumber(char c) {
 /// What to do about a letter after the digits of a number.
 std::string letterRemedy(char mark, char letter) {
     if (mark == '%') {
-        return "; behind % only 0 and 1 are digits";
+        return "; a binary number has only the digits 0 and 1";
     }
     if (mark == '$') {
-        return "; behind $ only 0 to 9 and A to F are digits";
+        return "; a hexadecimal number has only the digits 0 to 9 and A to F";
     }
     if (lowered(letter) == 'b') {
         return "; a binary number begins with %, as in %1010";
@@ -112,9 +112,9 @@ std::string Number::problemText() const {
     case Problem::none:
         break;
     case Problem::noBinaryDigit:
-        return "a binary number needs digits 0 or 1 behind its %";
+        return "a binary number needs digits 0 or 1 after its %";
     case Problem::noCharacter:
-        return "one character between quotes was expected, as in 'A'; a text stands in double "
+        return "expected one character between quotes, as in 'A'; strings are written in double "
                "quotes";
     case Problem::strangeLetter:
         return foundText(end) + " cannot be part of this number" + letterRemedy(*begin, *end);

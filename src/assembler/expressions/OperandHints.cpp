@@ -99,7 +99,7 @@ void OperandHints::warnOfZeroPage(const Instruction& instruction, Mode mode, std
     m_diagnostics.warning(
         Warning::zeroPagePossible, position,
         "the address " + hexText(static_cast<unsigned>(value), 2) +
-            " lies in the zero page: with a < before the operand the instruction is a byte shorter "
+            " is in the zero page: with a < before the operand the instruction is a byte shorter "
             "and faster");
 }
 

@@ -61,13 +61,13 @@ bool isHexadecimal(std::string_view name) {
 
 std::string noSizeText(const Symbol& symbol) {
     return quoted(symbol.name) +
-           " is no label: it has no size; SIZEOF() gives the bytes on a label's own line";
+           " is not a label, so it has no size; SIZEOF() gives the bytes on a label's own line";
 }
 
 std::string remedyForSymbol(const SymbolTable& symbols, const Symbol& symbol,
                             const Diagnostics& diagnostics) {
     if (isRegisterName(symbol.name)) {
-        return "; as a register it cannot stand here: TAX, TXA, TAY and TYA copy between registers";
+        return "; a register cannot be used here: TAX, TXA, TAY and TYA copy between registers";
     }
     if (isHexadecimal(symbol.name)) {
         return "; a hexadecimal number begins with $, as in $1F";

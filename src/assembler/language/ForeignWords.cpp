@@ -10,15 +10,16 @@ namespace nesasm {
 
 namespace {
 
+/// A word of another assembler or processor, and what to write instead.
 struct ForeignWord {
     std::string_view word;
     std::string_view advice;
 };
 
-constexpr std::string_view Bytes = "use .db for bytes and texts";
+constexpr std::string_view Bytes = "use .db for bytes and strings";
 constexpr std::string_view Words = "use .dw for 16-bit values";
-constexpr std::string_view Space = "use .ds to leave room";
-constexpr std::string_view NoSegments = "use .bank and .org to choose the place";
+constexpr std::string_view Space = "use .ds to reserve space";
+constexpr std::string_view NoSegments = "use .bank and .org to choose bank and address";
 constexpr std::string_view NoScopes = "labels that begin with a dot are local to the label before";
 constexpr std::string_view Variables = "use .rsset and .rs to lay out variables";
 constexpr std::string_view Undocumented =
@@ -44,8 +45,8 @@ constexpr std::array<ForeignWord, 80> ForeignWords{{
     {"end", "nothing is needed at the end of the source"},
     {"bra", "use JMP"}, {"jp", "use JMP"}, {"goto", "use JMP"},
     {"call", "use JSR"}, {"bsr", "use JSR"}, {"ret", "use RTS"},
-    {"blt", "use BCC behind a CMP"}, {"bge", "use BCS behind a CMP"},
-    {"bgt", "use BEQ over a BCS behind a CMP"}, {"bz", "use BEQ"}, {"bnz", "use BNE"},
+    {"blt", "use BCC after CMP"}, {"bge", "use BCS after CMP"},
+    {"bgt", "use BEQ to skip a BCS, after CMP"}, {"bz", "use BEQ"}, {"bnz", "use BNE"},
     {"stz", "use LDA #0 and STA"}, {"phx", "use TXA and PHA"}, {"phy", "use TYA and PHA"},
     {"plx", "use PLA and TAX"}, {"ply", "use PLA and TAY"},
     {"xor", "use EOR"}, {"or", "use ORA"}, {"mov", "use LDA and STA"},

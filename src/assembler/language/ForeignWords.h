@@ -5,8 +5,8 @@
 
 namespace nesasm {
 
-/// What a word of other assemblers or processors, without its dot, is called here, as part of a
-/// sentence such as "use .db"; "" for a word that is not known.
+/// What to write instead of a word of other assemblers or processors (given without its dot), as
+/// part of a sentence such as "use .db"; "" for an unknown word.
 std::string_view foreignWordAdvice(std::string_view word);
 
 } // namespace nesasm

@@ -10,6 +10,7 @@
 
 namespace nesasm {
 
+/// The addressing modes of the 6502.
 enum class Mode : std::uint8_t {
     implied,
     accumulator,
@@ -149,7 +150,7 @@ const Instruction* findInstruction(std::string_view name);
 /// The instruction and mode of an opcode; nullptr when it is none.
 const Instruction* findOpcode(std::uint8_t opcode, Mode& mode);
 
-/// The modes of an instruction as a person would write them, such as "LDA #n, LDA n, LDA <n".
+/// The modes of an instruction as they are written, such as "LDA #n, LDA n, LDA <n".
 std::string modesText(const Instruction& instruction);
 
 } // namespace nesasm

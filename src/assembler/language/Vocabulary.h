@@ -31,7 +31,7 @@ struct DirectiveWord {
     DirectiveRole role = DirectiveRole::ordinary;
 };
 
-/// What a word means to the assembler, whatever the case of its letters.
+/// What a word means to the assembler; letter case does not matter.
 struct alignas(std::uint32_t) Keyword { // handed over as one word
     enum class Kind : std::uint8_t { none, directive, instruction };
 

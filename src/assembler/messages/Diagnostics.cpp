@@ -94,7 +94,7 @@ bool Diagnostics::isRepeated(const Position& position, bool isError) {
          parent = m_origins[parent].parent) {
         outermost = parent;
     }
-    // What is noted must not come to stand for another place.
+    // A stored origin must not be reused for another place.
     m_origins[outermost].kept = true;
     return !m_repeatedPlaces.emplace(outermost, position.number, position.column, isError).second;
 }

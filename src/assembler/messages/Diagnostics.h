@@ -16,7 +16,7 @@
 
 namespace nesasm {
 
-/// Takes text for a person: always valid UTF-8.
+/// Receives text to be shown: always valid UTF-8.
 using TextSink = std::function<void(std::string_view)>;
 
 /// Collects errors and warnings and shows them in the order of the source, each with its line, a
@@ -31,7 +31,7 @@ public:
     /// In a macro expansion only the first error is kept: the others come from the same mistake. In
     /// a repetition each place is reported once, and warned of once.
     void error(const Position& position, std::string text);
-    /// The same with a text that takes long to find; it is asked for only when it is shown.
+    /// The same with a text that takes long to compose; it is composed only when it is shown.
     void error(const Position& position, const std::function<std::string()>& text);
     /// Does nothing when that warning is off; counts as an error when the switches say so. Of each
     /// warning only the first fifty are shown.

@@ -9,7 +9,7 @@
 
 namespace nesasm {
 
-/// Which warnings are shown, and which of them count as errors.
+/// The state of the -W options: which warnings are shown, and which of them count as errors.
 class WarningSwitches {
 public:
     WarningSwitches();

@@ -144,7 +144,7 @@ private:
         return m_spanCount++;
     }
 
-    /// A bank appears at the page at which most of its bytes were assembled.
+    /// A bank is shown at the page at which most of its bytes were assembled.
     void chooseSegmentStarts() {
         for (const auto& [bank, pages] : m_bytesAtPages) {
             m_segmentStarts[bank] =
@@ -154,7 +154,7 @@ private:
         }
     }
 
-    /// The segment of a label that lies in it as the debugger sees it.
+    /// The segment that the debugger finds a label in.
     std::map<std::uint32_t, std::size_t>::const_iterator segmentOf(const Symbol& symbol) const {
         if (!symbol.isLabel || symbol.bank < 0 || symbol.isAtBankEnd) {
             return m_segmentIds.end();

@@ -10,7 +10,7 @@
 
 namespace nesasm {
 
-/// A name for a place in the console's memory or in the image, as debuggers want it.
+/// A name for a place in the console's memory or in the image, in a form that debuggers accept.
 struct DebugLabel {
     enum class Memory : std::uint8_t { prgRom, chrRom, internalRam, workRam, other };
 
@@ -27,7 +27,7 @@ struct DebugLabel {
 /// of their definition. Of several names for one place the first is kept, with the others in it.
 std::vector<DebugLabel> debugLabels(const FinishedProgram& program);
 
-/// The name of a symbol in a form that debuggers take: "reset@loop" for .loop under reset.
+/// The name of a symbol in a form that debuggers accept: "reset@loop" for .loop under reset.
 std::string debugName(const SymbolTable& symbols, SymbolId id);
 
 } // namespace nesasm

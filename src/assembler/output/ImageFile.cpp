@@ -24,7 +24,7 @@ constexpr std::string_view Mark = "NES\x1A";
 constexpr std::size_t HeaderSize = 16;
 constexpr int MostLinks = 40;
 
-/// What `path` leads to when links are followed, also when nothing lies there.
+/// The path that `path` leads to when links are followed; the file need not exist.
 std::string linkTarget(std::string path) {
     std::array<char, 4096> target{};
     for (int i = 0; i < MostLinks; ++i) {

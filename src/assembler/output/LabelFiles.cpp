@@ -101,8 +101,8 @@ std::vector<SideFile> nlFiles(const FinishedProgram& program, const std::string&
     for (std::string& path : nlPaths(output, (prgSize + NlBankSize - 1) / NlBankSize)) {
         files.push_back({std::move(path), {}});
     }
-    // An address may stand in a file once only; the same one in another 8 KiB of the same file
-    // comes later and is left out.
+    // A file may name an address only once; the same one in another 8 KiB of the same file comes
+    // later and is left out.
     std::vector<std::map<std::uint32_t, bool>> taken(files.size());
     for (const DebugLabel& label : debugLabels(program)) {
         std::size_t index = 0;

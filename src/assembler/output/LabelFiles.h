@@ -10,7 +10,7 @@
 
 namespace nesasm {
 
-/// A text file that goes with the image.
+/// A text file that is written beside the image.
 struct SideFile {
     std::string path;
     std::string text;

@@ -29,7 +29,7 @@ std::string filled(std::string text, std::size_t width) {
     return text;
 }
 
-/// Puts the lines of a run and its symbols into text.
+/// Formats the lines of a run and its symbols as text.
 class ListingWriter {
 public:
     ListingWriter(const FinishedProgram& program, bool showsExpansions)
@@ -50,8 +50,8 @@ public:
     }
 
 private:
-    /// The bytes of a line as they are in the image; nullopt for those that a later line wrote
-    /// over.
+    /// The bytes of a line as they are in the image; nullopt for those that a later line
+    /// overwrote.
     using Bytes = std::vector<std::optional<std::uint8_t>>;
 
     /// Calls `use` with the bank and the offset of each byte that the line made.
@@ -185,13 +185,13 @@ private:
         return false;
     }
 
-    std::string placeText(const LineRecord& record, bool hasPlace, std::size_t behind) const {
+    std::string placeText(const LineRecord& record, bool hasPlace, std::size_t distance) const {
         if (!hasPlace) {
             return "          ";
         }
         std::string text = padded(record.isRam ? "" : std::to_string(record.bank), 3) + ":";
         text +=
-            hexText((record.address + static_cast<std::uint32_t>(behind)) & 0xFFFFU, 4).substr(1);
+            hexText((record.address + static_cast<std::uint32_t>(distance)) & 0xFFFFU, 4).substr(1);
         return text + "  ";
     }
 

@@ -42,7 +42,7 @@ std::optional<std::string> matchingEntry(const std::string& folder, std::string_
     return several ? std::nullopt : match;
 }
 
-/// `path` with each of its parts spelled as on the disk.
+/// `path` with the letter case that each of its parts has on the disk.
 std::optional<std::string> matchingPath(const std::string& path) {
     std::string result = path.starts_with('/') ? "/" : "";
     for (std::size_t begin = 0; begin < path.size();) {

@@ -13,7 +13,7 @@ class FileFinder {
 public:
     struct Found {
         std::string path;
-        bool caseDiffers = false; ///< the file's name is spelled with other letter cases
+        bool caseDiffers = false; ///< the name on the disk has other letter case
         bool isRegular = true;    ///< false: the only thing of that name is a folder or a device
     };
 
@@ -25,7 +25,7 @@ public:
     /// folder is left out of every later search.
     std::optional<Found> findInput(const std::string& name);
 
-    /// A file named in a source that lies in `includingFolder`. A backslash in `name` is a
+    /// A file named in a source of the folder `includingFolder`. A backslash in `name` is a
     /// separator; `isSource`: the name may lack its ".asm".
     std::optional<Found> find(std::string_view name, const std::string& includingFolder,
                               bool isSource) const;

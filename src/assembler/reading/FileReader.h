@@ -10,7 +10,7 @@
 
 namespace nesasm {
 
-/// What makes a file the same file under another name.
+/// Equal for two paths that lead to one file.
 struct FileIdentity {
     std::uint64_t device = 0;
     std::uint64_t node = 0;
@@ -18,7 +18,7 @@ struct FileIdentity {
     bool operator==(const FileIdentity&) const = default;
 };
 
-/// The whole of one regular file; one line feed stands behind its last byte, not counted in `size`.
+/// The whole content of a regular file, followed by a line feed that `size` does not count.
 struct FileContents {
     std::unique_ptr<char[]> bytes;
     std::size_t size = 0;
@@ -27,15 +27,16 @@ struct FileContents {
     std::string_view view() const { return {bytes.get(), size}; }
 };
 
+/// What there can be at a path.
 enum class FileKind { missing, regular, folder, other };
 
-/// What lies at `path`, links followed.
+/// The kind of file at `path`, links followed.
 FileKind fileKind(const std::string& path);
 
 /// The identity of the file at `path`, links followed; nothing when there is none.
 std::optional<FileIdentity> identify(const std::string& path);
 
-/// One regular file that is open for reading, of which a part may be wanted only.
+/// A regular file that is open for reading, also for only a part of it.
 class DataFile {
 public:
     DataFile() = default;

@@ -10,7 +10,7 @@
 
 namespace nesasm {
 
-/// Reads files and remembers which: sources are read once and kept, data are handed over.
+/// Reads the files of a run and remembers which: sources are kept, data is handed over.
 class FileStore {
 public:
     /// The source at `path`, owned by the store; nullptr when it cannot be read, with `problem`

@@ -40,7 +40,7 @@ void LineRecords::end(const Image& image) {
         record.bank = image.bank();
         record.offset = image.offset();
     }
-    // Only files run on behind a full bank; their bytes begin in the next one.
+    // Only files run on after a full bank; their bytes begin in the next one.
     if (record.size != 0 && record.offset == BankSize && !record.isRam) {
         ++record.bank;
         record.offset = 0;

@@ -24,7 +24,7 @@ struct LineRecord {
     std::uint32_t size = 0;   ///< bytes made or reserved
     bool isStatement = false; ///< false: a line passed over, or one of a macro's body
     bool isRam = false;       ///< in .zp or .bss: nothing in the image
-    bool isListed = true;     ///< false behind .nolist
+    bool isListed = true;     ///< false after .nolist
 };
 
 /// Notes the lines of a run in the order in which they were read, for the listing and for
@@ -44,7 +44,7 @@ public:
     void add(const Line& line, const SourceFile* file);
     /// A line with a statement, before that is assembled.
     void begin(const Line& line, const SourceFile* file, const Image& image);
-    /// The same line, behind its statement.
+    /// The same line, after its statement.
     void end(const Image& image);
 
     void list(bool on) { m_isListed = on; }

@@ -31,8 +31,8 @@ Cursor argumentEnd(Cursor p) {
     return p;
 }
 
-/// When `p` is at ", x" or ", y" and nothing else comes before the next comma: the place behind it.
-Cursor behindIndex(Cursor p) {
+/// When `p` is at ", x" or ", y" and nothing else comes before the next comma: the place after it.
+Cursor afterIndex(Cursor p) {
     if (*p != ',') {
         return p;
     }
@@ -40,8 +40,8 @@ Cursor behindIndex(Cursor p) {
     if (lowered(*letter) != 'x' && lowered(*letter) != 'y') {
         return p;
     }
-    const Cursor behind = (letter + 1).afterBlanks();
-    return *behind == ',' || behind.isAtStatementEnd() ? behind : p;
+    const Cursor after = (letter + 1).afterBlanks();
+    return *after == ',' || after.isAtStatementEnd() ? after : p;
 }
 
 std::string_view trimmed(Cursor begin, Cursor end) {
@@ -73,13 +73,13 @@ bool isIndirect(std::string_view text) {
             break;
         }
     }
-    std::string behind;
+    std::string after;
     for (const char c : text.substr(std::min(close + 1, text.size()))) {
         if (!isBlank(c)) {
-            behind += lowered(c);
+            after += lowered(c);
         }
     }
-    return behind.empty() || behind == ",y";
+    return after.empty() || after == ",y";
 }
 
 } // namespace
@@ -101,8 +101,8 @@ bool MacroArguments::read(Cursor& p) {
         const Cursor begin = p;
         p = argumentEnd(p);
         if (!trimmed(begin, p).empty()) {
-            for (Cursor behind = behindIndex(p); behind != p; behind = behindIndex(p)) {
-                p = behind;
+            for (Cursor after = afterIndex(p); after != p; after = afterIndex(p)) {
+                p = after;
             }
         }
         if (m_count == LargestCount) {

@@ -11,7 +11,7 @@
 
 namespace nesasm {
 
-/// The arguments of one macro call, as views into its line.
+/// Splits a macro call's line into its arguments, kept as views into the line.
 class MacroArguments {
 public:
     static constexpr std::size_t LargestCount = 9;
@@ -33,11 +33,11 @@ private:
 /// 6 plain label.
 unsigned kindOfArgument(std::string_view text);
 
-/// The place behind the quoted text, character or single byte at `p`, so that marks inside quotes
-/// are passed over: a string up to its closing quote or the line's end, a character as three bytes.
+/// The place after the quoted text, character or single byte at `p`, so that marks inside quotes
+/// are skipped: a string up to its closing quote or the line's end, a character as three bytes.
 Cursor afterQuoted(Cursor p);
 
-/// Appends a macro's line to `out` with the arguments put in. False when that grew too large.
+/// Appends a macro's line to `out` with its arguments filled in. False when it got too long.
 bool expandLine(std::string_view line, const MacroArguments& arguments, std::uint32_t number,
                 std::string& out);
 

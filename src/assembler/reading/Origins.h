@@ -10,7 +10,7 @@ namespace nesasm {
 
 class SourceFile;
 
-/// One file that was entered, one macro that was expanded or one repetition.
+/// One inclusion of a file, one expansion of a macro or one repetition.
 struct Origin {
     enum class Kind : std::uint8_t { file, macro, repeat };
 
@@ -24,7 +24,8 @@ struct Origin {
     const SourceFile* source = nullptr; ///< the same file
 };
 
-/// The tree of origins: whence each line came. Texts are views that must outlive it.
+/// The tree of origins: for each line the includes, calls and repetitions that led to it. Texts
+/// are views that must outlive it.
 class Origins {
 public:
     OriginId add(const Origin& origin) {

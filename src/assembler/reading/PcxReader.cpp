@@ -10,6 +10,7 @@ namespace {
 constexpr std::size_t HeaderSize = 128;
 constexpr std::size_t TileSize = 16;
 
+/// What a PCX file's header says of its picture.
 struct Picture {
     std::size_t width = 0;
     std::size_t height = 0;
@@ -27,13 +28,13 @@ std::size_t wordAt(std::string_view file, std::size_t index) {
 
 std::string readHeader(std::string_view file, Picture& picture) {
     if (file.size() < HeaderSize || byteAt(file, 0) != 10) {
-        return "it is no PCX picture";
+        return "it is not a PCX picture";
     }
     if (byteAt(file, 3) != 8 || byteAt(file, 65) != 1) {
         return "only PCX pictures with 256 colours (8 bits in one plane) can be read";
     }
     if (byteAt(file, 2) > 1) {
-        return "its packing is not known";
+        return "its compression is not supported";
     }
     picture.isPacked = byteAt(file, 2) == 1;
     const std::size_t left = wordAt(file, 4);
@@ -41,13 +42,13 @@ std::string readHeader(std::string_view file, Picture& picture) {
     const std::size_t right = wordAt(file, 8);
     const std::size_t bottom = wordAt(file, 10);
     if (right < left || bottom < top) {
-        return "its measures are wrong";
+        return "its dimensions are invalid";
     }
     picture.width = right - left + 1;
     picture.height = bottom - top + 1;
     picture.bytesPerLine = wordAt(file, 66);
     if (picture.bytesPerLine < picture.width) {
-        return "its measures are wrong";
+        return "its dimensions are invalid";
     }
     if (picture.width % 8 != 0 || picture.height % 8 != 0) {
         return "its width and height must be multiples of 8, but it is " +

@@ -8,14 +8,14 @@
 
 namespace nesasm {
 
-/// One file of source text, kept whole as long as positions may point into it.
+/// A source file's text, kept in memory as long as positions may point into it.
 class SourceFile {
 public:
     /// `path` is where the file was found.
     SourceFile(std::string path, FileContents contents);
 
     const std::string& path() const { return m_path; }
-    /// The text without a byte-order mark; a line feed stands behind its last byte.
+    /// The text without a byte-order mark, followed by a line feed.
     std::string_view text() const { return m_text; }
     bool hasCarriageReturns() const { return m_hasCarriageReturns; }
 

@@ -16,9 +16,9 @@
 
 namespace nesasm {
 
-/// A piece of source text and where it comes from.
+/// Source text that is read as one: a file, the body of a macro or of a repetition.
 struct Passage {
-    std::string_view text; ///< whole lines; a line end stands behind its last byte
+    std::string_view text; ///< whole lines, followed by a line end
     std::uint32_t firstLine = 1;
     const SourceFile* file = nullptr; ///< that it was written in
     std::string_view fileName;        ///< as the source named the file
@@ -33,7 +33,7 @@ struct Line {
     bool isShortLived = false; ///< the text is overwritten by the next line
 };
 
-/// A passage that is being read.
+/// A passage that is being read, and how far.
 struct Frame {
     Origin::Kind kind = Origin::Kind::file;
     Passage passage;
@@ -44,7 +44,7 @@ struct Frame {
     bool countsAsWork = false;
     MacroArguments arguments;
     std::uint32_t number = 0;     ///< of the macro expansion
-    std::string buffer;           ///< the present line with the arguments put in
+    std::string buffer;           ///< the current line with its arguments filled in
     std::size_t conditionals = 0; ///< open ones when the frame began
     SymbolId label = 0;           ///< on the line that opened the frame
     std::uint64_t totalBefore = 0;
@@ -68,7 +68,7 @@ public:
     const Frame& at(std::size_t depth) const { return *m_frames[depth]; }
     std::size_t depth() const { return m_depth; }
 
-    /// True when no line of the top frame's present repetition is left.
+    /// True when no line is left of the top frame's current repetition.
     bool isAtEnd() const {
         return top().cursor == top().passage.text.data() + top().passage.text.size();
     }

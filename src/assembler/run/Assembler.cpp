@@ -136,7 +136,7 @@ void Assembler::checkVectors() {
     const std::string last = std::to_string(prgBanks - 1);
     m_run->diagnostics.warning(
         Warning::unusedBankGap, m_run->image.header.position,
-        "nothing was written in bank " + last +
+        "nothing was written to bank " + last +
             ", the last of the program, where the vectors belong: .org never changes the bank; is "
             "a .bank " +
             last + " missing?");

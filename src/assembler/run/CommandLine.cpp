@@ -57,7 +57,7 @@ std::string addDefinition(std::string_view text, Options& options) {
         return "-D needs the name of a symbol, not " + quoted(name);
     }
     if (!value) {
-        return "-D " + std::string(name) + " needs a number behind the =, as in $20, not " +
+        return "-D " + std::string(name) + " needs a number after the =, as in $20, not " +
                quoted(text.substr(sign + 1));
     }
     const bool isTaken = std::any_of(options.definitions.begin(), options.definitions.end(),
@@ -78,7 +78,7 @@ public:
     static bool knows(std::string_view name) {
         return std::find(Names.begin(), Names.end(), name) != Names.end();
     }
-    /// What to say of an option that there is not.
+    /// The message for an unknown option.
     static std::string unknown(std::string_view option) {
         NearNames near(option.substr(0, option.find('=')));
         for (const std::string_view name : Names) {
@@ -209,7 +209,7 @@ std::string readArgument(std::span<const std::string_view>& arguments, CommandLi
 std::string readCommandLine(std::span<const std::string_view> arguments, CommandLine& line) {
     ValuedOptions options(line);
     line.wish = CommandLine::Wish::assemble;
-    // What is behind a mistake is read too: the output should be known.
+    // What follows a mistake is read too: the output should be known.
     std::string problem;
     while (!arguments.empty() && line.wish == CommandLine::Wish::assemble) {
         std::string another = readArgument(arguments, line, options);

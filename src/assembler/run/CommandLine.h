@@ -10,14 +10,14 @@
 
 namespace nesasm {
 
-/// What the command line asks for.
+/// The command line, read.
 struct CommandLine {
     enum class Wish { assemble, help, version };
     enum class Colours { automatic, always, never };
     enum class Labels { mlb, nl, dbg };
 
     Wish wish = Wish::assemble;
-    Options options; ///< all but includeList and colours, which depend on the surroundings
+    Options options; ///< all but includeList and colours, which depend on the environment
     std::string output;
     std::vector<Labels> labels; ///< the formats, each once
     std::string listing;        ///< "" for none
@@ -26,8 +26,8 @@ struct CommandLine {
     Colours colours = Colours::automatic;
 };
 
-/// Reads the arguments behind the program's name. Returns "" or what is wrong first, as a sentence;
-/// `line` then holds what was understood all the same.
+/// Reads the arguments (without the program's name). Returns "" or what is wrong first, as a
+/// sentence; `line` then holds what was understood all the same.
 std::string readCommandLine(std::span<const std::string_view> arguments, CommandLine& line);
 
 /// What --help prints.

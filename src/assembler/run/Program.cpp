@@ -28,19 +28,19 @@ std::string unwritable(const std::string& path, const std::string& problem) {
     return printable("error: the output '" + path + "' cannot be written: " + problem) + "\n";
 }
 
-/// Says so and returns false when `path` is one of the files read.
+/// Reports it and returns false when `path` is one of the files read.
 bool isFree(const std::string& path, const Assembler& assembler, const TextSink& sink) {
     const auto identity = identify(path);
     if (!identity || !assembler.hasRead(*identity)) {
         return true;
     }
     sink(printable("error: the output '" + path +
-                   "' is one of the files that are read: it is left alone") +
+                   "' is also an input file: it was not overwritten") +
          "\n");
     return false;
 }
 
-/// Writes what goes with the image. False when something could not be written; that was said.
+/// Writes the files beside the image. False when one could not be written; that was reported.
 bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const TextSink& sink) {
     const std::vector<SideFile> files = sideFiles(assembler.program(), line);
     return std::ranges::all_of(files, [&](const SideFile& file) {

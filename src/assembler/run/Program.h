@@ -8,7 +8,7 @@
 
 namespace nesasm {
 
-/// What the program is started with.
+/// What the program takes from its environment.
 struct Surroundings {
     std::string_view includeList; ///< NES_INCLUDE
     bool isTerminal = false;      ///< of the standard output
@@ -20,8 +20,8 @@ inline constexpr int Built = 0;
 inline constexpr int SourceErrors = 1;
 inline constexpr int WrongUse = 2;
 
-/// The whole program: reads the arguments behind its name, assembles, writes the image. What is
-/// meant for a person goes to `sink`. Returns the exit status.
+/// The whole program: reads the arguments (without the program's name), assembles, writes the
+/// image. All text goes to `sink`. Returns the exit status.
 int runProgram(std::span<const std::string_view> arguments, const Surroundings& surroundings,
                const TextSink& sink);
 

@@ -19,6 +19,7 @@ namespace {
 /// PRG has no more banks of 16 KiB: the header counts them in one byte.
 constexpr std::uint32_t MostNlBanks = 255;
 
+/// A file that is written, and the option that asks for it.
 struct Output {
     std::string_view option;
     std::string path;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t BufferSize = 1U << 16U;
 
-/// Writes the text to the standard output and empties it; nobody can be told when that fails.
+/// Writes the text to standard output and empties it; a failure cannot be reported anywhere.
 void flush(std::string& text) {
     for (std::size_t done = 0; done < text.size();) {
         const ssize_t count = write(STDOUT_FILENO, text.data() + done, text.size() - done);
@@ -37,7 +37,7 @@ std::string_view variable(const char* name) {
 int main(int argumentCount, char** arguments) {
     // A reader that goes away must not keep the image from being written.
     std::signal(SIGPIPE, SIG_IGN);
-    // A file that may not grow any further is an error to be told, as a full disk is.
+    // A file at its size limit is reported as an error, as a full disk is.
     std::signal(SIGXFSZ, SIG_IGN);
     const std::vector<std::string_view> texts(arguments + (argumentCount > 0 ? 1 : 0),
                                               arguments + argumentCount);

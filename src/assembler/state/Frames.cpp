@@ -10,7 +10,7 @@ void Frames::reportRunaway(const Line& line, SourceStack::Next problem) {
     const auto column = static_cast<std::uint32_t>(line.begin.afterBlanks() - line.begin);
     m_diagnostics.fatal({line.begin.data(), line.number, column, line.origin, line.order},
                         problem == SourceStack::Next::tooLong
-                            ? "with its arguments put in, this line of a macro is too long"
+                            ? "this line of a macro is too long with its arguments filled in"
                             : "macros, repetitions and files included again come to more lines "
                               "than can be assembled: is there one without end?");
 }

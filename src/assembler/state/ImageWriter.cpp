@@ -24,8 +24,7 @@ void ImageWriter::reportExcess(std::size_t excess, Cursor place) {
     const std::string name = m_image.section() == Section::bss ? ".bss" : ".zp";
     m_reporter.error(
         place,
-        name +
-            " only reserves RAM: code and data belong behind .code or .data (use .ds to reserve)");
+        name + " only reserves RAM: code and data belong in .code or .data (use .ds to reserve)");
 }
 
 void ImageWriter::selectSection(Section section) {
@@ -65,10 +64,9 @@ void ImageWriter::reportPlaces() {
     }
     for (const Overwriting& each : m_overwritings) {
         diagnostics.warning(Warning::overwrite, each.position,
-                            counted(each.bytes.count, "byte") + ", from bank " +
-                                std::to_string(each.bytes.bank) + " offset " +
-                                hexText(each.bytes.offset) +
-                                " on, had been written before: the later bytes win");
+                            "this overwrites " + counted(each.bytes.count, "byte") +
+                                ", from bank " + std::to_string(each.bytes.bank) + " offset " +
+                                hexText(each.bytes.offset) + " on: the later bytes win");
     }
 }
 

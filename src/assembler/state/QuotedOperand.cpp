@@ -10,8 +10,8 @@ namespace nesasm {
 std::optional<QuotedText> readQuotedOperand(QuotedKind kind, Cursor& p, Reporter& reporter) {
     const bool isText = kind == QuotedKind::text;
     if (*p != '"') {
-        reporter.error(p, std::string(isText ? "a text" : "a file name") +
-                              " in double quotes was expected, but " + foundText(p) + " was found");
+        reporter.error(p, std::string(isText ? "expected a string" : "expected a file name") +
+                              " in double quotes, found " + foundText(p));
         return std::nullopt;
     }
     const QuotedText quoted =

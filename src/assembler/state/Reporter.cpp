@@ -24,14 +24,14 @@ Position Reporter::keep(Cursor place) {
 void Reporter::reportRest(Cursor place, std::string_view remedy) {
     const bool isIndex =
         (lowered(*place) == 'x' || lowered(*place) == 'y') && !isWordPart(place[1]);
-    std::string text = "the statement should end here, but " + foundText(place) + " follows";
+    std::string text = "expected the end of the statement, found " + foundText(place);
     if (!remedy.empty()) {
         text += remedy;
     } else if (isIndex) {
         text += "; a comma belongs before an index";
     } else {
         text +=
-            *place == ':' ? "; a colon stands only where a label is defined" : commentRemedy(place);
+            *place == ':' ? "; only the definition of a label has a colon" : commentRemedy(place);
     }
     error(place, std::move(text));
 }

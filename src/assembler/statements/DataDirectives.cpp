@@ -31,8 +31,8 @@ void DataDirectives::data(Field field, Cursor p) {
         p.skipBlanks();
         if (*p != ',') {
             if (!p.isAtStatementEnd()) {
-                m_reporter.error(p, "a comma or the end of the statement was expected, but " +
-                                        foundText(p) + " was found");
+                m_reporter.error(p, "expected a comma or the end of the statement, found " +
+                                        foundText(p));
             }
             return;
         }
@@ -90,9 +90,9 @@ void DataDirectives::pad(Cursor p) {
     }
     if (static_cast<std::uint32_t>(*address) < m_statement.address) {
         m_reporter.error(
-            start, "the address of .pad lies " +
+            start, "the address of .pad is " +
                        counted(m_statement.address - static_cast<std::uint32_t>(*address), "byte") +
-                       " behind the present one");
+                       " before the current address");
         return;
     }
     alignOrPadTo(std::int64_t{*address} - m_statement.address, start, p);

@@ -33,8 +33,8 @@ std::string otherCaseText(const std::string& path, std::string_view name) {
         begin = path.rfind('/', begin - 1);
     }
     const std::size_t first = begin == std::string::npos ? 0 : begin + (path[begin] == '/' ? 1 : 0);
-    return "the file is spelled '" + path.substr(first) +
-           "' on the disk: the build fails where letter case counts";
+    return "the file is named '" + path.substr(first) +
+           "' on the disk: the build fails where letter case matters";
 }
 
 } // namespace
@@ -95,13 +95,13 @@ std::optional<std::string> FileDirectives::find(std::string_view name, Cursor at
                 isAbsolute
                     ? "there is no such file"
                     : "there is no such file in any of the folders searched; is the name right, "
-                      "and does the file lie beside the source or in a folder given with -I?",
+                      "and is the file beside the source or in a folder given with -I?",
                 at);
         return std::nullopt;
     }
     if (found->caseDiffers) {
         m_reporter.warn(Warning::fileCase, at,
-                        otherCaseText(found->path, name) + "; spell it so here");
+                        otherCaseText(found->path, name) + "; write it the same way here");
     }
     return found->path;
 }
@@ -216,20 +216,21 @@ void FileDirectives::binary(Cursor p) {
     }
     const std::string size = quoted(*name) + " holds " + counted(file.size(), "byte");
     if (static_cast<std::size_t>(offset) > file.size()) {
-        m_reporter.error(numbers[0], "the offset lies beyond the file's end: " + size);
+        m_reporter.error(numbers[0], "the offset is beyond the end of the file: " + size);
         return;
     }
     const std::size_t left = file.size() - static_cast<std::size_t>(offset);
     if (length && static_cast<std::size_t>(*length) > left) {
-        m_reporter.error(numbers[1], "the length goes beyond the file's end: " + size);
+        m_reporter.error(numbers[1], "the length goes beyond the end of the file: " + size);
         return;
     }
     const std::size_t count = length ? static_cast<std::size_t>(*length) : left;
     if (count % TileSize != 0 && name->size() > 4 &&
         equalsIgnoringCase(name->substr(name->size() - 4), ".chr")) {
-        m_reporter.warn(Warning::oddChrSize, at,
-                        "these " + counted(count, "byte") + " of " + quoted(*name) +
-                            " are no whole tiles: a tile takes 16 bytes, and 8 KiB of tiles 8192");
+        m_reporter.warn(
+            Warning::oddChrSize, at,
+            "these " + counted(count, "byte") + " of " + quoted(*name) +
+                " are not a whole number of tiles: a tile takes 16 bytes, 8 KiB of tiles 8192");
     }
     putPart(file, static_cast<std::size_t>(offset), count, *name, at);
 }

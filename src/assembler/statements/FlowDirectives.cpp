@@ -67,7 +67,7 @@ bool FlowDirectives::isTrue(Cursor p, const char* what) {
 
 bool FlowDirectives::isDefined(Cursor p) {
     if (!p.isAtName()) {
-        m_reporter.error(p, "a name was expected, but " + foundText(p) + " was found");
+        m_reporter.error(p, "expected a name, found " + foundText(p));
         return false;
     }
     const Cursor end = p.wordEnd();
@@ -85,7 +85,7 @@ void FlowDirectives::report(Conditionals::Answer answer, const char* name, Curso
     if (answer == Conditionals::Answer::noIf) {
         m_reporter.error(at, std::string(name) + " without an .if before it in this file or macro");
     } else if (answer == Conditionals::Answer::afterElse) {
-        m_reporter.error(at, std::string(name) + " behind the .else of the same .if");
+        m_reporter.error(at, std::string(name) + " after the .else of the same .if");
     }
 }
 
@@ -102,7 +102,7 @@ void FlowDirectives::closeFrame() {
 
 void FlowDirectives::fail(Cursor at, Cursor p) {
     if (p.isAtStatementEnd()) {
-        m_reporter.error(at, "the source gives up here (.fail)");
+        m_reporter.error(at, "the source stops the build here (.fail)");
     } else {
         error(at, p);
     }
@@ -140,7 +140,7 @@ void FlowDirectives::assertion(Cursor at, Cursor p) {
     if (result.status == Evaluation::Status::unknown) {
         expression = m_parser.defer(at);
     }
-    std::optional<std::string> said = "the assertion does not hold";
+    std::optional<std::string> said = "the assertion failed";
     if (*p == ',') {
         p = (p + 1).afterBlanks();
         said = text(p);

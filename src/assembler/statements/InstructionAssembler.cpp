@@ -88,8 +88,7 @@ InstructionAssembler::readOperand(const Instruction& instruction, Cursor& p) {
             return std::nullopt;
         }
         if (*p == ',') {
-            fail(p, "behind an immediate value there is no index; " +
-                        std::string(instruction.name) +
+            fail(p, "an immediate value cannot be indexed; " + std::string(instruction.name) +
                         " can be written: " + modesText(instruction));
             return std::nullopt;
         }
@@ -144,7 +143,7 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(Cur
         return insideIndex(p, ']');
     }
     if (*p != ']') {
-        fail(p, "a ']' was expected, but " + foundText(p) + " was found");
+        fail(p, "expected ']', found " + foundText(p));
         return std::nullopt;
     }
     ++p;
@@ -170,7 +169,7 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis
         return insideIndex(p, ')');
     }
     if (*p != ')') {
-        fail(p, "a ')' was expected, but " + foundText(p) + " was found");
+        fail(p, "expected ')', found " + foundText(p));
         return std::nullopt;
     }
     p = (p + 1).afterBlanks();
@@ -203,13 +202,11 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(Cur
     }
     p.skipBlanks();
     if (*index == Index::y) {
-        fail(comma,
-             "inside the brackets only x can be the index; y stands behind them, as in [n],y");
+        fail(comma, "only x can be the index inside the brackets; y comes after them, as in [n],y");
         return std::nullopt;
     }
     if (*p != closing) {
-        fail(p, "a '" + std::string(1, closing) + "' was expected, but " + foundText(p) +
-                    " was found");
+        fail(p, "expected '" + std::string(1, closing) + "', found " + foundText(p));
         return std::nullopt;
     }
     ++p;
@@ -225,8 +222,7 @@ std::optional<InstructionAssembler::Index> InstructionAssembler::readIndex(Curso
     const Cursor letter = (comma + 1).afterBlanks();
     const bool isX = isRegister(letter, 'x');
     if (!isX && !isRegister(letter, 'y')) {
-        fail(letter,
-             "behind the comma x or y was expected, but " + foundText(letter) + " was found");
+        fail(letter, "expected X or Y after the comma, found " + foundText(letter));
         return std::nullopt;
     }
     p = letter + 1;

@@ -42,7 +42,7 @@ std::uint32_t MacroDirectives::find(std::string_view name) const {
 void MacroDirectives::defineNamed(Cursor p) {
     p.skipBlanks();
     if (!isWordStart(*p)) {
-        m_reporter.error(p, "the macro's name was expected, but " + foundText(p) + " was found");
+        m_reporter.error(p, "expected the macro's name, found " + foundText(p));
         skipBody(p);
         return;
     }
@@ -50,10 +50,9 @@ void MacroDirectives::defineNamed(Cursor p) {
 }
 
 void MacroDirectives::define(std::string_view name, Cursor at, Cursor p) {
-    const std::string_view remedy =
-        p.afterBlanks().isAtName()
-            ? "; a macro's arguments have no names: \\1 to \\9 stand for them"
-            : "";
+    const std::string_view remedy = p.afterBlanks().isAtName()
+                                        ? "; a macro's arguments have no names, they are \\1 to \\9"
+                                        : "";
     if (!m_reporter.expectEnd(p, remedy)) {
         markArgumentNames(p);
     }

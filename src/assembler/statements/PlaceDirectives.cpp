@@ -37,9 +37,9 @@ void PlaceDirectives::address(Cursor p) {
         return;
     }
     const bool isBss = m_writer.image().section() == Section::bss;
-    m_reporter.error(start, "the address " + hexText(target) + " lies outside of " +
+    m_reporter.error(start, "the address " + hexText(target) + " is outside " +
                                 (isBss ? ".bss, which ends at $800" : ".zp, which ends at $100") +
-                                (target >= PrgStart ? "; .code leads back to the program" : ""));
+                                (target >= PrgStart ? "; .code returns to the program" : ""));
 }
 
 void PlaceDirectives::select(Section section, Cursor p) {

@@ -113,9 +113,7 @@ void Resolver::reportUnknown(const Position& position, const Symbol& symbol) {
     if (symbol.isKnown) {
         diagnostics.error(position, noSizeText(symbol));
     } else if (symbol.isDefined) {
-        diagnostics.error(position,
-                          quoted(symbol.name) +
-                              " is defined by itself: its value needs itself to be computed");
+        diagnostics.error(position, quoted(symbol.name) + " is defined in terms of itself");
     } else if (!m_reporter.isPartMissing() &&
                !std::binary_search(m_wrongLines.begin(), m_wrongLines.end(), position.order)) {
         diagnostics.error(position, [&] { return undefinedText(symbol); });

@@ -58,7 +58,7 @@ bool givesValue(Cursor next) {
 /// What helps somebody who began a statement with the sign at `p`, as other assemblers have it.
 std::string_view signRemedy(Cursor p) {
     if (isDigit(*p)) {
-        return "; a name does not begin with a digit";
+        return "; a name cannot begin with a digit";
     }
     if (*p == '*' && *(p + 1).afterBlanks() == '=') {
         return "; .org sets the address";
@@ -161,7 +161,7 @@ bool StatementAssembler::namesSymbol(Cursor p, Cursor next) const {
 void StatementAssembler::reportKeyword(std::string_view word, Cursor p, bool isDirective) {
     m_names.markBroken(word);
     m_reporter.error(p, quoted(word) + (isDirective ? " is a directive" : " is an instruction") +
-                            "; as a symbol it needs a colon directly behind it, or another name");
+                            "; as a symbol it needs a colon directly after it, or another name");
 }
 
 /// Assembles the statement when `next`, after the name, gives it a value of another kind than a
@@ -217,18 +217,19 @@ std::string StatementAssembler::unknownText(std::string_view word, Cursor p,
         if (remedy.starts_with(Advice)) {
             text += remedy;
         } else if (isForeign) {
-            text += remedy + "; an indented local label of this name needs a colon behind it";
+            text += remedy + "; an indented local label of this name needs a colon after it";
         } else {
-            text.append(isDotted ? "; an indented local label needs a colon behind it"
-                                 : "; an indented label needs a colon behind it")
+            text.append(isDotted ? "; an indented local label needs a colon after it"
+                                 : "; an indented label needs a colon after it")
                 .append(remedy);
         }
     } else if (!remedy.empty()) {
         text += remedy;
     } else if (!labelRemedy.empty()) {
-        text += "; " + quoted(label) + " before it was taken for a label" + labelRemedy;
+        text += "; " + quoted(label) + " before it was taken as a label" + labelRemedy;
     } else if (!isDotted) {
-        text += "; a macro is defined before it is called, and an indented label needs a colon";
+        text +=
+            "; a macro must be defined before it is called, and an indented label needs a colon";
     }
     return text;
 }
@@ -236,19 +237,17 @@ std::string StatementAssembler::unknownText(std::string_view word, Cursor p,
 /// `label`, without a colon, stands before what is wrong; it may be a misspelled word.
 void StatementAssembler::reportUnexpected(Cursor p, std::string_view label) {
     if (label.empty()) {
-        m_reporter.error(p, "a label, an instruction or a directive was expected, but " +
-                                foundText(p) + " was found" + std::string(signRemedy(p)));
+        m_reporter.error(p, "expected a label, an instruction or a directive, found " +
+                                foundText(p) + std::string(signRemedy(p)));
         return;
     }
     if (m_reporter.isPartMissing()) {
         return;
     }
     m_reporter.error(p, [&] {
-        return quoted(label) +
-               " at the start of the line is a label here, so an "
-               "instruction or a directive was expected, but " +
-               foundText(p) + " was found" +
-               (*p == ':' ? "; a label's colon stands directly behind its name"
+        return "expected an instruction or a directive after the label " + quoted(label) +
+               ", found " + foundText(p) +
+               (*p == ':' ? "; a label's colon comes directly after its name"
                           : remedyForWord(m_macros.all(), m_vocabulary, label));
     });
 }

@@ -8,11 +8,11 @@
 
 namespace nesasm {
 
-/// Keeps texts until it is destroyed; what it returned never moves.
+/// Owns copies of texts until it is destroyed; the copies never move.
 class Arena {
 public:
-    /// A copy of `text` with a line feed behind it (which the view does not cover), so that the
-    /// scanners may run over it like over a file.
+    /// A copy of `text` followed by a line feed (which the view does not cover), so that the
+    /// scanners can read it like a file.
     std::string_view keepLine(std::string_view text);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace nesasm {
 
-/// What a byte of source text may be, as bits; see CharacterClasses.
+/// The classes that a byte of source text can belong to, as bits; see CharacterClasses.
 enum CharacterClass : std::uint8_t {
     blankClass = 1,
     lineEndClass = 2,

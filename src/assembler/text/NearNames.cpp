@@ -59,7 +59,7 @@ void NearNames::consider(std::string_view candidate, std::string_view shown) {
     if (distance > m_limit || distance >= std::max(m_wanted.size(), candidate.size())) {
         return;
     }
-    // Behind those that are as near: the first ones found stay.
+    // After those with the same distance: the first ones found stay.
     std::size_t place = m_count;
     for (; place > 0 && m_names[place - 1].distance > distance; --place) {
         m_names[place] = m_names[place - 1];

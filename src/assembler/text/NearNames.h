@@ -8,14 +8,14 @@
 
 namespace nesasm {
 
-/// Collects the names that somebody may have meant who wrote another one.
+/// Collects the known names that are nearest to a misspelled one.
 class NearNames {
 public:
     /// `wanted` is what was written; it must outlive this, as must the candidates.
     explicit NearNames(std::string_view wanted);
 
-    /// Keeps `candidate` when it is among the nearest so far. `shown` is what the question names
-    /// instead of it when it is not empty.
+    /// Keeps `candidate` when it is among the nearest so far. The question shows `shown` instead
+    /// of it unless that is empty.
     void consider(std::string_view candidate, std::string_view shown = {});
 
     bool isEmpty() const { return m_count == 0; }

@@ -5,7 +5,7 @@
 
 namespace nesasm {
 
-/// Names the include, macro call or repetition that a line came from; see Origins.
+/// Identifies the include, macro call or repetition that a line came from; see Origins.
 using OriginId = std::uint32_t;
 inline constexpr OriginId NoOrigin = 0xFFFFFFFFU;
 

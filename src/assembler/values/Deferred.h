@@ -23,25 +23,26 @@ struct DeferredExpression {
 struct DeferredField {
     DeferredExpression expression;
     std::uint32_t number = 0; ///< from Image::nextPatch
-    std::uint32_t next = 0;   ///< the address behind a branch
+    std::uint32_t next = 0;   ///< the address after a branch
     std::uint16_t bank = 0;
     std::uint16_t offset = 0;
     Field field = Field::byte;
 };
 
-/// A symbol that gets its value (or is given one a second time, which must be the same).
+/// A symbol whose value is computed later (a second value must be the same as the first).
 struct DeferredSymbol {
     DeferredExpression expression;
     SymbolId symbol = 0;
     bool isSecond = false;
 };
 
+/// An .assert whose condition is computed later.
 struct DeferredAssertion {
     DeferredExpression expression;
     std::string text;
 };
 
-/// All that can be settled only when the whole source has been read.
+/// Fields, symbols and assertions that can be computed only after the whole source was read.
 class Deferred {
 public:
     DeferredExpression keep(std::span<const Operation> operations, const Position& position) {

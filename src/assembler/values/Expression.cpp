@@ -51,7 +51,7 @@ const char* problemOf(OpCode code, const Value& left, const Value& right) {
         return right.number < 0 || right.number > 31 ? "a shift count must be 0 to 31" : nullptr;
     }
     if (code == OpCode::bank && left.bank == NoBank) {
-        return "BANK() needs a label that lies in a bank; there is none in this expression";
+        return "BANK() needs a label in a bank; there is none in this expression";
     }
     if (code == OpCode::bank && left.bank == SeveralBanks) {
         return "BANK() needs one label; there are several in this expression";
@@ -125,7 +125,7 @@ std::int64_t applied(OpCode code, const Value& left, const Value& right) {
     return a;
 }
 
-/// Fetches an operand; returns what keeps it from being known.
+/// Fetches an operand; returns why its value is not known.
 Evaluation::Status fetch(const Operation& operation, const SymbolTable& symbols, Value& value) {
     using Status = Evaluation::Status;
     if (operation.code == OpCode::literal || operation.code == OpCode::here) {

@@ -9,6 +9,7 @@
 
 namespace nesasm {
 
+/// The operations that expressions are made of.
 enum class OpCode : std::uint8_t {
     literal, ///< `argument`, unsigned
     here,    ///< the address `argument` in the bank `bank`
@@ -46,13 +47,13 @@ struct Operation {
     OpCode code = OpCode::literal;
     std::uint16_t bank = 0;
     std::uint32_t argument = 0;
-    std::uint32_t column = 0; ///< where it stands in its line, in bytes from 0
+    std::uint32_t column = 0; ///< in its line, in bytes from 0
 };
 
-/// The most values that may wait at once while an expression is computed.
+/// The deepest stack that computing an expression may need.
 inline constexpr std::size_t LargestStack = 256;
 
-/// What computing an expression came to.
+/// The result of computing an expression.
 struct Evaluation {
     enum class Status : std::uint8_t {
         known,
@@ -67,7 +68,7 @@ struct Evaluation {
     std::uint32_t column = 0;
     SymbolId symbol = 0;
     const char* problem = nullptr;
-    bool showsValue = false; ///< `value` is what was found instead of what the problem asks for
+    bool showsValue = false; ///< the message ends with `value`, which was found instead
 };
 
 /// Computes an expression as far as its symbols are known: in 64 bits, the result wrapped to 32

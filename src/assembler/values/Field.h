@@ -7,11 +7,11 @@
 
 namespace nesasm {
 
-/// What a value is put into.
+/// The kinds of field that a value is written to.
 enum class Field : std::uint8_t {
     byte,         ///< an item of .db
     word,         ///< an item of .dw
-    immediate,    ///< the byte behind an opcode
+    immediate,    ///< the byte after an opcode
     zeroPage,     ///< a zero-page address, plain or indirect
     absolute,     ///< a 16-bit address
     jumpIndirect, ///< the address of the address in JMP [n]
@@ -34,7 +34,7 @@ constexpr std::uint32_t sizeOf(Field field) {
     return 1;
 }
 
-/// True when `value` may stand in the field. `next` is the address behind a branch.
+/// True when `value` fits the field. `next` is the address after a branch.
 constexpr bool fits(Field field, std::int32_t value, std::uint32_t next) {
     switch (field) {
     case Field::byte:

@@ -14,7 +14,7 @@ bool isWritten(const WrittenMap& map, std::uint32_t offset) {
     return ((map[offset / 64] >> (offset % 64)) & 1U) != 0;
 }
 
-/// The first written offset at or behind `offset`, BankSize when there is none.
+/// The first written offset from `offset` on, BankSize when there is none.
 std::uint32_t nextWritten(const WrittenMap& map, std::uint32_t offset) {
     while (offset < BankSize) {
         const std::uint64_t rest = map[offset / 64] >> (offset % 64);
@@ -69,7 +69,7 @@ void Image::selectSection(Section section) {
 }
 
 void Image::selectBank(std::uint32_t bank) {
-    // The RAM sections lie in no bank; the section that is left for them keeps its own.
+    // The RAM sections are in no bank; the section that was selected before keeps its own.
     if (isRam() || bank == m_bank) {
         return;
     }
@@ -100,7 +100,7 @@ void Image::enter(std::uint32_t bank) {
     arrive();
 }
 
-/// Begins a run of bytes at the place.
+/// Begins a run of bytes at the current place.
 void Image::arrive() {
     m_runStart = m_offset;
     Bank* const bank = m_banks[m_bank].get();
@@ -108,7 +108,7 @@ void Image::arrive() {
     m_limit = bank != nullptr ? nextWritten(bank->written, m_offset) : 0;
 }
 
-/// Notes the run of bytes that ends at the place, and the place itself.
+/// Records the run of bytes that ends at the current place, and the place itself.
 void Image::leave() {
     if (isRam()) {
         m_ramOffsets[m_section == Section::bss ? 1 : 0] = m_offset;

@@ -26,16 +26,17 @@ struct Header {
     Position position;
 };
 
+/// The sections that the source can select.
 enum class Section : std::uint8_t { code, data, zeroPage, bss };
 
-/// The banks of the image, and the place in them where the next byte goes.
+/// The banks of the image and the current place in them, where the next byte goes.
 class Image {
 public:
     Image();
 
     void selectSection(Section section);
     void selectBank(std::uint32_t bank);
-    /// False when the address (0 to $FFFF) lies outside the section.
+    /// False when the address (0 to $FFFF) is outside the section.
     bool setAddress(std::uint32_t address);
 
     Section section() const { return m_section; }
@@ -59,7 +60,7 @@ public:
     /// Puts bytes that run on into the following banks. False when there are no more banks.
     bool emitAcrossBanks(const std::uint8_t* bytes, std::size_t count);
 
-    /// Bytes that were written where bytes had been written.
+    /// Bytes that replaced bytes written earlier.
     struct Overwritten {
         std::uint32_t bank = 0;
         std::uint32_t offset = 0; ///< of the first one

@@ -13,11 +13,11 @@ namespace nesasm {
 using SymbolId = std::uint32_t;
 inline constexpr std::uint32_t None = 0xFFFFFFFFU;
 
-/// Which label a value goes back to, for BANK(): the number of the label's bank, or one of these.
+/// The bank of the label that a value is computed from, for BANK(): its number, or one of these.
 inline constexpr std::int32_t NoBank = -1;       ///< no label in it
 inline constexpr std::int32_t SeveralBanks = -2; ///< more than one label in it
 
-/// A name and all that is known of it.
+/// A name and what is known about it.
 struct Symbol {
     std::string_view name;
     SymbolId scope = 0;         ///< of a local name: the label it belongs to, 0 before the first
@@ -35,7 +35,7 @@ struct Symbol {
     bool isLabel = false;
     bool isReserved = false;  ///< by .rs
     bool isAddress = false;   ///< an instruction uses it alone as an address
-    bool isAtBankEnd = false; ///< a label behind the last byte of a full bank
+    bool isAtBankEnd = false; ///< a label after the last byte of a full bank
 };
 
 /// All names, local ones with the label they belong to. Ids stay valid; id 0 is no symbol.

@@ -3,7 +3,7 @@
 
 namespace kestrel {
 
-/// A box of a selector by its place: column and row of the grid, from 0.
+/// The column and the row of a box in a selector's grid, from 0.
 struct BoxPosition {
     int x = 0;
     int y = 0;

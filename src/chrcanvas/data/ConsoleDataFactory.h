@@ -11,7 +11,7 @@
 
 namespace kestrel {
 
-/// Makes tile data. Holds no state.
+/// Makes the tile data of graphics files, existing and new ones. Holds no state.
 class ConsoleDataFactory {
 public:
     /// The most bytes that are taken as tiles.

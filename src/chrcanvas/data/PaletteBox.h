@@ -3,7 +3,7 @@
 
 namespace kestrel {
 
-/// A box of a selector by its content: the number of its palette, and its own within it.
+/// A box of a selector: the number of its palette, and its own number within that.
 struct PaletteBox {
     int number = 0;
     int box = 0;

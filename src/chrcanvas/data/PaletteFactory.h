@@ -13,7 +13,7 @@
 
 namespace kestrel {
 
-/// Turns the bytes of a palette file into palettes and back. Holds no state.
+/// Decodes the bytes of a palette file into palettes, and encodes them. Holds no state.
 class PaletteFactory {
 public:
     /// The eight palettes in a file of exactly 32 bytes, each one an NESPalette: byte 4p + c is

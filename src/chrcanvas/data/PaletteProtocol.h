@@ -9,8 +9,8 @@
 
 namespace kestrel {
 
-/// An ordered list of colours. Palettes are shared: whoever shows one shows the others' changes,
-/// too, as soon as it draws again.
+/// An ordered list of colours, shared by all views that show it: each shows changes made by the
+/// others when it draws again.
 class PaletteProtocol {
 public:
     PaletteProtocol() = default;

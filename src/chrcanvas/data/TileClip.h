@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "chrcanvas/data/TileChange.h"
 #include "chrcanvas/data/TileData.h"
-#include "chrcanvas/data/TileHistory.h"
 #include "chrcanvas/data/TileShape.h"
 
 #include <cstddef>
@@ -26,8 +26,8 @@ struct TileClip {
     std::string toBytes() const;
     static std::optional<TileClip> fromBytes(const std::string& bytes);
 
-    /// The changes that put the clip into `target` with its top left tile at `number`; what would
-    /// lie beside the grid or behind the last tile is left out. They still have to be made.
+    /// The changes, not made yet, that put the clip into `target` with its top left tile at
+    /// `number`. Tiles right of the grid or after the last tile are left out.
     std::vector<TileChange> changesAt(const TileData& target, int number) const;
 
     bool operator==(const TileClip&) const = default;

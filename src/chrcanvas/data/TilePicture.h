@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "chrcanvas/data/TileChange.h"
 #include "chrcanvas/data/TileData.h"
-#include "chrcanvas/data/TileHistory.h"
 #include "chrcanvas/data/TileShape.h"
 
 #include <cstddef>
@@ -23,7 +23,7 @@ enum class TileTransformation {
     clear,     ///< every pixel to value 0
 };
 
-/// The pixels of tiles that stand together as one picture, so that it can be changed as a whole.
+/// The pixels of a shape's tiles as one picture, to be transformed as a whole.
 class TilePicture {
 public:
     /// The picture of a shape's tiles; pixels in gaps have the value 0.
@@ -37,12 +37,12 @@ public:
 
     void apply(TileTransformation transformation);
 
-    /// Gives the area of one value around a pixel (up, down, left and right of one another)
-    /// another value. Does not cross gaps of `shape`, the one that the picture was made of.
+    /// Flood fill: gives the 4-connected area of one value around a pixel another value. Does not
+    /// cross gaps of `shape`, the one that the picture was made of.
     void fill(const TileShape& shape, int x, int y, int value);
 
-    /// The changes that put the picture into the tiles of `shape`, gaps left out. They still have
-    /// to be made; tiles that stay as they are, are not among them.
+    /// The changes, not made yet, that put the picture into the tiles of `shape`. Gaps and tiles
+    /// that stay as they are, are left out.
     std::vector<TileChange> changes(const TileData& tiles, const TileShape& shape) const;
 
 private:

@@ -10,8 +10,8 @@
 
 namespace kestrel {
 
-/// Draws the rows of tiles as 32-bit pixels, enlarged by a whole number, with a table made for
-/// colours and zoom: four pixels of a tile a look-up.
+/// Draws rows of tiles as 32-bit pixels, enlarged by a whole number, four pixels at a time from a
+/// table that is made for the colours and the zoom.
 class TileRenderer {
 public:
     /// One 32-bit pixel for each value of a tile's pixels.
@@ -23,7 +23,7 @@ public:
     const Colors& colors() const { return m_colors; }
     int zoom() const { return m_zoom; }
 
-    /// Makes the table anew, unless it is made for them already.
+    /// Makes the table again, unless it is made for these already.
     void set(const Colors& colors, int zoom);
 
     /// Draws row `y` (0 to 7) of a tile, each pixel zoom() pixels wide.

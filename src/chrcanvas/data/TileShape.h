@@ -7,11 +7,11 @@
 
 namespace kestrel {
 
-/// Tiles a row has, wherever tiles are shown; pattern tables are usually laid out so.
+/// How many tiles a row has wherever tiles are shown, as pattern tables are usually laid out.
 inline constexpr int TilesPerRow = 16;
 
-/// How a list of tiles stands in the grid of 16 tiles a row: the smallest rectangle that holds all
-/// of them, with gaps where a tile of the rectangle is not in the list.
+/// The smallest rectangle of the grid of 16 tiles a row that holds all tiles of a list, with gaps
+/// where a tile of the rectangle is not in the list.
 class TileShape {
 public:
     static constexpr int NoTile = -1;
@@ -31,12 +31,12 @@ public:
     /// The number of the tile in a cell of the rectangle, or NoTile for a gap and outside.
     int tileAt(int column, int row) const;
 
-    /// The numbers that tiles in the rectangle's first and last cell have or would have; NoTile for
-    /// both when there are no cells.
+    /// The numbers of the rectangle's first and last cell, whether there are tiles or gaps; NoTile
+    /// for both when the shape is empty.
     int firstCell() const;
     int lastCell() const;
 
-    /// A place in the rectangle.
+    /// A column and a row of the rectangle.
     struct Cell {
         int column = 0;
         int row = 0;
@@ -44,7 +44,7 @@ public:
         bool operator==(const Cell&) const = default;
     };
 
-    /// Where a tile stands; nothing when it is none of the shape's.
+    /// The cell of a tile; nothing when it is not in the shape.
     std::optional<Cell> cellOf(int number) const;
 
     /// All tiles of the shape, row after row.

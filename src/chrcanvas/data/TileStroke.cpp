@@ -12,7 +12,8 @@ TileStroke::TileStroke(TileData& tiles, TileShape shape, int value, int x, int y
     , m_shape(std::move(shape))
     , m_value(value)
     , m_x(x)
-    , m_y(y) {
+    , m_y(y)
+    , m_area{x, y, 1, 1} {
     paint(x, y);
 }
 
@@ -22,6 +23,7 @@ void TileStroke::lineTo(int x, int y) {
     const int height = std::abs(y - m_y);
     const int stepX = x < m_x ? -1 : 1;
     const int stepY = y < m_y ? -1 : 1;
+    m_area = {std::min(x, m_x), std::min(y, m_y), width + 1, height + 1};
     // Bresenham's line: the error says on which side of the ideal line the present pixel lies.
     int error = width - height;
     while (m_x != x || m_y != y) {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "chrcanvas/data/GridRect.h"
+#include "chrcanvas/data/TileChange.h"
 #include "chrcanvas/data/TileData.h"
-#include "chrcanvas/data/TileHistory.h"
 #include "chrcanvas/data/TileShape.h"
 
 #include <map>
@@ -10,18 +11,20 @@
 
 namespace kestrel {
 
-/// One stroke of the pencil over tiles that stand together: samples joined by straight lines
-/// without gaps. Coordinates are pixels of the whole shape; what lies outside it or in its gaps is
-/// passed over.
+/// One stroke of the pencil over a shape of tiles: samples joined by straight lines without gaps.
+/// Coordinates are pixels of the shape; pixels outside it or in its gaps are passed over.
 class TileStroke {
 public:
-    /// Paints in `tiles`, which lives as long as the stroke, with `value`, 0 to 3.
+    /// Paints with `value`, 0 to 3, in `tiles`, which must outlive the stroke.
     TileStroke(TileData& tiles, TileShape shape, int value, int x, int y);
 
     /// The tiles that the last step changed, each once, in ascending order.
     const std::vector<int>& changedTiles() const { return m_changed; }
 
-    /// Draws a line from where the stroke is.
+    /// The bounds of the last step's line, in pixels of the shape; may reach outside it.
+    const GridRect& area() const { return m_area; }
+
+    /// Draws a line from the last sample to this one.
     void lineTo(int x, int y);
 
     /// All that the stroke changed, as one step of a history.
@@ -37,6 +40,7 @@ private:
     int m_y;
     std::map<std::size_t, TileBytes> m_before;
     std::vector<int> m_changed;
+    GridRect m_area;
 };
 
 } // namespace kestrel

@@ -10,7 +10,7 @@ namespace kestrel {
 
 class BoxSelectorView;
 
-/// One box of a selector for assistive technology: its description, its state, and choosing it.
+/// The accessibility interface of one box of a selector: its description, its state, choosing it.
 class BoxAccessible : public QAccessibleInterface, public QAccessibleActionInterface {
 public:
     BoxAccessible(BoxSelectorView* view, int index);

@@ -12,14 +12,15 @@
 
 namespace kestrel {
 
-/// Where the boxes of a selector lie: palettes below one another, each in as many rows as it needs.
+/// The layout of a selector's boxes: palettes below one another, each in as many rows as it needs.
+/// In device-independent pixels.
 class BoxGrid {
 public:
-    /// The room around each box that its marks need; two boxes share it.
+    /// The space between two boxes, which the marks of either need.
     static constexpr int Gap = 4;
 
     /// `counts` are the numbers of boxes of the palettes; `boxesPerRow` is at least 1. The boxes
-    /// begin `left` units from the left and are `boxSize` wide and high.
+    /// begin at `left` and are `boxSize` wide and high.
     BoxGrid(std::vector<int> counts, int boxesPerRow, int left, int boxSize);
 
     QSize size() const;

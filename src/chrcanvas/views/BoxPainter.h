@@ -2,7 +2,6 @@
 #pragma once
 
 #include "chrcanvas/data/RgbColor.h"
-#include "widgets/DevicePixels.h"
 
 #include <QColor>
 #include <QFont>
@@ -12,11 +11,11 @@
 
 namespace kestrel {
 
-/// Paints the boxes of a selector and the marks on them. Every mark is a shape, and every line
-/// stands beside one of the opposite brightness, so that it shows on any colour.
+/// Paints the boxes of a selector and the marks on them. Every mark is a shape, and every line runs
+/// beside one of the opposite brightness, so that it shows on any colour.
 class BoxPainter {
 public:
-    /// `font` is that of the widget; the text on a box is never larger.
+    /// For a fresh painter. `font` is that of the widget; the text on a box is never larger.
     BoxPainter(QPainter& painter, const QFont& font, const QColor& frame);
 
     /// A box in its colour with `text` on it, crossed out for a colour that is to be avoided.
@@ -26,7 +25,7 @@ public:
     void picked(const QRect& rect);
 
     /// The mark of the picked palette: a frame around all its boxes and an arrow in the first
-    /// `room` units of the row.
+    /// `room` device-independent pixels of the row.
     void pickedPalette(const QRect& rect, int room);
 
     /// Where the keyboard is: a dashed line within the box.
@@ -43,7 +42,6 @@ private:
     void frame(const QRectF& rect, double width, const QBrush& brush);
 
     QPainter& m_painter;
-    DevicePixels m_pixels;
     QFont m_font;
     QColor m_frame;
 };

@@ -51,7 +51,7 @@ QAccessibleInterface* BoxSelectorAccessible::child(int index) const {
     }
     if (m_children[place] == 0) {
         auto box = std::make_unique<BoxAccessible>(view(), index);
-        // The toolkit's table of interfaces owns it until the destructor takes it out. clang-tidy
+        // Qt's table of interfaces owns it until the destructor takes it out. clang-tidy
         // cannot see into the table.
         // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks)
         m_children[place] = QAccessible::registerAccessibleInterface(box.release());

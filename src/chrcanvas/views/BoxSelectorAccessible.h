@@ -10,11 +10,10 @@ namespace kestrel {
 
 class BoxSelectorView;
 
-/// A selector for assistive technology: a list of its boxes, whose value is the picked one.
+/// The accessibility interface of a selector: a list of its boxes, whose value is the picked one.
 class BoxSelectorAccessible : public QAccessibleWidget {
 public:
-    /// Makes assistive technology see every BoxSelectorView through this class. May be called
-    /// again.
+    /// Registers this class as the interface of every BoxSelectorView. May be called again.
     static void install();
 
     explicit BoxSelectorAccessible(BoxSelectorView* view);

@@ -8,7 +8,7 @@ namespace kestrel {
 
 class BoxSelectorProtocol;
 
-/// Who hears that the user chose a box.
+/// Receives the user's choice of a box in a selector.
 class BoxSelectorDelegate {
 public:
     BoxSelectorDelegate() = default;

@@ -18,7 +18,7 @@ public:
     BoxSelectorProtocol& operator=(const BoxSelectorProtocol&) = delete;
     virtual ~BoxSelectorProtocol() = default;
 
-    /// Who is told of choices; not owned. Whoever sets itself takes itself back when it goes first.
+    /// The receiver of choices; not owned. One that is destroyed first sets null before.
     virtual BoxSelectorDelegate* delegate() const = 0;
     virtual void setDelegate(BoxSelectorDelegate* delegate) = 0;
 

@@ -16,7 +16,7 @@ namespace kestrel {
 
 class BoxPainter;
 
-/// What all selectors have in common: boxes in a grid, a mark on the picked one, mouse, keyboard.
+/// The base of all selectors: boxes in a grid, a mark on the picked one, mouse and keyboard.
 ///
 /// Arrow keys, Home and End move the keyboard's frame, Space or Return chooses the box in it.
 class BoxSelectorView : public QWidget, public BoxSelectorProtocol {
@@ -46,7 +46,7 @@ public:
     int selectedBox() const override { return m_picked.box; }
     BoxSelectorView* owner() override { return this; }
 
-    /// Where the boxes that are shown lie, in the view's coordinates.
+    /// The layout of the boxes, in the view's coordinates.
     const BoxGrid& grid() const { return m_grid; }
     /// Where a box is, in the view's coordinates; empty for one that is not there.
     QRect boxRect(PaletteBox box) const;
@@ -78,7 +78,7 @@ protected:
     /// A box's place and index in words: "Colour 2 of 4, index $16".
     virtual QString placeAndIndex(PaletteBox box, const QString& index) const;
 
-    /// Hands an event to assistive technology, if any is there.
+    /// Sends an event to assistive technology, if any is active.
     virtual void report(QAccessibleEvent& event);
 
     bool event(QEvent* event) override;
@@ -105,7 +105,7 @@ private:
     ColorEntry shownEntry(PaletteBox box) const;
     void layOut();
     int labelWidth() const;
-    /// Takes over what the palettes hold now and repaints the boxes that differ.
+    /// Copies what the palettes hold now to m_shown and repaints the boxes that differ.
     void refresh();
     bool holds(PaletteBox box) const;
     void movePicked(PaletteBox box);

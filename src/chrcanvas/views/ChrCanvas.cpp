@@ -2,11 +2,13 @@
 #include "chrcanvas/views/ChrCanvas.h"
 
 #include "chrcanvas/data/PaletteColors.h"
+#include "chrcanvas/views/RectOf.h"
 #include "widgets/ScreenPixels.h"
 
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace kestrel {
 
@@ -22,13 +24,24 @@ constexpr QSize SmallestSize(220, 120);
 
 ChrCanvas::ChrCanvas(QWidget* parent)
     : QAbstractScrollArea(parent)
+    , m_document(std::make_shared<TileDocument>())
     , m_painter(Greys) {
     install();
-    m_editor.setSelectedTiles({0});
+    m_document->addObserver(*this);
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setMouseTracking(true);
     viewport()->setCursor(Qt::CrossCursor);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+ChrCanvas::~ChrCanvas() {
+    m_document->removeObserver(*this);
+}
+
+void ChrCanvas::setDocument(std::shared_ptr<TileDocument> document) {
+    m_document->removeObserver(*this);
+    m_document = std::move(document);
+    m_document->addObserver(*this);
 }
 
 void ChrCanvas::setDelegate(ChrCanvasProtocol* delegate) {
@@ -42,11 +55,11 @@ void ChrCanvas::setPalette(std::shared_ptr<PaletteProtocol> palette) {
 }
 
 void ChrCanvas::setTileData(std::shared_ptr<TileData> tiles) {
-    m_editor.setTileData(std::move(tiles));
+    m_document->setTileData(std::move(tiles));
 }
 
 void ChrCanvas::setSelectedTiles(std::vector<int> tileNumbers) {
-    m_editor.setSelectedTiles(std::move(tileNumbers));
+    m_document->setSelectedTiles(std::move(tileNumbers));
 }
 
 void ChrCanvas::setCurrentColorBox(int colorBox) {
@@ -83,12 +96,12 @@ void ChrCanvas::setTileGridShown(bool shown) {
 }
 
 QString ChrCanvas::accessibleValue() const {
-    const std::optional<int> value = m_editor.valueAt(m_cursor.x(), m_cursor.y());
+    const std::optional<int> value = m_document->valueAt(m_cursor.x(), m_cursor.y());
     if (!value) {
         return tr("No tile");
     }
     return tr("Tile %1, column %2, row %3, colour %4")
-        .arg(m_editor.tileAt(m_cursor.x(), m_cursor.y()))
+        .arg(m_document->tileAt(m_cursor.x(), m_cursor.y()))
         .arg(m_cursor.x() % TileSide)
         .arg(m_cursor.y() % TileSide)
         .arg(*value);
@@ -103,7 +116,7 @@ QSize ChrCanvas::minimumSizeHint() const {
 }
 
 QSize ChrCanvas::pictureSize() const {
-    return QSize(m_editor.shape().columns(), m_editor.shape().rows()) * TileSide;
+    return QSize(m_document->shape().columns(), m_document->shape().rows()) * TileSide;
 }
 
 QPoint ChrCanvas::origin() const {
@@ -195,22 +208,21 @@ void ChrCanvas::scrollContentsBy(int /*dx*/, int /*dy*/) {
     viewport()->update();
 }
 
-void ChrCanvas::follow(const std::vector<int>& changedTiles) {
-    for (const int number : changedTiles) {
-        if (const auto cell = m_editor.shape().cellOf(number)) {
-            repaintPixels(
-                QRect(QPoint(cell->column, cell->row) * TileSide, QSize(TileSide, TileSide)));
+void ChrCanvas::tilesChanged(const std::vector<int>& tileNumbers,
+                             const std::optional<GridRect>& area) {
+    if (area) {
+        repaintPixels(rectOf(*area));
+    } else {
+        for (const int number : tileNumbers) {
+            if (const auto cell = m_document->shape().cellOf(number)) {
+                repaintPixels(
+                    QRect(QPoint(cell->column, cell->row) * TileSide, QSize(TileSide, TileSide)));
+            }
         }
     }
-    tell(changedTiles);
-}
-
-void ChrCanvas::tell(const std::vector<int>& changedTiles) {
-    if (!changedTiles.empty()) {
-        tellValueChanged(*this);
-        if (m_delegate != nullptr) {
-            m_delegate->pixelDataChanged(changedTiles);
-        }
+    tellValueChanged(*this);
+    if (m_delegate != nullptr) {
+        m_delegate->pixelDataChanged(tileNumbers);
     }
 }
 

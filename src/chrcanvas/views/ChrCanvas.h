@@ -2,7 +2,7 @@
 #pragma once
 
 #include "chrcanvas/data/PaletteProtocol.h"
-#include "chrcanvas/data/TileEditor.h"
+#include "chrcanvas/data/TileDocument.h"
 #include "chrcanvas/views/ChrCanvasProtocol.h"
 #include "chrcanvas/views/TilePainter.h"
 #include "chrcanvas/views/ViewAccessibility.h"
@@ -10,7 +10,7 @@
 #include <QAbstractScrollArea>
 
 #include <memory>
-#include <utility>
+#include <optional>
 #include <vector>
 
 namespace kestrel {
@@ -21,13 +21,21 @@ enum class DrawingTool { pencil, fill };
 /// Shows the selected tiles enlarged, in the shape of the selection, and lets the user paint.
 ///
 /// Pixels are counted over the whole shape, from its top left corner.
-class ChrCanvas : public QAbstractScrollArea, public ViewAccessibility {
+class ChrCanvas : public QAbstractScrollArea,
+                  public ViewAccessibility,
+                  public TileDocumentObserver {
     Q_OBJECT
 
 public:
     explicit ChrCanvas(QWidget* parent = nullptr);
+    ~ChrCanvas() override;
 
-    /// Who is told of edits; not owned. Whoever sets itself takes itself back when it goes first.
+    /// The document whose selected tiles are shown and edited: one of its own at first. Another
+    /// one is drawn by redraw().
+    TileDocument& document() const { return *m_document; }
+    void setDocument(std::shared_ptr<TileDocument> document);
+
+    /// The receiver of edits; not owned. One that is destroyed first sets null before.
     ChrCanvasProtocol* delegate() const { return m_delegate; }
     virtual void setDelegate(ChrCanvasProtocol* delegate);
 
@@ -37,30 +45,26 @@ public:
 
     /// The tiles to edit in place, shared with whoever shows them; null for none. What could be
     /// undone or redone is forgotten. Drawn by redraw().
-    const std::shared_ptr<TileData>& tileData() const { return m_editor.tileData(); }
+    const std::shared_ptr<TileData>& tileData() const { return m_document->tileData(); }
     virtual void setTileData(std::shared_ptr<TileData> tiles);
 
     /// The numbers of the tiles shown; those that no tile has are passed over. Drawn by redraw().
-    const std::vector<int>& selectedTiles() const { return m_editor.selectedTiles(); }
+    const std::vector<int>& selectedTiles() const { return m_document->selectedTiles(); }
     virtual void setSelectedTiles(std::vector<int> tileNumbers);
 
-    /// The value that the next stroke paints; any other than 0 to 3 is not taken.
+    /// The value, 0 to 3, that the next stroke paints; setting any other does nothing.
     int currentColorBox() const { return m_colorBox; }
     virtual void setCurrentColorBox(int colorBox);
 
     /// Draws again from tiles, selection and palette.
     virtual void redraw();
 
-    /// The edits of the tiles. Whoever edits through edit() has the views follow.
-    const TileEditor& editor() const { return m_editor; }
-    template<class Edit> void edit(Edit&& change) { follow(std::forward<Edit>(change)(m_editor)); }
-
     DrawingTool tool() const { return m_tool; }
     void setTool(DrawingTool tool);
     void setPixelGridShown(bool shown);
     void setTileGridShown(bool shown);
 
-    /// Pixels of the screen that a pixel is wide.
+    /// The width of a pixel in device pixels.
     int zoom() const { return m_zoom; }
     /// Enlarges or reduces by one step.
     void zoomIn();
@@ -68,13 +72,18 @@ public:
     /// Enlarges as much as shows all selected tiles; kept up until the next zoomIn() or zoomOut().
     void zoomToFit();
 
-    /// Where a pixel is drawn and which one is drawn there, in the viewport's units. Positions
+    /// Where a pixel is drawn in the viewport, and which one is drawn at a position. Positions
     /// beside the tiles give pixels outside the shape.
     QRect pixelRect(const QPoint& pixel) const;
     QPoint pixelAt(const QPointF& position) const;
 
-    /// The pixel that the keyboard is at; the pointer moves it, too.
+    /// The pixel of the keyboard's cursor, which the pointer moves, too.
     const QPoint& cursorPixel() const { return m_cursor; }
+
+    void tilesChanged(const std::vector<int>& tileNumbers,
+                      const std::optional<GridRect>& area) override;
+    /// Other tiles are drawn by redraw() only.
+    void selectionChanged(const TileSelection& /*former*/) override {}
 
     QAccessible::Role accessibleRole() const override { return QAccessible::Canvas; }
     QString accessibleValue() const override;
@@ -112,8 +121,6 @@ private:
     int fittingZoom() const;
     void setZoom(int zoom);
     void layOut();
-    void follow(const std::vector<int>& changedTiles);
-    void tell(const std::vector<int>& changedTiles);
     void useTool(const QPoint& pixel);
     void pickColor(const QPoint& pixel);
     void moveCursor(const QPoint& pixel);
@@ -127,7 +134,7 @@ private:
 
     ChrCanvasProtocol* m_delegate = nullptr;
     std::shared_ptr<PaletteProtocol> m_palette;
-    TileEditor m_editor;
+    std::shared_ptr<TileDocument> m_document;
     TilePainter m_painter;
     QPoint m_cursor;
     int m_colorBox = 0;

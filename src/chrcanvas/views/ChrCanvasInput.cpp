@@ -44,7 +44,7 @@ void ChrCanvas::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void ChrCanvas::mousePressEvent(QMouseEvent* event) {
-    if (m_editor.isDrawing()) {
+    if (m_document->isDrawing()) {
         return;
     }
     const bool picks =
@@ -67,18 +67,14 @@ void ChrCanvas::mouseMoveEvent(QMouseEvent* event) {
     moveCursor(pixel);
     if (m_picking) {
         pickColor(pixel);
-    } else if (m_editor.isDrawing() && pixel != from) {
-        const std::vector<int> changed = m_editor.continueStroke(pixel.x(), pixel.y());
-        if (!changed.empty()) {
-            repaintPixels(QRect(from, QSize(1, 1)) | QRect(pixel, QSize(1, 1)));
-            tell(changed);
-        }
+    } else if (m_document->isDrawing() && pixel != from) {
+        m_document->continueStroke(pixel.x(), pixel.y());
     }
 }
 
 void ChrCanvas::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
-        m_editor.endStroke();
+        m_document->endStroke();
     }
     if (event->buttons() == Qt::NoButton) {
         m_picking = false;
@@ -86,25 +82,24 @@ void ChrCanvas::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ChrCanvas::hideEvent(QHideEvent* event) {
-    m_editor.endStroke();
+    m_document->endStroke();
     m_picking = false;
     QAbstractScrollArea::hideEvent(event);
 }
 
 void ChrCanvas::useTool(const QPoint& pixel) {
-    if (m_tool == DrawingTool::fill) {
-        follow(m_editor.fill(pixel.x(), pixel.y(), m_colorBox));
-        return;
-    }
-    const std::vector<int> changed = m_editor.beginStroke(pixel.x(), pixel.y(), m_colorBox);
-    if (!changed.empty()) {
-        repaintPixels(QRect(pixel, QSize(1, 1)));
-        tell(changed);
+    switch (m_tool) {
+    case DrawingTool::pencil:
+        m_document->beginStroke(pixel.x(), pixel.y(), m_colorBox);
+        break;
+    case DrawingTool::fill:
+        m_document->fill(pixel.x(), pixel.y(), m_colorBox);
+        break;
     }
 }
 
 void ChrCanvas::pickColor(const QPoint& pixel) {
-    const std::optional<int> value = m_editor.valueAt(pixel.x(), pixel.y());
+    const std::optional<int> value = m_document->valueAt(pixel.x(), pixel.y());
     if (value && *value != m_colorBox) {
         setCurrentColorBox(*value);
         Q_EMIT colorPicked(*value);
@@ -158,16 +153,8 @@ bool ChrCanvas::moveCursorByKey(int key, bool painting) {
     const QSize size = pictureSize();
     pixel = QPoint(std::clamp(pixel.x(), 0, std::max(0, size.width() - 1)),
                    std::clamp(pixel.y(), 0, std::max(0, size.height() - 1)));
-    if (painting && !m_editor.isDrawing()) {
-        edit([&](TileEditor& editor) {
-            std::vector<int> changed = editor.beginStroke(m_cursor.x(), m_cursor.y(), m_colorBox);
-            const std::vector<int> more = editor.continueStroke(pixel.x(), pixel.y());
-            editor.endStroke();
-            changed.insert(changed.end(), more.begin(), more.end());
-            std::sort(changed.begin(), changed.end());
-            changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
-            return changed;
-        });
+    if (painting && !m_document->isDrawing()) {
+        m_document->drawLine(m_cursor.x(), m_cursor.y(), pixel.x(), pixel.y(), m_colorBox);
     }
     moveCursor(pixel);
     scrollToCursor();
@@ -197,7 +184,7 @@ void ChrCanvas::keyPressEvent(QKeyEvent* event) {
     }
     const int key = event->key();
     // A line that is being drawn goes on from where the pointer was.
-    if (!m_editor.isDrawing() && moveCursorByKey(key, painting)) {
+    if (!m_document->isDrawing() && moveCursorByKey(key, painting)) {
         return;
     }
     if (painting) {
@@ -210,9 +197,9 @@ void ChrCanvas::keyPressEvent(QKeyEvent* event) {
     } else if (key == Qt::Key_P) {
         pickColor(m_cursor);
     } else if ((key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) &&
-               !m_editor.isDrawing()) {
+               !m_document->isDrawing()) {
         useTool(m_cursor);
-        m_editor.endStroke();
+        m_document->endStroke();
     } else {
         event->ignore();
     }

@@ -31,7 +31,7 @@ void ChrCanvas::paintEvent(QPaintEvent* event) {
 }
 
 void ChrCanvas::drawTiles(QPainter& painter, const QRect& screen) {
-    const TileShape& shape = m_editor.shape();
+    const TileShape& shape = m_document->shape();
     TileArea area;
     area.origin = origin();
     area.columns = shape.columns();
@@ -46,7 +46,7 @@ void ChrCanvas::drawTiles(QPainter& painter, const QRect& screen) {
 }
 
 void ChrCanvas::drawGrids(QPainter& painter, const QRect& screen) const {
-    const TileShape& shape = m_editor.shape();
+    const TileShape& shape = m_document->shape();
     const int size = m_zoom * TileSide;
     const QPoint start = origin();
     const int width = thinLine(*viewport());
@@ -77,7 +77,7 @@ void ChrCanvas::drawGrids(QPainter& painter, const QRect& screen) const {
 
 void ChrCanvas::drawCursor(QPainter& painter) const {
     if ((!m_pointerInside && !hasFocus()) ||
-        m_editor.tileAt(m_cursor.x(), m_cursor.y()) == TileShape::NoTile) {
+        m_document->tileAt(m_cursor.x(), m_cursor.y()) == TileShape::NoTile) {
         return;
     }
     const int width = thinLine(*viewport());

@@ -5,7 +5,7 @@
 
 namespace kestrel {
 
-/// Who hears of edits in a pixel editor.
+/// Receives the edits of a pixel editor's tiles.
 class ChrCanvasProtocol {
 public:
     ChrCanvasProtocol() = default;

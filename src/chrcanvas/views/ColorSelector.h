@@ -5,7 +5,7 @@
 
 namespace kestrel {
 
-/// The four colours of a palette, to pick the one to draw with or to change.
+/// A selector of the four colours of a palette, to pick the one to draw with or to change.
 class ColorSelector : public BoxSelectorView {
     Q_OBJECT
 

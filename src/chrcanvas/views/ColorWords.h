@@ -14,7 +14,7 @@ QString indexDigits(std::uint8_t key);
 /// (stored as $56)".
 QString indexText(std::uint8_t key);
 
-/// What is to be known of a colour beside how it looks; empty for most.
+/// A remark on a colour that is one of the blacks; empty for all others.
 QString colorNote(std::uint8_t key);
 
 /// Whether a game should not use the colour: $0D upsets televisions (nesdev wiki, "PPU palettes").

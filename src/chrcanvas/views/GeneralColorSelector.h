@@ -5,7 +5,7 @@
 
 namespace kestrel {
 
-/// All master colours of the console, 16 a row, to choose one from.
+/// A selector of all master colours of the console, 16 a row.
 class GeneralColorSelector : public BoxSelectorView {
     Q_OBJECT
 

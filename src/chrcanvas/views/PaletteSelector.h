@@ -5,8 +5,8 @@
 
 namespace kestrel {
 
-/// All palettes of a file, one a row, to pick one of them. Choosing any box of a row picks its
-/// palette; the mark's box within the palette changes by selectBoxNumber() only.
+/// A selector of the palettes of a file, one a row. Choosing any box of a row picks its palette;
+/// the picked box within the palette changes by selectBoxNumber() only.
 class PaletteSelector : public BoxSelectorView {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 #include "chrcanvas/views/TileCollection.h"
 
 #include "chrcanvas/data/PaletteColors.h"
+#include "chrcanvas/views/RectOf.h"
 #include "widgets/ScreenPixels.h"
 
 #include <QCursor>
@@ -30,9 +31,10 @@ constexpr QColor GridColor(0x80, 0x80, 0x80, 0x48);
 
 TileCollection::TileCollection(QWidget* parent)
     : QAbstractScrollArea(parent)
+    , m_document(std::make_shared<TileDocument>())
     , m_painter(Greys) {
     install();
-    m_selection.set(0);
+    m_document->addObserver(*this);
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
@@ -40,12 +42,22 @@ TileCollection::TileCollection(QWidget* parent)
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+TileCollection::~TileCollection() {
+    m_document->removeObserver(*this);
+}
+
+void TileCollection::setDocument(std::shared_ptr<TileDocument> document) {
+    m_document->removeObserver(*this);
+    m_document = std::move(document);
+    m_document->addObserver(*this);
+}
+
 void TileCollection::setDelegate(TileCollectionDelegate* delegate) {
     m_delegate = delegate;
 }
 
 void TileCollection::setTileData(std::shared_ptr<TileData> tiles) {
-    m_tiles = std::move(tiles);
+    m_document->setTileData(std::move(tiles));
 }
 
 void TileCollection::setPalette(const PaletteProtocol& palette) {
@@ -59,7 +71,7 @@ void TileCollection::setGridShown(bool shown) {
 }
 
 int TileCollection::tileCount() const {
-    return m_tiles ? static_cast<int>(m_tiles->tileCount()) : 0;
+    return static_cast<int>(m_document->tileCount());
 }
 
 int TileCollection::rowCount() const {
@@ -75,10 +87,14 @@ void TileCollection::reloadTiles() {
     }
     setHovered(TileSelection::None);
     tellValueChanged(*this);
-    Q_EMIT selectionChanged(); // of other tiles, if not of other numbers
+    Q_EMIT tilesSelected(); // of other tiles, if not of other numbers
 }
 
 void TileCollection::updateTiles(const std::vector<int>& tileNumbers) {
+    repaintTiles(tileNumbers);
+}
+
+void TileCollection::repaintTiles(const std::vector<int>& tileNumbers) {
     for (const int number : tileNumbers) {
         if (number >= 0 && number < tileCount()) {
             repaintCells(QRect(number % TilesPerRow, number / TilesPerRow, 1, 1));
@@ -95,55 +111,38 @@ void TileCollection::selectTile(int number) {
         return;
     }
     m_waiting.reset();
-    TileSelection selection;
-    selection.set(number);
-    choose(selection);
-}
-
-void TileCollection::selectBlock(int first, int last) {
-    const int cells = rowCount() * TilesPerRow;
-    if (first < 0 || last < 0 || first >= cells || last >= cells) {
-        return;
-    }
-    TileSelection selection;
-    selection.set(first);
-    selection.extendTo(last);
-    choose(selection);
+    m_document->selectBlock(number, number);
 }
 
 void TileCollection::selectAll() {
-    if (tileCount() > 0) {
-        TileSelection selection;
-        selection.set(0);
-        selection.extendTo(rowCount() * TilesPerRow - 1);
-        const int place = verticalScrollBar()->value();
-        choose(selection);
-        verticalScrollBar()->setValue(place);
-    }
+    const int place = verticalScrollBar()->value();
+    m_document->selectAll();
+    verticalScrollBar()->setValue(place);
 }
 
-void TileCollection::choose(const TileSelection& selection) {
-    if (!(selection == m_selection)) {
-        repaintCells(m_selection.cells());
-        m_selection = selection;
-        repaintCells(m_selection.cells());
+void TileCollection::tilesChanged(const std::vector<int>& tileNumbers,
+                                  const std::optional<GridRect>& /*area*/) {
+    repaintTiles(tileNumbers);
+}
+
+void TileCollection::selectionChanged(const TileSelection& former) {
+    const TileSelection& selection = m_document->selection();
+    if (!(selection == former)) {
+        repaintCells(rectOf(former.cells()));
+        repaintCells(rectOf(selection.cells()));
     }
-    if (!m_selection.isEmpty()) {
-        scrollToTile(m_selection.current());
+    if (!selection.isEmpty()) {
+        scrollToTile(selection.current());
     }
     tellValueChanged(*this);
-    Q_EMIT selectionChanged();
+    Q_EMIT tilesSelected();
     if (m_delegate != nullptr) {
-        m_delegate->selected(selectedRows());
+        m_delegate->selected(m_document->selectedRows());
     }
-}
-
-std::vector<std::vector<int>> TileCollection::selectedRows() const {
-    return m_selection.rows(static_cast<std::size_t>(tileCount()));
 }
 
 QString TileCollection::accessibleValue() const {
-    const auto rows = selectedRows();
+    const auto rows = m_document->selectedRows();
     if (rows.empty()) {
         return tr("No tile of %1").arg(tileCount());
     }
@@ -254,7 +253,7 @@ void TileCollection::drawTiles(QPainter& painter, const QRect& screen) {
     area.zoom = m_zoom;
     area.tileAt = [this](int column, int row) -> const TileBytes* {
         const int number = row * TilesPerRow + column;
-        return number < tileCount() ? &m_tiles->tile(static_cast<std::size_t>(number)) : nullptr;
+        return number < tileCount() ? &tileData()->tile(static_cast<std::size_t>(number)) : nullptr;
     };
     area.lineWidth = m_grid && m_zoom > 1 ? thinLine(*viewport()) : 0;
     area.lineColor = GridColor;
@@ -270,7 +269,8 @@ void TileCollection::drawMark(QPainter& painter) const {
                     cellsOnScreen({m_hovered % TilesPerRow, m_hovered / TilesPerRow, 1, 1}), width,
                     color);
     }
-    const QRect marked = m_selection.cells() & QRect(0, 0, TilesPerRow, rowCount());
+    const QRect marked =
+        rectOf(m_document->selection().cells()) & QRect(0, 0, TilesPerRow, rowCount());
     if (!marked.isEmpty()) {
         const QRect rect = cellsOnScreen(marked);
         drawOutline(painter, rect, 2 * width, color);
@@ -312,7 +312,7 @@ void TileCollection::mousePressEvent(QMouseEvent* event) {
         return;
     }
     const std::optional<int> tile = tileAt(event->position());
-    TileSelection selection = m_selection;
+    TileSelection selection = m_document->selection();
     if (!tile) {
         selection.clear();
     } else if (event->modifiers().testFlag(Qt::ShiftModifier) && !selection.isEmpty()) {
@@ -321,7 +321,7 @@ void TileCollection::mousePressEvent(QMouseEvent* event) {
         selection.set(*tile);
     }
     m_dragging = tile.has_value();
-    choose(selection);
+    m_document->select(selection);
 }
 
 void TileCollection::mouseMoveEvent(QMouseEvent* event) {
@@ -329,10 +329,10 @@ void TileCollection::mouseMoveEvent(QMouseEvent* event) {
     if (!m_dragging || tileCount() == 0) {
         return;
     }
-    TileSelection selection = m_selection;
+    TileSelection selection = m_document->selection();
     selection.extendTo(cellNearest(event->position()));
-    if (!(selection == m_selection)) {
-        choose(selection);
+    if (!(selection == m_document->selection())) {
+        m_document->select(selection);
     }
 }
 
@@ -344,7 +344,7 @@ void TileCollection::mouseReleaseEvent(QMouseEvent* event) {
 
 int TileCollection::cellAfterKey(int key, bool extend) const {
     const int last = tileCount() - 1;
-    const int cell = std::clamp(m_selection.current(), 0, rowCount() * TilesPerRow - 1);
+    const int cell = std::clamp(m_document->selection().current(), 0, rowCount() * TilesPerRow - 1);
     const int column = cell % TilesPerRow;
     const int rowsOnPage = std::max(1, verticalScrollBar()->pageStep() / tileSize() - 1);
     const auto rowsAway = [&](int rows) {
@@ -384,27 +384,27 @@ void TileCollection::keyPressEvent(QKeyEvent* event) {
         event->ignore();
         return;
     }
-    TileSelection selection = m_selection;
-    if (m_selection.isEmpty()) {
+    TileSelection selection = m_document->selection();
+    if (selection.isEmpty()) {
         selection.set(0);
     } else if (extend) {
         selection.extendTo(std::min(cell, rowCount() * TilesPerRow - 1));
     } else {
         selection.set(std::min(cell, tileCount() - 1));
     }
-    if (!(selection == m_selection)) {
-        choose(selection);
+    if (!(selection == m_document->selection())) {
+        m_document->select(selection);
     }
 }
 
 void TileCollection::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
-    repaintCells(m_selection.cells());
+    repaintCells(rectOf(m_document->selection().cells()));
 }
 
 void TileCollection::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
-    repaintCells(m_selection.cells());
+    repaintCells(rectOf(m_document->selection().cells()));
 }
 
 void TileCollection::setHovered(int number) {

@@ -2,10 +2,9 @@
 #pragma once
 
 #include "chrcanvas/data/PaletteProtocol.h"
-#include "chrcanvas/data/TileData.h"
+#include "chrcanvas/data/TileDocument.h"
 #include "chrcanvas/views/TileCollectionDelegate.h"
 #include "chrcanvas/views/TilePainter.h"
-#include "chrcanvas/views/TileSelection.h"
 #include "chrcanvas/views/ViewAccessibility.h"
 
 #include <QAbstractScrollArea>
@@ -20,19 +19,26 @@ namespace kestrel {
 ///
 /// Tile numbers count from 0. Only what is visible is ever drawn, so the time does not grow with
 /// the number of tiles.
-class TileCollection : public QAbstractScrollArea, public ViewAccessibility {
+class TileCollection : public QAbstractScrollArea,
+                       public ViewAccessibility,
+                       public TileDocumentObserver {
     Q_OBJECT
 
 public:
     explicit TileCollection(QWidget* parent = nullptr);
+    ~TileCollection() override;
 
-    /// Who is told of selections; not owned. Whoever sets itself takes itself back when it goes
-    /// first.
+    /// The document whose tiles are shown and selected: one of its own at first. Another one is
+    /// drawn by reloadTiles().
+    TileDocument& document() const { return *m_document; }
+    void setDocument(std::shared_ptr<TileDocument> document);
+
+    /// The receiver of selections; not owned. One that is destroyed first sets null before.
     TileCollectionDelegate* delegate() const { return m_delegate; }
     virtual void setDelegate(TileCollectionDelegate* delegate);
 
     /// The tiles shown, shared with whoever gave them; null for none. Drawn by reloadTiles().
-    const std::shared_ptr<TileData>& tileData() const { return m_tiles; }
+    const std::shared_ptr<TileData>& tileData() const { return m_document->tileData(); }
     virtual void setTileData(std::shared_ptr<TileData> tiles);
 
     /// The colours of the pixels' values 0 to 3.
@@ -42,7 +48,7 @@ public:
     /// Shows faint lines between the tiles, or hides them.
     void setGridShown(bool shown);
 
-    /// Draws all tiles again, and selects the tile that selectTile() was asked for in vain.
+    /// Draws all tiles again, and selects the tile that waits since selectTile() if it is there.
     virtual void reloadTiles();
 
     /// Draws these tiles again.
@@ -51,25 +57,24 @@ public:
     /// Selects one tile as if it had been clicked, the delegate is told. A number that no tile has
     /// waits, unreported, for the next reloadTiles(); what is selected stays till then.
     virtual void selectTile(int number);
-    /// Lets no number wait any longer: the tiles that it was meant for do not come.
+    /// Drops a number that waits: the tiles that it was meant for do not come.
     void forgetWaitingTile() { m_waiting.reset(); }
 
-    /// Selects the rectangle between two cells of the grid, which are counted like tiles; the
-    /// delegate is told. Nothing happens unless both lie in rows that have tiles.
-    void selectBlock(int first, int last);
+    /// Selects all tiles without scrolling; the delegate is told.
     void selectAll();
 
-    /// What is selected, as the delegate is told. The marked cells stay when other tiles are shown.
-    std::vector<std::vector<int>> selectedRows() const;
-
-    /// Where a tile is drawn and which one is drawn there, in the viewport's units.
+    /// Where a tile is drawn in the viewport, and which one is drawn at a position.
     QRect tileRect(int number) const;
     std::optional<int> tileAt(const QPointF& position) const;
 
-    /// Pixels of the screen that a tile's pixel is wide.
+    /// The width of a tile's pixel in device pixels.
     int zoom() const { return m_zoom; }
 
     void scrollToTile(int number);
+
+    void tilesChanged(const std::vector<int>& tileNumbers,
+                      const std::optional<GridRect>& area) override;
+    void selectionChanged(const TileSelection& former) override;
 
     QAccessible::Role accessibleRole() const override { return QAccessible::Canvas; }
     QString accessibleValue() const override;
@@ -79,7 +84,7 @@ public:
 Q_SIGNALS:
     /// The pointer is over another tile; -1 when it is over none.
     void tileHovered(int number);
-    void selectionChanged();
+    void tilesSelected();
 
 protected:
     bool viewportEvent(QEvent* event) override;
@@ -102,18 +107,17 @@ private:
     QRect cellsOnScreen(const QRect& cells) const;
     int cellNearest(const QPointF& position) const;
     void layOut();
-    void choose(const TileSelection& selection);
     int cellAfterKey(int key, bool extend) const;
     void setHovered(int number);
     void repaintCells(const QRect& cells);
+    void repaintTiles(const std::vector<int>& tileNumbers);
     void drawTiles(QPainter& painter, const QRect& screen);
     void drawMark(QPainter& painter) const;
     QSize sizeFor(int zoom, int rows) const;
 
     TileCollectionDelegate* m_delegate = nullptr;
-    std::shared_ptr<TileData> m_tiles;
+    std::shared_ptr<TileDocument> m_document;
     TilePainter m_painter;
-    TileSelection m_selection;
     std::optional<int> m_waiting;
     int m_hovered = TileSelection::None;
     int m_zoom = 1;

@@ -5,7 +5,7 @@
 
 namespace kestrel {
 
-/// Who hears which tiles were selected in a tile viewer.
+/// Receives the selection of a tile viewer.
 class TileCollectionDelegate {
 public:
     TileCollectionDelegate() = default;

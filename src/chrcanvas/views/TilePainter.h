@@ -16,21 +16,21 @@ class QRect;
 
 namespace kestrel {
 
-/// A grid of enlarged tiles on the screen.
+/// A grid of enlarged tiles, in device pixels.
 struct TileArea {
-    QPoint origin; ///< pixel of the screen where the grid's top left corner is
+    QPoint origin; ///< the grid's top left corner
     int columns = 0;
     int rows = 0;
-    int zoom = 1; ///< pixels of the screen that a tile's pixel is wide
+    int zoom = 1; ///< the width of a tile's pixel
     /// The tile in a cell of the grid; null for a gap.
     std::function<const TileBytes*(int column, int row)> tileAt;
-    /// Lines between columns and below rows, that many pixels of the screen wide; 0 for none. What
-    /// is below them shines through as far as their colour lets it.
+    /// The width of the lines between columns and below rows; 0 for none. Their colour may be
+    /// partly transparent.
     int lineWidth = 0;
     QColor lineColor;
 };
 
-/// Paints grids of tiles, of which it draws only what is asked for.
+/// Paints the visible part of grids of tiles.
 class TilePainter {
 public:
     /// With one colour for each value of a pixel.
@@ -38,7 +38,7 @@ public:
     void setColors(const TileRenderer::Colors& colors);
 
     /// Paints all of `screen`: tiles where there are any, `background` elsewhere. The painter
-    /// counts in pixels of the screen.
+    /// counts in device pixels.
     void draw(QPainter& painter, const TileArea& area, const QRect& screen,
               const QColor& background);
 
@@ -47,7 +47,7 @@ private:
     void drawRow(const TileArea& area, const QRect& cells, int row, QRgb background);
 
     TileRenderer m_renderer;
-    QImage m_buffer; ///< kept for its memory, like the list
+    QImage m_buffer; ///< kept for its memory, like m_row
     std::vector<const TileBytes*> m_row;
 };
 

@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-/// What the toolkit hands to assistive technology for a view.
+/// The accessibility interface of a ViewAccessibility.
 class ViewInterface : public QAccessibleWidget {
 public:
     ViewInterface(QWidget* widget, const ViewAccessibility& view)
@@ -28,7 +28,7 @@ private:
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
     auto* widget = qobject_cast<QWidget*>(object);
     const auto* view = dynamic_cast<const ViewAccessibility*>(object);
-    // The toolkit owns the interface and lets it go before the widget.
+    // Qt owns the interface and destroys it before the widget.
     return widget != nullptr && view != nullptr ? new ViewInterface(widget, *view) : nullptr;
 }
 

@@ -8,8 +8,8 @@ class QWidget;
 
 namespace kestrel {
 
-/// A view that tells assistive technology what it is and what it shows now; its name is the
-/// widget's accessible name.
+/// A view that has a role and a value for assistive technology; its name is the widget's
+/// accessible name.
 class ViewAccessibility {
 public:
     ViewAccessibility() = default;
@@ -20,8 +20,8 @@ public:
     virtual QAccessible::Role accessibleRole() const = 0;
     virtual QString accessibleValue() const = 0;
 
-    /// Makes the toolkit ask every widget that is a ViewAccessibility. To be called by the
-    /// constructors of such widgets; more calls change nothing.
+    /// Has Qt ask every widget that is a ViewAccessibility. Called by the constructors of such
+    /// widgets; may be called again.
     static void install();
 
 protected:

@@ -29,12 +29,16 @@ QFont codeFont() {
     return font;
 }
 
-/// Whether typed text needs more than the toolkit's own insertion.
+/// Whether typed text needs more than Qt's own insertion.
 bool needsConversion(const QString& text) {
     return std::ranges::any_of(text, [](QChar c) {
         return c.isSurrogate() || c == u'\n' || c == u'\r' || c.unicode() == 0x2028 ||
                c.unicode() == 0x2029 || c.unicode() == 0xfdd0 || c.unicode() == 0xfdd1;
     });
+}
+
+bool isTab(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
 }
 
 } // namespace
@@ -101,8 +105,13 @@ void CodeEditorTextView::keyPressEvent(QKeyEvent* event) {
         event->matches(QKeySequence::InsertLineSeparator)) {
         insertNewline();
         event->accept();
-    } else if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier) {
-        insertTab();
+    } else if (isTab(*event)) {
+        // With a modifier it does nothing. Passed on, a widget around this one would move the focus
+        // by it, and what is typed next would go elsewhere.
+        if (event->key() == Qt::Key_Tab &&
+            (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+            insertTab();
+        }
         event->accept();
     } else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter &&
                needsConversion(event->text()) &&
@@ -119,7 +128,8 @@ void CodeEditorTextView::inputMethodEvent(QInputMethodEvent* event) {
         LineNumberedTextView::inputMethodEvent(event);
         return;
     }
-    // First what was being composed goes, then the text comes in, then the next composition starts.
+    // First the present composition is removed, then the text is inserted, then the next
+    // composition starts.
     QInputMethodEvent removal;
     removal.setCommitString(QString(), event->replacementStart(), event->replacementLength());
     LineNumberedTextView::inputMethodEvent(&removal);
@@ -150,7 +160,7 @@ void CodeEditorTextView::changeEvent(QEvent* event) {
 QMimeData* CodeEditorTextView::createMimeDataFromSelection() const {
     auto text = std::make_unique<QMimeData>();
     text->setText(SourceDocument::selectedText(textCursor()));
-    return text.release(); // to the caller, as the toolkit has it
+    return text.release(); // owned by the caller, as Qt expects
 }
 
 void CodeEditorTextView::insertFromMimeData(const QMimeData* source) {

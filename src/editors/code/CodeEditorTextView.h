@@ -15,11 +15,12 @@ class CodeEditorTextView : public LineNumberedTextView {
 public:
     explicit CodeEditorTextView(QWidget* parent = nullptr);
 
-    /// The text as it is in the file. Text from outside comes in through this only.
+    /// The text as it is in the file. Text from outside is inserted through this only.
     SourceDocument& source() { return m_source; }
     const SourceDocument& source() const { return m_source; }
 
-    /// The Tab key: a tab character, in place of the selection.
+    /// The Tab key: a tab character, in place of the selection. With a modifier the key does
+    /// nothing; it never leaves the text.
     void insertTab();
 
     /// The Return key: a new line that begins with as many tabs as the caret's line has before the

@@ -56,15 +56,15 @@ constexpr char16_t documentForm(char16_t character) {
 
 } // namespace
 
-QString DocumentCharacters::toDocument(QString text) {
+QString toDocumentCharacters(QString text) {
     return replaced(std::move(text), documentForm);
 }
 
-QString DocumentCharacters::fromDocument(QString characters) {
+QString fromDocumentCharacters(QString characters) {
     return replaced(std::move(characters), standsFor);
 }
 
-bool DocumentCharacters::hasStandIns(QStringView characters) {
+bool hasStandIns(QStringView characters) {
     for (qsizetype i = 0; i < characters.size(); ++i) {
         if (!characters[i].isSurrogate()) {
             continue;

@@ -5,20 +5,17 @@
 
 namespace kestrel {
 
-/// Maps between a text and what stands for it in a text document. The toolkit's document takes
-/// U+2028, U+2029, U+FDD0 and U+FDD1 for structure of its own; a lone low surrogate, which no valid
-/// text holds, stands for each of them there.
-class DocumentCharacters {
-public:
-    /// The form for the document. A surrogate that has no partner becomes U+FFFD: it could not be
-    /// saved.
-    static QString toDocument(QString text);
+// A QTextDocument uses U+2028, U+2029, U+FDD0 and U+FDD1 for its own structure. In the document
+// each of them is represented by a lone low surrogate, which no valid text contains.
 
-    /// The text that a document's characters stand for.
-    static QString fromDocument(QString characters);
+/// The characters that represent `text` in a document. A surrogate without its partner becomes
+/// U+FFFD: it could not be saved.
+QString toDocumentCharacters(QString text);
 
-    /// Whether fromDocument() would change the characters.
-    static bool hasStandIns(QStringView characters);
-};
+/// The text that a document's characters represent.
+QString fromDocumentCharacters(QString characters);
+
+/// Whether fromDocumentCharacters() would change the characters.
+bool hasStandIns(QStringView characters);
 
 } // namespace kestrel

@@ -11,7 +11,7 @@ namespace kestrel {
 
 namespace {
 
-/// What the detection library says; nothing when it does not know.
+/// The encoding that the detection library finds, if it finds one.
 std::optional<std::string> detected(std::string_view bytes) {
     const std::unique_ptr<uchardet, decltype(&uchardet_delete)> detector(uchardet_new(),
                                                                          &uchardet_delete);
@@ -19,7 +19,7 @@ std::optional<std::string> detected(std::string_view bytes) {
         return std::nullopt;
     }
     uchardet_data_end(detector.get());
-    std::string name = uchardet_get_charset(detector.get()); // empty: it does not know
+    std::string name = uchardet_get_charset(detector.get()); // empty where it finds none
     return name.empty() ? std::nullopt : std::optional(std::move(name));
 }
 
@@ -36,7 +36,7 @@ bool looksLikeText(std::string_view bytes) {
 
 } // namespace
 
-std::vector<std::string> EncodingDetector::candidates(std::string_view bytes) {
+std::vector<std::string> encodingCandidates(std::string_view bytes) {
     if (!looksLikeText(bytes)) {
         return {};
     }

@@ -7,12 +7,8 @@
 
 namespace kestrel {
 
-/// Guesses in which encoding a text that is not Unicode was written.
-class EncodingDetector {
-public:
-    /// Names of encodings, the likeliest first, in the toolkit's spelling. Empty for bytes that
-    /// look like no text.
-    static std::vector<std::string> candidates(std::string_view bytes);
-};
+/// The encodings in which a text that is not Unicode may have been written: their names in Qt's
+/// spelling, the likeliest first. Empty for bytes that do not look like text.
+std::vector<std::string> encodingCandidates(std::string_view bytes);
 
 } // namespace kestrel

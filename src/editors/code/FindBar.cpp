@@ -89,13 +89,21 @@ void FindBar::buildRow() {
     connect(addButton(*row, QStringLiteral("findCloseButton"), tr("Close (Escape)"),
                       QStyle::SP_TitleBarCloseButton),
             &QToolButton::clicked, this, &FindBar::closeBar);
+    QWidget* former = m_termEdit;
+    for (int i = 0; i < row->count(); ++i) {
+        QWidget* widget = row->itemAt(i)->widget();
+        if (widget != former && (widget->focusPolicy() & Qt::TabFocus) != 0) {
+            setTabOrder(former, widget);
+            former = widget;
+        }
+    }
 }
 
 void FindBar::open() {
     const QTextCursor cursor = m_view.textCursor();
     const QString selected = cursor.selectedText();
     if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator)) {
-        m_termEdit->setText(DocumentCharacters::fromDocument(selected));
+        m_termEdit->setText(fromDocumentCharacters(selected));
     }
     show();
     m_termEdit->setFocus(Qt::ShortcutFocusReason);

@@ -9,7 +9,7 @@ class QPlainTextEdit;
 
 namespace kestrel {
 
-/// The bar below a text view that asks for a line and goes there.
+/// The bar below a text view that asks for a line number and moves the caret to that line.
 class GoToLineBar : public QWidget {
     Q_OBJECT
 

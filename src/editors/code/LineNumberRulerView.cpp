@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editors/code/LineNumberRulerView.h"
 
+#include "widgets/Contrast.h"
+
 #include <QAbstractScrollArea>
 #include <QCoreApplication>
 #include <QPainter>
@@ -8,7 +10,6 @@
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <cmath>
 #include <iterator>
 
 namespace kestrel {
@@ -16,21 +17,6 @@ namespace kestrel {
 namespace {
 
 constexpr qreal LeastContrast = 4.5;
-
-/// How bright a colour is to the eye, from 0 to 1 (relative luminance, WCAG 2.1).
-qreal luminance(const QColor& color) {
-    const auto linear = [](qreal part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-qreal contrast(const QColor& one, const QColor& other) {
-    const qreal a = luminance(one);
-    const qreal b = luminance(other);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
 
 /// The gray nearest to the middle one that can be read on `background`.
 QColor readableGray(const QColor& background) {

@@ -21,7 +21,7 @@ class LineNumberRulerView : public QWidget {
     Q_OBJECT
 
 public:
-    /// The ruler's width and the right edge of its labels, in pixels of the toolkit.
+    /// The ruler's width and the right edge of its labels, in device-independent pixels.
     static constexpr int Thickness = 40;
     static constexpr qreal LabelEdge = 35.0;
 
@@ -29,7 +29,7 @@ public:
     /// have the view's present one.
     LineNumberRulerView(QAbstractScrollArea& textView, const ScreenLines& lines);
 
-    /// A label and where it stands in the ruler's coordinates.
+    /// A label and its position in the ruler's coordinates.
     struct Label {
         QString text;
         qreal top = 0;

@@ -123,7 +123,7 @@ void LineNumberedTextView::changeEvent(QEvent* event) {
     }
 }
 
-/// The ruler lies in the left margin beside the viewport.
+/// The ruler is in the left margin beside the viewport.
 void LineNumberedTextView::placeRuler() {
     if (!m_lineNumberView) {
         return;

@@ -8,7 +8,7 @@
 
 namespace kestrel {
 
-/// A line as it stands on the screen: one for each part of a wrapped line.
+/// A line on the screen; a wrapped line of the text has one for each of its parts.
 struct ScreenLine {
     /// The number of the line whose first part this is; nothing for its further parts.
     std::optional<int> number;
@@ -18,7 +18,7 @@ struct ScreenLine {
     bool operator==(const ScreenLine&) const = default;
 };
 
-/// Tells a ruler what stands beside it.
+/// The lines on the screen beside a line-number ruler.
 class ScreenLines {
 public:
     ScreenLines() = default;

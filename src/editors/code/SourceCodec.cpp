@@ -57,7 +57,7 @@ std::optional<SourceText> withoutMark(std::optional<QString> text) {
 
 } // namespace
 
-std::optional<SourceText> SourceCodec::decode(std::string_view bytes) {
+std::optional<SourceText> decodeSource(std::string_view bytes) {
     bool isMarked = false;
     for (const MarkedEncoding& marked : MarkedEncodings) {
         if (!bytes.starts_with(marked.mark)) {
@@ -80,7 +80,7 @@ std::optional<SourceText> SourceCodec::decode(std::string_view bytes) {
                             hasMark ? bytes.substr(Utf8Mark.size()) : bytes)) {
         return SourceText{*std::move(text), hasMark};
     }
-    for (const std::string& name : EncodingDetector::candidates(bytes)) {
+    for (const std::string& name : encodingCandidates(bytes)) {
         if (auto text = decoded(QStringDecoder(name.c_str(), DecoderFlags), bytes)) {
             return withoutMark(std::move(text));
         }
@@ -88,7 +88,7 @@ std::optional<SourceText> SourceCodec::decode(std::string_view bytes) {
     return std::nullopt;
 }
 
-std::string SourceCodec::encode(const SourceText& source) {
+std::string encodeSource(const SourceText& source) {
     const QByteArray text = source.text.toUtf8();
     std::string bytes;
     bytes.reserve(Utf8Mark.size() + static_cast<std::size_t>(text.size()));

@@ -139,8 +139,7 @@ void SourceDocument::insertLines(QTextCursor& cursor, QStringView text) {
     const QChar* runStart = text.begin();
     const auto insertRun = [&](const QChar* end) {
         if (end != runStart) {
-            cursor.insertText(DocumentCharacters::toDocument(QString(runStart, end - runStart)),
-                              plain);
+            cursor.insertText(toDocumentCharacters(QString(runStart, end - runStart)), plain);
         }
     };
     LineReader reader(text);
@@ -164,8 +163,8 @@ QString SourceDocument::text() const {
         const qsizetype separator = raw.indexOf(Separator, start);
         const QStringView part =
             QStringView(raw).sliced(start, (separator < 0 ? raw.size() : separator) - start);
-        if (DocumentCharacters::hasStandIns(part)) {
-            result += DocumentCharacters::fromDocument(part.toString());
+        if (hasStandIns(part)) {
+            result += fromDocumentCharacters(part.toString());
         } else {
             result += part;
         }
@@ -183,15 +182,14 @@ QString SourceDocument::text() const {
 QString SourceDocument::selectedText(const QTextCursor& cursor) {
     QString text = cursor.selectedText();
     text.replace(Separator, u'\n');
-    return DocumentCharacters::fromDocument(std::move(text));
+    return fromDocumentCharacters(std::move(text));
 }
 
 void SourceDocument::insert(QTextCursor& cursor, const QString& text) {
     cursor.beginEditBlock();
     cursor.removeSelectedText();
     // The mark is read of separators only, so the text between them may carry it, too.
-    cursor.insertText(DocumentCharacters::toDocument(text),
-                      formatOf(lineEndForSplit(cursor.block())));
+    cursor.insertText(toDocumentCharacters(text), formatOf(lineEndForSplit(cursor.block())));
     cursor.endEditBlock();
 }
 

@@ -36,7 +36,7 @@ public:
     static QString selectedText(const QTextCursor& cursor);
 
     /// Puts text from outside in place of the cursor's selection, as one edit. Its line ends become
-    /// that of the line it comes into.
+    /// that of the line that it is inserted into.
     void insert(QTextCursor& cursor, const QString& text);
 
     /// Splits the line at the cursor, or replaces the selection, and begins the new line with

@@ -5,56 +5,67 @@
 #include "editors/code/FindBar.h"
 #include "editors/code/GoToLineBar.h"
 
-#include <QAction>
-#include <QCoreApplication>
-#include <QKeySequence>
-
 namespace kestrel {
 
 namespace {
 
-QString translated(const char* text) {
-    return QCoreApplication::translate("TextEditorActions", text);
+std::vector<Command> editCommands(FindBar& findBar, GoToLineBar& goToLineBar) {
+    const auto find = [&findBar, &goToLineBar] {
+        goToLineBar.hide();
+        findBar.open();
+    };
+    const auto goToLine = [&findBar, &goToLineBar] {
+        findBar.hide();
+        goToLineBar.open();
+    };
+    return {
+        {.id = "findAction",
+         .title = QT_TRANSLATE_NOOP("Command", "Find..."),
+         .shortcuts = {Qt::CTRL | Qt::Key_F},
+         .handler = find},
+        {.id = "findNextAction",
+         .title = QT_TRANSLATE_NOOP("Command", "Find Next"),
+         .shortcuts = {Qt::Key_F3},
+         .handler = [&findBar] { findBar.findNext(); }},
+        {.id = "findPreviousAction",
+         .title = QT_TRANSLATE_NOOP("Command", "Find Previous"),
+         .shortcuts = {Qt::SHIFT | Qt::Key_F3},
+         .handler = [&findBar] { findBar.findPrevious(); }},
+        {.id = "goToLineAction",
+         .title = QT_TRANSLATE_NOOP("Command", "Go to Line..."),
+         .shortcuts = {Qt::CTRL | Qt::Key_L},
+         .handler = goToLine},
+    };
 }
 
-QAction* action(QObject& owner, const QString& objectName, const QString& text,
-                const QList<QKeySequence>& shortcuts) {
-    auto* made = new QAction(text, &owner);
-    made->setObjectName(objectName);
-    made->setShortcuts(shortcuts);
-    return made;
+std::vector<Command> viewCommands(CodeEditorTextView& editor) {
+    return {
+        {.id = "zoomInAction",
+         .title = QT_TRANSLATE_NOOP("Command", "Zoom In"),
+         .shortcuts = {Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal},
+         .handler = [&editor] { editor.zoomBy(1); }},
+        {.id = "zoomOutAction",
+         .title = QT_TRANSLATE_NOOP("Command", "Zoom Out"),
+         .shortcuts = {Qt::CTRL | Qt::Key_Minus},
+         .handler = [&editor] { editor.zoomBy(-1); }},
+        {.id = "actualSizeAction",
+         .title = QT_TRANSLATE_NOOP("Command", "Actual Size"),
+         .shortcuts = {Qt::CTRL | Qt::Key_0},
+         .handler = [&editor] { editor.zoomToActualSize(); }},
+    };
 }
 
 } // namespace
 
 TextEditorActions::TextEditorActions(CodeEditorTextView& editor, FindBar& findBar,
-                                     GoToLineBar& goToLineBar, QObject& owner) {
-    const auto add = [&owner](QList<QAction*>& list, const QString& objectName, const char* text,
-                              const QList<QKeySequence>& shortcuts, auto&& perform) {
-        list.append(action(owner, objectName, translated(text), shortcuts));
-        QObject::connect(list.last(), &QAction::triggered, &owner, perform);
-    };
-    add(edit, QStringLiteral("findAction"), "Find...", {QKeySequence(Qt::CTRL | Qt::Key_F)},
-        [&findBar, &goToLineBar] {
-            goToLineBar.hide();
-            findBar.open();
-        });
-    add(edit, QStringLiteral("findNextAction"), "Find Next", {QKeySequence(Qt::Key_F3)},
-        [&findBar] { findBar.findNext(); });
-    add(edit, QStringLiteral("findPreviousAction"), "Find Previous",
-        {QKeySequence(Qt::SHIFT | Qt::Key_F3)}, [&findBar] { findBar.findPrevious(); });
-    add(edit, QStringLiteral("goToLineAction"), "Go to Line...",
-        {QKeySequence(Qt::CTRL | Qt::Key_L)}, [&findBar, &goToLineBar] {
-            findBar.hide();
-            goToLineBar.open();
-        });
-    add(view, QStringLiteral("zoomInAction"), "Zoom In",
-        {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::CTRL | Qt::Key_Equal)},
-        [&editor] { editor.zoomBy(1); });
-    add(view, QStringLiteral("zoomOutAction"), "Zoom Out", {QKeySequence(Qt::CTRL | Qt::Key_Minus)},
-        [&editor] { editor.zoomBy(-1); });
-    add(view, QStringLiteral("actualSizeAction"), "Actual Size",
-        {QKeySequence(Qt::CTRL | Qt::Key_0)}, [&editor] { editor.zoomToActualSize(); });
+                                     GoToLineBar& goToLineBar, QObject& owner)
+    : commands(owner) {
+    for (Command& command : editCommands(findBar, goToLineBar)) {
+        edit.append(commands.add(std::move(command)));
+    }
+    for (Command& command : viewCommands(editor)) {
+        view.append(commands.add(std::move(command)));
+    }
 }
 
 } // namespace kestrel

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QList>
+#include "widgets/CommandSet.h"
 
-class QAction;
-class QObject;
+#include <QList>
 
 namespace kestrel {
 
@@ -18,6 +17,8 @@ struct TextEditorActions {
     TextEditorActions(CodeEditorTextView& editor, FindBar& findBar, GoToLineBar& goToLineBar,
                       QObject& owner);
 
+    CommandSet commands;
+    /// The actions for the Edit and for the View menu.
     QList<QAction*> edit;
     QList<QAction*> view;
 };

@@ -24,7 +24,7 @@ namespace kestrel {
 
 namespace {
 
-/// No source is longer, and the toolkit's text view would take minutes to show it.
+/// No source is longer, and Qt's text view would take minutes to show it.
 constexpr std::uintmax_t MaximumSourceSize = 128ULL * 1024 * 1024;
 
 QString displayed(const std::filesystem::path& path) {
@@ -82,7 +82,7 @@ void TextEditorController::loadFile(const std::filesystem::path& path) {
         writeLog("The file " + path.string() + " could not be read.");
         return;
     }
-    const std::optional<SourceText> source = SourceCodec::decode(*bytes);
+    const std::optional<SourceText> source = decodeSource(*bytes);
     if (!source) {
         writeLog("The file " + path.string() + " is no text in a known encoding.");
         return;
@@ -105,7 +105,7 @@ void TextEditorController::showText(const std::filesystem::path& path, const QSt
         codeEditor->source().load(text);
         codeEditor->moveCursor(QTextCursor::Start);
         codeEditor->verticalScrollBar()->setValue(0);
-        m_goToLineBar->hide(); // it tells the former file's lines
+        m_goToLineBar->hide(); // it shows the number of lines of the former file
     }
     codeEditor->reload();
 }
@@ -120,7 +120,7 @@ void TextEditorController::saveFile() {
     }
     std::optional<std::string> contents;
     if (codeEditor) {
-        contents = SourceCodec::encode({codeEditor->source().text(), m_byteOrderMark});
+        contents = encodeSource({codeEditor->source().text(), m_byteOrderMark});
     }
     if (!FileProcessor::saveTextFile(*m_path, contents)) {
         writeLog("Could not save file");
@@ -143,6 +143,10 @@ void TextEditorController::keyPressEvent(QKeyEvent* event) {
 
 void TextEditorController::savePane() {
     saveFile();
+}
+
+const CommandSet* TextEditorController::commands() const {
+    return &m_actions->commands;
 }
 
 QList<QAction*> TextEditorController::editActions() const {

@@ -29,7 +29,7 @@ public:
     explicit TextEditorController(QWidget* parent = nullptr);
     ~TextEditorController() override;
 
-    /// The code editor as what scrolls; the toolkit's text view is its own scroll view.
+    /// The scroll view of the code editor: Qt's text view is its own scroll view.
     QAbstractScrollArea* codeEditorScrollView() const;
     QPointer<CodeEditorTextView> codeEditor;
     QPointer<QPushButton> saveButton;
@@ -47,6 +47,7 @@ public:
     const std::optional<std::filesystem::path>& path() const;
 
     void savePane() override;
+    const CommandSet* commands() const override;
     QList<QAction*> editActions() const override;
     QList<QAction*> viewActions() const override;
 

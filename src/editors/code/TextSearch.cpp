@@ -29,7 +29,7 @@ bool isWholeWord(QStringView text, qsizetype start, qsizetype end) {
 } // namespace
 
 TextSearch::TextSearch(const QTextDocument& document, const SearchTerm& term) {
-    const QString wanted = DocumentCharacters::toDocument(term.text);
+    const QString wanted = toDocumentCharacters(term.text);
     if (wanted.isEmpty()) {
         return;
     }
@@ -39,7 +39,7 @@ TextSearch::TextSearch(const QTextDocument& document, const SearchTerm& term) {
     const QStringMatcher matcher(wanted, term.matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive);
     qsizetype place = matcher.indexIn(text);
     while (place >= 0) {
-        // A stand-in for a character of the toolkit's looks like the second half of a pair.
+        // A stand-in for one of Qt's own characters looks like the second half of a surrogate pair.
         const bool splitsPair =
             place > 0 && text[place].isLowSurrogate() && text[place - 1].isHighSurrogate();
         const bool counts =

@@ -10,10 +10,10 @@ class QTextDocument;
 
 namespace kestrel {
 
-/// All places in a document where a term stands, none overlapping another.
+/// All occurrences of a term in a document, none overlapping another.
 class TextSearch {
 public:
-    /// Searches at once; the result says nothing of later changes. An empty term stands nowhere.
+    /// Searches at once; later changes do not affect the result. An empty term has no occurrence.
     TextSearch(const QTextDocument& document, const SearchTerm& term);
 
     int count() const { return static_cast<int>(m_positions.size()); }

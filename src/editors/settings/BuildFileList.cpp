@@ -16,6 +16,7 @@ namespace kestrel {
 
 BuildFileList::BuildFileList(const Names& names, QWidget* parent)
     : QWidget(parent)
+    , m_kind(names.kind)
     , m_model(new BuildFileListModel(this))
     , m_table(new BuildFileTable(this))
     , m_cell(new ProjectSettingCell(this))

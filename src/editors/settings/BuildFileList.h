@@ -21,8 +21,9 @@ class BuildFileList : public QWidget {
     Q_OBJECT
 
 public:
-    /// What tells the lists apart.
+    /// What is different in each list.
     struct Names {
+        FileType kind;      ///< of the files that it lists
         QString heading;    ///< with the mark of its mnemonic
         QString fileOfKind; ///< for "Add ..." and "Remove ...", in lower case
         QString emptyText;  ///< shown while the list is empty
@@ -32,6 +33,9 @@ public:
     };
 
     explicit BuildFileList(const Names& names, QWidget* parent = nullptr);
+
+    /// The kind of the files that it lists.
+    FileType kind() const { return m_kind; }
 
     BuildFileTable* table() const { return m_table; }
     BuildFileListModel* model() const { return m_model; }
@@ -48,6 +52,7 @@ private:
     void buildButtons(const Names& names);
     void updateButtons();
 
+    FileType m_kind;
     BuildFileListModel* m_model;
     BuildFileTable* m_table;
     ProjectSettingCell* m_cell;

@@ -20,8 +20,8 @@ QString plainToolTip(const QString& text) {
 }
 
 QString wholePath(const ProjectItem& file, const ProjectItem* project) {
-    const auto folder = SourceLocation::folder(file, project != nullptr ? project->itemPath()
-                                                                        : std::filesystem::path());
+    const auto folder =
+        sourceFolder(file, project != nullptr ? project->itemPath() : std::filesystem::path());
     return QString::fromStdString(pathText(folder ? joined(*folder, file.itemName())
                                                   : std::filesystem::path(file.itemName())));
 }

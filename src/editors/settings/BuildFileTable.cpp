@@ -63,7 +63,7 @@ QSize BuildFileTable::minimumSizeHint() const {
 
 void BuildFileTable::reset() {
     QListView::reset();
-    // A selection that goes with its rows is not reported by the toolkit.
+    // Qt does not report that a selection is gone with its rows.
     Q_EMIT selectedRowChanged();
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "editors/settings/EmulatorField.h"
 
+#include "build/NESProjectBuilder.h"
 #include "editors/settings/EmulatorProblem.h"
 
 #include <QFile>
-#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 namespace kestrel {
@@ -16,7 +16,7 @@ const QColor ProblemColour(0xa4, 0x12, 0x12); // readable on white
 } // namespace
 
 EmulatorField::EmulatorField(QWidget* parent)
-    : QWidget(parent)
+    : SettingField(parent)
     , m_textField(new PathField(this))
     , m_chooseButton(new QPushButton(tr("&Choose..."), this))
     , m_problemLabel(new QLabel(this)) {
@@ -28,22 +28,17 @@ EmulatorField::EmulatorField(QWidget* parent)
     m_problemLabel->setObjectName(QStringLiteral("emulatorProblem"));
     m_problemLabel->setTextFormat(Qt::PlainText);
     m_problemLabel->setWordWrap(true);
-    buildView();
+    layOut(tr("E&mulator"), QStringLiteral("pathToEmulatorLabel"), *m_textField, *m_chooseButton)
+        ->addWidget(m_problemLabel);
     refresh();
 }
 
-void EmulatorField::buildView() {
-    auto* label = new QLabel(tr("E&mulator"), this);
-    label->setObjectName(QStringLiteral("pathToEmulatorLabel"));
-    label->setBuddy(m_textField);
-    auto* row = new QHBoxLayout;
-    row->addWidget(m_textField, 1);
-    row->addWidget(m_chooseButton);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(label);
-    column->addLayout(row);
-    column->addWidget(m_problemLabel);
+void EmulatorField::showSetting(const NESProjectBuilder& builder) {
+    setEmulator(builder.pathToEmulator());
+}
+
+void EmulatorField::setProjectPresent(bool present) {
+    m_chooseButton->setEnabled(present);
 }
 
 void EmulatorField::setEmulator(const std::optional<std::filesystem::path>& emulator) {
@@ -55,7 +50,7 @@ void EmulatorField::setEmulator(const std::optional<std::filesystem::path>& emul
 }
 
 void EmulatorField::refresh() {
-    const auto problem = m_emulator ? EmulatorProblem::of(*m_emulator) : std::nullopt;
+    const auto problem = m_emulator ? emulatorProblem(*m_emulator) : std::nullopt;
     QPalette colours = palette();
     colours.setColor(QPalette::WindowText,
                      problem ? ProblemColour : colours.color(QPalette::PlaceholderText));

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "editors/settings/PathField.h"
+#include "editors/settings/SettingField.h"
 
 #include <QLabel>
 #include <QPushButton>
-#include <QWidget>
 
 #include <filesystem>
 #include <optional>
@@ -13,7 +13,7 @@
 namespace kestrel {
 
 /// Shows which emulator runs the project, what is wrong with it, and a button to choose another.
-class EmulatorField : public QWidget {
+class EmulatorField final : public SettingField {
     Q_OBJECT
 
 public:
@@ -28,12 +28,14 @@ public:
     /// says that none is set.
     void setEmulator(const std::optional<std::filesystem::path>& emulator);
 
+    void showSetting(const NESProjectBuilder& builder) override;
+
     /// Looks again whether the emulator can be started.
-    void refresh();
+    void refresh() override;
+
+    void setProjectPresent(bool present) override;
 
 private:
-    void buildView();
-
     PathField* m_textField;
     QPushButton* m_chooseButton;
     QLabel* m_problemLabel;

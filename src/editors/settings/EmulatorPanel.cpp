@@ -29,7 +29,7 @@ QStringList applicationFolders() {
 } // namespace
 
 std::filesystem::path
-EmulatorPanel::startFolder(const std::optional<std::filesystem::path>& presentEmulator) {
+emulatorStartFolder(const std::optional<std::filesystem::path>& presentEmulator) {
     if (presentEmulator && presentEmulator->has_parent_path() &&
         existsAt(presentEmulator->parent_path())) {
         return presentEmulator->parent_path();
@@ -40,8 +40,8 @@ EmulatorPanel::startFolder(const std::optional<std::filesystem::path>& presentEm
                : std::filesystem::path(QFile::encodeName(folders.first()).toStdString());
 }
 
-void EmulatorPanel::open(QWidget* window, const QString& title, const std::filesystem::path& folder,
-                         FilePanelHandler handler) {
+void openEmulatorPanel(QWidget* window, const QString& title, const std::filesystem::path& folder,
+                       FilePanelHandler handler) {
     QFileDialog* panel = makeFilePanel(window, title, folder, std::move(handler));
     panel->setLabelText(QFileDialog::Accept, QFileDialog::tr("Choose"));
 #ifndef Q_OS_MACOS

@@ -8,18 +8,15 @@
 
 namespace kestrel {
 
-/// Asks for an emulator in a sheet that offers folders, programs and desktop entries. A file that
-/// it does not offer can still be chosen by typing its name.
-class EmulatorPanel {
-public:
-    /// Where to begin: in the folder of the present emulator, else where installed applications
-    /// are, else in the home folder.
-    static std::filesystem::path
-    startFolder(const std::optional<std::filesystem::path>& presentEmulator);
+/// The folder in which to look for an emulator first: that of the present one, else that of the
+/// installed applications, else the home folder.
+std::filesystem::path
+emulatorStartFolder(const std::optional<std::filesystem::path>& presentEmulator);
 
-    /// Opens the panel; see FilePanel for the arguments. `title` is the panel's title.
-    static void open(QWidget* window, const QString& title, const std::filesystem::path& folder,
-                     FilePanelHandler handler);
-};
+/// Asks for an emulator in a sheet that offers folders, programs and desktop entries. Any other
+/// file can still be chosen by typing its name. `title` is the panel's title; see FilePanel for the
+/// other arguments.
+void openEmulatorPanel(QWidget* window, const QString& title, const std::filesystem::path& folder,
+                       FilePanelHandler handler);
 
 } // namespace kestrel

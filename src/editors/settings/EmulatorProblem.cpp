@@ -33,7 +33,7 @@ std::optional<QString> ofDesktopEntry(const std::filesystem::path& file) {
 
 } // namespace
 
-std::optional<QString> EmulatorProblem::of(const std::filesystem::path& emulator) {
+std::optional<QString> emulatorProblem(const std::filesystem::path& emulator) {
     // A bare name is looked for where the system keeps its programs.
     if (!emulator.has_parent_path() && emulator.extension() != ".desktop" &&
         !QStandardPaths::findExecutable(QString::fromStdString(emulator.string())).isEmpty()) {

@@ -8,12 +8,8 @@
 
 namespace kestrel {
 
-/// Tells why an emulator cannot be started.
-class EmulatorProblem {
-public:
-    /// A sentence for a person on what stands in the way of starting `emulator`, a program or a
-    /// desktop entry; nothing when nothing does, as far as can be seen without starting it.
-    static std::optional<QString> of(const std::filesystem::path& emulator);
-};
+/// A sentence for the user that says why `emulator`, a program or a desktop entry, cannot be
+/// started; nothing when it can, as far as can be told without starting it.
+std::optional<QString> emulatorProblem(const std::filesystem::path& emulator);
 
 } // namespace kestrel

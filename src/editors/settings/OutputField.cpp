@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "editors/settings/OutputField.h"
 
+#include "build/NESProjectBuilder.h"
+#include "model/Paths.h"
+
 #include <QDesktopServices>
 #include <QFileInfo>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QUrl>
-#include <QVBoxLayout>
 
 namespace kestrel {
 
 OutputField::OutputField(QWidget* parent)
-    : QWidget(parent)
+    : SettingField(parent)
     , m_textField(new PathField(this))
     , m_openButton(new QPushButton(tr("Open Fo&lder"), this)) {
     m_textField->setObjectName(QStringLiteral("outputTextField"));
@@ -19,16 +19,7 @@ OutputField::OutputField(QWidget* parent)
     m_openButton->setObjectName(QStringLiteral("openOutputFolderButton"));
     m_openButton->setAccessibleName(tr("Open output folder"));
     m_openButton->setAutoDefault(false);
-    auto* label = new QLabel(tr("&Output folder"), this);
-    label->setObjectName(QStringLiteral("outputLabel"));
-    label->setBuddy(m_textField);
-    auto* row = new QHBoxLayout;
-    row->addWidget(m_textField, 1);
-    row->addWidget(m_openButton);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(label);
-    column->addLayout(row);
+    layOut(tr("&Output folder"), QStringLiteral("outputLabel"), *m_textField, *m_openButton);
     connect(m_openButton, &QPushButton::clicked, this, &OutputField::openFolder);
     refresh();
 }
@@ -36,6 +27,12 @@ OutputField::OutputField(QWidget* parent)
 void OutputField::setFolder(const QString& folder) {
     m_textField->setPath(folder);
     refresh();
+}
+
+void OutputField::showSetting(const NESProjectBuilder& builder) {
+    if (const auto folder = builder.outputPath()) {
+        setFolder(QString::fromStdString(pathText(*folder)));
+    }
 }
 
 void OutputField::refresh() {

@@ -2,14 +2,14 @@
 #pragma once
 
 #include "editors/settings/PathField.h"
+#include "editors/settings/SettingField.h"
 
 #include <QPushButton>
-#include <QWidget>
 
 namespace kestrel {
 
 /// Shows where a build writes the image, and opens that folder.
-class OutputField : public QWidget {
+class OutputField final : public SettingField {
     Q_OBJECT
 
 public:
@@ -20,8 +20,10 @@ public:
 
     void setFolder(const QString& folder);
 
+    void showSetting(const NESProjectBuilder& builder) override;
+
     /// Looks whether there is a folder to open; before the first build there is none.
-    void refresh();
+    void refresh() override;
 
 private:
     void openFolder() const;

@@ -9,7 +9,7 @@ namespace kestrel {
 
 namespace {
 
-constexpr int TextMargin = 2; // between the field's inner edge and its text, as the toolkit has it
+constexpr int TextMargin = 2; // between the field's inner edge and its text, as in QLineEdit
 
 } // namespace
 

@@ -10,7 +10,6 @@
 #include "editors/settings/EmulatorPanel.h"
 #include "editors/settings/OutputField.h"
 #include "editors/settings/ProjectSettingCell.h"
-#include "model/Paths.h"
 #include "navigation/tree/ProjectNavigationController.h"
 #include "newitem/AddNewItemFromProjectController.h"
 #include "widgets/ElidedLabel.h"
@@ -28,9 +27,7 @@ namespace kestrel {
 
 namespace {
 
-constexpr int RoomForColumns = 540; // narrower than this the lists stand below one another
-
-constexpr std::array<FileType, 3> Kinds = {FileType::text, FileType::graphics, FileType::palette};
+constexpr int RoomForColumns = 540; // in a narrower pane the lists are below one another
 
 } // namespace
 
@@ -39,23 +36,24 @@ ProjectSettingsController::ProjectSettingsController(QWidget* parent)
     , m_projectLabel(new ElidedLabel(this))
     , m_outputField(new OutputField(this))
     , m_emulatorField(new EmulatorField(this))
+    , m_fields{m_outputField, m_emulatorField}
     , m_filePicker(AddNewItemFromProjectController::openSheet)
-    , m_emulatorPanel(EmulatorPanel::open) {
+    , m_emulatorPanel(openEmulatorPanel) {
     setObjectName(QStringLiteral("projectSettings"));
     setAccessibleName(tr("Project settings"));
     makeWhite(*this);
-    m_lists = {
-        new BuildFileList({tr("&Assembly files"), tr("assembly file"), tr("No assembly files yet"),
-                           "codeTableView", "subtractCodeEntryButton", "addCodeEntryButton"},
-                          this),
-        new BuildFileList({tr("&Graphics files"), tr("graphics file"), tr("No graphics files yet"),
-                           "graphicsTableView", "subtractGraphicsEntryButton",
-                           "addGraphicsEntryButton"},
-                          this),
-        new BuildFileList({tr("&Palette files"), tr("palette file"), tr("No palette files yet"),
-                           "paletteTableView", "subtractPaletteEntryButton",
-                           "addPaletteEntryButton"},
-                          this)};
+    const BuildFileList::Names lists[placeCount] = {
+        {FileType::text, tr("&Assembly files"), tr("assembly file"), tr("No assembly files yet"),
+         "codeTableView", "subtractCodeEntryButton", "addCodeEntryButton"},
+        {FileType::graphics, tr("&Graphics files"), tr("graphics file"),
+         tr("No graphics files yet"), "graphicsTableView", "subtractGraphicsEntryButton",
+         "addGraphicsEntryButton"},
+        {FileType::palette, tr("&Palette files"), tr("palette file"), tr("No palette files yet"),
+         "paletteTableView", "subtractPaletteEntryButton", "addPaletteEntryButton"},
+    };
+    for (std::size_t place = 0; place < placeCount; ++place) {
+        m_lists[place] = new BuildFileList(lists[place], this);
+    }
     buildView();
     connectLists();
     connect(m_emulatorField->chooseButton(), &QPushButton::clicked, this,
@@ -88,16 +86,20 @@ void ProjectSettingsController::buildView() {
     auto* column = new QVBoxLayout(content);
     column->addWidget(m_projectLabel);
     column->addLayout(m_listsLayout, 1);
-    column->addWidget(m_outputField);
-    column->addWidget(m_emulatorField);
+    for (SettingField* field : m_fields) {
+        column->addWidget(field);
+    }
     scrollArea->setWidget(content);
     auto* whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(scrollArea);
-    setTabOrder(m_lists.back()->addButton(), m_outputField->textField());
-    setTabOrder(m_outputField->textField(), m_outputField->openButton());
-    setTabOrder(m_outputField->openButton(), m_emulatorField->textField());
-    setTabOrder(m_emulatorField->textField(), m_emulatorField->chooseButton());
+    QWidget* former = m_lists.back()->addButton();
+    for (const SettingField* field : m_fields) {
+        for (QWidget* stop : field->tabStops()) {
+            setTabOrder(former, stop);
+            former = stop;
+        }
+    }
 }
 
 void ProjectSettingsController::connectLists() {
@@ -113,7 +115,9 @@ void ProjectSettingsController::connectLists() {
 
 void ProjectSettingsController::setCurrentProject(const std::shared_ptr<ProjectItem>& project) {
     m_currentProject = project;
-    m_emulatorField->chooseButton()->setEnabled(project != nullptr);
+    for (SettingField* field : m_fields) {
+        field->setProjectPresent(project != nullptr);
+    }
 }
 
 void ProjectSettingsController::setProjectNavigation(ProjectNavigationController* tree) {
@@ -152,15 +156,15 @@ bool ProjectSettingsController::updateBuildSettings() {
     m_buildSettings = std::make_shared<NESBuildSettings>(m_currentProject);
     // What is shown is what a build would work with.
     const NESProjectBuilder builder(m_buildSettings);
-    const auto outputFolder = builder.outputPath();
-    if (!outputFolder) {
+    if (!builder.outputPath()) {
         return false;
     }
     m_projectLabel->setText(QString::fromStdString(m_currentProject->itemName()));
-    m_outputField->setFolder(QString::fromStdString(pathText(*outputFolder)));
-    m_emulatorField->setEmulator(builder.pathToEmulator());
-    for (std::size_t place = 0; place < placeCount; ++place) {
-        m_lists[place]->setFiles(*m_buildSettings->listFor(Kinds[place]), m_currentProject);
+    for (SettingField* field : m_fields) {
+        field->showSetting(builder);
+    }
+    for (BuildFileList* list : m_lists) {
+        list->setFiles(*m_buildSettings->listFor(list->kind()), m_currentProject);
     }
     return true;
 }
@@ -230,10 +234,11 @@ void ProjectSettingsController::fileWasPicked(Place place,
     if (!settingsAreCurrent()) {
         return;
     }
-    BuildMembership::moveTo(Kinds[place], file, *m_buildSettings);
-    file->setItemFileType(Kinds[place]);
+    const BuildFileList& list = *m_lists[place];
+    moveToListOf(list.kind(), file, *m_buildSettings);
+    file->setItemFileType(list.kind());
     showLists();
-    m_lists[place]->table()->selectRow(BuildMembership::placeOf(*file, m_lists[place]->files()));
+    list.table()->selectRow(rowOf(*file, list.files()));
     m_buildSettings->saveBuildSettings();
     if (m_datasource != nullptr) {
         m_datasource->updatedFileType();
@@ -245,10 +250,10 @@ void ProjectSettingsController::fileWasPicked(Place place,
 
 /// Shows the lists as the settings have them; a list that is shown so already keeps its selection.
 void ProjectSettingsController::showLists() {
-    for (std::size_t place = 0; place < placeCount; ++place) {
-        const ProjectItems& files = *m_buildSettings->listFor(Kinds[place]);
-        if (m_lists[place]->files() != files) {
-            m_lists[place]->setFiles(files, m_currentProject);
+    for (BuildFileList* list : m_lists) {
+        const ProjectItems& files = *m_buildSettings->listFor(list->kind());
+        if (list->files() != files) {
+            list->setFiles(files, m_currentProject);
         }
     }
 }
@@ -292,8 +297,7 @@ void ProjectSettingsController::setPathForEmulator(const QObject* /*sender*/) {
     }
     const QPointer<ProjectSettingsController> self = this;
     m_emulatorPanel(
-        window(), tr("Emulator Path"),
-        EmulatorPanel::startFolder(m_buildSettings->pathToEmulator()),
+        window(), tr("Emulator Path"), emulatorStartFolder(m_buildSettings->pathToEmulator()),
         [self, settings = m_buildSettings](const std::optional<std::filesystem::path>& emulator) {
             if (!self || !emulator) {
                 return;
@@ -309,8 +313,9 @@ void ProjectSettingsController::refreshFileStatus() {
     for (BuildFileList* list : m_lists) {
         list->model()->forgetPresence();
     }
-    m_outputField->refresh();
-    m_emulatorField->refresh();
+    for (SettingField* field : m_fields) {
+        field->refresh();
+    }
 }
 
 bool ProjectSettingsController::event(QEvent* event) {

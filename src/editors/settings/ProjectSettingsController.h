@@ -15,6 +15,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QBoxLayout;
 
@@ -27,6 +28,7 @@ class EmulatorField;
 class OutputField;
 class ProjectNavigationController;
 class ProjectSettingCell;
+class SettingField;
 
 /// The pane for a project's build settings: the three lists of files that are built, where the
 /// image goes and which emulator runs it. What is changed here is saved at once.
@@ -36,7 +38,7 @@ class ProjectSettingsController : public QWidget {
     Q_OBJECT
 
 public:
-    /// Lets a person pick one of a project's files; the form of
+    /// Lets the user pick one of a project's files; the signature of
     /// AddNewItemFromProjectController::openSheet().
     using FilePicker = std::function<AddNewItemFromProjectController*(
         std::shared_ptr<ProjectItem> project, QWidget* window,
@@ -134,6 +136,7 @@ private:
     QBoxLayout* m_listsLayout = nullptr;
     OutputField* m_outputField;
     EmulatorField* m_emulatorField;
+    std::vector<SettingField*> m_fields; ///< all settings but the lists, in their order
     FilePicker m_filePicker;
     FilePanel m_emulatorPanel;
     QPointer<AddNewItemFromProjectController> m_addNewItemFromProjectController;

@@ -8,10 +8,10 @@
 #include "model/Paths.h"
 #include "model/ProjectFiles.h"
 #include "model/ProjectNavigationSettingItem.h"
+#include "model/ProjectRegistry.h"
 #include "model/StructureFile.h"
 #include "navigation/container/NewFileWriter.h"
 #include "navigation/container/SameProject.h"
-#include "navigation/container/StoredProject.h"
 #include "navigation/tree/ProjectNavigationController.h"
 #include "navigation/tree/ProjectNavigationMenuClickedOptions.h"
 #include "newitem/CreateNewFileController.h"
@@ -61,13 +61,9 @@ void EditorContainerController::buildView(NotificationCentre& centre) {
     tree->setMinimumWidth(SmallestTreeWidth);
     auto* panes = new CommonEditorControllers(split);
     panes->setMinimumWidth(SmallestPanesWidth);
-    panes->addWidget(new TextEditorController(panes));
-    panes->addWidget(new PaletteEditorController(panes));
-    panes->addWidget(new GraphicsEditorController(panes));
-    panes->addWidget(new ProjectSettingsController(panes));
-    panes->addWidget(new EmptyController(panes));
+    panes->addPanes();
     panes->viewDidLoad();
-    // A wider window gives its width to the panes.
+    // Only the panes grow with the window.
     split->setStretchFactor(0, 0);
     split->setStretchFactor(1, 1);
     split->setSizes({TreeWidth, PanesWidth});
@@ -102,7 +98,7 @@ void EditorContainerController::prepare(QWidget* destination) {
 void EditorContainerController::viewDidLoad() {
     ProjectItems projects = FileProcessor::loadRecentlyConfiguredProjects();
     for (std::shared_ptr<ProjectItem>& project : projects) {
-        if (auto tree = StoredProject::tree(*project)) {
+        if (auto tree = structureTree(*project)) {
             project = std::move(tree);
         }
     }
@@ -166,13 +162,9 @@ void EditorContainerController::projectNavigation(
         m_commonController->displayProjectSettings(project);
         break;
     case FileType::text:
-        m_commonController->displayEditorController(itemSelected, project);
-        break;
     case FileType::palette:
-        m_commonController->displayPaletteEditor(itemSelected, project);
-        break;
     case FileType::graphics:
-        m_commonController->displayGraphicsEditor(itemSelected, project);
+        m_commonController->displayFile(itemSelected, project);
         break;
     case FileType::empty:
         break;
@@ -182,8 +174,8 @@ void EditorContainerController::projectNavigation(
     }
 }
 
-/// A message may stand in front of the selected row's pane: an imported file's, say, which is shown
-/// without being selected.
+/// Shows the selected row's pane again if a message hides it, such as that of an imported file,
+/// which is shown without being selected.
 void EditorContainerController::selectedRowWasChosenAgain() {
     if (!m_commonController ||
         m_commonController->currentWidget() != m_commonController->emptyController) {
@@ -239,8 +231,8 @@ void EditorContainerController::reloadControllers() {
     }
 }
 
-/// Whether a new node has a place beside or in what is selected. It has none beside a root that is
-/// neither project nor group.
+/// Whether a new node can be inserted at the selected row: not at a root that is neither a project
+/// nor a group.
 bool EditorContainerController::canInsert() const {
     const std::shared_ptr<ProjectItem> selected =
         m_projectNavigationController ? m_projectNavigationController->selectedItem() : nullptr;
@@ -286,7 +278,7 @@ void EditorContainerController::fileWasMade(const std::shared_ptr<ProjectItem>& 
 
 bool EditorContainerController::createNewFile(const std::shared_ptr<ProjectItem>& newItem,
                                               const std::shared_ptr<ProjectItem>& currentProject) {
-    return newItem && currentProject && NewFileWriter::create(newItem, *currentProject);
+    return newItem && currentProject && writeNewFile(newItem, *currentProject);
 }
 
 void EditorContainerController::addItemToBuildSettingsAndNavigationController(
@@ -336,7 +328,7 @@ void EditorContainerController::addNewGroup() {
     }
 }
 
-/// Without a parent a node would be taken for a project of its own, with files of its own.
+/// Saves the structure after setting a missing parent: a node without one would count as a project.
 void EditorContainerController::saveWithContainerAsParent(
     const std::shared_ptr<ProjectItem>& inserted) {
     const std::shared_ptr<ProjectItem> container =
@@ -370,7 +362,7 @@ bool EditorContainerController::addProjectToEditor(const std::shared_ptr<Project
     }
     if (const auto present =
             findSameProject(m_projectNavigationController->allItems(), *newProject)) {
-        // One that lost its project file gets a new one, below "Kestrel" like any other.
+        // A missing project file is created again, below "Kestrel" as always.
         if (!existsAt(projectFileLocation(present->itemPath(), present->itemName()))) {
             if (!FileProcessor::createFilesForNewProject(present)) {
                 return false;
@@ -380,19 +372,18 @@ bool EditorContainerController::addProjectToEditor(const std::shared_ptr<Project
         const bool wasSelected = m_projectNavigationController->selectedItem() == present;
         m_projectNavigationController->select(present);
         if (wasSelected) {
-            selectedRowWasChosenAgain(); // from behind the message that its file is gone
+            selectedRowWasChosenAgain(); // hides the message that its file is missing
         }
         return true;
     }
     if (!FileProcessor::createFilesForNewProject(newProject)) {
         return false;
     }
-    StoredProject::uniteWith(newProject);
+    uniteWithStructureFile(newProject);
     NESBuildSettings settings(newProject);
     m_projectNavigationController->add(newProject);
     settings.addNewFile(newProject);
-    return StoredProject::isRegistered(*newProject) ||
-           FileProcessor::saveToRecentlyConfiguredProjects(newProject);
+    return isRegistered(*newProject) || FileProcessor::saveToRecentlyConfiguredProjects(newProject);
 }
 
 void EditorContainerController::delete_() {
@@ -423,7 +414,7 @@ void EditorContainerController::undoDelete() {
 
 void EditorContainerController::saveProjectStructure() {
     if (const std::shared_ptr<ProjectItem> project = selectedProject()) {
-        StructureFile::save(*project);
+        saveStructure(*project);
     }
 }
 

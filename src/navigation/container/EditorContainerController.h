@@ -27,84 +27,83 @@ class CreateNewFileController;
 class CreateNewProjectController;
 class ProjectNavigationController;
 
-/// Holds the navigation tree on the left and the editor panes on the right: loads the projects,
-/// turns a selected node into the pane that is shown, and carries out the project commands. Sheets
-/// open on the window that it stands in, whichever window is in front.
-///
-/// To be used on the user-interface thread.
+/// The navigation tree on the left and the editor panes on the right. Loads the projects, shows the
+/// pane for the selected node, and carries out the project commands. Its sheets open on its own
+/// window, even when another one is in front. User-interface thread only.
 class EditorContainerController : public QWidget,
                                   public ProjectNavigationDelegate,
                                   public ProjectSettingsDataSource {
     Q_OBJECT
 
 public:
-    /// `centre` is where the commands arrive from, and must outlive the container.
+    /// The commands are posted to `centre`, which must outlive the container.
     explicit EditorContainerController(
         NotificationCentre& centre = NotificationCentre::defaultCentre(),
         QWidget* parent = nullptr);
     ~EditorContainerController() override;
 
-    /// A dictionary for whoever needs one; the container neither reads nor fills it.
+    /// A dictionary for other code; the container neither reads nor fills it.
     static std::map<std::string, std::any>& projectDirectory();
 
-    /// Takes tree and panes from the children of a split view; anything else is ignored. The
-    /// constructor does so with its own.
+    /// Uses the tree and the panes among the children of a split view; ignores anything else. The
+    /// constructor calls it with its own split view.
     void prepare(QWidget* destination);
 
-    /// Loads the registered projects into the tree and begins to observe commands and the
-    /// application's state. To be called once, before the container is shown.
+    /// Loads the registered projects and starts to observe the commands and the application's
+    /// state. To be called once, before the container is shown.
     void viewDidLoad();
 
     ProjectNavigationController* projectNavigationController() const;
     CommonEditorControllers* commonController() const;
 
-    /// The latest requests, running or not; null before the first.
+    /// The latest requests, running or not; nullptr before the first.
     CreateNewFileController* newFileController() const { return m_newFileController.get(); }
     CreateNewProjectController* newProjectController() const {
         return m_newProjectController.get();
     }
 
-    /// Replaces how a file to import is asked for; for tests.
+    /// Replaces the panel that asks for a file to import; for tests.
     void setFilePanel(FilePanel filePanel);
 
     void projectNavigation(const std::shared_ptr<ProjectItem>& itemSelected) override;
     void projectNavigationMenuSelected(const std::any& object);
 
-    /// Writes the file of a new node; see NewFileWriter.
+    /// Writes the file of a new node; see writeNewFile.
     bool createNewFile(const std::shared_ptr<ProjectItem>& newItem,
                        const std::shared_ptr<ProjectItem>& currentProject);
 
-    /// Writes the file of a new node and, when that succeeded, adds it to tree and build settings.
+    /// Writes the file of a new node and, if that succeeds, adds the node to the tree and the build
+    /// settings.
     void addItemToBuildSettingsAndNavigationController(const std::shared_ptr<ProjectItem>& newItem,
                                                        const std::shared_ptr<ProjectItem>& project);
 
-    /// Lays a project out on disk, puts it on top of the tree and into the registry; what a
-    /// structure file there holds already becomes part of it. A project that the tree has already
-    /// is selected instead. True when it is in the registry afterwards.
+    /// Creates a project's files and adds it to the tree and the registry; adopts the nodes of an
+    /// existing structure file. If the tree already has the project, only selects it. True when the
+    /// project is then in the registry.
     bool addProjectToEditor(const std::shared_ptr<ProjectItem>& newProject);
 
     void updatedFileType() override;
 
-    /// Carries `action` out at once, or, while a sheet is open on the window, after it has ended.
-    /// Actions keep their order; those that still wait when the container goes are dropped.
+    /// Calls `action` at once or, while a sheet is open on the window, after it has closed. Actions
+    /// keep their order; the container's destructor drops waiting ones.
     void whenNoSheetIsOpen(std::function<void()> action);
 
-    /// Whether there is a deletion to be undone.
+    /// Whether there is a deletion to undo.
     bool canUndoDelete() const { return !m_deletions.empty(); }
 
-    // The project commands, callable by name, too. Each does nothing when what it needs is not
-    // selected, and those that ask something do nothing while a sheet is open.
+    // The project commands, also callable by name. Each does nothing without the selection that it
+    // needs; those that open a sheet do nothing while one is open.
     Q_INVOKABLE void addNewFile();
     Q_INVOKABLE void importFile();
     Q_INVOKABLE void addNewGroup();
     Q_INVOKABLE void newProject();
     /// Deletes without asking; the files stay on disk.
     Q_INVOKABLE void delete_();
-    /// Brings back what the last deletion took that has not been brought back yet.
+    /// Undoes the latest deletion that has not been undone.
     void undoDelete();
 
-    /// Shows the rows as the nodes and the disk are now, and says so when the project shown is gone
-    /// from disk or there is none.
+    /// Updates the rows and checks again which files exist. Shows a message when the current
+    /// project's file is missing or there is no current project.
     void reloadControllers();
 
     /// Writes the structure file of the selected project.
@@ -133,7 +132,7 @@ private:
     ShownPane m_shownPane;
     std::vector<ProjectItemDeletion> m_deletions;
     SheetQueue m_afterSheets{*this};
-    NotificationCentre::Connection m_commands; ///< the last to be made, the first to go
+    NotificationCentre::Connection m_commands; ///< declared last: destroyed first
 };
 
 } // namespace kestrel

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "navigation/container/NewFileWriter.h"
 
+#include "build/SourceLocation.h"
 #include "chrcanvas/data/ConsoleDataFactory.h"
 #include "model/FileProcessor.h"
 #include "model/Paths.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <system_error>
 
@@ -18,7 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t PaletteFileSize = 32;
 
-/// `location` with "~" appended until nothing has that name; nothing when the name grows too long.
+/// `location` with "~" appended until the name is free; nothing when the name gets too long.
 std::optional<fs::path> freeNameBeside(const fs::path& location) {
     fs::path name = location;
     while (true) {
@@ -34,8 +37,7 @@ std::optional<fs::path> freeNameBeside(const fs::path& location) {
     }
 }
 
-/// A file that stands where a new one is to be written, kept under another name until it is known
-/// whether the new one was written.
+/// A copy of the existing file, if any, at the path of a new one.
 class KeptFile {
 public:
     explicit KeptFile(const fs::path& location) {
@@ -55,10 +57,10 @@ public:
         }
     }
 
-    /// Whether nothing would be lost by writing at the location.
+    /// True when a copy was made or no file existed.
     bool isKept() const { return m_kept; }
 
-    /// Removes the copy: the file itself is still there.
+    /// Removes the copy, because the file was not replaced.
     void discard() {
         std::error_code error;
         if (!m_copy.empty()) {
@@ -89,22 +91,8 @@ bool saveData(const fs::path& location, std::string_view data) {
 
 } // namespace
 
-std::optional<fs::path> NewFileWriter::folderOf(const ProjectItem& newItem,
-                                                const ProjectItem& currentProject) {
-    switch (newItem.itemPathType()) {
-    case FilePathType::absolute:
-        return newItem.itemPath();
-    case FilePathType::relative:
-        return joined(currentProject.itemPath(), pathText(newItem.itemPath()));
-    case FilePathType::noPath:
-        break;
-    }
-    return std::nullopt;
-}
-
-bool NewFileWriter::create(const std::shared_ptr<ProjectItem>& newItem,
-                           const ProjectItem& currentProject) {
-    const auto folder = folderOf(*newItem, currentProject);
+bool writeNewFile(const std::shared_ptr<ProjectItem>& newItem, const ProjectItem& currentProject) {
+    const auto folder = sourceFolder(*newItem, currentProject.itemPath());
     if (!folder) {
         return false;
     }

@@ -36,7 +36,7 @@ ProjectItemDeletion::carryOut(ProjectNavigationController& tree) {
     }
     deletion.removeFromBuildSettings(item);
     deletion.m_removed = tree.delete_();
-    StructureFile::save(*deletion.m_project);
+    saveStructure(*deletion.m_project);
     return deletion;
 }
 
@@ -85,7 +85,7 @@ std::shared_ptr<ProjectItem> ProjectItemDeletion::undo(ProjectNavigationControll
         return nullptr;
     }
     putBackIntoBuildSettings();
-    StructureFile::save(*m_project);
+    saveStructure(*m_project);
     return m_removed.front().node;
 }
 

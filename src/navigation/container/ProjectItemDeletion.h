@@ -13,18 +13,17 @@ namespace kestrel {
 
 class ProjectNavigationController;
 
-/// One deletion from the navigation tree and from the files that list the node, which can be
-/// undone. The node's own file is never touched.
+/// A deletion of a node from the tree and the configuration files, which can be undone. The node's
+/// own file stays.
 class ProjectItemDeletion {
 public:
-    /// Deletes the node of the selected row: a project from the registry, any other node from the
-    /// structure and the build settings of the current project. Everything is saved when this
-    /// returns, and the tree has not reported the new selection yet. Nothing when there is nothing
-    /// to delete.
+    /// Deletes the node of the selected row, a project from the registry, any other node from the
+    /// structure and the build settings of the current project, and saves. The tree does not report
+    /// the new selection yet. Returns nothing when no deletable row is selected.
     static std::optional<ProjectItemDeletion> carryOut(ProjectNavigationController& tree);
 
-    /// Puts back what was deleted and saves. Gives the node to select: the one that came back, or
-    /// the project that was added again meanwhile; nothing when its place is no longer shown.
+    /// Restores what was deleted and saves. Returns the node to select: the restored one, or the
+    /// project if it was added again in the meantime; nullptr when its container is gone.
     std::shared_ptr<ProjectItem> undo(ProjectNavigationController& tree) const;
 
 private:
@@ -35,9 +34,9 @@ private:
     std::shared_ptr<ProjectItem> undoProjects(ProjectNavigationController& tree) const;
 
     std::vector<RemovedItem> m_removed;
-    std::shared_ptr<ProjectItem> m_project;       ///< of the node; nothing where projects went
-    std::shared_ptr<ProjectItem> m_settingsEntry; ///< what went from the build settings, if any
-    std::size_t m_settingsPlace = 0;              ///< where it stood in the list of its kind
+    std::shared_ptr<ProjectItem> m_project;       ///< of the node; nullptr if projects were deleted
+    std::shared_ptr<ProjectItem> m_settingsEntry; ///< removed from the build settings; may be null
+    std::size_t m_settingsPlace = 0;              ///< its index in the list of its kind
 };
 
 } // namespace kestrel

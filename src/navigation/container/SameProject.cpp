@@ -13,7 +13,7 @@ namespace {
 bool isSameFolder(const std::filesystem::path& one, const std::filesystem::path& other) {
     std::error_code unreadable;
     return pathText(one) == pathText(other) ||
-           std::filesystem::equivalent(one, other, unreadable); // by way of a link
+           std::filesystem::equivalent(one, other, unreadable); // when one is a link
 }
 
 } // namespace

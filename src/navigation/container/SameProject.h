@@ -7,13 +7,13 @@
 
 namespace kestrel {
 
-/// The project among `projects` that stands for the same one on disk as `project`: of the same name
-/// in the same folder, and so with the same files. Nothing when there is none.
+/// The project in `projects` with the name and the folder, and so the files, of `project`; nullptr
+/// when there is none.
 std::shared_ptr<ProjectItem> findSameProject(const ProjectItems& projects,
                                              const ProjectItem& project);
 
-/// Lets all rows of a project that the registry lists twice show the same nodes: two trees over one
-/// structure file would overwrite each other's changes.
+/// Gives a project that the registry lists twice one tree: two trees of one structure file would
+/// overwrite each other's changes.
 void shareRepeatedProjects(ProjectItems& projects);
 
 } // namespace kestrel

@@ -12,16 +12,15 @@ namespace kestrel {
 
 class CommonEditorControllers;
 
-/// Remembers which pane was shown for the selected node, so that it can come back from behind a
-/// message as it was, with what was typed in it (the palette pane reads its file whenever it is
-/// shown).
+/// Remembers the pane that was shown for the selected node, so that it can be shown again after a
+/// message without loading, which would lose what was typed. (The palette pane always reloads.)
 class ShownPane {
 public:
-    /// To be called when `panes` was asked to show the selected node.
+    /// To be called after `panes` has shown the selected node.
     void noteSelection(const std::shared_ptr<ProjectItem>& item, CommonEditorControllers& panes);
 
-    /// Shows the pane of `item` again without loading anything, or says that its file is gone.
-    /// False, with nothing done, when no pane was shown for it.
+    /// Shows the pane of `item` again without loading, or a message when its file is missing.
+    /// Returns false and does nothing when no pane was shown for it.
     bool comeBack(const std::shared_ptr<ProjectItem>& item,
                   const std::shared_ptr<ProjectItem>& project,
                   CommonEditorControllers& panes) const;

@@ -2,9 +2,11 @@
 #include "navigation/tree/Menu.h"
 
 #include "navigation/tree/NotificationCentre.h"
+#include "navigation/tree/OutlineView.h"
 #include "navigation/tree/ProjectCommand.h"
 
 #include <any>
+#include <utility>
 
 namespace kestrel {
 
@@ -13,43 +15,55 @@ Menu::Menu(NotificationCentre& centre, QWidget* parent)
     , m_centre(centre) {
     setObjectName(QStringLiteral("projectNavigationMenu"));
     setAccessibleName(tr("Project commands"));
-    for (const ProjectCommand& command : projectCommands()) {
-        auto* action = new QAction(tr(command.title.data()), this);
-        action->setObjectName(command.id);
-        action->setShortcut(command.shortcut);
-        action->setShortcutVisibleInContextMenu(true);
-        // A command is carried out once however long its keys are held.
-        action->setAutoRepeat(false);
-        const ProjectNavigationMenuClickedOptions option = command.option;
-        // Not with the menu as receiver: a menu cuts all connections of an action taken out of it.
-        connect(action, &QAction::triggered, action, [this, option] {
-            switch (option) {
-            case ProjectNavigationMenuClickedOptions::newFile:
-                return newFile();
-            case ProjectNavigationMenuClickedOptions::importFile:
-                return importFile();
-            case ProjectNavigationMenuClickedOptions::newGroup:
-                return addGroup();
-            case ProjectNavigationMenuClickedOptions::newProject:
-                return addNewProject();
-            case ProjectNavigationMenuClickedOptions::delete_:
-                return delete_();
-            }
-        });
-        m_actions.push_back(action);
+    for (const ProjectCommand& row : projectCommands()) {
+        Command command = row.command;
+        command.handler = [this, option = row.option] { carryOut(option); };
+        if (row.option == ProjectNavigationMenuClickedOptions::delete_) {
+            m_delete = makeAction(command, *this);
+        } else {
+            m_commands.add(std::move(command));
+        }
+        action(row.option)->setShortcutVisibleInContextMenu(true);
     }
-    // In the menu bar, too, Delete acts only for the widget that it was added to: the tree.
-    action(ProjectNavigationMenuClickedOptions::delete_)->setShortcutContext(Qt::WidgetShortcut);
+    // The key belongs to the other Delete, and acts only in the widget that has that one: the tree.
+    // In the context menu it is only shown.
+    Command inSight = deleteRowInSightCommand();
+    inSight.handler = [this] { deleteRowInSight(); };
+    m_deleteRowInSight = m_commands.add(std::move(inSight));
+    m_deleteRowInSight->setShortcutVisibleInContextMenu(true);
     setRowSelected(false, false);
 }
 
+void Menu::carryOut(ProjectNavigationMenuClickedOptions option) {
+    switch (option) {
+    case ProjectNavigationMenuClickedOptions::newFile:
+        return newFile();
+    case ProjectNavigationMenuClickedOptions::importFile:
+        return importFile();
+    case ProjectNavigationMenuClickedOptions::newGroup:
+        return addGroup();
+    case ProjectNavigationMenuClickedOptions::newProject:
+        return addNewProject();
+    case ProjectNavigationMenuClickedOptions::delete_:
+        return delete_();
+    }
+}
+
 QAction* Menu::action(ProjectNavigationMenuClickedOptions option) const {
-    const auto& commands = projectCommands();
+    if (option == ProjectNavigationMenuClickedOptions::delete_) {
+        return m_delete;
+    }
+    const auto& rows = projectCommands();
     std::size_t place = 0;
-    while (commands.at(place).option != option) {
+    while (rows.at(place).option != option) {
         ++place;
     }
-    return m_actions.at(place);
+    return m_commands.action(rows.at(place).command.id);
+}
+
+void Menu::setOutlineView(OutlineView* outlineView) {
+    m_outlineView = outlineView;
+    outlineView->addAction(m_deleteRowInSight);
 }
 
 void Menu::setRowSelected(bool selected, bool deletable) {
@@ -57,6 +71,7 @@ void Menu::setRowSelected(bool selected, bool deletable) {
         action(command.option)->setEnabled(selected || !command.needsSelectedRow);
     }
     action(ProjectNavigationMenuClickedOptions::delete_)->setEnabled(selected && deletable);
+    m_deleteRowInSight->setEnabled(selected && deletable);
 }
 
 void Menu::popupFor(bool onRow, const QPoint& globalPosition) {
@@ -80,6 +95,16 @@ void Menu::popupFor(bool onRow, const QPoint& globalPosition) {
         addAction(action(command.option));
     }
     popup(globalPosition);
+}
+
+/// Does not delete a row that is not visible, which the user may not mean: scrolls to it instead.
+void Menu::deleteRowInSight() {
+    const QModelIndex row = m_outlineView ? m_outlineView->selectedIndex() : QModelIndex();
+    if (row.isValid() && !m_outlineView->isInSight(row)) {
+        m_outlineView->scrollTo(row);
+    } else {
+        delete_();
+    }
 }
 
 void Menu::newFile() {

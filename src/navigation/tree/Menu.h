@@ -2,19 +2,19 @@
 #pragma once
 
 #include "navigation/tree/ProjectNavigationMenuClickedOptions.h"
+#include "widgets/CommandSet.h"
 
-#include <QAction>
 #include <QMenu>
-
-#include <vector>
+#include <QPointer>
 
 namespace kestrel {
 
 class NotificationCentre;
+class OutlineView;
 
-/// The navigation tree's context menu. Its entries do nothing themselves: each posts
-/// ProjectNavigationMenuClicked with the command's ProjectNavigationMenuClickedOptions. The actions
-/// live as long as the menu and may stand in other menus, too.
+/// The navigation tree's context menu. Each entry posts ProjectNavigationMenuClicked with its
+/// command's ProjectNavigationMenuClickedOptions. The menu owns the actions; other menus may use
+/// them too, except Delete, which has a second action for them and for the key.
 class Menu : public QMenu {
     Q_OBJECT
 
@@ -22,18 +22,25 @@ public:
     /// `centre` must outlive the menu.
     explicit Menu(NotificationCentre& centre, QWidget* parent = nullptr);
 
-    /// The action of a command, with its title, shortcut and present state.
+    /// The action of a command.
     QAction* action(ProjectNavigationMenuClickedOptions option) const;
 
-    /// Enables the commands for a tree with or without a selected row; `deletable`: that row can be
-    /// deleted.
+    /// The commands as the menu bar has them, in the order of projectCommands(). Its Delete, which
+    /// the key has, too, posts only when the selected row is visible, and else scrolls to it.
+    const CommandSet& commands() const { return m_commands; }
+
+    /// Sets the view whose selected row the commands apply to. It gets the key of Delete.
+    void setOutlineView(OutlineView* outlineView);
+
+    /// Enables the commands for a tree with or without a selected row. `deletable` is whether that
+    /// row can be deleted.
     void setRowSelected(bool selected, bool deletable);
 
-    /// Opens the menu without waiting: on a row with every command, elsewhere with those that need
-    /// no row.
+    /// Opens the menu without waiting for its end, with every command on a row, else with those
+    /// that need no row.
     void popupFor(bool onRow, const QPoint& globalPosition);
 
-    /// Each posts its command.
+    /// Post the commands.
     void newFile();
     void importFile();
     void addGroup();
@@ -41,10 +48,15 @@ public:
     void addNewProject();
 
 private:
+    void carryOut(ProjectNavigationMenuClickedOptions option);
+    void deleteRowInSight();
     void post(ProjectNavigationMenuClickedOptions option);
 
     NotificationCentre& m_centre;
-    std::vector<QAction*> m_actions; ///< in the order of projectCommands()
+    CommandSet m_commands{*this};
+    QAction* m_delete = nullptr; ///< the context menu's own
+    QAction* m_deleteRowInSight = nullptr;
+    QPointer<OutlineView> m_outlineView;
 };
 
 } // namespace kestrel

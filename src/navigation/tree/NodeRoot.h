@@ -7,8 +7,8 @@
 
 namespace kestrel {
 
-/// The root of the tree that a node belongs to: the node reached by following `parent` as far as it
-/// goes, which is the node itself when it has no parent. Nothing for no node.
+/// The root of a node's tree: the node without a parent that following `parent` leads to. Returns
+/// nullptr for nullptr.
 inline std::shared_ptr<ProjectItem> findParentFromItem(std::shared_ptr<ProjectItem> item) {
     while (item) {
         std::shared_ptr<ProjectItem> parent = item->parent();

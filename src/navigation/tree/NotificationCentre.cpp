@@ -7,12 +7,14 @@
 
 namespace kestrel {
 
+/// One registered callback.
 struct NotificationCentre::Observer {
     std::string name;
     Callback callback;
     bool active = true;
 };
 
+/// The registered observers, in order.
 struct NotificationCentre::State {
     std::vector<std::shared_ptr<Observer>> observers;
 };

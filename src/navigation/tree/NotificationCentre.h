@@ -9,19 +9,17 @@
 
 namespace kestrel {
 
-/// Delivers named notifications from parts of the window that do not know each other to whoever
-/// observes the name: at once, on the posting thread, in the order of registration. To be used on
-/// the user-interface thread only.
+/// Delivers a posted notification to all observers of its name, synchronously and in the order of
+/// registration. For parts of the window that do not know each other; user-interface thread only.
 class NotificationCentre {
     struct Observer;
     struct State;
 
 public:
-    /// What an observer is called with: whatever the sender attached.
+    /// Called with the object that was posted.
     using Callback = std::function<void(const std::any& object)>;
 
-    /// Keeps a registration alive; the callback is never called again once this is gone or reset.
-    /// May outlive the centre.
+    /// A registration, which ends when this is destroyed or reset. May outlive the centre.
     class Connection {
     public:
         Connection() = default;
@@ -44,23 +42,22 @@ public:
     NotificationCentre(const NotificationCentre&) = delete;
     NotificationCentre& operator=(const NotificationCentre&) = delete;
 
-    /// The application's own centre.
+    /// The application's default centre.
     static NotificationCentre& defaultCentre();
 
-    /// Calls `callback` for each notification posted as `name` until the connection goes.
+    /// Calls `callback` for each notification with this name until the connection ends.
     [[nodiscard]] Connection observe(std::string name, Callback callback);
 
-    /// Calls every observer of `name`. Observers may post, register and unregister meanwhile: one
-    /// that is registered during a delivery does not get that delivery, one that is unregistered
-    /// before its turn is left out.
+    /// Calls every observer of `name`. Observers may post, register and unregister while they are
+    /// called: a new one does not get this notification, nor does one that was unregistered.
     void post(std::string_view name, const std::any& object);
 
 private:
     std::shared_ptr<State> m_state;
 };
 
-/// Posted when an entry of the navigation tree's context menu is chosen; the object is a
-/// ProjectNavigationMenuClickedOptions.
+/// Posted when an entry of the navigation tree's context menu is chosen, with a
+/// ProjectNavigationMenuClickedOptions as the object.
 inline constexpr std::string_view ProjectNavigationMenuClicked = "ProjectNavigationMenuClicked";
 
 } // namespace kestrel

@@ -26,12 +26,14 @@ OutlineView::OutlineView(QWidget* parent)
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollMode(ScrollPerPixel);
-    // Some ways to expand (the recursive one) pass over the flag; whatever expands, closes again.
+    // Recursive expansion ignores the flag, so such a row is collapsed again.
     connect(this, &QTreeView::expanded, this, [this](const QModelIndex& index) {
         if (index.flags().testFlag(Qt::ItemNeverHasChildren)) {
             collapse(index);
         }
     });
+    // Hidden rows need no width.
+    connect(this, &QTreeView::collapsed, this, [this] { m_widestRow = 0; });
     connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) {
         if (m_pressedOnSelectedRow && index == selectedIndex()) {
             Q_EMIT selectedRowChosenAgain();
@@ -71,7 +73,7 @@ void OutlineView::paintEvent(QPaintEvent* event) {
     }
     constexpr int Margin = 16;
     QPainter painter(viewport());
-    // Half way between text and background, as a placeholder; readable on both kinds of theme.
+    // Halfway between text and background colour, as a placeholder; readable in every theme.
     QColor colour = palette().color(QPalette::Text);
     colour.setAlphaF(0.65F);
     painter.setPen(colour);
@@ -79,7 +81,7 @@ void OutlineView::paintEvent(QPaintEvent* event) {
                      Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, m_emptyText);
 }
 
-/// How many visible rows the row itself and what is shown below it take, at most `limit`.
+/// The number of visible rows of a row and everything shown below it, at most `limit`.
 int OutlineView::visibleRowsWithin(const QModelIndex& index, int limit) const {
     int count = 0;
     std::vector<QModelIndex> waiting{index};
@@ -120,6 +122,12 @@ int OutlineView::rowForIndex(const QModelIndex& index) const {
     return row;
 }
 
+bool OutlineView::isInSight(const QModelIndex& index) const {
+    const QRect row = visualRect(index);
+    const QRect name(row.left(), row.center().y(), sizeHintForIndex(index).width(), 1);
+    return row.isValid() && viewport()->rect().intersects(name);
+}
+
 QModelIndex OutlineView::indexAtRow(int row) const {
     if (row < 0 || model() == nullptr) {
         return {};
@@ -153,7 +161,7 @@ void OutlineView::expandWhole(const QModelIndex& index) {
             waiting.push_back(model()->index(i, 0, row));
         }
         if (row.isValid() && model()->rowCount(row) > 0 && !isExpanded(row)) {
-            // The layout is put off, so that a deep tree is laid out once and not once a level.
+            // Delays the layout, so that a deep tree is laid out once and not once per level.
             scheduleDelayedItemsLayout();
             expand(row);
         }
@@ -167,14 +175,14 @@ void OutlineView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (!row.isValid()) {
         return;
     }
-    // A row counts as shown when its triangle and the start of its name are: with a deep tree the
-    // one column is far wider than the view.
+    // Scrolls to the triangle and the start of the name only: with a deep tree the column is far
+    // wider than the view, and the rest of a long name would hide the triangles of other rows.
     const int left = row.left() - indentation() + horizontalScrollBar()->value();
     const int right =
-        left + std::min(indentation() + sizeHintForIndex(index).width(), viewport()->width());
+        left + std::min(indentation() + sizeHintForIndex(index).width(), viewport()->width() / 2);
     const int highest = std::max(left, 0);
-    const int lowest = std::min(right - viewport()->width(), highest);
-    horizontalScrollBar()->setValue(std::clamp(before, lowest, highest));
+    const int lowest = std::clamp(right - viewport()->width(), 0, highest);
+    horizontalScrollBar()->setValue(before < lowest || before > highest ? lowest : before);
 }
 
 void OutlineView::contextMenuEvent(QContextMenuEvent* event) {
@@ -223,35 +231,38 @@ void OutlineView::mousePressEvent(QMouseEvent* event) {
 void OutlineView::scrollContentsBy(int dx, int dy) {
     QTreeView::scrollContentsBy(dx, dy);
     if (dy != 0) {
-        fitColumn(false);
+        fitColumn();
     }
 }
 
+void OutlineView::doItemsLayout() {
+    m_widestRow = 0;
+    QTreeView::doItemsLayout();
+}
+
 void OutlineView::updateGeometries() {
-    fitColumn(true);
+    fitColumn();
     QTreeView::updateGeometries();
 }
 
-/// Makes the column as wide as the view and as the rows that are in sight, so that deep rows can be
-/// reached by scrolling sideways.
-void OutlineView::fitColumn(bool mayShrink) {
+/// Makes the column at least as wide as the view and the widest row visible since rows were last
+/// removed, so that one can scroll sideways to deep rows. With the rows visible now it could go on
+/// forever: the horizontal scroll bar hides the lowest row, without which no bar may be needed,
+/// which shows that row again.
+void OutlineView::fitColumn() {
     if (m_fittingColumn || header()->count() == 0) {
         return;
     }
     m_fittingColumn = true;
-    const int old = header()->sectionSize(0);
-    int width = std::max(viewport()->width(), sizeHintForColumn(0));
-    if (!mayShrink) {
-        width = std::max(width, old);
-    }
-    if (width != old) {
-        header()->resizeSection(0, width);
-    }
+    const int widestInSight = sizeHintForColumn(0);
+    m_widestRow = std::max(m_widestRow, widestInSight);
+    header()->resizeSection(0, std::max(viewport()->width(), m_widestRow));
     m_fittingColumn = false;
 }
 
-/// The base class draws no triangle for what is expanded and has no rows (an empty group), nor for
-/// what never expands; and it draws every ancestor's column of a deep row, in sight or not.
+/// Draws the triangles of an expanded container without rows (an empty group) and of rows that
+/// never expand, which the base class leaves out, and only the visible part of a deep row's
+/// branches.
 void OutlineView::drawBranches(QPainter* painter, const QRect& rect,
                                const QModelIndex& index) const {
     QStyleOptionViewItem option;

@@ -5,50 +5,53 @@
 
 namespace kestrel {
 
-/// The outline view: a tree view of one column that can be asked in row numbers (visible rows,
-/// counted from 0 at the top), whose rows stay readable however deep they lie, and that asks for
-/// the context menu by keyboard too. Rows flagged Qt::ItemNeverHasChildren never expand, even
-/// where the model gives them a disclosure triangle.
+/// A tree view of one column that numbers its visible rows from 0 at the top, keeps deep rows
+/// readable, and opens the context menu by keyboard too. Rows with Qt::ItemNeverHasChildren never
+/// expand, even if the model gives them a disclosure triangle.
 class OutlineView : public QTreeView {
     Q_OBJECT
 
 public:
     explicit OutlineView(QWidget* parent = nullptr);
 
-    /// The selected row, also while it is hidden in a collapsed container; invalid without one.
+    /// The selected row, even if a collapsed container hides it; invalid without one.
     QModelIndex selectedIndex() const;
 
-    /// Selects exactly this row and makes it the current one.
+    /// Selects this row only and makes it the current one.
     void selectIndex(const QModelIndex& index);
 
-    /// The number of the selected row; -1 without one or while it is hidden.
+    /// The number of the selected row; -1 when there is none or it is hidden.
     int selectedRow() const;
 
-    /// The visible row of this number; invalid when there is none.
+    /// The visible row with this number; invalid when there is none.
     QModelIndex indexAtRow(int row) const;
 
-    /// The number of a row; -1 when it is invalid or hidden in a collapsed container.
+    /// The number of a row; -1 when it is invalid or a collapsed container hides it.
     int rowForIndex(const QModelIndex& index) const;
 
-    /// How many visible rows a child is below its parent's row, as if the parent were expanded: 1
-    /// for the first child. Counting ends at `limit`.
+    /// Whether any part of a row's name is visible: not in a collapsed container and not scrolled
+    /// out of view.
+    bool isInSight(const QModelIndex& index) const;
+
+    /// The number of visible rows from a parent's row to its child, as if the parent were expanded:
+    /// 1 for the first child. At most `limit`.
     int rowsBelowParent(const QModelIndex& index, int limit) const;
 
     /// Expands `index` and every container below it.
     void expandWhole(const QModelIndex& index);
 
-    /// A hint to show while there are no rows; none at first. Also the view's accessible
-    /// description.
+    /// Sets the text that is shown while there are no rows; also the accessible description.
     void setEmptyText(const QString& text);
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    void doItemsLayout() override;
 
 Q_SIGNALS:
-    /// A context menu is wanted at `position` (in the viewport) for `index`, the row under the
-    /// pointer or, by keyboard, the selected one; invalid on the empty area.
+    /// The user asks for a context menu at `position` (in the viewport). `index` is the row under
+    /// the pointer or, by keyboard, the selected one; invalid on the empty area.
     void contextMenuWanted(const QModelIndex& index, const QPoint& position);
 
-    /// The row that is selected already was clicked, or Return was pressed on it.
+    /// The selected row was clicked again, or Return was pressed on it.
     void selectedRowChosenAgain();
 
 protected:
@@ -64,11 +67,12 @@ protected:
 private:
     int visibleRowsWithin(const QModelIndex& index, int limit) const;
     void wantContextMenuByKeyboard();
-    void fitColumn(bool mayShrink);
+    void fitColumn();
 
     QString m_emptyText;
     bool m_fittingColumn = false;
-    bool m_pressedOnSelectedRow = false; ///< where the left button went down last
+    int m_widestRow = 0;                 ///< of those visible since rows were last removed
+    bool m_pressedOnSelectedRow = false; ///< the last press of the left button
 };
 
 } // namespace kestrel

@@ -26,7 +26,7 @@ namespace {
 
 constexpr std::string_view NoOutlineView = "NSOutlineView not set for ProjectNavigationController";
 
-/// Marks a caller's mistake that nothing a user does can bring about.
+/// For a bug in the calling code, which no user action can cause.
 void programmingFault(const char* what) {
     writeLog(what);
     Q_ASSERT_X(false, "ProjectNavigationController", what);
@@ -84,7 +84,7 @@ ProjectNavigationController::ProjectNavigationController(NotificationCentre* cen
 }
 
 ProjectNavigationController::~ProjectNavigationController() {
-    // The view's parts go one by one; what they report meanwhile is nobody's selection.
+    // Ignores selection changes while the view's parts are destroyed.
     m_selectionHeld = true;
 }
 
@@ -110,7 +110,7 @@ void ProjectNavigationController::setOutlineView(OutlineView* outlineView) {
     connect(outlineView, &OutlineView::selectedRowChosenAgain, this,
             &ProjectNavigationController::selectedRowChosenAgain);
     if (m_menu != nullptr) {
-        outlineView->addAction(m_menu->action(ProjectNavigationMenuClickedOptions::delete_));
+        m_menu->setOutlineView(outlineView);
         connect(outlineView, &OutlineView::contextMenuWanted, this,
                 &ProjectNavigationController::showMenu);
         outlineView->setEmptyText(
@@ -188,7 +188,7 @@ bool ProjectNavigationController::add(const std::shared_ptr<ProjectItem>& newPro
         ProjectItems& items = selected->subItems();
         items.insert(items.begin(), newProjectItem);
     }
-    // What is inserted stands below the selected row, so that the row keeps its number.
+    // The new row is below the selected one, which so keeps its number.
     reload();
     return true;
 }
@@ -220,8 +220,8 @@ std::vector<RemovedItem> ProjectNavigationController::delete_(std::optional<int>
     }
     const std::shared_ptr<ProjectItem> container = m_model->item(index.parent());
     if (isProject(item)) {
-        // The places are those before anything was removed. Where two projects share a name, the
-        // second removal therefore hits the one after; a place past the end removes nothing.
+        // The positions are from before any removal. With two projects of one name the second
+        // removal therefore removes the one after; a position past the end removes nothing.
         const ProjectItems before = m_allItems;
         for (std::size_t place = 0; place < before.size(); ++place) {
             if (before[place]->itemName() == item->itemName() && place < m_allItems.size()) {
@@ -241,7 +241,7 @@ std::vector<RemovedItem> ProjectNavigationController::delete_(std::optional<int>
     }
     reload();
     if (!selectedItem()) {
-        // Should the node come back and be selected, it is to be shown again.
+        // If the node is restored and selected, it is to be reported again.
         m_lastReported.reset();
     }
     return removed;
@@ -269,7 +269,7 @@ ProjectNavigationController::expandedWithin(const std::shared_ptr<ProjectItem>& 
 
 bool ProjectNavigationController::restore(const std::vector<RemovedItem>& removed) {
     bool all = true;
-    // Backwards: each place was counted when the earlier ones had gone already.
+    // Backwards: each position was counted after the earlier nodes had been removed.
     const std::vector<RemovedItem> backwards(removed.rbegin(), removed.rend());
     for (const RemovedItem& item : backwards) {
         if (item.container && !m_model->indexOf(item.container).isValid()) {
@@ -321,8 +321,8 @@ void ProjectNavigationController::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
 }
 
-/// Makes the rows what the nodes are. What the toolkit selects of its own accord while rows go is
-/// neither kept nor reported.
+/// Updates the rows to the nodes. A selection that Qt makes while rows are removed is neither kept
+/// nor reported.
 void ProjectNavigationController::reload() {
     if (m_outlineView == nullptr) {
         m_model->reload(m_allItems);

@@ -23,100 +23,99 @@ class OutlineView;
 class ProjectNavigationModel;
 class ProjectNavigationRowPainter;
 
-/// The navigation tree: shows the projects, knows what is selected, tells its delegate, and edits
-/// the trees for the project commands. It never touches files; it only looks whether they exist.
-///
-/// To be used on the user-interface thread.
+/// The navigation tree: shows the projects, reports the selection to its delegate, and edits the
+/// trees for the project commands. Of files it only checks whether they exist. User-interface
+/// thread only.
 class ProjectNavigationController : public QWidget {
     Q_OBJECT
 
 public:
-    /// `centre` gets what the context menu asks for and must outlive the tree. Without one the tree
-    /// only shows and selects: it has no context menu and no Delete key, and posts nothing.
+    /// The context menu posts its commands to `centre`, which must outlive the tree. With nullptr
+    /// the tree only shows and selects: it has no context menu and no Delete key.
     explicit ProjectNavigationController(NotificationCentre* centre, QWidget* parent = nullptr);
     ~ProjectNavigationController() override;
 
-    /// The outline view that the tree drives. It is a child of the tree, may go at any time, and
-    /// may be replaced; nothing takes it away.
+    /// The outline view of the tree, its child. It may be replaced, and destroyed at any time;
+    /// nullptr removes it.
     OutlineView* outlineView() const;
     void setOutlineView(OutlineView* outlineView);
 
-    /// Held weakly; nothing is allowed.
+    /// Refers to the delegate weakly; nullptr is allowed.
     void setProjectNavigationDelegate(ProjectNavigationDelegate* delegate);
 
     /// The project roots, top row first.
     const ProjectItems& allItems() const { return m_allItems; }
     void setAllItems(ProjectItems items);
 
-    /// The root of the node last selected; deleting does not clear it.
+    /// The root of the last selected node; deleting does not clear it.
     std::shared_ptr<ProjectItem> currentlySelectedProject() const { return m_selectedProject; }
 
-    /// The node last selected; deleting does not clear it.
+    /// The last selected node; deleting does not clear it.
     std::shared_ptr<ProjectItem> currentlySelectedItem() const { return m_selectedItem; }
 
-    /// The node of the selected row; nothing without a selected row.
+    /// The node of the selected row; nullptr without one.
     std::shared_ptr<ProjectItem> selectedItem() const;
 
-    /// The node under which a node is shown, whatever its `parent` says; nothing for a root and for
-    /// a node that is not shown.
+    /// The node whose row is the parent row of a node's row, whatever the node's `parent` is;
+    /// nullptr for a root and for a node without a row.
     std::shared_ptr<ProjectItem> containerOf(const std::shared_ptr<ProjectItem>& item) const;
 
-    /// Whether the selected row can be deleted: not one that is no project and stands in no
-    /// container, as a damaged structure file can make it.
+    /// Whether the selected row can be deleted. A root that is not a project, from a damaged
+    /// structure file, cannot.
     bool canDelete() const;
 
-    /// Selects the row of this very node, bringing it into sight. False when it is not shown.
+    /// Selects the row of this node object and scrolls to it. False when it has no row.
     bool select(const std::shared_ptr<ProjectItem>& item);
 
-    /// Inserts a node. A project becomes the topmost one and is selected. Any other node goes into
-    /// the selected group, at its end; or into the selected project, as its first; or into the
-    /// container of the selected file, at the place "visible rows between the container's row and
-    /// the selected one" (at most the end). The selected row stays selected. The caller sets the
+    /// Inserts a node. A project becomes the topmost one and is selected. Any other node is
+    /// inserted at the end of the selected group, at the start of the selected project, or in the
+    /// container of the selected file, at the number of visible rows from the container's row to
+    /// the selected one (at most at the end); the selected row stays selected. The caller sets the
     /// node's `parent`. `row` is not used. False, with a line in the log, without a selected row.
     bool add(const std::shared_ptr<ProjectItem>& newProjectItem, std::optional<int> row = {});
 
-    /// Inserts a node for the file at this path, which stays where it is, and shows it to the
-    /// delegate without selecting it. Gives the new node, which has no `parent` yet.
+    /// Inserts a node that refers to the file at this path, and reports it to the delegate without
+    /// selecting it. Returns the new node, which has no `parent` yet.
     std::shared_ptr<ProjectItem> add(const std::filesystem::path& file);
 
     /// Removes the node at a visible row, or the selected one: the first of its container's
-    /// sub-items with its `uniqueID`, or, for a project, the roots of its name. What follows is
-    /// selected instead (the next sibling, else the previous, else the container), but neither
-    /// currentlySelectedItem nor the delegate learns of it before reportSelection() is called, so
-    /// that the caller can save first. Gives what was removed, in order.
+    /// sub-items with its `uniqueID`, or, for a project, the roots with its name. Selects the next
+    /// sibling, else the previous one, else the container; currentlySelectedItem and the delegate
+    /// are only updated by reportSelection(), so that the caller can save first. Returns what was
+    /// removed, in order.
     std::vector<RemovedItem> delete_(std::optional<int> row = {});
 
-    /// Makes the selected row's node the current one and tells the delegate, if it is another than
-    /// the one last reported.
+    /// Makes the selected row's node the current one and tells the delegate, unless it is the last
+    /// one reported.
     void reportSelection();
 
-    /// Puts back what delete_() gave, at the former places and as expanded as it was. False when a
-    /// container is no longer shown; the nodes in it stay out.
+    /// Restores what delete_() returned, with its places and expansion. False when a container no
+    /// longer has a row; its nodes are left out.
     bool restore(const std::vector<RemovedItem>& removed);
 
-    /// Shows what the nodes are now and asks again which files exist; expansion, scroll position
-    /// and selection stay.
+    /// Updates the rows and checks again which files exist. Keeps expansion, scroll position and
+    /// selection.
     void reloadFileStatusForNavigationContent();
 
-    /// Accepted and ignored.
+    /// Does nothing.
     void updateCurrentItemUpToDate(bool upToDate);
 
-    /// The context menu, whose actions may stand in the menu bar, too; nothing in a tree without.
+    /// The context menu, whose actions the menu bar may use too; nullptr when there is none.
     Menu* menu() const { return m_menu; }
 
-    /// The rows; owned by the tree.
+    /// The rows.
     ProjectNavigationModel* model() const { return m_model; }
 
-    /// Replaces how the file system is asked; for tests.
+    /// Replaces the check whether a file exists; for tests.
     void setFileExistence(ProjectNavigationItem::FileExistence fileExists);
 
-    /// Posts a request for a new project in the form of a NewItemType.
+    /// Posts a request for a new project, with a NewItemType as the object.
     void requestNewProject(QObject* sender = nullptr);
 
 Q_SIGNALS:
-    /// The selected row is another one, or there is none any more.
+    /// Another row, or no row, is selected now.
     void selectedRowChanged();
-    /// The row that is selected already was chosen once more, by mouse or by Return.
+    /// The selected row was clicked again, or Return was pressed on it.
     void selectedRowChosenAgain();
 
 protected:
@@ -143,8 +142,8 @@ private:
     std::shared_ptr<ProjectItem> m_selectedProject;
     std::shared_ptr<ProjectItem> m_selectedItem;
     std::weak_ptr<ProjectItem> m_lastReported;
-    QPersistentModelIndex m_selectedRow; ///< while rows come and go: what is to be selected then
-    bool m_selectionHeld = false;        ///< selection changes are the toolkit's own now
+    QPersistentModelIndex m_selectedRow; ///< while rows change: the row to select afterwards
+    bool m_selectionHeld = false;        ///< selection changes come from Qt, not the user
 };
 
 } // namespace kestrel

@@ -7,7 +7,7 @@
 
 namespace kestrel {
 
-/// Is told by the navigation tree which node the user selected.
+/// Is told by the navigation tree which node the user selects.
 class ProjectNavigationDelegate {
 public:
     ProjectNavigationDelegate() = default;
@@ -15,14 +15,14 @@ public:
     ProjectNavigationDelegate& operator=(const ProjectNavigationDelegate&) = delete;
     virtual ~ProjectNavigationDelegate() = default;
 
-    /// `itemSelected` was selected; the tree's current item and project are set already.
+    /// Called after the tree has set its current item and project.
     virtual void projectNavigation(const std::shared_ptr<ProjectItem>& itemSelected) = 0;
 
-    /// A reference that keeps nobody alive and is empty as soon as the delegate begins to go.
+    /// A weak reference, which is empty once the delegate is being destroyed.
     std::weak_ptr<ProjectNavigationDelegate> weakReference() const { return m_self; }
 
 private:
-    // Owns nothing: it only lets weak references notice the end.
+    // Owns nothing; only weak references are made from it.
     std::shared_ptr<ProjectNavigationDelegate> m_self{this, [](ProjectNavigationDelegate*) {}};
 };
 

@@ -13,26 +13,26 @@
 
 namespace kestrel {
 
-/// The view of one row of the navigation tree: what its icon and its name look like. The tree uses
-/// one for whichever row it is painting.
+/// The view of a row of the navigation tree: its icon, its name and their appearance. The tree has
+/// one, which it sets up for each row that it paints.
 class ProjectNavigationItem {
 public:
-    /// The colours that a name can have; which shade they are follows the theme.
+    /// The colours of a name; their shades depend on the theme.
     enum class TextColour { black, red, darkGrey };
 
-    /// The place of the row's icon.
+    /// The row's icon.
     struct ImageView {
         std::optional<QIcon> image;
         double opacity = 1.0; ///< 0 to 1
     };
 
-    /// The place of the row's name.
+    /// The row's name.
     struct TextField {
         QString stringValue;
         TextColour textColour = TextColour::black;
     };
 
-    /// Asks the file system whether there is a file at a path.
+    /// Checks whether a file exists.
     using FileExistence = std::function<bool(const std::filesystem::path& path)>;
 
     std::weak_ptr<ImageView> outletIconImageView;
@@ -40,27 +40,27 @@ public:
     std::shared_ptr<ProjectItem> currentProjectItem; ///< the project that the node belongs to
     std::shared_ptr<ProjectItem> projectItem;        ///< the node that is shown
 
-    /// Without a query, the file system itself is asked.
+    /// Checks the file system when `fileExists` is empty.
     explicit ProjectNavigationItem(FileExistence fileExists = {});
 
     std::optional<QIcon> imageForItem() const;
     void setImageForItem(const std::optional<QIcon>& image);
 
-    /// The name shown. Setting no name shows "Nil".
+    /// The name that is shown. Setting nothing shows "Nil".
     std::optional<QString> nameForItem() const;
     void setNameForItem(const std::optional<QString>& name);
 
-    /// Where the file of `item`, a node of `project`, lies; for a project its project file.
+    /// The path of the file of `item`, a node of `project`; for a project its project file.
     static std::filesystem::path locationOf(const ProjectItem& item, const ProjectItem& project);
 
-    /// Asks whether the node's file exists and colours the name accordingly. Nothing happens unless
-    /// both the node and its project are set. Gives the answer, if one was asked for.
+    /// Checks whether the node's file exists, colours the name and returns the result. Does nothing
+    /// and returns nothing unless both the node and its project are set.
     std::optional<bool> checkFile();
 
     /// Black when the file was found, else red.
     void fileNotFound(bool didFindFile);
 
-    /// Full icon and black name, or half faded icon and dark grey name.
+    /// True: opaque icon and black name. False: half transparent icon and dark grey name.
     void isItemUpToDateWithHardDrive(bool upToDate);
 
 private:

@@ -5,7 +5,7 @@
 
 namespace kestrel {
 
-/// The command that an entry of the navigation tree's context menu asks for.
+/// The commands of the navigation tree's context menu.
 enum class ProjectNavigationMenuClickedOptions {
     newFile = 0,
     importFile = 1,
@@ -14,7 +14,7 @@ enum class ProjectNavigationMenuClickedOptions {
     delete_ = 4,
 };
 
-/// The command with this number, or nothing for a number that stands for none.
+/// The command with this number; nothing when there is none.
 constexpr std::optional<ProjectNavigationMenuClickedOptions>
 projectNavigationMenuClickedOptionsFrom(int rawValue) {
     if (rawValue < 0 || rawValue > static_cast<int>(ProjectNavigationMenuClickedOptions::delete_)) {

@@ -10,7 +10,7 @@
 
 namespace kestrel {
 
-/// One mirrored row: what is shown for a node, where it is shown, and what is shown below it.
+/// One row: its node, its place, its text and its child rows.
 struct ProjectNavigationModel::Row {
     std::shared_ptr<ProjectItem> node;
     Row* parent = nullptr;
@@ -105,7 +105,7 @@ int ProjectNavigationModel::columnCount(const QModelIndex& /*parent*/) const {
 }
 
 bool ProjectNavigationModel::hasChildren(const QModelIndex& parent) const {
-    // While rows still go, a node may have lost its sub-items already.
+    // While rows are being removed, a node may already have fewer sub-items than rows.
     const Row* row = rowAt(parent);
     return row->expandable || !row->children.empty();
 }
@@ -215,8 +215,8 @@ void ProjectNavigationModel::reloadChildren(Row& parent, const ProjectItems& now
     }
 }
 
-/// Turns the rows [first, oldEnd) into rows for the nodes [first, newEnd). Rows whose nodes stay in
-/// their order are kept; one whose node moved goes and comes again.
+/// Updates the rows [first, oldEnd) to the nodes [first, newEnd). Keeps rows whose nodes are still
+/// in the same order; removes and inserts again the row of a node that moved.
 void ProjectNavigationModel::mergeChildren(Row& parent, const ProjectItems& now, std::size_t first,
                                            std::size_t oldEnd, std::size_t newEnd) {
     using Place = std::pair<const ProjectItem*, std::size_t>;

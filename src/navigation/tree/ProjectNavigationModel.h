@@ -13,12 +13,12 @@
 
 namespace kestrel {
 
-/// The rows that the navigation tree shows: a mirror of the project trees. The nodes change first;
-/// reload() then compares them with the mirror and tells the view exactly which rows came, went and
-/// changed, so that expansion, selection and scroll position survive. The mirror also is the map
-/// from a row to the container it is shown under, which a node's own `parent` need not name.
+/// The rows of the navigation tree, a copy of the project trees. After the nodes have changed,
+/// reload() compares them with the rows and reports exactly which rows were inserted, removed and
+/// changed, so that expansion, selection and scroll position survive. A row's parent row is the
+/// container that it is shown under, which may differ from the node's `parent`.
 ///
-/// The sub-items of a node that does not expand (a file) have no rows.
+/// The sub-items of a node that does not expand, such as a file, have no rows.
 class ProjectNavigationModel : public QAbstractItemModel {
     Q_OBJECT
 
@@ -26,24 +26,22 @@ public:
     explicit ProjectNavigationModel(QObject* parent = nullptr);
     ~ProjectNavigationModel() override;
 
-    /// Makes the rows what `roots` and the nodes below them are now, and forgets which files were
-    /// found.
+    /// Updates the rows to `roots` and the nodes below them, and forgets which files were found.
     void reload(const ProjectItems& roots);
 
-    /// Whether a row of this node shows a disclosure triangle: a group, also an empty one, and
-    /// every node with sub-items.
+    /// Whether a node has a disclosure triangle: every group and every node with sub-items.
     static bool isItemExpandable(const std::shared_ptr<ProjectItem>& item);
 
-    /// Whether a row of this node may be expanded and collapsed: groups and projects only.
+    /// Whether a node may be expanded and collapsed: groups and projects only.
     static bool shouldExpandItem(const std::shared_ptr<ProjectItem>& item);
 
-    /// The node at a row; nothing for an invalid index.
+    /// The node at a row; nullptr for an invalid index.
     std::shared_ptr<ProjectItem> item(const QModelIndex& index) const;
 
-    /// The first row, from the top, that shows this very node; invalid when there is none.
+    /// The topmost row of this node object; invalid when there is none.
     QModelIndex indexOf(const std::shared_ptr<ProjectItem>& item) const;
 
-    /// Whether the row's file was found, as noted since the last reload.
+    /// Whether the row's file was found; nothing when not checked since the last reload.
     std::optional<bool> presence(const QModelIndex& index) const;
     void setPresence(const QModelIndex& index, bool found);
 
@@ -55,11 +53,11 @@ public:
     bool hasChildren(const QModelIndex& parent = {}) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// The node's name; as tool tip and accessible description, that the row's file is missing,
-    /// and where, when presence() knows so. Nothing for a row without a node and every other role.
+    /// The node's name; as tool tip and accessible description the path of the row's file, if
+    /// presence() is false. Nothing for a row without a node and for any other role.
     QVariant data(const QModelIndex& index, int role) const override;
 
-    /// Accepted and ignored: rows are not edited in place.
+    /// Accepts and ignores the value: rows are not edited in place.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
 private:
@@ -78,7 +76,8 @@ private:
     void removeChildren(Row& parent, std::size_t first, std::size_t end);
 
     std::unique_ptr<Row> m_root;
-    std::uint32_t m_generation = 1; ///< counts reloads; a presence noted in an earlier one is void
+    std::uint32_t m_generation =
+        1; ///< counts reloads; a presence set before the last one is ignored
 };
 
 } // namespace kestrel

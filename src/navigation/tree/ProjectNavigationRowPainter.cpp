@@ -4,39 +4,24 @@
 #include "icons/Icons.h"
 #include "navigation/tree/NodeRoot.h"
 #include "navigation/tree/ProjectNavigationModel.h"
+#include "widgets/Contrast.h"
 
 #include <QApplication>
 #include <QPainter>
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <utility>
 
 namespace kestrel {
 
 namespace {
 
-/// Relative luminance and contrast ratio as in WCAG 2.1, "relative luminance", "contrast ratio".
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-    const double first = luminance(one) + 0.05;
-    const double second = luminance(other) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
-
-/// Plain red on a light background; else the first red that stands out enough, or the one that
-/// does so most.
+/// Pure red on a light background; else the first red with enough contrast, or the one with the
+/// most.
 QColor readableRed(const QColor& background, bool light) {
     static constexpr std::array<QRgb, 4> Reds = {0xffff6b6b, 0xffffb3b3, 0xff500000, 0xffff0000};
-    constexpr double Enough = 4.5; // WCAG 2.1, success criterion 1.4.3
+    constexpr double Enough = 4.5; // WCAG 2, success criterion 1.4.3
     if (light) {
         return Qt::red;
     }
@@ -50,7 +35,7 @@ QColor readableRed(const QColor& background, bool light) {
                               [&](QRgb one, QRgb two) { return against(one) < against(two); })};
 }
 
-/// Paints a row's name on a plate that has the colour of an unselected row.
+/// Paints a row's name on a rectangle in the background colour of an unselected row.
 void paintOnPlate(QPainter& painter, const QString& name, const QStyleOptionViewItem& row,
                   QPalette::ColorGroup group, const QRect& place) {
     const QStyle* style = row.widget != nullptr ? row.widget->style() : QApplication::style();
@@ -107,7 +92,7 @@ const QIcon& ProjectNavigationRowPainter::iconFor(FileType type) const {
     return m_fileIcon;
 }
 
-/// Makes the row view fresh and fills in what needs no look at the disk.
+/// Clears the row view and fills it, except for what needs the file system.
 void ProjectNavigationRowPainter::dequeue(const QModelIndex& index) const {
     const std::shared_ptr<ProjectItem> node = m_model.item(index);
     *m_imageView = {};
@@ -182,7 +167,7 @@ void ProjectNavigationRowPainter::paint(QPainter* painter, const QStyleOptionVie
     paintedAs(QPalette::HighlightedText, QPalette::Highlight);
     const QStyle* style = row.widget != nullptr ? row.widget->style() : QApplication::style();
     const QRect namePlace = style->subElementRect(QStyle::SE_ItemViewItemText, &row, row.widget);
-    // No red can be read on the usual highlight colours.
+    // No red is readable on the usual highlight colours.
     const bool onPlate = colour == ProjectNavigationItem::TextColour::red &&
                          row.state.testFlag(QStyle::State_Selected);
     const QString name = onPlate ? std::exchange(row.text, QString()) : QString();

@@ -11,9 +11,8 @@ namespace kestrel {
 
 class ProjectNavigationModel;
 
-/// Paints the rows of the navigation tree, each by way of its row view (ProjectNavigationItem). A
-/// row's file is looked for when the row is painted for the first time after a reload, so the file
-/// system is asked once for each row that comes into sight and for no other.
+/// Paints the rows of the navigation tree with a row view (ProjectNavigationItem). Checks whether a
+/// row's file exists when the row is first painted after a reload, so only for visible rows.
 class ProjectNavigationRowPainter : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -21,15 +20,15 @@ public:
     /// `model` must outlive the painter.
     explicit ProjectNavigationRowPainter(ProjectNavigationModel& model, QObject* parent = nullptr);
 
-    /// Replaces how the file system is asked; for tests.
+    /// Replaces the check whether a file exists; for tests.
     void setFileExistence(ProjectNavigationItem::FileExistence fileExists);
 
-    /// The row view set up for a row, as it is painted; nothing when the row shows no node. It is
-    /// used again for the next row that is asked for.
+    /// The row view as it is painted for a row; nullptr when the row has no node. Every call
+    /// returns the same object, set up anew.
     ProjectNavigationItem* viewForItem(const QModelIndex& index) const;
 
-    /// The shade of a name's colour on this background: black and plain red where the background is
-    /// light, `normal` and a red that can be read where it is not.
+    /// The shade of a name's colour on this background: black and pure red on a light background,
+    /// `normal` and a readable red on a dark one.
     static QColor shade(ProjectNavigationItem::TextColour colour, const QColor& background,
                         const QColor& normal);
 

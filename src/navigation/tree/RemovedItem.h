@@ -8,12 +8,12 @@
 
 namespace kestrel {
 
-/// A node that was removed from the navigation tree, and all that is needed to put it back.
+/// A node that was removed from the navigation tree, with its former place.
 struct RemovedItem {
     std::shared_ptr<ProjectItem> node;
-    std::shared_ptr<ProjectItem> container; ///< whose sub-item it was; nothing for a project root
-    std::size_t position = 0;               ///< among the container's sub-items, or the roots
-    ProjectItems expanded;                  ///< which containers in it were expanded
+    std::shared_ptr<ProjectItem> container; ///< its parent node; nullptr for a project root
+    std::size_t position = 0;               ///< in the container's sub-items or the roots
+    ProjectItems expanded;                  ///< the containers in it that were expanded
 };
 
 } // namespace kestrel

@@ -3,7 +3,7 @@
 
 namespace kestrel {
 
-/// Reserved for what is common to all kinds of new items; nothing is so far.
+/// Reserved for what all kinds of new items have in common; still empty and unused.
 class NewItemObjectTypes {};
 
 } // namespace kestrel

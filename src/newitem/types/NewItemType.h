@@ -8,11 +8,11 @@
 
 namespace kestrel {
 
-/// One kind of item that can be created, as the new-item wizard offers it.
+/// One kind of item that the new-item wizard offers.
 struct NewItemType {
-    FileType fileType = FileType::unknown; ///< the kind of node that will be made
+    FileType fileType = FileType::unknown; ///< the kind of the new node
     QString text;                          ///< the title below the icon
-    QIcon icon;                            ///< null when there is none
+    QIcon icon;                            ///< may be null
 };
 
 } // namespace kestrel

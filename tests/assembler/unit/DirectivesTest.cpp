@@ -70,7 +70,7 @@ TEST(Directives, EachWordDoesWhatItSays) {
              {"\t.endr", ".endr without a .rept"},
              {"\t.equ 5", ".equ needs a name"},
              {"\t.error \"so\"", "error: so"},
-             {"\t.fail", "the source gives up here"},
+             {"\t.fail", "the source stops the build here"},
              {"\t.warning \"so\"", "warning: so"},
              {"\t.if 1", "this condition has no .endif"},
              {"\t.ifdef a", "this condition has no .endif"},
@@ -82,8 +82,8 @@ TEST(Directives, EachWordDoesWhatItSays) {
              {"\t.ineschr 256", "the value of .ineschr must be"},
              {"\t.inesmap 256", "the value of .inesmap must be"},
              {"\t.inesmir 256", "the value of .inesmir must be"},
-             {"\t.list 1", "the statement should end here"},
-             {"\t.nolist 1", "the statement should end here"},
+             {"\t.list 1", "expected the end of the statement"},
+             {"\t.nolist 1", "expected the end of the statement"},
              {"\t.macro a", "this macro has no .endm"},
              {"\t.org -1", "the address of .org must be"},
              {"\t.pad -1", "the address of .pad must be"},
@@ -91,8 +91,8 @@ TEST(Directives, EachWordDoesWhatItSays) {
              {"\t.rs -1", "the count of .rs must be"},
              {"\t.rsset -1", "the address of .rsset must be"},
              {"\t.zp\n nop", ".zp only reserves RAM"},
-             {"\t.code\n .zp\n .org $101", "outside of .zp"},
-             {"\t.data 1", "the statement should end here"}}) {
+             {"\t.code\n .zp\n .org $101", "outside .zp"},
+             {"\t.data 1", "expected the end of the statement"}}) {
         const test::Assembled result = test::assembled(std::string(source) + "\n");
         EXPECT_NE(result.messages.find(message), std::string::npos) << source << result.messages;
     }

@@ -99,7 +99,8 @@ TEST(Expression, ALongChainOfForwardSymbolsIsResolved) {
 TEST(Expression, SymbolsDefinedByEachOtherAreAnError) {
     const auto result = test::assembled("a1 = b1\nb1 = c1\nc1 = a1\n");
     EXPECT_FALSE(result.isBuilt);
-    EXPECT_NE(result.messages.find("is defined by itself"), std::string::npos) << result.messages;
+    EXPECT_NE(result.messages.find("is defined in terms of itself"), std::string::npos)
+        << result.messages;
 }
 
 } // namespace

@@ -50,8 +50,8 @@ TEST(Number, NamesItsProblemAndItsPlace) {
     };
     for (const auto& [text, problem, column, words] :
          {Case{"%2\n", Problem::noBinaryDigit, 0, "needs digits 0 or 1"},
-          Case{"'A\n", Problem::noCharacter, 0, "one character between quotes"},
-          Case{"'\n'\n", Problem::noCharacter, 0, "one character between quotes"},
+          Case{"'A\n", Problem::noCharacter, 0, "expected one character between quotes"},
+          Case{"'\n'\n", Problem::noCharacter, 0, "expected one character between quotes"},
           Case{"%102\n", Problem::strangeLetter, 3, "'2' cannot be part"},
           Case{"%10_\n", Problem::strangeLetter, 3, "'_' cannot be part"},
           Case{"$1G\n", Problem::strangeLetter, 2, "0 to 9 and A to F"},

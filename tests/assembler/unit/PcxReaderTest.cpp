@@ -58,13 +58,13 @@ TEST(PcxReader, BytesBeyondTheWidthAreDropped) {
 
 TEST(PcxReader, WrongFilesAreRefused) {
     std::vector<std::uint8_t> tiles;
-    EXPECT_EQ(readPcxTiles("", tiles), "it is no PCX picture");
-    EXPECT_EQ(readPcxTiles(std::string(128, 'x'), tiles), "it is no PCX picture");
+    EXPECT_EQ(readPcxTiles("", tiles), "it is not a PCX picture");
+    EXPECT_EQ(readPcxTiles(std::string(128, 'x'), tiles), "it is not a PCX picture");
     EXPECT_EQ(readPcxTiles(header(16, 8, 16) + run(100, 1), tiles), "it ends before its last line");
     EXPECT_EQ(readPcxTiles(header(16, 8, 16) + "\xC5", tiles), "it ends before its last line");
     EXPECT_NE(readPcxTiles(header(12, 8, 12) + run(96, 1), tiles).find("12 x 8"),
               std::string::npos);
-    EXPECT_EQ(readPcxTiles(header(16, 8, 8), tiles), "its measures are wrong");
+    EXPECT_EQ(readPcxTiles(header(16, 8, 8), tiles), "its dimensions are invalid");
     EXPECT_EQ(readPcxTiles(header(65528, 65528, 65528), tiles),
               "it holds more tiles than an image can");
     std::string planes = header(8, 8, 8);

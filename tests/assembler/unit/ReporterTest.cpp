@@ -51,7 +51,7 @@ TEST_F(ReporterTest, SeesWhereAStatementEnds) {
     }
     EXPECT_EQ(m_diagnostics.errorCount(), 0U);
     EXPECT_FALSE(m_reporter.expectEnd(read(" x")));
-    EXPECT_NE(shown().find("7:2: error: the statement should end here, but 'x' follows; a comma"),
+    EXPECT_NE(shown().find("7:2: error: expected the end of the statement, found 'x'; a comma"),
               std::string::npos)
         << shown();
 }

@@ -62,11 +62,11 @@ protected:
     /// The shown picture as text: a row of digits for each row of pixels.
     std::vector<std::string> picture() {
         std::vector<std::string> rows;
-        const TileShape& shape = m_view.editor().shape();
+        const TileShape& shape = m_view.document().shape();
         for (int y = 0; y < shape.rows() * 8; ++y) {
             std::string row;
             for (int x = 0; x < shape.columns() * 8; ++x) {
-                const auto value = m_view.editor().valueAt(x, y);
+                const auto value = m_view.document().valueAt(x, y);
                 row += value ? static_cast<char>('0' + *value) : ' ';
             }
             rows.push_back(row);
@@ -112,16 +112,16 @@ TEST_F(ChrCanvasTest, ADragPaintsALineWithoutGapsAndIsOneStep) {
         painted += static_cast<int>(std::count(row.begin(), row.end(), '3'));
     }
     EXPECT_EQ(painted, 11);
-    m_view.edit([](TileEditor& editor) { return editor.undo(); });
+    m_view.document().undo();
     EXPECT_EQ(m_tiles->tile(5), TileBytes{});
-    EXPECT_FALSE(m_view.editor().canUndo());
-    m_view.edit([](TileEditor& editor) { return editor.redo(); });
+    EXPECT_FALSE(m_view.document().canUndo());
+    m_view.document().redo();
     EXPECT_EQ(m_tiles->pixel(5, 7, 6), 3);
 }
 
 TEST_F(ChrCanvasTest, ASecondPressSoonAfterTheFirstPaintsToo) {
     QTest::mouseDClick(m_view.viewport(), Qt::LeftButton, {}, at(1, 1));
-    m_view.edit([](TileEditor& editor) { return editor.undo(); });
+    m_view.document().undo();
     // What arrives of a second press elsewhere, as long as it is near enough.
     QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(at(2, 1)),
                        QPointF(m_view.viewport()->mapToGlobal(at(2, 1))), Qt::LeftButton,
@@ -219,10 +219,10 @@ TEST_F(ChrCanvasTest, TheFillToolFillsAnAreaByMouseAndKeyboard) {
     m_view.setCurrentColorBox(1);
     key(Qt::Key_Space);
     EXPECT_EQ(m_tiles->pixel(22, 7, 7), 1);
-    m_view.edit([](TileEditor& editor) { return editor.undo(); });
-    m_view.edit([](TileEditor& editor) { return editor.undo(); });
+    m_view.document().undo();
+    m_view.document().undo();
     EXPECT_EQ(m_tiles->tile(22), TileBytes{});
-    EXPECT_FALSE(m_view.editor().canUndo());
+    EXPECT_FALSE(m_view.document().canUndo());
 }
 
 TEST_F(ChrCanvasTest, ShowsTheSelectionsShapeInThePaletteColours) {
@@ -320,9 +320,7 @@ TEST_F(ChrCanvasTest, RepaintsNothingThatDidNotChange) {
     move(6, 4);
     QCoreApplication::processEvents();
     EXPECT_TRUE(painted.takePainted().isEmpty());
-    m_view.edit([](TileEditor& editor) {
-        return editor.carryOut({{6, TileBytes{}, TileBytes{1}}, {300, TileBytes{}, TileBytes{1}}});
-    });
+    m_view.document().carryOut({{6, TileBytes{}, TileBytes{1}}, {300, TileBytes{}, TileBytes{1}}});
     QCoreApplication::processEvents();
     EXPECT_EQ(painted.takePainted().boundingRect(),
               m_view.pixelRect(QPoint(8, 0)) | m_view.pixelRect(QPoint(15, 7)));
@@ -333,7 +331,7 @@ TEST_F(ChrCanvasTest, SkipsNumbersWithoutATileAndDrawsAShortLastRowAsSuch) {
     m_view.setTileData(std::make_shared<TileData>(std::size_t{18}));
     m_view.setSelectedTiles({1, 2, 17, 18, 600, -3});
     m_view.redraw();
-    EXPECT_EQ(m_view.editor().shape().tiles(), (std::vector<int>{1, 2, 17}));
+    EXPECT_EQ(m_view.document().shape().tiles(), (std::vector<int>{1, 2, 17}));
     const QImage screen = m_view.viewport()->grab().toImage();
     EXPECT_EQ(shownColor(screen, 12, 12),
               m_view.viewport()->palette().color(QPalette::Button).rgb());
@@ -363,10 +361,10 @@ TEST_F(ChrCanvasTest, WithoutTilesItTakesClicksAndKeysWithoutEffect) {
 
 TEST_F(ChrCanvasTest, HidingEndsAStroke) {
     press(2, 2);
-    EXPECT_TRUE(m_view.editor().isDrawing());
+    EXPECT_TRUE(m_view.document().isDrawing());
     m_view.hide();
-    EXPECT_FALSE(m_view.editor().isDrawing());
-    EXPECT_TRUE(m_view.editor().canUndo());
+    EXPECT_FALSE(m_view.document().isDrawing());
+    EXPECT_TRUE(m_view.document().canUndo());
 }
 
 TEST_F(ChrCanvasTest, OtherTilesInTheMiddleOfAStrokeEndIt) {
@@ -377,7 +375,7 @@ TEST_F(ChrCanvasTest, OtherTilesInTheMiddleOfAStrokeEndIt) {
     move(9, 9);
     release(9, 9);
     EXPECT_EQ(others->toData(), std::string(1024, '\0'));
-    EXPECT_FALSE(m_view.editor().canUndo());
+    EXPECT_FALSE(m_view.document().canUndo());
 }
 
 TEST_F(ChrCanvasTest, ZoomsInWholeStepsAndBackToWhatFits) {

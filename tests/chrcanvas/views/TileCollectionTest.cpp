@@ -75,7 +75,7 @@ protected:
     }
 
     int selectedTile() {
-        const Rows rows = m_view.selectedRows();
+        const Rows rows = m_view.document().selectedRows();
         return rows.size() == 1 && rows[0].size() == 1 ? rows[0][0] : -1;
     }
 
@@ -109,7 +109,7 @@ TEST_F(TileCollectionTest, ADragEndsWhenTheViewerIsHidden) {
 
 TEST_F(TileCollectionTest, NewTilesAreAnnouncedThoughTheSameNumberIsSelected) {
     click(5);
-    const QSignalSpy changes(&m_view, &TileCollection::selectionChanged);
+    const QSignalSpy changes(&m_view, &TileCollection::tilesSelected);
     m_view.setTileData(randomTiles(16));
     m_view.reloadTiles();
     EXPECT_GE(changes.size(), 1);
@@ -234,14 +234,14 @@ TEST_F(TileCollectionTest, FewerTilesHideASelectionWithoutReport) {
     m_view.selectTile(500);
     m_delegate.told.clear();
     show(16);
-    EXPECT_THAT(m_view.selectedRows(), IsEmpty());
+    EXPECT_THAT(m_view.document().selectedRows(), IsEmpty());
     EXPECT_THAT(m_delegate.told, IsEmpty());
     press(Qt::Key_Left);
     EXPECT_EQ(selectedTile(), 14);
 }
 
 TEST_F(TileCollectionTest, DrawsEachPixelOfATileAsWholePixelsOfTheScreen) {
-    m_view.selectBlock(500, 500);
+    m_view.document().selectBlock(500, 500);
     m_view.verticalScrollBar()->setValue(0);
     const auto palette = NESPalette::fromData("\x11\x22\x16\x2A");
     m_view.setPalette(*palette);
@@ -312,7 +312,7 @@ TEST_F(TileCollectionTest, AShortLastRowAndEmptyDataAreDrawnWithoutTiles) {
     click(3);
     press(Qt::Key_Down);
     m_view.selectAll();
-    EXPECT_THAT(m_view.selectedRows(), IsEmpty());
+    EXPECT_THAT(m_view.document().selectedRows(), IsEmpty());
 }
 
 TEST_F(TileCollectionTest, RepaintsOnlyTheTilesThatChanged) {
@@ -325,6 +325,33 @@ TEST_F(TileCollectionTest, RepaintsOnlyTheTilesThatChanged) {
     m_view.updateTiles({511});
     QCoreApplication::processEvents();
     EXPECT_TRUE(painted.takePainted().isEmpty());
+}
+
+TEST_F(TileCollectionTest, RepaintsTheTilesThatAnEditOfTheDocumentChanged) {
+    PaintRecorder painted(*m_view.viewport());
+    QCoreApplication::processEvents();
+    painted.takePainted();
+    m_view.document().carryOut({{20, m_view.tileData()->tile(20), TileBytes{1}}});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(painted.takePainted(), visible(20));
+    m_view.document().undo();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE((visible(20) - painted.takePainted()).isEmpty());
+}
+
+TEST_F(TileCollectionTest, FollowsSelectionsOfTheDocumentAndReportsEachOnce) {
+    m_view.document().selectBlock(480, 499);
+    EXPECT_THAT(m_delegate.told, ElementsAre(Rows{{480, 481, 482, 483}, {496, 497, 498, 499}}));
+    EXPECT_TRUE(m_view.viewport()->rect().contains(middle(499)));
+    press(Qt::Key_Right);
+    EXPECT_EQ(selectedTile(), 500);
+}
+
+TEST_F(TileCollectionTest, SelectingAllDoesNotScroll) {
+    m_view.verticalScrollBar()->setValue(40);
+    m_view.selectAll();
+    EXPECT_EQ(m_view.verticalScrollBar()->value(), 40);
+    EXPECT_EQ(m_view.document().selectedTiles().size(), 512U);
 }
 
 TEST_F(TileCollectionTest, ScrollsByTheWheelAndTellsWhichTileIsUnderThePointer) {
@@ -362,7 +389,7 @@ TEST_F(TileCollectionTest, TellsAssistiveTechnologyWhatIsSelected) {
     EXPECT_EQ(view->text(QAccessible::Name), QStringLiteral("All tiles"));
     m_view.selectTile(37);
     EXPECT_EQ(view->text(QAccessible::Value), QStringLiteral("Tile 37 of 512"));
-    m_view.selectBlock(5, 38);
+    m_view.document().selectBlock(5, 38);
     EXPECT_EQ(view->text(QAccessible::Value),
               QStringLiteral("Tile 5 of 512, 2 columns and 3 rows"));
 }

@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QTest>
 #include <QTextBlock>
@@ -280,6 +281,47 @@ TEST_F(CodeEditor, TheWheelWithControlZoomsAndCollectsSmallTurns) {
     EXPECT_EQ(editor.font().pixelSize(), actual + 2);
     turn(-360);
     EXPECT_EQ(editor.font().pixelSize(), actual - 1);
+}
+
+TEST_F(CodeEditor, TabWithAModifierAndBacktabDoNothing) {
+    for (const auto& [k, modifiers] :
+         {std::pair{Qt::Key_Backtab, Qt::KeyboardModifiers(Qt::ShiftModifier)},
+          std::pair{Qt::Key_Backtab, Qt::ShiftModifier | Qt::ControlModifier},
+          std::pair{Qt::Key_Backtab, Qt::ShiftModifier | Qt::AltModifier},
+          std::pair{Qt::Key_Tab, Qt::KeyboardModifiers(Qt::ShiftModifier)},
+          std::pair{Qt::Key_Tab, Qt::KeyboardModifiers(Qt::ControlModifier)},
+          std::pair{Qt::Key_Tab, Qt::KeyboardModifiers(Qt::AltModifier)},
+          std::pair{Qt::Key_Tab, Qt::KeyboardModifiers(Qt::MetaModifier)}}) {
+        load(QStringLiteral("nop\nrts"), 0);
+        select(1, 5);
+        // A system may give the key a text whatever goes with it.
+        QKeyEvent event(QEvent::KeyPress, k, modifiers, QStringLiteral("\t"));
+        event.ignore();
+        QApplication::sendEvent(&editor, &event);
+        EXPECT_TRUE(event.isAccepted()) << k << " " << modifiers.toInt() << ": passed on";
+        EXPECT_EQ(text(), QStringLiteral("nop\nrts")) << k << " " << modifiers.toInt();
+        EXPECT_EQ(editor.textCursor().anchor(), 1);
+        EXPECT_EQ(editor.textCursor().position(), 5);
+    }
+}
+
+TEST_F(CodeEditor, InAReadOnlyEditorTabAndShiftTabMoveTheFocus) {
+    QWidget window;
+    auto* before = new QLineEdit(&window);
+    auto* readOnly = new CodeEditorTextView(&window);
+    auto* after = new QLineEdit(&window);
+    readOnly->source().load(QStringLiteral("nop"));
+    readOnly->setReadOnly(true);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    readOnly->setFocus();
+    QTest::keyClick(readOnly, Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), after);
+    readOnly->setFocus();
+    QTest::keyClick(readOnly, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), before);
+    EXPECT_EQ(readOnly->toPlainText(), QStringLiteral("nop"));
 }
 
 TEST_F(CodeEditor, AReadOnlyEditorTakesNoText) {

@@ -110,10 +110,10 @@ TEST_F(RoundTrip, AFileThatIsNotEditedStaysTheSameByteForByte) {
         const QString text = randomText(m_random, below(40));
         const std::string bytes =
             (below(4) == 0 ? "\xef\xbb\xbf" : "") + text.toUtf8().toStdString();
-        const auto source = SourceCodec::decode(bytes);
+        const auto source = decodeSource(bytes);
         ASSERT_TRUE(source) << "case " << i;
         m_editor.source().load(source->text);
-        ASSERT_EQ(SourceCodec::encode({m_editor.source().text(), source->byteOrderMark}), bytes)
+        ASSERT_EQ(encodeSource({m_editor.source().text(), source->byteOrderMark}), bytes)
             << "case " << i;
     }
 }

@@ -11,7 +11,7 @@ namespace {
 using namespace std::string_literals;
 
 std::optional<QString> decodedText(const std::string& bytes) {
-    const auto source = SourceCodec::decode(bytes);
+    const auto source = decodeSource(bytes);
     return source ? std::optional(source->text) : std::nullopt;
 }
 
@@ -24,27 +24,27 @@ std::string encodedAs(const char* encoding, const QString& text) {
 }
 
 TEST(SourceCodec, EmptyBytesAreAnEmptyText) {
-    const auto source = SourceCodec::decode("");
+    const auto source = decodeSource("");
     ASSERT_TRUE(source);
     EXPECT_EQ(source->text, QString());
     EXPECT_FALSE(source->byteOrderMark);
-    EXPECT_EQ(SourceCodec::encode(*source), "");
+    EXPECT_EQ(encodeSource(*source), "");
 }
 
 TEST(SourceCodec, AByteOrderMarkOfUtf8IsKeptAsideAndWrittenAgain) {
     const std::string bytes = "\xef\xbb\xbf\xef\xbb\xbflda\n";
-    const auto source = SourceCodec::decode(bytes);
+    const auto source = decodeSource(bytes);
     ASSERT_TRUE(source);
     EXPECT_TRUE(source->byteOrderMark);
     EXPECT_EQ(source->text, QStringLiteral("\ufefflda\n")) << "a second mark is a character";
-    EXPECT_EQ(SourceCodec::encode(*source), bytes);
+    EXPECT_EQ(encodeSource(*source), bytes);
 }
 
 TEST(SourceCodec, AFileThatIsAMarkAndNothingElseStaysOne) {
-    const auto source = SourceCodec::decode("\xef\xbb\xbf");
+    const auto source = decodeSource("\xef\xbb\xbf");
     ASSERT_TRUE(source);
     EXPECT_EQ(source->text, QString());
-    EXPECT_EQ(SourceCodec::encode(*source), "\xef\xbb\xbf");
+    EXPECT_EQ(encodeSource(*source), "\xef\xbb\xbf");
 }
 
 TEST(SourceCodec, Utf16AndUtf32AreKnownByTheirMarksAndSavedAsUtf8WithoutOne) {
@@ -54,10 +54,10 @@ TEST(SourceCodec, Utf16AndUtf32AreKnownByTheirMarksAndSavedAsUtf8WithoutOne) {
           QStringConverter::Utf32BE}) {
         QStringEncoder encoder(encoding, QStringConverter::Flag::WriteBom);
         const QByteArray bytes = encoder.encode(text);
-        const auto source = SourceCodec::decode(bytes.toStdString());
+        const auto source = decodeSource(bytes.toStdString());
         ASSERT_TRUE(source) << encoding;
         EXPECT_EQ(source->text, text);
-        EXPECT_EQ(SourceCodec::encode(*source), text.toUtf8().toStdString());
+        EXPECT_EQ(encodeSource(*source), text.toUtf8().toStdString());
     }
 }
 
@@ -75,10 +75,10 @@ TEST(SourceCodec, JapaneseCommentsOfOldSourcesAreShownRight) {
          {"; \u30ad\u30e3\u30e9\u30af\u30bf\u30fc\u306e\u5ea7\u6a19\u3092\u66f4\u65b0",
           "\tlda #1 ; \u753b\u9762\u3092\u6d88\u3059", "; \u521d\u671f\u5316\n\tlda #$00"}) {
         const QString text = QString::fromUtf8(comment) + QStringLiteral("\r\n\tsta $2001\r\n");
-        const auto source = SourceCodec::decode(encodedAs("Shift_JIS", text));
+        const auto source = decodeSource(encodedAs("Shift_JIS", text));
         ASSERT_TRUE(source);
         EXPECT_EQ(source->text, text);
-        EXPECT_EQ(SourceCodec::encode(*source), text.toUtf8().toStdString());
+        EXPECT_EQ(encodeSource(*source), text.toUtf8().toStdString());
     }
     const QString text =
         QStringLiteral("; \u30ad\u30e3\u30e9\u30af\u30bf\u30fc\u306e\u5ea7\u6a19\u3092\n");
@@ -106,7 +106,7 @@ TEST(SourceCodec, RussianCommentsAreShownRight) {
 TEST(SourceCodec, InvalidUtf8IsNeverTakenForUtf8) {
     for (const std::string& bytes :
          {"a\xc0\x80"s, "a\xed\xa0\x80z"s, "a\xf4\x90\x80\x80"s, "caf\xc3"s, "\xef\xbb\xbf\xff"s}) {
-        if (const auto source = SourceCodec::decode(bytes)) {
+        if (const auto source = decodeSource(bytes)) {
             EXPECT_FALSE(source->byteOrderMark);
             EXPECT_FALSE(source->text.contains(QChar::ReplacementCharacter)) << "something is lost";
         }
@@ -121,9 +121,9 @@ TEST(SourceCodec, BytesThatLookLikeNoTextAreNotDecoded) {
 
 TEST(SourceCodec, ControlCharactersInValidUtf8AreText) {
     const std::string bytes = "a\0b\x01\x1a\x7f\n"s;
-    const auto source = SourceCodec::decode(bytes);
+    const auto source = decodeSource(bytes);
     ASSERT_TRUE(source);
-    EXPECT_EQ(SourceCodec::encode(*source), bytes);
+    EXPECT_EQ(encodeSource(*source), bytes);
 }
 
 } // namespace

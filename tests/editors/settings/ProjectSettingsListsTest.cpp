@@ -157,15 +157,15 @@ TEST_F(ProjectSettingsLists, AMissingFilesNameIsPaintedRedAlsoWhileItIsSelected)
 
 TEST_F(ProjectSettingsLists, TheEmulatorPanelStartsBesideThePresentEmulatorOrWhereProgramsAre) {
     const auto emulator = home.write("programs/emulator", "");
-    EXPECT_EQ(EmulatorPanel::startFolder(emulator), home.path() / "programs");
-    const auto usual = EmulatorPanel::startFolder(std::nullopt);
+    EXPECT_EQ(emulatorStartFolder(emulator), home.path() / "programs");
+    const auto usual = emulatorStartFolder(std::nullopt);
     EXPECT_TRUE(std::filesystem::is_directory(usual)) << usual;
     if (std::filesystem::is_directory("/usr/share/applications")) {
         EXPECT_EQ(usual, "/usr/share/applications");
     }
-    EXPECT_EQ(EmulatorPanel::startFolder(home.path() / "gone/emulator"), usual);
-    EXPECT_EQ(EmulatorPanel::startFolder("emulator"), usual); // a name without a folder
-    EXPECT_EQ(EmulatorPanel::startFolder(std::filesystem::path()), usual);
+    EXPECT_EQ(emulatorStartFolder(home.path() / "gone/emulator"), usual);
+    EXPECT_EQ(emulatorStartFolder("emulator"), usual); // a name without a folder
+    EXPECT_EQ(emulatorStartFolder(std::filesystem::path()), usual);
 }
 
 } // namespace

@@ -182,7 +182,7 @@ protected:
 
     /// The names in the saved structure of a project, one a line, indented by two spaces a level.
     static std::string savedStructure(const Node& project) {
-        const auto stored = StructureFile::fetch(*project);
+        const auto stored = fetchStructure(*project);
         return stored ? namesIn(*stored, "") : "none";
     }
 
@@ -200,7 +200,7 @@ protected:
 
     static std::vector<std::string> registered() {
         std::vector<std::string> result;
-        for (const auto& entry : ProjectRegistry::entries()) {
+        for (const auto& entry : registryEntries()) {
             result.push_back(entry.name);
         }
         return result;

@@ -11,6 +11,15 @@ using testing::Not;
 
 class ContainerImport : public ContainerTest {
 protected:
+    /// Starts an import with a panel that stays open; returns what ends it.
+    FilePanelHandler importWithPanelOpen() {
+        FilePanelHandler chosen;
+        container->setFilePanel([&](QWidget*, const QString&, const std::filesystem::path&,
+                                    const FilePanelHandler& handler) { chosen = handler; });
+        command(Option::importFile);
+        return chosen;
+    }
+
     std::filesystem::path foreign = home.write("elsewhere/foreign.asm", "text");
 };
 
@@ -172,12 +181,9 @@ TEST_F(ContainerImport, WithoutASelectedRowNothingIsAsked) {
 TEST_F(ContainerImport, ARowDeselectedWhileThePanelWasOpenGetsNothing) {
     makeProject("Game");
     start();
-    FilePanelHandler open;
-    container->setFilePanel([&open](QWidget*, const QString&, const std::filesystem::path&,
-                                    const FilePanelHandler& handler) { open = handler; });
-    command(Option::importFile);
+    const FilePanelHandler chosen = importWithPanelOpen();
     deselect();
-    open(foreign);
+    chosen(foreign);
     EXPECT_THAT(root()->subItems(), IsEmpty());
     EXPECT_EQ(savedStructure(root()), "Game\n");
 }
@@ -185,12 +191,9 @@ TEST_F(ContainerImport, ARowDeselectedWhileThePanelWasOpenGetsNothing) {
 TEST_F(ContainerImport, APanelThatOutlivesTheContainerIsHarmless) {
     makeProject("Game");
     start();
-    FilePanelHandler open;
-    container->setFilePanel([&open](QWidget*, const QString&, const std::filesystem::path&,
-                                    const FilePanelHandler& handler) { open = handler; });
-    command(Option::importFile);
+    const FilePanelHandler chosen = importWithPanelOpen();
     close();
-    open(foreign);
+    chosen(foreign);
     EXPECT_THAT(log.lines(), Contains("Could not import file"));
 }
 

@@ -186,14 +186,13 @@ TEST_F(ContainerNewFile, OnAFullDiskTheExistingFileStaysAndNoCopyIsLeft) {
     const Node parent = makeNode("Game", FileType::project, {}, home.path());
     const Node tiles = makeNode("a.chr", FileType::graphics, {}, home.path());
     home.write("a.chr", "old");
-    EXPECT_TRUE(
-        holdsWithFileSizeLimit(100, [&] { return !NewFileWriter::create(tiles, *parent); }));
+    EXPECT_TRUE(holdsWithFileSizeLimit(100, [&] { return !writeNewFile(tiles, *parent); }));
     EXPECT_EQ(content("a.chr"), "old");
     EXPECT_FALSE(exists("a.chr~"));
     home.write("a.chr", std::string(200, 'x'));
     EXPECT_TRUE(holdsWithFileSizeLimit(100, [&] {
         const Node empty = makeNode("a.chr", FileType::text, {}, home.path());
-        return !NewFileWriter::create(empty, *parent);
+        return !writeNewFile(empty, *parent);
     }));
     EXPECT_EQ(content("a.chr"), std::string(200, 'x'));
     EXPECT_FALSE(exists("a.chr~"));

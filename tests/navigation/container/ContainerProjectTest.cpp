@@ -183,7 +183,7 @@ TEST_F(ContainerProject, NothingOfAStructureFileThatIsThereAlreadyIsLost) {
 
 TEST_F(ContainerProject, AStructureFileThatSaysTheSameIsNotWrittenAgain) {
     const Node game = newNode("Game", {fileOf("Game", "a.asm", FileType::text)});
-    const auto path = StructureFile::location(*game);
+    const auto path = structureLocation(*game);
     home.write("Kestrel/Game/.project/Game-ProjectStructure.cfg",
                "  " + *serialiseJson(game->toDictionary(), 7));
     const std::string before = contentOf(path);

@@ -97,7 +97,7 @@ protected:
         ASSERT_EQ(listed, roots);
         for (const Node& root : tree().allItems()) {
             expectRootIs(root, root);
-            const auto stored = StructureFile::fetch(*root);
+            const auto stored = fetchStructure(*root);
             ASSERT_TRUE(stored && *stored == root->toDictionary()) << root->itemName();
         }
         if (const Node selected = tree().selectedItem()) {

@@ -50,6 +50,26 @@ protected:
         QTest::mouseClick(&menu(), Qt::LeftButton, {}, menu().actionGeometry(action).center());
     }
 
+    void insert(const Node& node) const {
+        node->setParent(game);
+        game->subItems().push_back(node);
+    }
+
+    /// The start of the selected row's name is within the view.
+    bool selectedRowIsInSight() const {
+        const QRect row = view().visualRect(view().selectedIndex());
+        return view().viewport()->rect().contains(row.left() + 1, row.center().y());
+    }
+
+    void expectFirstShownThenDeleted() const {
+        ASSERT_FALSE(selectedRowIsInSight());
+        QTest::keyClick(&view(), Qt::Key_Delete);
+        EXPECT_THAT(posted, IsEmpty());
+        EXPECT_TRUE(selectedRowIsInSight());
+        QTest::keyClick(&view(), Qt::Key_Delete);
+        EXPECT_THAT(posted, ElementsAre(Option::delete_));
+    }
+
     Node file = text("main.asm");
     Node game = project("Game", {file});
     Node other = project("Other");
@@ -132,12 +152,12 @@ TEST_F(NavigationMenu, WithoutASelectedRowOnlyANewProjectIsEnabled) {
     show({game});
     const auto enabled = [&](Option option) { return menu().action(option)->isEnabled(); };
     for (const ProjectCommand& command : projectCommands()) {
-        EXPECT_TRUE(enabled(command.option)) << command.id.data();
+        EXPECT_TRUE(enabled(command.option)) << command.command.id;
     }
     click(centre(game), Qt::LeftButton, Qt::ControlModifier);
     for (const ProjectCommand& command : projectCommands()) {
         EXPECT_EQ(enabled(command.option), command.option == Option::newProject)
-            << command.id.data();
+            << command.command.id;
     }
     QTest::keyClick(&view(), Qt::Key_Delete);
     EXPECT_THAT(posted, IsEmpty());
@@ -154,6 +174,52 @@ TEST_F(NavigationMenu, TheCommandsAreDisabledAfterTheLastProjectWasDeleted) {
 TEST_F(NavigationMenu, TheDeleteKeyPostsDelete) {
     show({game});
     QTest::keyClick(&view(), Qt::Key_Delete);
+    EXPECT_THAT(posted, ElementsAre(Option::delete_));
+}
+
+TEST_F(NavigationMenu, TheDeleteKeyFirstShowsARowInACollapsedContainer) {
+    const Node folder = group("Group", {text("deep.asm")});
+    insert(folder);
+    show({game});
+    view().expandAll();
+    click(folder->subItems()[0]);
+    view().collapse(index(folder));
+    view().collapse(index(game));
+    QTest::keyClick(&view(), Qt::Key_Delete);
+    EXPECT_THAT(posted, IsEmpty());
+    EXPECT_EQ(tree->selectedItem(), folder->subItems()[0]);
+    EXPECT_THAT(shown(), ElementsAre("Game", "  main.asm", "  Group", "    deep.asm"));
+    QTest::keyClick(&view(), Qt::Key_Delete);
+    EXPECT_THAT(posted, ElementsAre(Option::delete_));
+}
+
+TEST_F(NavigationMenu, TheDeleteKeyFirstShowsARowThatIsScrolledOut) {
+    for (int i = 0; i < 60; ++i) {
+        insert(text(std::to_string(i) + ".asm"));
+    }
+    show({game});
+    expand(game);
+    click(file);
+    view().verticalScrollBar()->setValue(view().verticalScrollBar()->maximum());
+    expectFirstShownThenDeleted();
+}
+
+TEST_F(NavigationMenu, TheDeleteKeyFirstShowsARowThatIsScrolledOutSideways) {
+    insert(text(std::string(200, 'm')));
+    show({game});
+    expand(game);
+    click(file);
+    QApplication::processEvents();
+    view().horizontalScrollBar()->setValue(view().horizontalScrollBar()->maximum());
+    expectFirstShownThenDeleted();
+}
+
+TEST_F(NavigationMenu, DeleteInTheContextMenuPostsAtOnce) {
+    show({game});
+    expand(game);
+    click(file);
+    view().collapse(index(game));
+    menu().action(Option::delete_)->trigger();
     EXPECT_THAT(posted, ElementsAre(Option::delete_));
 }
 
@@ -185,7 +251,7 @@ TEST_F(NavigationMenu, TheDeleteKeyActsOnlyWhileTheTreeHasTheFocus) {
 
 TEST_F(NavigationMenu, TheDeleteKeyDoesNotActElsewhereAlsoWhenTheActionStandsInAnotherMenu) {
     QMenu bar;
-    bar.addAction(menu().action(Option::delete_));
+    bar.addAction(menu().commands().action("deleteRowInSightAction"));
     auto* field = new QLineEdit(tree.get());
     tree->layout()->addWidget(field);
     field->addAction(bar.menuAction());
@@ -230,9 +296,9 @@ TEST_F(NavigationMenu, EveryControlHasAnObjectNameAndAnAccessibleName) {
     EXPECT_FALSE(menu().accessibleName().isEmpty());
     for (const ProjectCommand& command : projectCommands()) {
         const QAction* action = menu().action(command.option);
-        EXPECT_EQ(action->objectName(), command.id);
-        EXPECT_EQ(action->text(), command.title);
-        EXPECT_EQ(action->shortcut(), command.shortcut);
+        EXPECT_EQ(action->objectName(), QLatin1String(command.command.id));
+        EXPECT_EQ(action->text(), titleOf(command.command));
+        EXPECT_EQ(action->shortcuts(), command.command.shortcuts);
     }
 }
 

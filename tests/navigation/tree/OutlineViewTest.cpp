@@ -1,13 +1,96 @@
 // SPDX-License-Identifier: MIT
 #include "navigation/tree/NavigationFixture.h"
 
+#include <QHeaderView>
+
+#include <random>
+
 namespace kestrel::test {
 namespace {
 
 using testing::ElementsAre;
 
+/// Counts how often it was laid out, and gives up when that does not end.
+class CountingOutline : public OutlineView {
+public:
+    static constexpr int Endless = 500;
+    int passes = 0;
+
+protected:
+    void updateGeometries() override {
+        if (++passes < Endless) {
+            OutlineView::updateGeometries();
+        }
+    }
+};
+
 class NavigationOutline : public NavigationTest {
 protected:
+    static int from(int low, int high, std::mt19937& random) {
+        return low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1));
+    }
+
+    /// A project of up to 80 files and groups, most with short names and a few with long ones.
+    static ProjectItems randomTree(std::mt19937& random) {
+        const Node root = project("Game");
+        std::vector<Node> containers{root};
+        for (int i = from(0, 80, random); i > 0; --i) {
+            const bool isLong = from(0, 9, random) == 0;
+            const std::string name(static_cast<std::size_t>(from(1, isLong ? 60 : 12, random)),
+                                   'm');
+            const bool isGroup = from(0, 12, random) == 0;
+            const Node node = isGroup ? group(name) : text(name);
+            const Node container = containers[random() % containers.size()];
+            node->setParent(container);
+            container->subItems().push_back(node);
+            if (isGroup) {
+                containers.push_back(node);
+            }
+        }
+        return {root};
+    }
+
+    /// What somebody does with the tree or its window.
+    void change(std::mt19937& random) const {
+        QScrollBar* bar = view().verticalScrollBar();
+        const QModelIndex index = view().indexAtRow(from(0, 40, random));
+        switch (from(0, 5, random)) {
+        case 0:
+            view().expandAll();
+            break;
+        case 1:
+            bar->setValue(from(0, bar->maximum(), random));
+            break;
+        case 2:
+            bar->setValue(bar->maximum());
+            break;
+        case 3:
+            tree->resize(from(120, 400, random), from(60, 700, random));
+            break;
+        case 4:
+            view().setExpanded(index, !view().isExpanded(index));
+            break;
+        default:
+            view().selectIndex(index);
+            break;
+        }
+    }
+
+    /// Lets the view react until nothing is left to do, which must be soon.
+    static void settle(CountingOutline& outline) {
+        constexpr int Rounds = 40; // each gives the timers of the toolkit a turn
+        constexpr int MostPasses = 16;
+        outline.passes = 0;
+        int last = 0;
+        for (int round = 1; round <= Rounds; ++round) {
+            const int before = outline.passes;
+            QApplication::processEvents();
+            last = outline.passes > before ? round : last;
+        }
+        EXPECT_LE(outline.passes, MostPasses);
+        EXPECT_LT(last, Rounds / 2) << "still laid out anew";
+    }
+
     /// Whether something is painted where the row's triangle belongs.
     bool hasTriangle(const Node& node) const {
         const QImage image = view().grab().toImage();
@@ -173,6 +256,25 @@ TEST_F(NavigationOutline, TheNameOfADeepRowCanBeReached) {
     EXPECT_EQ(view().horizontalScrollBar()->value(), 0);
 }
 
+TEST_F(NavigationOutline, SelectingALongNameLeavesTheTrianglesInSight) {
+    const Node wide = text(std::string(100, 'm'));
+    game->subItems().push_back(wide);
+    wide->setParent(game);
+    show({game});
+    expand(game);
+    ASSERT_TRUE(tree->select(wide));
+    QApplication::processEvents();
+    ASSERT_GT(view().horizontalScrollBar()->maximum(), view().indentation());
+    EXPECT_EQ(view().horizontalScrollBar()->value(), 0);
+    // What somebody scrolled to stays while the row's own triangle is in sight.
+    view().horizontalScrollBar()->setValue(view().indentation() / 2);
+    ASSERT_TRUE(tree->select(wide));
+    EXPECT_EQ(view().horizontalScrollBar()->value(), view().indentation() / 2);
+    view().horizontalScrollBar()->setValue(view().horizontalScrollBar()->maximum());
+    ASSERT_TRUE(tree->select(wide));
+    EXPECT_EQ(view().horizontalScrollBar()->value(), 0);
+}
+
 TEST_F(NavigationOutline, ScrollingDownToDeepRowsMakesTheColumnWideEnough) {
     const Node deepest = nested(game, 200);
     show({game});
@@ -184,6 +286,68 @@ TEST_F(NavigationOutline, ScrollingDownToDeepRowsMakesTheColumnWideEnough) {
     const QRect row = view().visualRect(index(deepest));
     EXPECT_TRUE(view().viewport()->rect().contains(row.center()));
     EXPECT_GE(row.width(), view().sizeHintForIndex(index(deepest)).width());
+}
+
+TEST_F(NavigationOutline, TheLayoutSettlesWhateverRowsAreInSight) {
+    for (unsigned seed = 1; seed <= 100; ++seed) {
+        SCOPED_TRACE(seed);
+        std::mt19937 random(seed);
+        auto* counting = new CountingOutline;
+        tree->setOutlineView(counting);
+        show(randomTree(random));
+        settle(*counting);
+        for (int step = 0; step < 12; ++step) {
+            SCOPED_TRACE(step);
+            change(random);
+            settle(*counting);
+        }
+        if (HasFailure()) {
+            break; // the rest would only say the same
+        }
+    }
+}
+
+TEST_F(NavigationOutline, AWideRowAtTheLowerEdgeDoesNotMakeTheLayoutGoInCircles) {
+    ProjectItems files;
+    for (int i = 0; i < 60; ++i) {
+        files.push_back(text(i == 41 ? "enemy_behaviour_tables.asm" : "f.asm"));
+    }
+    game = project("Game", files);
+    auto* counting = new CountingOutline;
+    tree->setOutlineView(counting);
+    show({game});
+    expand(game);
+    const int width = view().sizeHintForIndex(index(files[41])).width() + 2 * view().indentation();
+    const int rowHeight = view().visualRect(index(game)).height();
+    for (int height = 400; height < 400 + rowHeight; ++height) {
+        tree->resize(width - 20, height);
+        for (int row = 0; row <= view().verticalScrollBar()->maximum(); ++row) {
+            view().verticalScrollBar()->setValue(row);
+            settle(*counting);
+        }
+        ASSERT_FALSE(HasFailure()) << height;
+    }
+    view().verticalScrollBar()->setValue(view().verticalScrollBar()->maximum());
+    settle(*counting);
+    EXPECT_TRUE(view().viewport()->rect().contains(centre(files.back())));
+}
+
+TEST_F(NavigationOutline, TheColumnIsNarrowAgainOnceTheWideRowsAreHidden) {
+    const Node deepest = nested(game, 200);
+    show({game});
+    view().expandAll();
+    ASSERT_TRUE(tree->select(deepest));
+    ASSERT_GT(view().header()->length(), view().viewport()->width());
+    view().collapse(index(game));
+    QApplication::processEvents();
+    EXPECT_EQ(view().header()->length(), view().viewport()->width());
+    view().expandAll();
+    ASSERT_TRUE(tree->select(deepest));
+    ASSERT_GT(view().header()->length(), view().viewport()->width());
+    game->subItems().clear();
+    tree->reloadFileStatusForNavigationContent();
+    QApplication::processEvents();
+    EXPECT_EQ(view().header()->length(), view().viewport()->width());
 }
 
 TEST_F(NavigationOutline, WithoutRowsAHintSaysWhatToDoNext) {

@@ -1,1 +1,0 @@
-	.incchr "tile.pcx"

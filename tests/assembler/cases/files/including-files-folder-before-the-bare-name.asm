@@ -1,1 +1,0 @@
-	.include "sub/one.asm"

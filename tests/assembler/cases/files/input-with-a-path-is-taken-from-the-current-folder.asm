@@ -1,1 +1,0 @@
-	.fail "this file is not assembled"

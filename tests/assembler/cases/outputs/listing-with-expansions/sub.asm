@@ -1,2 +1,0 @@
-sub.one:
-	rts

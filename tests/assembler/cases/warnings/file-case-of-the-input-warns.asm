@@ -1,1 +1,0 @@
-	.fail "not this one"

@@ -1,2 +1,0 @@
-count = $10
-	lda count
