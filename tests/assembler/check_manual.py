@@ -33,7 +33,7 @@ def source(name):
 
 
 def table(name, start):
-    """The text of a constant table in a header."""
+    """The text of a constant table in a source."""
     text = source(name)
     return text[text.index(start):text.index("}};", text.index(start))]
 
@@ -48,8 +48,8 @@ def warnings():
 
 
 def missing_names(manual, program):
-    directives = re.findall(r'\{"([a-z]+)", Directive::', table("language/Keywords.h", "DirectiveTable{{"))
-    functions = re.findall(r'\{"([a-z]+)", Function::', table("language/Keywords.h", "FunctionTable{{{"))
+    directives = re.findall(r'\{\{"([a-z]+)", (?:NeedsDot|DotOrNot)\b', table("statements/Directives.cpp", "Rows{{"))
+    functions = re.findall(r'\{"([a-z]+)", Function::', table("language/Functions.cpp", "FunctionNames{{{"))
     instructions = re.findall(r'makeInstruction\("([A-Z]{3})"', source("language/InstructionTable.h"))
     if min(len(directives), len(functions) * 5, len(instructions), len(warnings()) * 2) < 20:
         return ["the tables of the assembler's sources were not understood"]

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Feeds the expression parser lines of text and compares what it makes of equal expressions.
-#include "assembler/statements/Assembly.h"
-#include "assembler/statements/ExpressionParser.h"
+#include "assembler/expressions/ExpressionParser.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -19,28 +18,35 @@ struct Reading {
 };
 
 std::optional<Reading> read(const std::string& text) {
-    nesasm::Options options;
-    options.largestErrorCount = 0;
-    nesasm::Assembly assembly(options, [](std::string_view) {});
+    nesasm::Arena arena;
+    nesasm::Origins origins;
+    nesasm::Diagnostics diagnostics(
+        origins, [](std::string_view) {}, 0, false);
+    nesasm::SymbolTable symbols;
+    nesasm::Deferred deferred;
+    nesasm::Statement statement;
+    nesasm::Reporter reporter(statement.line, diagnostics, origins, arena);
+    nesasm::Names names(statement.line, symbols, arena);
     nesasm::Origin origin;
     origin.file = "fuzz.asm";
     const std::string line = text + "\n";
-    assembly.line = {line.c_str(), 1, assembly.origins.add(origin), 1, false};
-    assembly.here = 0x8123;
-    nesasm::Symbol& known = assembly.symbols[assembly.symbols.intern("known", 0, nullptr)];
+    statement.line = {nesasm::Cursor(line.c_str()), 1, origins.add(origin), 1, false};
+    statement.address = 0x8123;
+    nesasm::Symbol& known = symbols[symbols.intern("known", 0, nullptr)];
     known.isDefined = known.isKnown = known.isLabel = true;
     known.value = 0xC0DE;
     known.bank = 3;
     known.size = 2;
-    nesasm::ExpressionParser parser(assembly);
-    const char* p = line.c_str();
+    nesasm::ExpressionParser parser(statement, names, reporter, deferred);
+    const nesasm::Cursor begin(line.c_str());
+    nesasm::Cursor p = begin;
     if (!parser.parse(p)) {
-        if (assembly.diagnostics.errorCount() == 0) {
+        if (diagnostics.errorCount() == 0) {
             std::abort(); // a failure without a message
         }
         return std::nullopt;
     }
-    const auto length = static_cast<std::size_t>(p - line.c_str());
+    const auto length = p - begin;
     if (length > text.size()) {
         std::abort(); // read beyond the end of the line
     }

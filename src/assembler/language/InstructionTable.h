@@ -34,6 +34,7 @@ inline constexpr std::size_t ModeCount = 13;
 struct Instruction {
     std::string_view name;
     std::array<std::uint16_t, ModeCount> opcodes;
+
     static constexpr std::uint16_t NoOpcode = 0x100;
 
     constexpr std::uint16_t opcode(Mode mode) const {
@@ -142,6 +143,9 @@ inline constexpr std::array<Instruction, 56> InstructionTable{
     makeInstruction("TYA", {{Mode::implied, 0x98}}),
 };
 // clang-format on
+
+/// The instruction of that name, whatever the case of its letters; nullptr when there is none.
+const Instruction* findInstruction(std::string_view name);
 
 /// The instruction and mode of an opcode; nullptr when it is none.
 const Instruction* findOpcode(std::uint8_t opcode, Mode& mode);

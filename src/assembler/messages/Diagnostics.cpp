@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/messages/Diagnostics.h"
 
-#include "assembler/text/Characters.h"
+#include "assembler/text/Cursor.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -174,7 +174,7 @@ std::string Diagnostics::render(const Position& position) const {
     }
     const char* begin = position.line;
     const char* const caret = begin + position.column;
-    const char* end = lineEnd(caret);
+    const char* end = Cursor(caret).lineEnd().data();
     bool cutAtStart = false;
     if (static_cast<std::size_t>(end - begin) > LongestQuote) {
         if (position.column > LongestQuote / 2) {

@@ -2,7 +2,6 @@
 #include "assembler/output/DbgFile.h"
 
 #include "assembler/output/DebugLabels.h"
-#include "assembler/statements/Assembly.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -68,13 +67,13 @@ std::string inQuotes(std::string_view text) {
 /// Builds the file's lines from a run.
 class DbgWriter {
 public:
-    DbgWriter(const Assembly& assembly, const std::string& output)
-        : m_assembly(assembly)
+    DbgWriter(const FinishedProgram& program, const std::string& output)
+        : m_program(program)
         , m_output(output)
         , m_folder(absolutePath(folderOf(output))) {}
 
     std::string text() {
-        for (const LineRecord& record : m_assembly.records.all()) {
+        for (const LineRecord& record : m_program.lines) {
             addRecord(record);
         }
         chooseSegmentStarts();
@@ -108,7 +107,7 @@ private:
         if (!record.isStatement || record.isRam || record.size == 0 || record.file == nullptr) {
             return;
         }
-        const Origins& origins = m_assembly.origins;
+        const Origins& origins = m_program.origins;
         const bool isMacro = origins[record.origin].kind == Origin::Kind::macro;
         std::uint32_t bank = record.bank;
         std::uint32_t offset = record.offset;
@@ -126,7 +125,7 @@ private:
 
     /// The line outside of all macros that led to the bytes of a macro.
     void addCaller(OriginId origin, std::uint32_t span) {
-        const Origins& origins = m_assembly.origins;
+        const Origins& origins = m_program.origins;
         while (origins[origin].kind == Origin::Kind::macro) {
             const std::uint32_t line = origins[origin].callLine;
             origin = origins[origin].parent;
@@ -204,7 +203,7 @@ private:
     }
 
     void addSymbols() {
-        const SymbolTable& symbols = m_assembly.symbols;
+        const SymbolTable& symbols = m_program.symbols;
         std::vector<std::uint32_t> ids(symbols.size(), None);
         for (SymbolId id = 1; id < symbols.size(); ++id) {
             const Symbol& symbol = symbols[id];
@@ -222,9 +221,9 @@ private:
                 m_symbols += ",size=" + number(symbol.size);
             }
             m_symbols += hasParent ? ",parent=" + number(ids[symbol.scope]) : ",scope=0";
-            if (symbol.origin != NoOrigin && m_assembly.origins[symbol.origin].source != nullptr) {
+            if (symbol.origin != NoOrigin && m_program.origins[symbol.origin].source != nullptr) {
                 m_symbols +=
-                    ",def=" + number(lineOf(fileOf(m_assembly.origins[symbol.origin].source),
+                    ",def=" + number(lineOf(fileOf(m_program.origins[symbol.origin].source),
                                             symbol.line, typeOf(symbol.origin))
                                          .id);
             }
@@ -238,7 +237,7 @@ private:
     }
 
     unsigned typeOf(OriginId origin) const {
-        return m_assembly.origins[origin].kind == Origin::Kind::macro ? MacroLine : 0;
+        return m_program.origins[origin].kind == Origin::Kind::macro ? MacroLine : 0;
     }
 
     void addSegments() {
@@ -256,7 +255,7 @@ private:
         }
     }
 
-    const Assembly& m_assembly;
+    const FinishedProgram& m_program;
     std::string m_output;
     std::string m_folder;
     std::map<const SourceFile*, std::uint32_t> m_fileIds;
@@ -277,8 +276,8 @@ private:
 
 } // namespace
 
-SideFile dbgFile(const Assembly& assembly, const std::string& output) {
-    return {withEnding(output, ".dbg"), DbgWriter(assembly, output).text()};
+SideFile dbgFile(const FinishedProgram& program, const std::string& output) {
+    return {withEnding(output, ".dbg"), DbgWriter(program, output).text()};
 }
 
 } // namespace nesasm

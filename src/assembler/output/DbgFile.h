@@ -8,6 +8,6 @@ namespace nesasm {
 /// Lines, places and symbols in the format that ends in .dbg (source: the public documentation of
 /// the ld65 debug format, version 2.0). The lines of the run must have been recorded. Sources are
 /// named as seen from the file's folder where that is possible.
-SideFile dbgFile(const Assembly& assembly, const std::string& output);
+SideFile dbgFile(const FinishedProgram& program, const std::string& output);
 
 } // namespace nesasm

@@ -2,7 +2,6 @@
 #include "assembler/output/DebugLabels.h"
 
 #include "assembler/output/ImageFile.h"
-#include "assembler/statements/Assembly.h"
 
 #include <map>
 #include <set>
@@ -72,9 +71,9 @@ std::string debugName(const SymbolTable& symbols, SymbolId id) {
     return name;
 }
 
-std::vector<DebugLabel> debugLabels(const Assembly& assembly) {
-    const SymbolTable& symbols = assembly.symbols;
-    const std::uint32_t prgBanks = prgBankCount(assembly.image);
+std::vector<DebugLabel> debugLabels(const FinishedProgram& program) {
+    const SymbolTable& symbols = program.symbols;
+    const std::uint32_t prgBanks = prgBankCount(program.image);
     std::vector<DebugLabel> labels;
     std::set<std::string> names;
     std::map<std::pair<DebugLabel::Memory, std::uint32_t>, std::size_t> places;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/output/FinishedProgram.h"
 #include "assembler/values/SymbolTable.h"
 
 #include <cstdint>
@@ -8,8 +9,6 @@
 #include <vector>
 
 namespace nesasm {
-
-struct Assembly;
 
 /// A name for a place in the console's memory or in the image, in a form that debuggers accept.
 struct DebugLabel {
@@ -26,7 +25,7 @@ struct DebugLabel {
 
 /// The labels of a finished run, variables and constants that are used as addresses, in the order
 /// of their definition. Of several names for one place the first is kept, with the others in it.
-std::vector<DebugLabel> debugLabels(const Assembly& assembly);
+std::vector<DebugLabel> debugLabels(const FinishedProgram& program);
 
 /// The name of a symbol in a form that debuggers accept: "reset@loop" for .loop under reset.
 std::string debugName(const SymbolTable& symbols, SymbolId id);

@@ -3,7 +3,6 @@
 
 #include "assembler/output/DebugLabels.h"
 #include "assembler/output/ImageFile.h"
-#include "assembler/statements/Assembly.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -70,10 +69,10 @@ std::string withEnding(const std::string& path, std::string_view ending) {
     return result.append(ending);
 }
 
-SideFile mlbFile(const Assembly& assembly, const std::string& output) {
+SideFile mlbFile(const FinishedProgram& program, const std::string& output) {
     SideFile file{withEnding(output, ".mlb"), {}};
-    for (const DebugLabel& label : debugLabels(assembly)) {
-        file.text.append(mlbType(label.memory, assembly.image.header))
+    for (const DebugLabel& label : debugLabels(program)) {
+        file.text.append(mlbType(label.memory, program.image.header))
             .append(":")
             .append(hexDigits(label.offset, 4));
         if (label.size > 1) {
@@ -96,8 +95,8 @@ std::vector<std::string> nlPaths(const std::string& output, std::uint32_t banks)
     return paths;
 }
 
-std::vector<SideFile> nlFiles(const Assembly& assembly, const std::string& output) {
-    const std::uint32_t prgSize = prgBankCount(assembly.image) * BankSize;
+std::vector<SideFile> nlFiles(const FinishedProgram& program, const std::string& output) {
+    const std::uint32_t prgSize = prgBankCount(program.image) * BankSize;
     std::vector<SideFile> files;
     for (std::string& path : nlPaths(output, (prgSize + NlBankSize - 1) / NlBankSize)) {
         files.push_back({std::move(path), {}});
@@ -105,7 +104,7 @@ std::vector<SideFile> nlFiles(const Assembly& assembly, const std::string& outpu
     // A file may name an address only once; the same one in another 8 KiB of the same file comes
     // later and is left out.
     std::vector<std::map<std::uint32_t, bool>> taken(files.size());
-    for (const DebugLabel& label : debugLabels(assembly)) {
+    for (const DebugLabel& label : debugLabels(program)) {
         std::size_t index = 0;
         if (label.memory == Memory::prgRom) {
             index = 1 + label.offset / NlBankSize;

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/output/FinishedProgram.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace nesasm {
-
-struct Assembly;
 
 /// A text file that is written beside the image.
 struct SideFile {
@@ -18,11 +18,11 @@ struct SideFile {
 
 /// The labels in the format that ends in .mlb (source: the label importer of the emulator that
 /// reads it). `output` is the path of the image.
-SideFile mlbFile(const Assembly& assembly, const std::string& output);
+SideFile mlbFile(const FinishedProgram& program, const std::string& output);
 
 /// The labels in the format that ends in .nl (source: its emulator's manual, "NL files format"):
 /// one file for RAM and one for each 16 KiB of PRG.
-std::vector<SideFile> nlFiles(const Assembly& assembly, const std::string& output);
+std::vector<SideFile> nlFiles(const FinishedProgram& program, const std::string& output);
 
 /// The paths of those files when PRG has so many `banks` of 16 KiB.
 std::vector<std::string> nlPaths(const std::string& output, std::uint32_t banks);

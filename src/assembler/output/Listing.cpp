@@ -2,7 +2,7 @@
 #include "assembler/output/Listing.h"
 
 #include "assembler/language/Cycles.h"
-#include "assembler/language/Keywords.h"
+#include "assembler/language/InstructionTable.h"
 #include "assembler/text/Characters.h"
 #include "assembler/text/Text.h"
 
@@ -32,9 +32,9 @@ std::string filled(std::string text, std::size_t width) {
 /// Formats the lines of a run and its symbols as text.
 class ListingWriter {
 public:
-    ListingWriter(const Assembly& assembly, bool showsExpansions)
-        : m_assembly(assembly)
-        , m_records(assembly.records.all())
+    ListingWriter(const FinishedProgram& program, bool showsExpansions)
+        : m_program(program)
+        , m_records(program.lines)
         , m_showsExpansions(showsExpansions) {}
 
     std::string text() {
@@ -71,7 +71,7 @@ private:
     }
 
     void findOwners() {
-        m_owners.resize(m_assembly.image.bankCount());
+        m_owners.resize(m_program.image.bankCount());
         for (std::size_t i = 0; i < m_records.size(); ++i) {
             forEachByte(m_records[i], [&](std::uint32_t bank, std::uint32_t offset) {
                 m_owners[bank].resize(BankSize);
@@ -81,7 +81,7 @@ private:
     }
 
     bool isExpansion(const LineRecord& record) const {
-        return m_assembly.origins[record.origin].kind != Origin::Kind::file;
+        return m_program.origins[record.origin].kind != Origin::Kind::file;
     }
 
     void addLine(std::size_t index) {
@@ -115,14 +115,14 @@ private:
     }
 
     void addFileLine(const LineRecord& record) {
-        const Origin& origin = m_assembly.origins[record.origin];
+        const Origin& origin = m_program.origins[record.origin];
         if (origin.kind != Origin::Kind::file || record.origin == m_file) {
             return;
         }
         m_file = record.origin;
         m_text += "--- " + printable(origin.file);
         if (origin.parent != NoOrigin) {
-            m_text += ", included at " + printable(m_assembly.origins[origin.parent].file) + ":" +
+            m_text += ", included at " + printable(m_program.origins[origin.parent].file) + ":" +
                       std::to_string(origin.callLine);
         }
         m_text += '\n';
@@ -157,31 +157,30 @@ private:
     void append(std::size_t index, Bytes& bytes) const {
         forEachByte(m_records[index], [&](std::uint32_t bank, std::uint32_t offset) {
             if (m_owners[bank][offset] == index) {
-                bytes.emplace_back(m_assembly.image.bytes(bank)[offset]);
+                bytes.emplace_back(m_program.image.bytes(bank)[offset]);
             } else {
                 bytes.emplace_back();
             }
         });
     }
 
-    static bool isBlankLine(const char* text) { return endsStatement(*skipBlanks(text)); }
+    static bool isBlankLine(Cursor text) { return text.afterBlanks().isAtStatementEnd(); }
 
     /// True when the statement of the line is an instruction.
     bool isInstruction(const LineRecord& record) const {
         if (record.size == 0 || record.size > 3) {
             return false;
         }
-        const char* p = skipBlanks(record.text);
-        for (bool isFirst = p == record.text; startsName(p); isFirst = false) {
-            const char* const end = wordEnd(p);
-            const std::string_view word(p, static_cast<std::size_t>(end - p));
-            if (*end != ':' && findKeyword(word).kind == Keyword::Kind::instruction) {
+        Cursor p = record.text.afterBlanks();
+        for (bool isFirst = p == record.text; p.isAtName(); isFirst = false) {
+            const Cursor end = p.wordEnd();
+            if (*end != ':' && findInstruction(p.upTo(end)) != nullptr) {
                 return true;
             }
             if (*end != ':' && !isFirst) {
                 return false;
             }
-            p = skipBlanks(*end == ':' ? end + 1 : end);
+            p = (*end == ':' ? end + 1 : end).afterBlanks();
         }
         return false;
     }
@@ -205,8 +204,8 @@ private:
         return text;
     }
 
-    static std::string sourceText(const char* text) {
-        return printable({text, static_cast<std::size_t>(lineEnd(text) - text)}, true);
+    static std::string sourceText(Cursor text) {
+        return printable(text.upTo(text.lineEnd()), true);
     }
 
     void addTrimmed(std::string line) {
@@ -217,7 +216,7 @@ private:
     }
 
     void addSymbols() {
-        const SymbolTable& symbols = m_assembly.symbols;
+        const SymbolTable& symbols = m_program.symbols;
         std::vector<std::pair<std::string, SymbolId>> sorted;
         for (SymbolId id = 1; id < symbols.size(); ++id) {
             if (symbols[id].isKnown) {
@@ -234,7 +233,7 @@ private:
                 padded(symbol.isLabel && symbol.bank >= 0 ? std::to_string(symbol.bank) : "", 3);
             line += padded(std::to_string(symbol.uses), 6) + "  " + printable(name);
             if (symbol.origin != NoOrigin) {
-                line += "  " + printable(m_assembly.origins[symbol.origin].file) + ":" +
+                line += "  " + printable(m_program.origins[symbol.origin].file) + ":" +
                         std::to_string(symbol.line);
             }
             m_text += line += '\n';
@@ -242,13 +241,13 @@ private:
     }
 
     std::string shownName(SymbolId id) const {
-        const Symbol& symbol = m_assembly.symbols[id];
+        const Symbol& symbol = m_program.symbols[id];
         const bool isLocal = symbol.name.starts_with('.') && symbol.scope != 0;
-        return (isLocal ? std::string(m_assembly.symbols[symbol.scope].name) : std::string()) +
+        return (isLocal ? std::string(m_program.symbols[symbol.scope].name) : std::string()) +
                std::string(symbol.name);
     }
 
-    const Assembly& m_assembly;
+    const FinishedProgram& m_program;
     const std::vector<LineRecord>& m_records;
     bool m_showsExpansions;
     /// For each byte of each bank the line that wrote it last; empty where nothing was written.
@@ -259,8 +258,8 @@ private:
 
 } // namespace
 
-std::string listingText(const Assembly& assembly, bool showsExpansions) {
-    return ListingWriter(assembly, showsExpansions).text();
+std::string listingText(const FinishedProgram& program, bool showsExpansions) {
+    return ListingWriter(program, showsExpansions).text();
 }
 
 } // namespace nesasm

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/statements/Assembly.h"
+#include "assembler/output/FinishedProgram.h"
 
 #include <string>
 
@@ -11,6 +11,6 @@ namespace nesasm {
 /// bank and address, the bytes, ".." where a later line wrote over them, the cycles, and the
 /// source; then all symbols with their uses. `showsExpansions`: the lines of macros and
 /// repetitions, too, instead of their bytes after the line that called them.
-std::string listingText(const Assembly& assembly, bool showsExpansions);
+std::string listingText(const FinishedProgram& program, bool showsExpansions);
 
 } // namespace nesasm

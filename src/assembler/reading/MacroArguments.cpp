@@ -2,6 +2,7 @@
 #include "assembler/reading/MacroArguments.h"
 
 #include "assembler/text/Characters.h"
+#include "assembler/text/QuotedText.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -14,9 +15,9 @@ namespace {
 constexpr std::size_t LongestLine = std::size_t{1} << 20U;
 
 /// The end of the argument at `p`: a comma outside of brackets and quotes, or the statement's end.
-const char* argumentEnd(const char* p) {
+Cursor argumentEnd(Cursor p) {
     int depth = 0;
-    while (!endsStatement(*p)) {
+    while (!p.isAtStatementEnd()) {
         if (*p == ',' && depth <= 0) {
             break;
         }
@@ -25,32 +26,33 @@ const char* argumentEnd(const char* p) {
         } else if (*p == ')' || *p == ']') {
             --depth;
         }
-        p = skipQuoted(p);
+        p = afterQuoted(p);
     }
     return p;
 }
 
 /// When `p` is at ", x" or ", y" and nothing else comes before the next comma: the place after it.
-const char* afterIndex(const char* p) {
+Cursor afterIndex(Cursor p) {
     if (*p != ',') {
         return p;
     }
-    const char* const letter = skipBlanks(p + 1);
+    const Cursor letter = (p + 1).afterBlanks();
     if (lowered(*letter) != 'x' && lowered(*letter) != 'y') {
         return p;
     }
-    const char* const after = skipBlanks(letter + 1);
-    return *after == ',' || endsStatement(*after) ? after : p;
+    const Cursor after = (letter + 1).afterBlanks();
+    return *after == ',' || after.isAtStatementEnd() ? after : p;
 }
 
-std::string_view trimmed(const char* begin, const char* end) {
-    while (begin < end && isBlank(*begin)) {
-        ++begin;
+std::string_view trimmed(Cursor begin, Cursor end) {
+    std::string_view text = begin.upTo(end);
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
     }
-    while (end > begin && isBlank(end[-1])) {
-        --end;
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
     }
-    return {begin, static_cast<std::size_t>(end - begin)};
+    return text;
 }
 
 bool isName(std::string_view text) {
@@ -82,40 +84,29 @@ bool isIndirect(std::string_view text) {
 
 } // namespace
 
-const char* skipQuoted(const char* p) {
+Cursor afterQuoted(Cursor p) {
     if (*p == '\'' && !isLineEnd(p[1]) && p[2] == '\'') {
         return p + 3;
     }
-    if (*p != '"') {
-        return p + 1;
-    }
-    for (++p; !isLineEnd(*p); ++p) {
-        if (*p == '"') {
-            return p + 1;
-        }
-        if (*p == '\\' && p[1] == '"') {
-            ++p;
-        }
-    }
-    return p;
+    return *p == '"' ? readQuoted(p, QuotedText::Backslash::escapes).end : p + 1;
 }
 
-bool MacroArguments::read(const char*& p) {
+bool MacroArguments::read(Cursor& p) {
     m_count = 0;
-    p = skipBlanks(p);
-    if (endsStatement(*p)) {
+    p.skipBlanks();
+    if (p.isAtStatementEnd()) {
         return true;
     }
     for (;;) {
-        const char* const begin = p;
+        const Cursor begin = p;
         p = argumentEnd(p);
         if (!trimmed(begin, p).empty()) {
-            for (const char* after = afterIndex(p); after != p; after = afterIndex(p)) {
+            for (Cursor after = afterIndex(p); after != p; after = afterIndex(p)) {
                 p = after;
             }
         }
         if (m_count == LargestCount) {
-            p = skipBlanks(begin);
+            p = begin.afterBlanks();
             return false;
         }
         m_texts[m_count++] = trimmed(begin, p);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/text/Cursor.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -16,7 +18,7 @@ public:
 
     /// Splits the text from `p` to the end of the statement. False when there are more than nine
     /// arguments; `p` is then at the tenth.
-    bool read(const char*& p);
+    bool read(Cursor& p);
 
     std::size_t count() const { return m_count; }
     /// The text of argument `number` (from 1), "" when it is missing.
@@ -33,7 +35,7 @@ unsigned kindOfArgument(std::string_view text);
 
 /// The place after the quoted text, character or single byte at `p`, so that marks inside quotes
 /// are skipped: a string up to its closing quote or the line's end, a character as three bytes.
-const char* skipQuoted(const char* p);
+Cursor afterQuoted(Cursor p);
 
 /// Appends a macro's line to `out` with its arguments filled in. False when it got too long.
 bool expandLine(std::string_view line, const MacroArguments& arguments, std::uint32_t number,

@@ -48,13 +48,13 @@ SourceStack::Next SourceStack::next(Line& line) {
     if (frame.passage.file != nullptr && !frame.passage.file->hasCarriageReturns()) {
         end = static_cast<const char*>(std::memchr(begin, '\n', left + 1));
     } else {
-        end = lineEnd(begin);
+        end = Cursor(begin).lineEnd().data();
     }
     frame.cursor = end;
     if (end < textEnd) {
         frame.cursor += end[0] == '\r' && end + 1 < textEnd && end[1] == '\n' ? 2 : 1;
     }
-    line = {begin, ++frame.line, frame.origin, ++m_order, false};
+    line = {Cursor(begin), ++frame.line, frame.origin, ++m_order, false};
     const std::string_view content(begin, static_cast<std::size_t>(end - begin));
     if (frame.countsAsWork) {
         m_work += content.size() + WorkOfLine;
@@ -73,7 +73,7 @@ SourceStack::Next SourceStack::expand(Frame& frame, std::string_view text, Line&
     const bool fits = expandLine(text, frame.arguments, frame.number, frame.buffer);
     m_work += frame.buffer.size();
     frame.buffer += '\n';
-    line.begin = frame.buffer.data();
+    line.begin = Cursor(frame.buffer.data());
     line.isShortLived = true;
     return fits ? Next::line : Next::tooLong;
 }

@@ -5,6 +5,7 @@
 #include "assembler/reading/Origins.h"
 #include "assembler/reading/SourceFile.h"
 #include "assembler/text/Arena.h"
+#include "assembler/text/Cursor.h"
 #include "assembler/values/SymbolTable.h"
 
 #include <cstdint>
@@ -25,7 +26,7 @@ struct Passage {
 
 /// One line of source text.
 struct Line {
-    const char* begin = nullptr;
+    Cursor begin;
     std::uint32_t number = 0;
     OriginId origin = NoOrigin;
     std::uint32_t order = 0;

@@ -2,16 +2,15 @@
 #pragma once
 
 #include "assembler/messages/Diagnostics.h"
+#include "assembler/output/FinishedProgram.h"
 #include "assembler/reading/FileReader.h"
-#include "assembler/statements/Options.h"
+#include "assembler/run/Options.h"
 #include "assembler/values/Image.h"
 
 #include <memory>
 #include <string>
 
 namespace nesasm {
-
-struct Assembly;
 
 /// Assembles one program in memory. It shares nothing with other assemblers in the process and
 /// writes no file.
@@ -36,18 +35,20 @@ public:
 
     /// The banks and the header, complete after Result::Built.
     const Image& image() const;
-    /// The state of the run, for the files that are written beside the image.
-    const Assembly& assembly() const { return *m_assembly; }
+    /// What is known of the run, for what is written beside the image.
+    FinishedProgram program() const;
     /// True when `identity` is one of the files that were read.
     bool hasRead(const FileIdentity& identity) const;
 
 private:
+    struct Run;
+
     void checkHeader();
     void checkVectors();
 
     Options m_options;
     TextSink m_sink;
-    std::unique_ptr<Assembly> m_assembly;
+    std::unique_ptr<Run> m_run;
 };
 
 } // namespace nesasm

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/statements/Options.h"
+#include "assembler/run/Options.h"
 
 #include <span>
 #include <string>

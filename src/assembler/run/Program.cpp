@@ -42,7 +42,7 @@ bool isFree(const std::string& path, const Assembler& assembler, const TextSink&
 
 /// Writes the files beside the image. False when one could not be written; that was reported.
 bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const TextSink& sink) {
-    const std::vector<SideFile> files = sideFiles(assembler.assembly(), line);
+    const std::vector<SideFile> files = sideFiles(assembler.program(), line);
     return std::ranges::all_of(files, [&](const SideFile& file) {
         if (!isFree(file.path, assembler, sink)) {
             return false;

@@ -65,25 +65,25 @@ std::string sharedOutput(const CommandLine& line) {
     return {};
 }
 
-std::vector<SideFile> sideFiles(const Assembly& assembly, const CommandLine& line) {
+std::vector<SideFile> sideFiles(const FinishedProgram& program, const CommandLine& line) {
     std::vector<SideFile> files;
     for (const CommandLine::Labels format : line.labels) {
         switch (format) {
         case CommandLine::Labels::mlb:
-            files.push_back(mlbFile(assembly, line.output));
+            files.push_back(mlbFile(program, line.output));
             break;
         case CommandLine::Labels::nl: {
-            std::vector<SideFile> several = nlFiles(assembly, line.output);
+            std::vector<SideFile> several = nlFiles(program, line.output);
             std::move(several.begin(), several.end(), std::back_inserter(files));
             break;
         }
         case CommandLine::Labels::dbg:
-            files.push_back(dbgFile(assembly, line.output));
+            files.push_back(dbgFile(program, line.output));
             break;
         }
     }
     if (!line.listing.empty()) {
-        files.push_back({line.listing, listingText(assembly, line.listsExpansions)});
+        files.push_back({line.listing, listingText(program, line.listsExpansions)});
     }
     return files;
 }

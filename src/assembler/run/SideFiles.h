@@ -13,6 +13,6 @@ namespace nesasm {
 std::string sharedOutput(const CommandLine& line);
 
 /// The listing and the label files that the command line asks for, of a run that has built.
-std::vector<SideFile> sideFiles(const Assembly& assembly, const CommandLine& line);
+std::vector<SideFile> sideFiles(const FinishedProgram& program, const CommandLine& line);
 
 } // namespace nesasm

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/DataDirectives.h"
 
-#include "assembler/statements/FieldWriter.h"
-#include "assembler/text/Characters.h"
+#include "assembler/state/QuotedOperand.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -12,123 +12,93 @@ namespace nesasm {
 
 namespace {
 
-const std::uint8_t* bytesOf(const char* text) {
-    return reinterpret_cast<const std::uint8_t*>(text); // the same bytes, seen as numbers
+const std::uint8_t* bytesOf(std::string_view text) {
+    return reinterpret_cast<const std::uint8_t*>(text.data()); // the same bytes, seen as numbers
 }
 
 } // namespace
 
-DataDirectives::DataDirectives(Assembly& assembly, ExpressionParser& parser)
-    : m_assembly(assembly)
-    , m_parser(parser) {}
+DataDirectives::DataDirectives(const Statement& statement, ExpressionParser& parser,
+                               FieldWriter& fields, ImageWriter& writer, Reporter& reporter)
+    : m_statement(statement)
+    , m_parser(parser)
+    , m_fields(fields)
+    , m_writer(writer)
+    , m_reporter(reporter) {}
 
-void DataDirectives::run(Directive directive, const char* p) {
-    p = skipBlanks(p);
-    switch (directive) {
-    case Directive::byte:
-        data(Field::byte, p);
-        break;
-    case Directive::word:
-        data(Field::word, p);
-        break;
-    case Directive::ds:
-        space(p);
-        break;
-    case Directive::align:
-        align(p);
-        break;
-    default:
-        pad(p);
-        break;
-    }
-}
-
-void DataDirectives::data(Field field, const char* p) {
+void DataDirectives::data(Field field, Cursor p) {
     while (item(field, p)) {
-        p = skipBlanks(p);
+        p.skipBlanks();
         if (*p != ',') {
-            if (!endsStatement(*p)) {
-                m_assembly.error(p, "expected a comma or the end of the statement, found " +
+            if (!p.isAtStatementEnd()) {
+                m_reporter.error(p, "expected a comma or the end of the statement, found " +
                                         foundText(p));
             }
             return;
         }
-        p = skipBlanks(p + 1);
+        p = (p + 1).afterBlanks();
     }
 }
 
-bool DataDirectives::item(Field field, const char*& p) {
+bool DataDirectives::item(Field field, Cursor& p) {
     if (*p == '"' && field == Field::byte) {
         return string(p);
     }
-    const char* const start = p;
+    const Cursor start = p;
     if (!m_parser.parse(p, ExpressionParser::Prefix::lowHigh)) {
         return false;
     }
-    emitField(m_assembly, m_parser, {field, start, 0, 0, false});
+    m_fields.write({field, start, 0, 0, false});
     return true;
 }
 
-bool DataDirectives::string(const char*& p) {
-    const char* const start = p++;
-    while (*p != '"') {
-        if (isLineEnd(*p)) {
-            m_assembly.error(start, "this string has no closing '\"'");
-            return false;
-        }
-        const char* part = p;
-        while (*p != '"' && !isLineEnd(*p) && (*p != '\\' || p[1] != '"')) {
-            ++p;
-        }
-        if (*p == '\\') {
-            if (part != p) {
-                m_assembly.emit(bytesOf(part), static_cast<std::size_t>(p - part), start);
-            }
-            part = ++p;
-            ++p;
-        }
-        if (part != p) {
-            m_assembly.emit(bytesOf(part), static_cast<std::size_t>(p - part), start);
-        }
+bool DataDirectives::string(Cursor& p) {
+    const Cursor start = p;
+    const QuotedText quoted = readQuoted(start, QuotedText::Backslash::escapes);
+    const std::string text = quoted.hasEscapes ? quoted.text() : std::string();
+    const std::string_view bytes = quoted.hasEscapes ? text : quoted.written;
+    m_writer.emit(bytesOf(bytes), bytes.size(), start);
+    if (!quoted.isClosed) {
+        reportUnclosed(QuotedKind::text, start, m_reporter);
     }
-    ++p;
-    return true;
+    p = quoted.end;
+    return quoted.isClosed;
 }
 
-void DataDirectives::space(const char* p) {
-    const char* const start = p;
+void DataDirectives::space(Cursor p) {
+    const Cursor start = p;
     const auto count = m_parser.parseKnown(p, "the count of .ds", 0, 0xFFFF);
-    if (count && m_assembly.expectEnd(p)) {
+    if (count && m_reporter.expectEnd(p)) {
         fill(static_cast<std::size_t>(*count), 0, start);
     }
 }
 
-void DataDirectives::align(const char* p) {
-    const char* const start = p;
+void DataDirectives::align(Cursor p) {
+    const Cursor start = p;
     const auto unit = m_parser.parseKnown(p, "the step of .align", 1, 0x10000);
     if (unit) {
         const auto step = static_cast<std::uint32_t>(*unit);
-        alignOrPadTo((step - m_assembly.here % step) % step, start, p);
+        alignOrPadTo((step - m_statement.address % step) % step, start, p);
     }
 }
 
-void DataDirectives::pad(const char* p) {
-    const char* const start = p;
+void DataDirectives::pad(Cursor p) {
+    const Cursor start = p;
     const auto address = m_parser.parseKnown(p, "the address of .pad", 0, 0x10000);
     if (!address) {
         return;
     }
-    if (static_cast<std::uint32_t>(*address) < m_assembly.here) {
-        m_assembly.error(
+    if (static_cast<std::uint32_t>(*address) < m_statement.address) {
+        m_reporter.error(
             start, "the address of .pad is " +
-                       counted(m_assembly.here - static_cast<std::uint32_t>(*address), "byte") +
+                       counted(m_statement.address - static_cast<std::uint32_t>(*address), "byte") +
                        " before the current address");
         return;
     }
-    alignOrPadTo(std::int64_t{*address} - m_assembly.here, start, p);
+    alignOrPadTo(std::int64_t{*address} - m_statement.address, start, p);
 }
 
-void DataDirectives::alignOrPadTo(std::int64_t count, const char* start, const char* p) {
+void DataDirectives::alignOrPadTo(std::int64_t count, Cursor start, Cursor p) {
     std::int32_t byte = 0;
     if (*p == ',') {
         ++p;
@@ -138,17 +108,17 @@ void DataDirectives::alignOrPadTo(std::int64_t count, const char* start, const c
         }
         byte = *given;
     }
-    if (m_assembly.expectEnd(p)) {
+    if (m_reporter.expectEnd(p)) {
         fill(static_cast<std::size_t>(count), static_cast<std::uint8_t>(byte & 0xFF), start);
     }
 }
 
-void DataDirectives::fill(std::size_t count, std::uint8_t byte, const char* start) {
-    if (m_assembly.image.isRam()) {
-        if (const std::size_t excess = m_assembly.image.reserve(count); excess != 0) {
-            m_assembly.error(start, "there is no room for this: it goes " +
+void DataDirectives::fill(std::size_t count, std::uint8_t byte, Cursor start) {
+    if (m_writer.image().isRam()) {
+        if (const std::size_t excess = m_writer.image().reserve(count); excess != 0) {
+            m_reporter.error(start, "there is no room for this: it goes " +
                                         counted(excess, "byte") +
-                                        (m_assembly.image.section() == Section::bss
+                                        (m_writer.image().section() == Section::bss
                                              ? " beyond the end of .bss ($800)"
                                              : " beyond the end of .zp ($100)"));
         }
@@ -158,7 +128,7 @@ void DataDirectives::fill(std::size_t count, std::uint8_t byte, const char* star
     bytes.fill(byte);
     while (count != 0) {
         const std::size_t part = std::min(count, bytes.size());
-        m_assembly.emit(bytes.data(), part, start);
+        m_writer.emit(bytes.data(), part, start);
         count -= part;
     }
 }

@@ -2,7 +2,7 @@
 #include "assembler/statements/FileDirectives.h"
 
 #include "assembler/reading/PcxReader.h"
-#include "assembler/text/Characters.h"
+#include "assembler/state/QuotedOperand.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -39,71 +39,56 @@ std::string otherCaseText(const std::string& path, std::string_view name) {
 
 } // namespace
 
-FileDirectives::FileDirectives(Assembly& assembly, ExpressionParser& parser)
-    : m_assembly(assembly)
-    , m_parser(parser) {}
-
-void FileDirectives::run(Directive directive, const char* p) {
-    p = skipBlanks(p);
-    if (directive == Directive::include) {
-        include(p);
-    } else if (directive == Directive::incBin) {
-        binary(p);
-    } else {
-        tiles(p);
-    }
-}
+FileDirectives::FileDirectives(FileFinder& finder, FileStore& files, ExpressionParser& parser,
+                               Frames& frames, ImageWriter& writer, Reporter& reporter)
+    : m_finder(finder)
+    , m_files(files)
+    , m_parser(parser)
+    , m_frames(frames)
+    , m_writer(writer)
+    , m_reporter(reporter) {}
 
 std::string FileDirectives::openInput(const std::string& name) {
-    const auto found = m_assembly.finder.findInput(name);
+    const auto found = m_finder.findInput(name);
     if (!found) {
         return "there is no such file";
     }
     std::string problem;
     bool wasRead = false;
-    const SourceFile* const file = m_assembly.files.source(found->path, problem, wasRead);
+    const SourceFile* const file = m_files.source(found->path, problem, wasRead);
     if (file == nullptr) {
         return problem;
     }
-    const std::string_view kept = m_assembly.arena.keepLine(name);
-    enter(*file, kept, false);
-    m_assembly.headerPosition = {file->text().data(), 1, 0, m_assembly.sources.top().origin, 0};
+    enter(*file, name, false);
+    m_writer.image().header.position = {file->text().data(), 1, 0, m_frames.sources().top().origin,
+                                        0};
     if (found->caseDiffers) {
-        m_assembly.diagnostics.warning(Warning::fileCase,
-                                       {nullptr, 0, 0, m_assembly.sources.top().origin, 0},
-                                       otherCaseText(found->path, name));
+        m_reporter.diagnostics().warning(Warning::fileCase,
+                                         {nullptr, 0, 0, m_frames.sources().top().origin, 0},
+                                         otherCaseText(found->path, name));
     }
     return {};
 }
 
-std::optional<std::string_view> FileDirectives::fileName(const char*& p) {
-    const char* const start = p;
-    if (*p != '"') {
-        m_assembly.error(p, "expected a file name in double quotes, found " + foundText(p));
+std::optional<std::string_view> FileDirectives::fileName(Cursor& p) {
+    const Cursor start = p;
+    const auto quoted = readQuotedOperand(QuotedKind::fileName, p, m_reporter);
+    if (!quoted) {
         return std::nullopt;
     }
-    for (++p; *p != '"'; ++p) {
-        if (isLineEnd(*p)) {
-            m_assembly.error(start, "this file name has no closing '\"'");
-            return std::nullopt;
-        }
+    if (quoted->written.empty()) {
+        m_reporter.error(start, "the file name is empty");
+        return std::nullopt;
     }
-    const std::string_view name(start + 1, static_cast<std::size_t>(p - start - 1));
-    ++p;
-    if (!name.empty()) {
-        return name;
-    }
-    m_assembly.error(start, "the file name is empty");
-    return std::nullopt;
+    return quoted->written;
 }
 
-std::optional<std::string> FileDirectives::find(std::string_view name, const char* at,
-                                                bool isSource) {
-    if (m_assembly.sources.top().countsAsWork && !countWork(WorkOfSearch, at)) {
+std::optional<std::string> FileDirectives::find(std::string_view name, Cursor at, bool isSource) {
+    if (m_frames.sources().top().countsAsWork && !countWork(WorkOfSearch, at)) {
         return std::nullopt;
     }
-    const std::string folder = folderOf(m_assembly.sources.top().passage.file->path());
-    const auto found = m_assembly.finder.find(name, folder, isSource);
+    const std::string folder = folderOf(m_frames.sources().top().passage.file->path());
+    const auto found = m_finder.find(name, folder, isSource);
     if (!found) {
         const bool isAbsolute = name[0] == '/' || name[0] == '\\';
         missing(name,
@@ -115,31 +100,30 @@ std::optional<std::string> FileDirectives::find(std::string_view name, const cha
         return std::nullopt;
     }
     if (found->caseDiffers) {
-        m_assembly.warn(Warning::fileCase, at,
+        m_reporter.warn(Warning::fileCase, at,
                         otherCaseText(found->path, name) + "; write it the same way here");
     }
     return found->path;
 }
 
-bool FileDirectives::countWork(std::uint64_t work, const char* at) {
-    if (m_assembly.sources.addWork(work)) {
+bool FileDirectives::countWork(std::uint64_t work, Cursor at) {
+    if (m_frames.sources().addWork(work)) {
         return true;
     }
-    m_assembly.diagnostics.fatal(m_assembly.at(at),
-                                 "files are read too often, or too many bytes of them: look for a "
-                                 "repetition or a macro that reads one again and again");
+    m_reporter.fatal(at, "files are read too often, or too many bytes of them: look for a "
+                         "repetition or a macro that reads one again and again");
     return false;
 }
 
-void FileDirectives::missing(std::string_view name, const std::string& why, const char* at) {
-    m_assembly.isIncomplete = true;
-    m_assembly.error(at, "the file '" + std::string(name) + "' cannot be read: " + why);
+void FileDirectives::missing(std::string_view name, const std::string& why, Cursor at) {
+    m_reporter.notePartMissing();
+    m_reporter.error(at, "the file '" + std::string(name) + "' cannot be read: " + why);
 }
 
-void FileDirectives::include(const char* p) {
-    const char* const at = p;
+void FileDirectives::include(Cursor p) {
+    const Cursor at = p;
     const auto name = fileName(p);
-    if (!name || !m_assembly.expectEnd(p) || isTooDeep(*name, at)) {
+    if (!name || !m_reporter.expectEnd(p) || isTooDeep(*name, at)) {
         return;
     }
     const auto path = find(*name, at, true);
@@ -148,7 +132,7 @@ void FileDirectives::include(const char* p) {
     }
     std::string problem;
     bool wasRead = false;
-    const SourceFile* const file = m_assembly.files.source(*path, problem, wasRead);
+    const SourceFile* const file = m_files.source(*path, problem, wasRead);
     if (file == nullptr) {
         missing(*name, problem, at);
     } else {
@@ -156,11 +140,11 @@ void FileDirectives::include(const char* p) {
     }
 }
 
-bool FileDirectives::isTooDeep(std::string_view name, const char* at) {
+bool FileDirectives::isTooDeep(std::string_view name, Cursor at) {
     std::vector<std::string_view> names;
-    for (std::size_t i = 0; i < m_assembly.sources.depth(); ++i) {
-        if (m_assembly.sources.at(i).kind == Origin::Kind::file) {
-            names.push_back(m_assembly.sources.at(i).passage.fileName);
+    for (std::size_t i = 0; i < m_frames.sources().depth(); ++i) {
+        if (m_frames.sources().at(i).kind == Origin::Kind::file) {
+            names.push_back(m_frames.sources().at(i).passage.fileName);
         }
     }
     if (names.size() <= DeepestInclude) {
@@ -181,45 +165,32 @@ bool FileDirectives::isTooDeep(std::string_view name, const char* at) {
     for (; first < names.size(); ++first) {
         text.append(names[first]).append(" -> ");
     }
-    m_assembly.diagnostics.fatal(m_assembly.at(at), text.append(name));
+    m_reporter.fatal(at, text.append(name));
     return true;
 }
 
 void FileDirectives::enter(const SourceFile& file, std::string_view name, bool wasRead) {
     Origin origin;
-    if (!m_assembly.sources.empty()) {
-        if (m_assembly.line.isShortLived) {
-            name = m_assembly.arena.keepLine(name);
-        }
-        origin.parent = m_assembly.line.origin;
-        origin.callLine = m_assembly.line.number;
-        m_assembly.origins[origin.parent].kept = true;
-    }
     origin.file = name;
     origin.source = &file;
-    const OriginId id = m_assembly.origins.add(origin);
-    Frame& frame = m_assembly.sources.push(Origin::Kind::file, {file.text(), 1, &file, name}, id);
-    frame.countsAsWork = wasRead;
-    frame.conditionals = m_assembly.conditionals.depth();
-    frame.label = std::exchange(m_assembly.sizedLabel, 0);
-    frame.totalBefore = m_assembly.sizedFrom;
+    m_frames.enter(origin, {file.text(), 1, &file, name}).countsAsWork = wasRead;
 }
 
-void FileDirectives::binary(const char* p) {
-    const char* const at = p;
+void FileDirectives::binary(Cursor p) {
+    const Cursor at = p;
     const auto name = fileName(p);
     if (!name) {
         return;
     }
     std::int32_t offset = 0;
     std::optional<std::int32_t> length;
-    const char* numbers[2]{p, p};
+    Cursor numbers[2]{p, p};
     for (int i = 0; i < 2; ++i) {
-        p = skipBlanks(p);
+        p.skipBlanks();
         if (*p != ',') {
             break;
         }
-        numbers[i] = skipBlanks(++p);
+        numbers[i] = (++p).afterBlanks();
         const auto value = m_parser.parseKnown(
             p, i == 0 ? "the offset of .incbin" : "the length of .incbin", 0, INT32_MAX);
         if (!value) {
@@ -231,7 +202,7 @@ void FileDirectives::binary(const char* p) {
             length = value;
         }
     }
-    if (!m_assembly.expectEnd(p)) {
+    if (!m_reporter.expectEnd(p)) {
         return;
     }
     const auto path = find(*name, at, false);
@@ -239,24 +210,24 @@ void FileDirectives::binary(const char* p) {
         return;
     }
     DataFile file;
-    if (const std::string problem = m_assembly.files.open(*path, file); !problem.empty()) {
+    if (const std::string problem = m_files.open(*path, file); !problem.empty()) {
         missing(*name, problem, at);
         return;
     }
     const std::string size = quoted(*name) + " holds " + counted(file.size(), "byte");
     if (static_cast<std::size_t>(offset) > file.size()) {
-        m_assembly.error(numbers[0], "the offset is beyond the end of the file: " + size);
+        m_reporter.error(numbers[0], "the offset is beyond the end of the file: " + size);
         return;
     }
     const std::size_t left = file.size() - static_cast<std::size_t>(offset);
     if (length && static_cast<std::size_t>(*length) > left) {
-        m_assembly.error(numbers[1], "the length goes beyond the end of the file: " + size);
+        m_reporter.error(numbers[1], "the length goes beyond the end of the file: " + size);
         return;
     }
     const std::size_t count = length ? static_cast<std::size_t>(*length) : left;
     if (count % TileSize != 0 && name->size() > 4 &&
         equalsIgnoringCase(name->substr(name->size() - 4), ".chr")) {
-        m_assembly.warn(
+        m_reporter.warn(
             Warning::oddChrSize, at,
             "these " + counted(count, "byte") + " of " + quoted(*name) +
                 " are not a whole number of tiles: a tile takes 16 bytes, 8 KiB of tiles 8192");
@@ -266,10 +237,10 @@ void FileDirectives::binary(const char* p) {
 
 /// Puts `count` bytes of a file from `offset` on; those that no image can hold are not even read.
 void FileDirectives::putPart(const DataFile& file, std::size_t offset, std::size_t count,
-                             std::string_view name, const char* at) {
+                             std::string_view name, Cursor at) {
     constexpr std::size_t MostBytes = std::size_t{BankCount} * BankSize;
-    if (m_assembly.image.isRam()) {
-        m_assembly.reportExcess(count, at);
+    if (m_writer.image().isRam()) {
+        m_writer.reportExcess(count, at);
         return;
     }
     if (count > MostBytes) {
@@ -289,10 +260,10 @@ void FileDirectives::putPart(const DataFile& file, std::size_t offset, std::size
     }
 }
 
-void FileDirectives::tiles(const char* p) {
-    const char* const at = p;
+void FileDirectives::tiles(Cursor p) {
+    const Cursor at = p;
     const auto name = fileName(p);
-    if (!name || !m_assembly.expectEnd(p)) {
+    if (!name || !m_reporter.expectEnd(p)) {
         return;
     }
     const auto path = find(*name, at, false);
@@ -300,7 +271,7 @@ void FileDirectives::tiles(const char* p) {
         return;
     }
     FileContents contents;
-    if (const std::string problem = m_assembly.files.data(*path, contents); !problem.empty()) {
+    if (const std::string problem = m_files.data(*path, contents); !problem.empty()) {
         missing(*name, problem, at);
         return;
     }
@@ -311,22 +282,22 @@ void FileDirectives::tiles(const char* p) {
     }
     std::vector<std::uint8_t> bytes;
     if (const std::string problem = readPcxTiles(contents.view(), bytes); !problem.empty()) {
-        m_assembly.error(at, "the picture '" + std::string(*name) + "' cannot be used: " + problem);
+        m_reporter.error(at, "the picture '" + std::string(*name) + "' cannot be used: " + problem);
     } else {
         put(bytes.data(), bytes.size(), at);
     }
 }
 
-void FileDirectives::put(const std::uint8_t* bytes, std::size_t count, const char* at) {
-    if (m_assembly.image.isRam()) {
-        m_assembly.reportExcess(count, at);
-    } else if (!m_assembly.image.emitAcrossBanks(bytes, count)) {
+void FileDirectives::put(const std::uint8_t* bytes, std::size_t count, Cursor at) {
+    if (m_writer.image().isRam()) {
+        m_writer.reportExcess(count, at);
+    } else if (!m_writer.image().emitAcrossBanks(bytes, count)) {
         reportBeyondLastBank(count, at);
     }
 }
 
-void FileDirectives::reportBeyondLastBank(std::size_t count, const char* at) {
-    m_assembly.error(at, "these " + counted(count, "byte") + " go beyond the last bank, number " +
+void FileDirectives::reportBeyondLastBank(std::size_t count, Cursor at) {
+    m_reporter.error(at, "these " + counted(count, "byte") + " go beyond the last bank, number " +
                              std::to_string(BankCount - 1));
 }
 

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/language/Keywords.h"
-#include "assembler/statements/Assembly.h"
-#include "assembler/statements/ExpressionParser.h"
+#include "assembler/expressions/ExpressionParser.h"
+#include "assembler/reading/FileFinder.h"
+#include "assembler/reading/FileStore.h"
+#include "assembler/state/Frames.h"
+#include "assembler/state/ImageWriter.h"
+#include "assembler/state/Reporter.h"
 
 #include <optional>
 #include <string>
@@ -14,31 +17,36 @@ namespace nesasm {
 /// The directives that name files: .include .incbin .incchr; and the input file itself.
 class FileDirectives {
 public:
-    FileDirectives(Assembly& assembly, ExpressionParser& parser);
+    FileDirectives(FileFinder& finder, FileStore& files, ExpressionParser& parser, Frames& frames,
+                   ImageWriter& writer, Reporter& reporter);
 
-    /// `p` is behind the directive's name.
-    void run(Directive directive, const char* p);
+    // `p` is at the operand.
+    void include(Cursor p);
+    void binary(Cursor p);
+    void tiles(Cursor p);
 
-    /// Begins with the file named on the command line. Returns "" or why it cannot be read.
+    /// Begins with the file named on the command line, whose name must last. Returns "" or why it
+    /// cannot be read.
     std::string openInput(const std::string& name);
 
 private:
-    std::optional<std::string_view> fileName(const char*& p);
-    std::optional<std::string> find(std::string_view name, const char* at, bool isSource);
-    void include(const char* p);
-    bool countWork(std::uint64_t work, const char* at);
-    bool isTooDeep(std::string_view name, const char* at);
+    std::optional<std::string_view> fileName(Cursor& p);
+    std::optional<std::string> find(std::string_view name, Cursor at, bool isSource);
+    bool countWork(std::uint64_t work, Cursor at);
+    bool isTooDeep(std::string_view name, Cursor at);
     void enter(const SourceFile& file, std::string_view name, bool wasRead);
-    void binary(const char* p);
-    void tiles(const char* p);
     void putPart(const DataFile& file, std::size_t offset, std::size_t count, std::string_view name,
-                 const char* at);
-    void put(const std::uint8_t* bytes, std::size_t count, const char* at);
-    void reportBeyondLastBank(std::size_t count, const char* at);
-    void missing(std::string_view name, const std::string& why, const char* at);
+                 Cursor at);
+    void put(const std::uint8_t* bytes, std::size_t count, Cursor at);
+    void reportBeyondLastBank(std::size_t count, Cursor at);
+    void missing(std::string_view name, const std::string& why, Cursor at);
 
-    Assembly& m_assembly;
+    FileFinder& m_finder;
+    FileStore& m_files;
     ExpressionParser& m_parser;
+    Frames& m_frames;
+    ImageWriter& m_writer;
+    Reporter& m_reporter;
 };
 
 } // namespace nesasm

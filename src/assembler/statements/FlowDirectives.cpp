@@ -1,157 +1,137 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/FlowDirectives.h"
 
-#include "assembler/text/Characters.h"
+#include "assembler/state/QuotedOperand.h"
+#include "assembler/text/FoundText.h"
 
 #include <utility>
 
 namespace nesasm {
 
-FlowDirectives::FlowDirectives(Assembly& assembly, ExpressionParser& parser)
-    : m_assembly(assembly)
-    , m_parser(parser) {}
+FlowDirectives::FlowDirectives(ExpressionParser& parser, Names& names, Conditionals& conditionals,
+                               const SourceStack& sources, Reporter& reporter, Deferred& deferred)
+    : m_parser(parser)
+    , m_names(names)
+    , m_conditionals(conditionals)
+    , m_sources(sources)
+    , m_reporter(reporter)
+    , m_deferred(deferred) {}
 
-bool FlowDirectives::isConditional(Directive directive) {
-    switch (directive) {
-    case Directive::ifTrue:
-    case Directive::ifDef:
-    case Directive::ifNotDef:
-    case Directive::elseIf:
-    case Directive::elseBranch:
-    case Directive::endIf:
-        return true;
-    default:
-        return false;
-    }
+void FlowDirectives::ifTrue(Cursor at, Cursor p) {
+    open(!skips() && isTrue(p, "the condition of .if"), at);
 }
 
-void FlowDirectives::condition(Directive directive, const char* at, const char* p) {
-    p = skipBlanks(p);
-    Conditionals& conditionals = m_assembly.conditionals;
-    const std::size_t outer = m_assembly.sources.top().conditionals;
-    switch (directive) {
-    case Directive::elseIf:
-        elseIf(at, p);
-        return;
-    case Directive::elseBranch:
-        report(conditionals.otherwise(outer), ".else", at);
-        m_assembly.expectEnd(p);
-        return;
-    case Directive::endIf:
-        report(conditionals.close(outer), ".endif", at);
-        m_assembly.expectEnd(p);
-        return;
-    default:
-        break;
-    }
-    const Position position = m_assembly.at(at);
+void FlowDirectives::ifDefined(Cursor at, Cursor p) {
+    open(!skips() && isDefined(p), at);
+}
+
+void FlowDirectives::ifNotDefined(Cursor at, Cursor p) {
+    open(!skips() && !isDefined(p), at);
+}
+
+void FlowDirectives::open(bool condition, Cursor at) {
+    const Position position = m_reporter.at(at);
     std::string text;
-    if (m_assembly.line.isShortLived) {
-        text.assign(position.line, lineEnd(position.line)).append(1, '\n');
+    if (m_reporter.line().isShortLived) {
+        const Cursor begin = m_reporter.line().begin;
+        text.append(begin.upTo(begin.lineEnd())) += '\n';
     }
-    if (conditionals.skips()) {
-        conditionals.openSkipped(position, std::move(text));
+    if (skips()) {
+        m_conditionals.openSkipped(position, std::move(text));
     } else {
-        conditionals.open(isTrue(directive, p), position, std::move(text));
+        m_conditionals.open(condition, position, std::move(text));
     }
 }
 
-bool FlowDirectives::isTrue(Directive directive, const char* p) {
-    if (directive != Directive::ifTrue) {
-        return isDefined(p) == (directive == Directive::ifDef);
-    }
-    const auto value = m_parser.parseKnown(p, "the condition of .if");
-    return value && m_assembly.expectEnd(p) && *value != 0;
+void FlowDirectives::elseIf(Cursor at, Cursor p) {
+    const std::size_t outer = m_sources.top().conditionals;
+    const bool isTaken =
+        m_conditionals.wantsCondition(outer) && isTrue(p, "the condition of .elseif");
+    report(m_conditionals.elseIf(isTaken, outer), ".elseif", at);
 }
 
-bool FlowDirectives::isDefined(const char* p) {
-    if (!startsName(p)) {
-        m_assembly.error(p, "expected a name, found " + foundText(p));
+void FlowDirectives::otherwise(Cursor at, Cursor p) {
+    report(m_conditionals.otherwise(m_sources.top().conditionals), ".else", at);
+    m_reporter.expectEnd(p);
+}
+
+void FlowDirectives::endIf(Cursor at, Cursor p) {
+    report(m_conditionals.close(m_sources.top().conditionals), ".endif", at);
+    m_reporter.expectEnd(p);
+}
+
+bool FlowDirectives::isTrue(Cursor p, const char* what) {
+    const auto value = m_parser.parseKnown(p, what);
+    return value && m_reporter.expectEnd(p) && *value != 0;
+}
+
+bool FlowDirectives::isDefined(Cursor p) {
+    if (!p.isAtName()) {
+        m_reporter.error(p, "expected a name, found " + foundText(p));
         return false;
     }
-    const char* const end = wordEnd(p);
-    const SymbolId id =
-        m_assembly.symbols.find({p, static_cast<std::size_t>(end - p)}, m_assembly.scope);
-    m_assembly.expectEnd(end);
+    const Cursor end = p.wordEnd();
+    const SymbolId id = m_names.find(p.upTo(end));
+    m_reporter.expectEnd(end);
     if (id == 0) {
         return false;
     }
-    Symbol& symbol = m_assembly.symbols[id];
+    Symbol& symbol = m_names[id];
     ++symbol.uses;
     return symbol.isDefined || symbol.macro != None;
 }
 
-void FlowDirectives::elseIf(const char* at, const char* p) {
-    const std::size_t outer = m_assembly.sources.top().conditionals;
-    bool isTaken = false;
-    if (m_assembly.conditionals.wantsCondition(outer)) {
-        const auto value = m_parser.parseKnown(p, "the condition of .elseif");
-        isTaken = value && m_assembly.expectEnd(p) && *value != 0;
-    }
-    report(m_assembly.conditionals.elseIf(isTaken, outer), ".elseif", at);
-}
-
-void FlowDirectives::report(Conditionals::Answer answer, const char* name, const char* at) {
+void FlowDirectives::report(Conditionals::Answer answer, const char* name, Cursor at) {
     if (answer == Conditionals::Answer::noIf) {
-        m_assembly.error(at, std::string(name) + " without an .if before it in this file or macro");
+        m_reporter.error(at, std::string(name) + " without an .if before it in this file or macro");
     } else if (answer == Conditionals::Answer::afterElse) {
-        m_assembly.error(at, std::string(name) + " after the .else of the same .if");
+        m_reporter.error(at, std::string(name) + " after the .else of the same .if");
     }
 }
 
 void FlowDirectives::closeFrame() {
-    Conditionals& conditionals = m_assembly.conditionals;
-    const std::size_t outer = m_assembly.sources.top().conditionals;
+    Conditionals& conditionals = m_conditionals;
+    const std::size_t outer = m_sources.top().conditionals;
     while (conditionals.depth() > outer) {
-        m_assembly.diagnostics.error(
+        m_reporter.diagnostics().error(
             conditionals.innermost(),
             "this condition has no .endif before the end of its file or macro");
         conditionals.dropTo(conditionals.depth() - 1);
     }
 }
 
-void FlowDirectives::message(Directive directive, const char* at, const char* p) {
-    p = skipBlanks(p);
-    if (directive == Directive::assertion) {
-        assertion(at, p);
-        return;
-    }
-    std::optional<std::string> said = "the source stops the build here (.fail)";
-    if (directive != Directive::fail || !endsStatement(*p)) {
-        said = text(p);
-    }
-    if (!said || !m_assembly.expectEnd(p)) {
-        return;
-    }
-    if (directive == Directive::warning) {
-        m_assembly.warn(Warning::userWarning, at, std::move(*said));
+void FlowDirectives::fail(Cursor at, Cursor p) {
+    if (p.isAtStatementEnd()) {
+        m_reporter.error(at, "the source stops the build here (.fail)");
     } else {
-        m_assembly.error(at, std::move(*said));
+        error(at, p);
     }
 }
 
-std::optional<std::string> FlowDirectives::text(const char*& p) {
-    const char* const start = p;
-    if (*p != '"') {
-        m_assembly.error(p, "expected a string in double quotes, found " + foundText(p));
-        return std::nullopt;
+void FlowDirectives::error(Cursor at, Cursor p) {
+    if (auto said = lastText(p)) {
+        m_reporter.error(at, std::move(*said));
     }
-    std::string said;
-    for (++p; *p != '"'; ++p) {
-        if (isLineEnd(*p)) {
-            m_assembly.error(start, "this string has no closing '\"'");
-            return std::nullopt;
-        }
-        if (*p == '\\' && p[1] == '"') {
-            ++p;
-        }
-        said += *p;
-    }
-    ++p;
-    return said;
 }
 
-void FlowDirectives::assertion(const char* at, const char* p) {
+void FlowDirectives::warning(Cursor at, Cursor p) {
+    if (auto said = lastText(p)) {
+        m_reporter.warn(Warning::userWarning, at, std::move(*said));
+    }
+}
+
+/// A text with which the statement ends.
+std::optional<std::string> FlowDirectives::lastText(Cursor p) {
+    auto said = text(p);
+    return said && m_reporter.expectEnd(p) ? std::move(said) : std::nullopt;
+}
+
+std::optional<std::string> FlowDirectives::text(Cursor& p) {
+    const auto quoted = readQuotedOperand(QuotedKind::text, p, m_reporter);
+    return quoted ? std::optional(quoted->text()) : std::nullopt;
+}
+
+void FlowDirectives::assertion(Cursor at, Cursor p) {
     if (!m_parser.parse(p)) {
         return;
     }
@@ -162,16 +142,16 @@ void FlowDirectives::assertion(const char* at, const char* p) {
     }
     std::optional<std::string> said = "the assertion failed";
     if (*p == ',') {
-        p = skipBlanks(p + 1);
+        p = (p + 1).afterBlanks();
         said = text(p);
     }
-    if (!said || !m_assembly.expectEnd(p)) {
+    if (!said || !m_reporter.expectEnd(p)) {
         return;
     }
     if (result.status == Evaluation::Status::unknown) {
-        m_assembly.deferred.assertions.push_back({expression, m_assembly.arena.keepLine(*said)});
+        m_deferred.assertions.push_back({expression, std::move(*said)});
     } else if (result.status == Evaluation::Status::known && result.value == 0) {
-        m_assembly.error(at, std::move(*said));
+        m_reporter.error(at, std::move(*said));
     }
 }
 

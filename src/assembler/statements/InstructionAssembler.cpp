@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/InstructionAssembler.h"
 
-#include "assembler/statements/FieldWriter.h"
-#include "assembler/text/Characters.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/Text.h"
 
 #include <array>
@@ -26,33 +25,42 @@ constexpr Field fieldOf(Mode mode) {
         return Field::jumpIndirect;
     case Mode::relative:
         return Field::relative;
-    default:
-        return Field::absolute;
+    case Mode::implied:
+    case Mode::accumulator:
+    case Mode::absolute:
+    case Mode::absoluteX:
+    case Mode::absoluteY:
+        break;
     }
+    return Field::absolute;
 }
 
 /// Behind a `<` that is ignored, or `p`.
-const char* skipLowMark(const char* p) {
-    p = skipBlanks(p);
+Cursor skipLowMark(Cursor p) {
+    p.skipBlanks();
     return *p == '<' ? p + 1 : p;
 }
 
-bool isRegister(const char* p, char name) {
+bool isRegister(Cursor p, char name) {
     return lowered(*p) == name && !isWordPart(p[1]);
 }
 
 } // namespace
 
-InstructionAssembler::InstructionAssembler(Assembly& assembly, ExpressionParser& parser)
-    : m_assembly(assembly)
+InstructionAssembler::InstructionAssembler(const Statement& statement, ExpressionParser& parser,
+                                           FieldWriter& fields, const OperandHints& hints,
+                                           ImageWriter& writer, Reporter& reporter)
+    : m_statement(statement)
     , m_parser(parser)
-    , m_hints(assembly) {}
+    , m_fields(fields)
+    , m_hints(hints)
+    , m_writer(writer)
+    , m_reporter(reporter) {}
 
-void InstructionAssembler::assemble(const Instruction& instruction, const char* start,
-                                    const char* p) {
-    p = skipBlanks(p);
-    const char* const operand = p;
-    if (instruction.has(Mode::implied) && !endsStatement(*p)) {
+void InstructionAssembler::assemble(const Instruction& instruction, Cursor start, Cursor p) {
+    p.skipBlanks();
+    const Cursor operand = p;
+    if (instruction.has(Mode::implied) && !p.isAtStatementEnd()) {
         reportMode(instruction, Shape::plain, operand);
         return;
     }
@@ -60,19 +68,19 @@ void InstructionAssembler::assemble(const Instruction& instruction, const char* 
     if (!shape) {
         return;
     }
-    if (!m_assembly.expectEnd(p)) {
+    if (!m_reporter.expectEnd(p)) {
         return;
     }
     const auto mode = modeOf(instruction, *shape);
     if (!mode) {
-        reportMode(instruction, *shape, endsStatement(*operand) ? start : operand);
+        reportMode(instruction, *shape, operand.isAtStatementEnd() ? start : operand);
         return;
     }
     emit(instruction, *mode, start, operand);
 }
 
 std::optional<InstructionAssembler::Shape>
-InstructionAssembler::readOperand(const Instruction& instruction, const char*& p) {
+InstructionAssembler::readOperand(const Instruction& instruction, Cursor& p) {
     switch (*p) {
     case '#':
         ++p;
@@ -105,11 +113,11 @@ InstructionAssembler::readOperand(const Instruction& instruction, const char*& p
     default:
         break;
     }
-    if (endsStatement(*p)) {
+    if (p.isAtStatementEnd()) {
         return Shape::none;
     }
     if (isRegister(p, 'a') && instruction.has(Mode::accumulator) &&
-        endsStatement(*skipBlanks(p + 1))) {
+        (p + 1).afterBlanks().isAtStatementEnd()) {
         ++p;
         return Shape::accumulator;
     }
@@ -126,7 +134,7 @@ InstructionAssembler::readOperand(const Instruction& instruction, const char*& p
 }
 
 /// [e], [e,x] or [e],y
-std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(const char*& p) {
+std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(Cursor& p) {
     p = skipLowMark(p + 1);
     if (!m_parser.parse(p)) {
         return std::nullopt;
@@ -139,7 +147,7 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(con
         return std::nullopt;
     }
     ++p;
-    const char* const comma = skipBlanks(p);
+    const Cursor comma = p.afterBlanks();
     const auto index = readIndex(p);
     if (!index) {
         return std::nullopt;
@@ -152,7 +160,7 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readBracket(con
 }
 
 /// (e), (e,x), (e),y, or an expression that begins with a parenthesis
-std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis(const char*& p) {
+std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis(Cursor& p) {
     p = skipLowMark(p + 1);
     if (!m_parser.parse(p)) {
         return std::nullopt;
@@ -164,8 +172,8 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis
         fail(p, "expected ')', found " + foundText(p));
         return std::nullopt;
     }
-    p = skipBlanks(p + 1);
-    const bool closesLast = *p == ',' || endsStatement(*p);
+    p = (p + 1).afterBlanks();
+    const bool closesLast = *p == ',' || p.isAtStatementEnd();
     if (!closesLast && !m_parser.parseRest(p)) {
         return std::nullopt;
     }
@@ -185,14 +193,14 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::readParenthesis
 }
 
 /// The rest of (e,x) or [e,x], at the comma
-std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(const char*& p,
+std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(Cursor& p,
                                                                              char closing) {
-    const char* const comma = p;
+    const Cursor comma = p;
     const auto index = readIndex(p);
     if (!index) {
         return std::nullopt;
     }
-    p = skipBlanks(p);
+    p.skipBlanks();
     if (*index == Index::y) {
         fail(comma, "only x can be the index inside the brackets; y comes after them, as in [n],y");
         return std::nullopt;
@@ -205,13 +213,13 @@ std::optional<InstructionAssembler::Shape> InstructionAssembler::insideIndex(con
     return Shape::indirectX;
 }
 
-/// ",x" or ",y" or nothing; nullopt when something else stands behind a comma
-std::optional<InstructionAssembler::Index> InstructionAssembler::readIndex(const char*& p) {
-    const char* const comma = skipBlanks(p);
+/// ",x" or ",y" or nothing; nullopt when something else stands after a comma
+std::optional<InstructionAssembler::Index> InstructionAssembler::readIndex(Cursor& p) {
+    const Cursor comma = p.afterBlanks();
     if (*comma != ',') {
         return Index::none;
     }
-    const char* const letter = skipBlanks(comma + 1);
+    const Cursor letter = (comma + 1).afterBlanks();
     const bool isX = isRegister(letter, 'x');
     if (!isX && !isRegister(letter, 'y')) {
         fail(letter, "expected X or Y after the comma, found " + foundText(letter));
@@ -267,22 +275,22 @@ Mode InstructionAssembler::modeOfParenthesisY(const Instruction& instruction) co
     if (!instruction.has(Mode::indirectY)) {
         return Mode::absoluteY;
     }
-    const Evaluation value = evaluate(m_parser.operations(), m_assembly.symbols);
+    const Evaluation value = m_parser.peek();
     return value.status == Evaluation::Status::known && value.value < 0x100 ? Mode::indirectY
                                                                             : Mode::absoluteY;
 }
 
-void InstructionAssembler::emit(const Instruction& instruction, Mode mode, const char* start,
-                                const char* operand) {
+void InstructionAssembler::emit(const Instruction& instruction, Mode mode, Cursor start,
+                                Cursor operand) {
     const auto opcode = static_cast<std::uint8_t>(instruction.opcode(mode));
     if (mode == Mode::implied || mode == Mode::accumulator) {
-        m_assembly.emit(&opcode, 1, start);
+        m_writer.emit(&opcode, 1, start);
         return;
     }
     if (m_hints.areWanted()) {
-        m_hints.look(instruction, mode, m_parser.operations(), operand);
+        m_hints.look(instruction, mode, m_parser.operations(), m_reporter.at(operand));
     }
-    emitField(m_assembly, m_parser, {fieldOf(mode), operand, m_assembly.here + 2, opcode, true});
+    m_fields.write({fieldOf(mode), operand, m_statement.address + 2, opcode, true});
 }
 
 /// How an operand of that shape is written; n is any expression.
@@ -293,8 +301,7 @@ std::string_view InstructionAssembler::shapeText(Shape shape) {
     return Texts[static_cast<std::size_t>(shape)];
 }
 
-void InstructionAssembler::reportMode(const Instruction& instruction, Shape shape,
-                                      const char* operand) {
+void InstructionAssembler::reportMode(const Instruction& instruction, Shape shape, Cursor operand) {
     const std::string name(instruction.name);
     std::string text;
     if (shape == Shape::none) {
@@ -317,8 +324,8 @@ void InstructionAssembler::reportMode(const Instruction& instruction, Shape shap
     fail(operand, std::move(text));
 }
 
-bool InstructionAssembler::fail(const char* at, std::string text) {
-    m_assembly.error(at, std::move(text));
+bool InstructionAssembler::fail(Cursor at, std::string text) {
+    m_reporter.error(at, std::move(text));
     return false;
 }
 

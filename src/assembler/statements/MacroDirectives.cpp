@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "assembler/statements/MacroDirectives.h"
 
-#include "assembler/text/Characters.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/Text.h"
 
 #include <utility>
@@ -13,93 +13,92 @@ namespace {
 constexpr std::size_t DeepestNesting = 256;
 constexpr std::int32_t MostRepetitions = 65535;
 
-std::string_view wordAt(const char* p) {
-    return {p, static_cast<std::size_t>(wordEnd(p) - p)};
-}
-
 /// The end of a word of a macro's body, which may hold arguments to be put in.
-const char* bodyWordEnd(const char* p) {
+Cursor bodyWordEnd(Cursor p) {
     while (isWordPart(*p) || (*p == '\\' && !isLineEnd(p[1]))) {
         p += *p == '\\' ? 2 : 1;
     }
     return p;
 }
 
-bool isDirective(Keyword keyword, Directive directive) {
-    return keyword.kind == Keyword::Kind::directive &&
-           keyword.id == static_cast<std::uint8_t>(directive);
-}
-
 } // namespace
 
-MacroDirectives::MacroDirectives(Assembly& assembly, ExpressionParser& parser)
-    : m_assembly(assembly)
-    , m_parser(parser) {}
+MacroDirectives::MacroDirectives(const Vocabulary& vocabulary, ExpressionParser& parser,
+                                 Names& names, Frames& frames, LineRecords& records,
+                                 Reporter& reporter, Arena& arena)
+    : m_vocabulary(vocabulary)
+    , m_parser(parser)
+    , m_names(names)
+    , m_frames(frames)
+    , m_records(records)
+    , m_reporter(reporter)
+    , m_arena(arena) {}
 
 std::uint32_t MacroDirectives::find(std::string_view name) const {
-    const SymbolId id = m_assembly.symbols.find(name, m_assembly.scope);
-    return id == 0 ? None : m_assembly.symbols[id].macro;
+    const SymbolId id = m_names.find(name);
+    return id == 0 ? None : m_names[id].macro;
 }
 
-void MacroDirectives::defineNamedBehind(const char* p) {
-    p = skipBlanks(p);
+void MacroDirectives::defineNamed(Cursor p) {
+    p.skipBlanks();
     if (!isWordStart(*p)) {
-        m_assembly.error(p, "expected the macro's name, found " + foundText(p));
+        m_reporter.error(p, "expected the macro's name, found " + foundText(p));
         skipBody(p);
         return;
     }
-    define(wordAt(p), p, wordEnd(p));
+    define(p.word(), p, p.wordEnd());
 }
 
-void MacroDirectives::define(std::string_view name, const char* at, const char* p) {
-    const std::string_view remedy =
-        startsName(skipBlanks(p)) ? "; a macro's arguments have no names, they are \\1 to \\9" : "";
-    if (!m_assembly.expectEnd(p, remedy)) {
+void MacroDirectives::define(std::string_view name, Cursor at, Cursor p) {
+    const std::string_view remedy = p.afterBlanks().isAtName()
+                                        ? "; a macro's arguments have no names, they are \\1 to \\9"
+                                        : "";
+    if (!m_reporter.expectEnd(p, remedy)) {
         markArgumentNames(p);
     }
     const bool isFine = mayDefine(name, at);
-    if (m_assembly.line.isShortLived) {
-        name = m_assembly.arena.keepLine(name);
+    if (m_reporter.line().isShortLived) {
+        name = m_arena.keepLine(name);
     }
     Macro macro{name, {}};
-    if (!collect(Directive::macro, Directive::endMacro, at, macro.body) || !isFine) {
+    if (!collect(DirectiveRole::macro, DirectiveRole::endMacro, at, macro.body) || !isFine) {
         return;
     }
-    const SymbolId id = m_assembly.intern(name);
-    m_assembly.symbols[id].macro = static_cast<std::uint32_t>(m_assembly.macros.size());
-    m_assembly.macros.push_back(macro);
-    if (findKeyword(name).kind != Keyword::Kind::none) {
-        m_assembly.macroHidesKeyword = true;
+    const SymbolId id = m_names.intern(name);
+    m_names[id].macro = static_cast<std::uint32_t>(m_macros.size());
+    m_macros.push_back(macro);
+    if (m_vocabulary.find(name).kind != Keyword::Kind::none) {
+        m_hidesKeywords = true;
     }
 }
 
-/// The words behind a macro's name were meant as names of its arguments: that the body uses them is
+/// The words after a macro's name were meant as names of its arguments: that the body uses them is
 /// no further mistake.
-void MacroDirectives::markArgumentNames(const char* p) {
-    for (p = skipBlanks(p); *p == ',' || startsName(p); p = skipBlanks(p)) {
+void MacroDirectives::markArgumentNames(Cursor p) {
+    for (p.skipBlanks(); *p == ',' || p.isAtName(); p = p.afterBlanks()) {
         if (*p == ',') {
             ++p;
             continue;
         }
-        m_assembly.markBroken(wordAt(p));
-        p = wordEnd(p);
+        m_names.markBroken(p.word());
+        p = p.wordEnd();
     }
 }
 
-bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
+bool MacroDirectives::mayDefine(std::string_view name, Cursor at) {
     const std::string shown = quoted(name);
     if (name.starts_with('.')) {
-        m_assembly.error(at,
+        m_reporter.error(at,
                          shown + " cannot name a macro: a name that begins with a dot is local");
         return false;
     }
-    if (findKeyword(name).kind == Keyword::Kind::directive) {
-        m_assembly.error(at, shown + " cannot name a macro: it is a directive");
+    if (m_vocabulary.find(name).isDirective()) {
+        m_reporter.error(at, shown + " cannot name a macro: it is a directive");
         return false;
     }
     if (const std::uint32_t former = find(name); former != None) {
-        const Passage& body = m_assembly.macros[former].body;
-        m_assembly.error(at, "the macro " + shown + " has already been defined at " +
+        const Passage& body = m_macros[former].body;
+        m_reporter.error(at, "the macro " + shown + " has already been defined at " +
                                  std::string(body.fileName) + ":" +
                                  std::to_string(body.firstLine - 1));
         return false;
@@ -107,19 +106,19 @@ bool MacroDirectives::mayDefine(std::string_view name, const char* at) {
     return true;
 }
 
-void MacroDirectives::skipBody(const char* at) {
+void MacroDirectives::skipBody(Cursor at) {
     Passage body;
-    collect(Directive::macro, Directive::endMacro, at, body);
+    collect(DirectiveRole::macro, DirectiveRole::endMacro, at, body);
 }
 
-std::optional<Directive> MacroDirectives::directiveOf(const char* begin, const char*& at) const {
-    for (const char* p = begin;;) {
+std::optional<MacroDirectives::Found> MacroDirectives::directiveOf(Cursor begin) const {
+    for (Cursor p = begin;;) {
         const bool isFirst = p == begin && !isBlank(*p);
-        p = skipBlanks(p);
-        if (!startsName(p) && *p != '\\') {
+        p.skipBlanks();
+        if (!p.isAtName() && *p != '\\') {
             return std::nullopt;
         }
-        const char* const end = bodyWordEnd(p);
+        const Cursor end = bodyWordEnd(p);
         if (end == p) {
             return std::nullopt; // a backslash at the end of the line
         }
@@ -127,83 +126,80 @@ std::optional<Directive> MacroDirectives::directiveOf(const char* begin, const c
             p = end + 1;
             continue;
         }
-        const std::string_view word(p, static_cast<std::size_t>(end - p));
-        const Keyword keyword = findKeyword(word);
-        const char* const next = skipBlanks(end);
+        const std::string_view word = p.upTo(end);
+        const Keyword keyword = m_vocabulary.find(word);
+        const Cursor next = end.afterBlanks();
         if (*next == '.' || keyword.kind == Keyword::Kind::none) {
-            if (isDirective(findKeyword(wordAt(next)), Directive::macro)) {
-                at = next;
-                return Directive::macro;
+            const Keyword second = m_vocabulary.find(next.word());
+            if (second.isDirective(DirectiveRole::macro)) {
+                return Found{second, next};
             }
         }
-        if (keyword.kind == Keyword::Kind::directive) {
-            at = p;
-            return static_cast<Directive>(keyword.id);
+        if (keyword.isDirective()) {
+            return Found{keyword, p};
         }
-        if (!isFirst || keyword.kind == Keyword::Kind::instruction || find(word) != None) {
+        if (!isFirst || keyword.isInstruction() || find(word) != None) {
             return std::nullopt;
         }
         p = next; // a label
     }
 }
 
-bool MacroDirectives::collect(Directive opening, Directive closing, const char* at, Passage& body) {
-    SourceStack& sources = m_assembly.sources;
+bool MacroDirectives::collect(DirectiveRole opening, DirectiveRole closing, Cursor at,
+                              Passage& body) {
+    SourceStack& sources = m_frames.sources();
     const Frame& frame = sources.top();
-    const char* const first = frame.cursor;
+    const Cursor first(frame.cursor);
     body = {{}, frame.line + 1, frame.passage.file, frame.passage.fileName};
     const bool isCopied = frame.kind == Origin::Kind::macro;
     std::string copy;
     for (std::size_t nesting = 0;;) {
         if (sources.isAtEnd()) {
-            const bool isMacro = closing == Directive::endMacro;
-            m_assembly.isIncomplete = true;
-            m_assembly.error(
+            const bool isMacro = closing == DirectiveRole::endMacro;
+            m_reporter.notePartMissing();
+            m_reporter.error(
                 at, isMacro ? "this macro has no .endm before the end of the file"
                             : "this .rept has no .endr before the end of the file or macro");
             return false;
         }
         Line line;
-        if (const auto problem = sources.next(line); problem != SourceStack::Next::line) {
-            reportRunaway(m_assembly, line, problem);
+        if (m_frames.next(line) != SourceStack::Next::line) {
             return false;
         }
-        if (m_assembly.recordsLines) {
-            m_assembly.records.add(line, frame.passage.file);
+        if (m_records.isOn()) {
+            m_records.add(line, frame.passage.file);
         }
-        const char* word = line.begin;
-        const auto directive = directiveOf(line.begin, word);
-        if (directive == opening) {
+        const auto directive = directiveOf(line.begin);
+        if (directive && directive->keyword.role == opening) {
             ++nesting;
         }
-        if (directive == closing && nesting-- == 0) {
+        if (directive && directive->keyword.role == closing && nesting-- == 0) {
             // A label before the end belongs to the body.
-            const bool hasLabel = skipBlanks(line.begin) != word;
+            const bool hasLabel = line.begin.afterBlanks() != directive->at;
             if (isCopied || hasLabel) {
-                copy = isCopied ? copy : std::string(first, line.begin);
+                copy = isCopied ? copy : std::string(first.upTo(line.begin));
                 if (hasLabel) {
-                    copy.append(line.begin, word);
+                    copy.append(line.begin.upTo(directive->at));
                 }
-                body.text = m_assembly.arena.keepLine(copy);
+                body.text = m_arena.keepLine(copy);
             } else {
-                body.text = {first, static_cast<std::size_t>(line.begin - first)};
+                body.text = first.upTo(line.begin);
             }
             return true;
         }
         if (isCopied) {
-            copy.append(line.begin, lineEnd(line.begin)) += '\n';
+            copy.append(line.begin.upTo(line.begin.lineEnd())) += '\n';
         }
     }
 }
 
-bool MacroDirectives::isTooDeep(const char* at) {
-    if (m_assembly.sources.depth() < DeepestNesting) {
+bool MacroDirectives::isTooDeep(Cursor at) {
+    if (m_frames.sources().depth() < DeepestNesting) {
         return false;
     }
-    m_assembly.diagnostics.fatal(m_assembly.at(at),
-                                 "macros and repetitions are nested more than " +
-                                     std::to_string(DeepestNesting) +
-                                     " deep: does this macro call itself without end?");
+    m_reporter.fatal(at, "macros and repetitions are nested more than " +
+                             std::to_string(DeepestNesting) +
+                             " deep: does this macro call itself without end?");
     return true;
 }
 
@@ -213,52 +209,43 @@ Frame& MacroDirectives::enter(Origin::Kind kind, const Passage& body, std::strin
     origin.file = body.fileName;
     origin.source = body.file;
     origin.macro = name;
-    origin.parent = m_assembly.line.origin;
-    origin.callLine = m_assembly.line.number;
-    Frame& frame = m_assembly.sources.push(kind, body, m_assembly.origins.add(origin));
-    frame.conditionals = m_assembly.conditionals.depth();
-    frame.label = std::exchange(m_assembly.sizedLabel, 0);
-    frame.totalBefore = m_assembly.sizedFrom;
-    return frame;
+    return m_frames.enter(origin, body);
 }
 
-void MacroDirectives::call(std::uint32_t macro, const char* at, const char* p) {
+void MacroDirectives::call(std::uint32_t macro, Cursor at, Cursor p) {
     if (isTooDeep(at)) {
         return;
     }
     MacroArguments arguments;
     if (!arguments.read(p)) {
-        m_assembly.error(p, "a macro takes at most nine arguments; this is the tenth");
+        m_reporter.error(p, "a macro takes at most nine arguments; this is the tenth");
         return;
     }
-    Frame& frame =
-        enter(Origin::Kind::macro, m_assembly.macros[macro].body, m_assembly.macros[macro].name);
+    Frame& frame = enter(Origin::Kind::macro, m_macros[macro].body, m_macros[macro].name);
     frame.arguments = arguments;
-    frame.number = ++m_assembly.expansions;
+    frame.number = ++m_expansions;
 }
 
-void MacroDirectives::repeat(const char* at, const char* p) {
-    p = skipBlanks(p);
+void MacroDirectives::repeat(Cursor at, Cursor p) {
+    p.skipBlanks();
     const auto count = m_parser.parseKnown(p, "the count of .rept", 0, MostRepetitions);
     if (count) {
-        m_assembly.expectEnd(p);
+        m_reporter.expectEnd(p);
     }
     Passage body;
-    if (!collect(Directive::repeat, Directive::endRepeat, at, body) || !count || *count == 0 ||
-        isTooDeep(at)) {
+    if (!collect(DirectiveRole::repeat, DirectiveRole::endRepeat, at, body) || !count ||
+        *count == 0 || isTooDeep(at)) {
         return;
     }
     enter(Origin::Kind::repeat, body, {}).repetitions = static_cast<std::uint32_t>(*count) - 1;
 }
 
-void reportRunaway(Assembly& assembly, const Line& line, SourceStack::Next problem) {
-    const auto column = static_cast<std::uint32_t>(skipBlanks(line.begin) - line.begin);
-    const Position position{line.begin, line.number, column, line.origin, line.order};
-    assembly.diagnostics.fatal(
-        position, problem == SourceStack::Next::tooLong
-                      ? "this line of a macro is too long with its arguments filled in"
-                      : "macros, repetitions and files included again come to more lines "
-                        "than can be assembled: is there one without end?");
+void MacroDirectives::strayEndOfMacro(Cursor at, Cursor /*p*/) {
+    m_reporter.error(at, ".endm without a .macro before it");
+}
+
+void MacroDirectives::strayEndOfRepeat(Cursor at, Cursor /*p*/) {
+    m_reporter.error(at, ".endr without a .rept before it");
 }
 
 } // namespace nesasm

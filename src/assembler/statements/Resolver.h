@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/statements/Assembly.h"
-#include "assembler/statements/OperandHints.h"
+#include "assembler/expressions/OperandHints.h"
+#include "assembler/reading/Origins.h"
+#include "assembler/state/Reporter.h"
+#include "assembler/statements/Definitions.h"
+#include "assembler/values/Deferred.h"
+#include "assembler/values/Image.h"
+#include "assembler/values/SymbolTable.h"
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -13,9 +20,13 @@ namespace nesasm {
 /// image, assertions.
 class Resolver {
 public:
-    explicit Resolver(Assembly& assembly);
+    Resolver(SymbolTable& symbols, Deferred& deferred, Image& image, const Origins& origins,
+             OperandHints& hints, Reporter& reporter);
 
     void run();
+
+    /// Warns of symbols that nothing uses.
+    void reportUnused(std::span<const Definition> definitions);
 
 private:
     enum class Visit : std::uint8_t { fresh, waiting, done };
@@ -28,11 +39,14 @@ private:
     bool compute(const DeferredExpression& expression, Evaluation& result);
     void reportUnknown(const Position& position, const Symbol& symbol);
     std::string undefinedText(const Symbol& symbol) const;
-    void reportUnused();
     bool isAccumulator(const DeferredField& field);
 
-    Assembly& m_assembly;
-    OperandHints m_hints;
+    SymbolTable& m_symbols;
+    Deferred& m_deferred;
+    Image& m_image;
+    const Origins& m_origins;
+    OperandHints& m_hints;
+    Reporter& m_reporter;
     std::vector<std::uint32_t> m_wrongLines; ///< those with errors before this began
     std::vector<Visit> m_visits;
     std::vector<std::uint32_t> m_waiting;

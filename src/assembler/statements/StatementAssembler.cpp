@@ -2,8 +2,8 @@
 #include "assembler/statements/StatementAssembler.h"
 
 #include "assembler/language/ForeignWords.h"
-#include "assembler/statements/Remedies.h"
-#include "assembler/text/Characters.h"
+#include "assembler/statements/WordRemedies.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/Text.h"
 
 #include <array>
@@ -13,23 +13,16 @@ namespace nesasm {
 
 namespace {
 
-std::string_view view(const char* begin, const char* end) {
-    return {begin, static_cast<std::size_t>(end - begin)};
-}
-
 /// True when the word at `p` is that directive and no label.
-bool isDirectiveAt(const char* p, Directive directive) {
-    const char* const end = wordEnd(p);
-    const Keyword keyword = findKeyword(view(p, end));
-    return keyword.kind == Keyword::Kind::directive &&
-           keyword.id == static_cast<std::uint8_t>(directive) && *end != ':';
+bool isDirectiveAt(const Vocabulary& vocabulary, Cursor p, DirectiveRole role) {
+    const Cursor end = p.wordEnd();
+    return *end != ':' && vocabulary.find(p.upTo(end)).isDirective(role);
 }
 
 /// True when an instruction or a directive with its dot stands at `p`: what comes before it is
 /// meant as a label.
-bool isStatementAt(const char* p) {
-    const Keyword::Kind kind =
-        startsName(p) ? findKeyword(view(p, wordEnd(p))).kind : Keyword::Kind::none;
+bool isStatementAt(const Vocabulary& vocabulary, Cursor p) {
+    const Keyword::Kind kind = p.isAtName() ? vocabulary.find(p.word()).kind : Keyword::Kind::none;
     return kind == Keyword::Kind::instruction || (kind == Keyword::Kind::directive && *p == '.');
 }
 
@@ -42,9 +35,9 @@ constexpr std::array<bool, 256> MayGiveValue = [] {
     return table;
 }();
 
-/// True when what stands at `next`, behind a keyword, can only mean that the keyword was taken for
+/// True when what stands at `next`, after a keyword, can only mean that the keyword was taken for
 /// the name of a symbol: = e, .equ e, .rs e.
-bool givesValue(const char* next) {
+bool givesValue(Cursor next) {
     if (*next == '=') {
         return next[1] != '=';
     }
@@ -56,18 +49,18 @@ bool givesValue(const char* next) {
     } else {
         return false;
     }
-    // An operand of that name would have an operator, a comma or nothing behind it.
-    const char* const value = skipBlanks(next);
+    // An operand of that name would have an operator, a comma or nothing after it.
+    const Cursor value = next.afterBlanks();
     return value != next && (isWordStart(*value) || isDigit(*value) || *value == '$' ||
                              *value == '\'' || *value == '(');
 }
 
 /// What helps somebody who began a statement with the sign at `p`, as other assemblers have it.
-std::string_view signRemedy(const char* p) {
+std::string_view signRemedy(Cursor p) {
     if (isDigit(*p)) {
         return "; a name cannot begin with a digit";
     }
-    if (*p == '*' && *skipBlanks(p + 1) == '=') {
+    if (*p == '*' && *(p + 1).afterBlanks() == '=') {
         return "; .org sets the address";
     }
     if (*p == '#' && isWordStart(p[1])) {
@@ -81,106 +74,28 @@ constexpr std::string_view Advice = "; use ";
 
 } // namespace
 
-StatementAssembler::StatementAssembler(Assembly& assembly)
-    : m_assembly(assembly)
-    , m_parser(assembly)
-    , m_definitions(assembly, m_parser)
-    , m_data(assembly, m_parser)
-    , m_places(assembly, m_parser)
-    , m_files(assembly, m_parser)
-    , m_macros(assembly, m_parser)
-    , m_flow(assembly, m_parser)
-    , m_instructions(assembly, m_parser) {}
+StatementAssembler::StatementAssembler(Names& names, Reporter& reporter,
+                                       InstructionAssembler& instructions, Directives& directives,
+                                       Definitions& definitions, MacroDirectives& macros)
+    : m_vocabulary(Directives::vocabulary())
+    , m_names(names)
+    , m_reporter(reporter)
+    , m_instructions(instructions)
+    , m_directives(directives)
+    , m_definitions(definitions)
+    , m_macros(macros) {}
 
-void StatementAssembler::run() {
-    while (!m_assembly.sources.empty() && !m_assembly.diagnostics.limitReached()) {
-        switch (const auto next = m_assembly.sources.next(m_assembly.line)) {
-        case SourceStack::Next::line:
-            line();
-            break;
-        case SourceStack::Next::endOfFrame:
-            endFrame();
-            break;
-        default:
-            reportRunaway(m_assembly, m_assembly.line, next);
-            break;
-        }
-    }
-}
-
-void StatementAssembler::endFrame() {
-    m_flow.closeFrame();
-    const Frame& frame = m_assembly.sources.top();
-    if (frame.label != 0) {
-        m_assembly.symbols[frame.label].size =
-            static_cast<std::uint32_t>(m_assembly.image.total() - frame.totalBefore);
-    }
-    m_assembly.sources.pop();
-    m_assembly.origins.release(frame.origin);
-}
-
-void StatementAssembler::line() {
-    if (!m_assembly.recordsLines) {
-        assembleLine();
-        return;
-    }
-    const SourceFile* const file = m_assembly.sources.top().passage.file;
-    if (m_assembly.conditionals.skips()) {
-        m_assembly.records.add(m_assembly.line, file);
-        assembleLine();
-        return;
-    }
-    m_assembly.records.begin(m_assembly.line, file, m_assembly.image);
-    assembleLine();
-    m_assembly.records.end(m_assembly.image);
-}
-
-void StatementAssembler::assembleLine() {
-    if (m_assembly.conditionals.skips()) {
-        skippedLine();
-        return;
-    }
-    const char* const begin = m_assembly.line.begin;
-    const char* const p = skipBlanks(begin);
-    if (endsStatement(*p)) {
-        return;
-    }
-    m_assembly.here = m_assembly.image.address();
-    m_assembly.sizedLabel = 0;
-    statement(p, p == begin);
-    if (m_assembly.image.hasOverwritten()) {
-        m_assembly.noteOverwriting();
-    }
-    if (m_assembly.sizedLabel != 0) {
-        m_assembly.symbols[m_assembly.sizedLabel].size =
-            static_cast<std::uint32_t>(m_assembly.image.total() - m_assembly.sizedFrom);
-    }
-}
-
-void StatementAssembler::skippedLine() {
-    const char* at = nullptr;
-    const auto directive = m_macros.directiveOf(m_assembly.line.begin, at);
-    if (!directive) {
-        return;
-    }
-    if (*directive == Directive::macro) {
-        m_macros.skipBody(at);
-    } else if (FlowDirectives::isConditional(*directive)) {
-        m_flow.condition(*directive, at, wordEnd(at));
-    }
-}
-
-void StatementAssembler::statement(const char* p, bool isFirstColumn) {
+void StatementAssembler::assemble(Cursor p, bool isFirstColumn) {
     std::string_view bareLabel; // one without a colon, which may be a misspelled word
-    for (; !endsStatement(*p); isFirstColumn = false) {
-        if (!startsName(p)) {
+    for (; !p.isAtStatementEnd(); isFirstColumn = false) {
+        if (!p.isAtName()) {
             reportUnexpected(p, bareLabel);
             return;
         }
-        const char* const end = wordEnd(p);
-        const std::string_view word = view(p, end);
+        const Cursor end = p.wordEnd();
+        const std::string_view word = p.upTo(end);
         if (*end == ':') {
-            const char* const next = skipBlanks(end + 1);
+            const Cursor next = (end + 1).afterBlanks();
             if (isNamed(word, p, next)) {
                 return;
             }
@@ -188,7 +103,7 @@ void StatementAssembler::statement(const char* p, bool isFirstColumn) {
             p = next;
             continue;
         }
-        if (isKnownWord(word, p) || isNamed(word, p, skipBlanks(end))) {
+        if (isKnownWord(word, p) || isNamed(word, p, end.afterBlanks())) {
             return;
         }
         if (!isFirstColumn) {
@@ -197,32 +112,32 @@ void StatementAssembler::statement(const char* p, bool isFirstColumn) {
         }
         m_definitions.label(word, p);
         bareLabel = word;
-        p = skipBlanks(end);
+        p = end.afterBlanks();
     }
 }
 
 /// Assembles the statement when its first word, without a colon, is a directive, a macro or an
 /// instruction.
-bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
-    const Keyword keyword = findKeyword(word);
-    const char* const end = p + word.size();
-    const char* const next = skipBlanks(end);
+bool StatementAssembler::isKnownWord(std::string_view word, Cursor p) {
+    const Keyword keyword = m_vocabulary.find(word);
+    const Cursor end = p + word.size();
+    const Cursor next = end.afterBlanks();
     const bool isKeyword = keyword.kind != Keyword::Kind::none;
     const bool mayGiveValue = MayGiveValue[static_cast<unsigned char>(*next)];
     if ((*next == '.' || (!isKeyword && lowered(*next) == 'm')) &&
-        isDirectiveAt(next, Directive::macro)) {
-        m_macros.define(word, p, wordEnd(next));
+        isDirectiveAt(m_vocabulary, next, DirectiveRole::macro)) {
+        m_macros.define(word, p, next.wordEnd());
         return true;
     }
-    if (keyword.kind == Keyword::Kind::directive) {
+    if (keyword.isDirective()) {
         if (mayGiveValue && namesSymbol(p, next)) {
             reportKeyword(word, p, true);
         } else {
-            directive(static_cast<Directive>(keyword.id), p, end);
+            m_directives.run(keyword.index, p, end);
         }
         return true;
     }
-    if (!isKeyword || m_assembly.macroHidesKeyword) {
+    if (!isKeyword || m_macros.hidesKeywords()) {
         if (const std::uint32_t macro = m_macros.find(word); macro != None) {
             m_macros.call(macro, p, end);
             return true;
@@ -231,40 +146,40 @@ bool StatementAssembler::isKnownWord(std::string_view word, const char* p) {
     if (isKeyword && mayGiveValue && namesSymbol(p, next)) {
         reportKeyword(word, p, false);
     } else if (isKeyword) {
-        m_instructions.assemble(InstructionTable[keyword.id], p, end);
+        m_instructions.assemble(InstructionTable[keyword.index], p, end);
     }
     return isKeyword;
 }
 
-/// True when the keyword at `p`, with `next` behind it, was taken for the name of a symbol, unless
-/// a forgotten value explains it better: behind a dot, or where a macro's argument may be empty.
-bool StatementAssembler::namesSymbol(const char* p, const char* next) const {
-    return *p != '.' && !m_assembly.line.isShortLived && givesValue(next);
+/// True when the keyword at `p`, with `next` after it, was taken for the name of a symbol, unless
+/// a forgotten value explains it better: after a dot, or where a macro's argument may be empty.
+bool StatementAssembler::namesSymbol(Cursor p, Cursor next) const {
+    return *p != '.' && !m_reporter.line().isShortLived && givesValue(next);
 }
 
 /// `word` is a directive or an instruction and was taken for the name of a symbol.
-void StatementAssembler::reportKeyword(std::string_view word, const char* p, bool isDirective) {
-    m_assembly.markBroken(word);
-    m_assembly.error(p, quoted(word) + (isDirective ? " is a directive" : " is an instruction") +
+void StatementAssembler::reportKeyword(std::string_view word, Cursor p, bool isDirective) {
+    m_names.markBroken(word);
+    m_reporter.error(p, quoted(word) + (isDirective ? " is a directive" : " is an instruction") +
                             "; as a symbol it needs a colon directly after it, or another name");
 }
 
-/// Assembles the statement when `next`, behind the name, gives it a value of another kind than a
+/// Assembles the statement when `next`, after the name, gives it a value of another kind than a
 /// label's: NAME = e, .equ, .rs or .macro.
-bool StatementAssembler::isNamed(std::string_view name, const char* at, const char* next) {
+bool StatementAssembler::isNamed(std::string_view name, Cursor at, Cursor next) {
     if (*next == '=' && next[1] != '=') {
         m_definitions.assign(name, at, next + 1);
         return true;
     }
-    if (!startsName(next)) {
+    if (!next.isAtName()) {
         return false;
     }
-    const char* const end = wordEnd(next);
-    if (isDirectiveAt(next, Directive::equ)) {
+    const Cursor end = next.wordEnd();
+    if (isDirectiveAt(m_vocabulary, next, DirectiveRole::equ)) {
         m_definitions.assign(name, at, end);
-    } else if (isDirectiveAt(next, Directive::rs)) {
+    } else if (isDirectiveAt(m_vocabulary, next, DirectiveRole::rs)) {
         m_definitions.reserve(name, at, end);
-    } else if (isDirectiveAt(next, Directive::macro)) {
+    } else if (isDirectiveAt(m_vocabulary, next, DirectiveRole::macro)) {
         m_macros.define(name, at, end);
     } else {
         return false;
@@ -272,84 +187,32 @@ bool StatementAssembler::isNamed(std::string_view name, const char* at, const ch
     return true;
 }
 
-void StatementAssembler::directive(Directive directive, const char* at, const char* p) {
-    if (FlowDirectives::isConditional(directive)) {
-        m_flow.condition(directive, at, p);
-        return;
-    }
-    switch (directive) {
-    case Directive::byte:
-    case Directive::word:
-    case Directive::ds:
-    case Directive::align:
-    case Directive::pad:
-        m_data.run(directive, p);
-        break;
-    case Directive::include:
-    case Directive::incBin:
-    case Directive::incChr:
-        m_files.run(directive, p);
-        break;
-    case Directive::macro:
-        m_macros.defineNamedBehind(p);
-        break;
-    case Directive::repeat:
-        m_macros.repeat(at, p);
-        break;
-    case Directive::endMacro:
-    case Directive::endRepeat:
-        m_assembly.error(at, directive == Directive::endMacro ? ".endm without a .macro before it"
-                                                              : ".endr without a .rept before it");
-        break;
-    case Directive::equ:
-        m_assembly.error(at, ".equ needs a name before it, as in NAME .equ 5");
-        break;
-    case Directive::rs:
-        m_definitions.reserve({}, at, p);
-        break;
-    case Directive::assertion:
-    case Directive::fail:
-    case Directive::error:
-    case Directive::warning:
-        m_flow.message(directive, at, p);
-        break;
-    case Directive::list:
-    case Directive::noList:
-        m_assembly.records.list(directive == Directive::list);
-        m_assembly.expectEnd(p);
-        break;
-    default:
-        m_places.run(directive, p);
-        break;
-    }
-}
-
-void StatementAssembler::reportUnknown(std::string_view word, const char* p,
-                                       std::string_view label) {
+void StatementAssembler::reportUnknown(std::string_view word, Cursor p, std::string_view label) {
     const bool isDotted = word.starts_with('.');
     // A macro may be what is missing; a directive or an instruction is not.
     constexpr std::size_t MnemonicLength = 3;
-    if (m_assembly.isIncomplete && !isDotted && word.size() != MnemonicLength) {
+    if (m_reporter.isPartMissing() && !isDotted && word.size() != MnemonicLength) {
         return;
     }
-    m_assembly.error(p, [&] { return unknownText(word, p, label); });
+    m_reporter.error(p, [&] { return unknownText(word, p, label); });
     if (label.empty()) {
-        m_assembly.markBroken(word);
+        m_names.markBroken(word);
     }
 }
 
-std::string StatementAssembler::unknownText(std::string_view word, const char* p,
+std::string StatementAssembler::unknownText(std::string_view word, Cursor p,
                                             std::string_view label) const {
     const bool isDotted = word.starts_with('.');
     std::string text =
         isDotted ? "there is no directive " : "there is no instruction, directive or macro ";
     text += quoted(word);
-    const SymbolId id = m_assembly.symbols.find(word, m_assembly.scope);
-    const bool isSymbol = id != 0 && m_assembly.symbols[id].isDefined;
-    const std::string remedy = isSymbol ? "" : remedyForWord(m_assembly, word);
-    const std::string labelRemedy = label.empty() ? "" : remedyForWord(m_assembly, label);
-    const char* const next = skipBlanks(p + word.size());
-    if (label.empty() && (endsStatement(*next) || isStatementAt(next))) {
+    const SymbolId id = m_names.find(word);
+    const bool isSymbol = id != 0 && m_names[id].isDefined;
+    const std::string remedy = isSymbol ? "" : remedyForWord(m_macros.all(), m_vocabulary, word);
+    const std::string labelRemedy =
+        label.empty() ? "" : remedyForWord(m_macros.all(), m_vocabulary, label);
+    const Cursor next = (p + static_cast<std::ptrdiff_t>(word.size())).afterBlanks();
+    if (label.empty() && (next.isAtStatementEnd() || isStatementAt(m_vocabulary, next))) {
         const bool isForeign = isDotted && !isSymbol && !foreignWordAdvice(word.substr(1)).empty();
         if (remedy.starts_with(Advice)) {
             text += remedy;
@@ -372,20 +235,20 @@ std::string StatementAssembler::unknownText(std::string_view word, const char* p
 }
 
 /// `label`, without a colon, stands before what is wrong; it may be a misspelled word.
-void StatementAssembler::reportUnexpected(const char* p, std::string_view label) {
+void StatementAssembler::reportUnexpected(Cursor p, std::string_view label) {
     if (label.empty()) {
-        m_assembly.error(p, "expected a label, an instruction or a directive, found " +
+        m_reporter.error(p, "expected a label, an instruction or a directive, found " +
                                 foundText(p) + std::string(signRemedy(p)));
         return;
     }
-    if (m_assembly.isIncomplete) {
+    if (m_reporter.isPartMissing()) {
         return;
     }
-    m_assembly.error(p, [&] {
+    m_reporter.error(p, [&] {
         return "expected an instruction or a directive after the label " + quoted(label) +
                ", found " + foundText(p) +
                (*p == ':' ? "; a label's colon comes directly after its name"
-                          : remedyForWord(m_assembly, label));
+                          : remedyForWord(m_macros.all(), m_vocabulary, label));
     });
 }
 

@@ -1,59 +1,45 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "assembler/statements/Assembly.h"
-#include "assembler/statements/DataDirectives.h"
+#include "assembler/language/Vocabulary.h"
+#include "assembler/state/Names.h"
+#include "assembler/state/Reporter.h"
 #include "assembler/statements/Definitions.h"
-#include "assembler/statements/ExpressionParser.h"
-#include "assembler/statements/FileDirectives.h"
-#include "assembler/statements/FlowDirectives.h"
+#include "assembler/statements/Directives.h"
 #include "assembler/statements/InstructionAssembler.h"
 #include "assembler/statements/MacroDirectives.h"
-#include "assembler/statements/PlaceDirectives.h"
+#include "assembler/text/Cursor.h"
 
 #include <string>
 #include <string_view>
 
 namespace nesasm {
 
-/// Takes the lines one by one and hands each statement to the part that knows it.
+/// Tells by its words what a statement is, and hands it to the part that knows it.
 class StatementAssembler {
 public:
-    explicit StatementAssembler(Assembly& assembly);
+    StatementAssembler(Names& names, Reporter& reporter, InstructionAssembler& instructions,
+                       Directives& directives, Definitions& definitions, MacroDirectives& macros);
 
-    /// Begins with the input file. Returns "" or why it cannot be read.
-    std::string openInput(const std::string& name) { return m_files.openInput(name); }
-    void predefine(std::string_view name, std::int32_t value) {
-        m_definitions.predefine(name, value);
-    }
-
-    /// Assembles everything up to the end of the input, or to the error limit.
-    void run();
+    /// Assembles the statement that begins at `p`, with its labels.
+    void assemble(Cursor p, bool isFirstColumn);
 
 private:
-    void line();
-    void assembleLine();
-    void skippedLine();
-    void statement(const char* p, bool isFirstColumn);
-    bool isKnownWord(std::string_view word, const char* p);
-    bool isNamed(std::string_view name, const char* at, const char* next);
-    void directive(Directive directive, const char* at, const char* p);
-    bool namesSymbol(const char* p, const char* next) const;
-    void reportKeyword(std::string_view word, const char* p, bool isDirective);
-    void reportUnknown(std::string_view word, const char* p, std::string_view label);
-    std::string unknownText(std::string_view word, const char* p, std::string_view label) const;
-    void reportUnexpected(const char* p, std::string_view label);
-    void endFrame();
+    bool isKnownWord(std::string_view word, Cursor p);
+    bool isNamed(std::string_view name, Cursor at, Cursor next);
+    bool namesSymbol(Cursor p, Cursor next) const;
+    void reportKeyword(std::string_view word, Cursor p, bool isDirective);
+    void reportUnknown(std::string_view word, Cursor p, std::string_view label);
+    std::string unknownText(std::string_view word, Cursor p, std::string_view label) const;
+    void reportUnexpected(Cursor p, std::string_view label);
 
-    Assembly& m_assembly;
-    ExpressionParser m_parser;
-    Definitions m_definitions;
-    DataDirectives m_data;
-    PlaceDirectives m_places;
-    FileDirectives m_files;
-    MacroDirectives m_macros;
-    FlowDirectives m_flow;
-    InstructionAssembler m_instructions;
+    const Vocabulary& m_vocabulary;
+    Names& m_names;
+    Reporter& m_reporter;
+    InstructionAssembler& m_instructions;
+    Directives& m_directives;
+    Definitions& m_definitions;
+    MacroDirectives& m_macros;
 };
 
 } // namespace nesasm

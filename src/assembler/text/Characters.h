@@ -60,9 +60,13 @@ constexpr bool isDigit(char c) {
     return isOfClass(c, digitClass);
 }
 
-/// The letter in lower case; no other byte becomes a letter.
+/// A letter in lower case or in capitals; other bytes stay as they are.
 constexpr char lowered(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+}
+
+constexpr char raised(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c & ~0x20) : c;
 }
 
 /// The value of a hexadecimal digit, -1 for any other byte.
@@ -72,35 +76,6 @@ constexpr int hexDigit(char c) {
     }
     const char l = lowered(c);
     return l >= 'a' && l <= 'f' ? l - 'a' + 10 : -1;
-}
-
-// All source text ends with a line end, so none of the scanners below needs to know where it stops.
-
-inline const char* skipBlanks(const char* p) {
-    while (isBlank(*p)) {
-        ++p;
-    }
-    return p;
-}
-
-/// The end of the word that starts at `p`; a leading dot belongs to it.
-inline const char* wordEnd(const char* p) {
-    while (isWordPart(*p)) {
-        ++p;
-    }
-    return p;
-}
-
-inline const char* lineEnd(const char* p) {
-    while (!isLineEnd(*p)) {
-        ++p;
-    }
-    return p;
-}
-
-/// True where a word can start: a letter, an underscore, or a dot before a word character.
-inline bool startsName(const char* p) {
-    return isWordStart(*p) || (*p == '.' && (isWordStart(p[1]) || isDigit(p[1])));
 }
 
 } // namespace nesasm

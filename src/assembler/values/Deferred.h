@@ -7,7 +7,7 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
+#include <string>
 #include <vector>
 
 namespace nesasm {
@@ -39,7 +39,7 @@ struct DeferredSymbol {
 /// An .assert whose condition is computed later.
 struct DeferredAssertion {
     DeferredExpression expression;
-    std::string_view text;
+    std::string text;
 };
 
 /// Fields, symbols and assertions that can be computed only after the whole source was read.

@@ -7,7 +7,6 @@ namespace nesasm {
 
 namespace {
 
-/// An operand on the stack of evaluate().
 struct Value {
     std::int64_t number;
     std::int32_t bank;
@@ -26,126 +25,104 @@ std::int32_t mergedBank(std::int32_t a, std::int32_t b) {
 }
 
 /// Sums, differences and products wrap at 64 bits, which unsigned arithmetic gives.
-std::int64_t wrapping(OpCode code, std::int64_t left, std::int64_t right) {
-    const auto a = static_cast<std::uint64_t>(left);
-    const auto b = static_cast<std::uint64_t>(right);
-    switch (code) {
-    case OpCode::multiply:
-        return static_cast<std::int64_t>(a * b);
-    case OpCode::add:
-        return static_cast<std::int64_t>(a + b);
-    case OpCode::subtract:
-        return static_cast<std::int64_t>(a - b);
-    default:
-        return static_cast<std::int64_t>(a << b);
-    }
+std::int64_t wrapping(std::uint64_t number) {
+    return static_cast<std::int64_t>(number);
 }
 
-const char* divide(OpCode code, std::int64_t& left, std::int64_t right) {
-    if (right == 0) {
-        return "division by zero";
+std::int64_t quotient(std::int64_t left, std::int64_t right) {
+    return right == -1 ? wrapping(0 - static_cast<std::uint64_t>(left)) : left / right;
+}
+
+std::int64_t remainder(std::int64_t left, std::int64_t right) {
+    return right == -1 ? 0 : left % right;
+}
+
+constexpr std::int64_t truth(bool isTrue) {
+    return isTrue ? 1 : 0;
+}
+
+/// What keeps an operator from being applied, nullptr for nothing. `right` is the second operand of
+/// those that have two.
+const char* problemOf(OpCode code, const Value& left, const Value& right) {
+    if (code == OpCode::divide || code == OpCode::remainder) {
+        return right.number == 0 ? "division by zero" : nullptr;
     }
-    if (right == -1) {
-        left = code == OpCode::divide ? wrapping(OpCode::subtract, 0, left) : 0;
-    } else {
-        left = code == OpCode::divide ? left / right : left % right;
+    if (code == OpCode::shiftLeft || code == OpCode::shiftRight) {
+        return right.number < 0 || right.number > 31 ? "a shift count must be 0 to 31" : nullptr;
+    }
+    if (code == OpCode::bank && left.bank == NoBank) {
+        return "BANK() needs a label in a bank; there is none in this expression";
+    }
+    if (code == OpCode::bank && left.bank == SeveralBanks) {
+        return "BANK() needs one label; there are several in this expression";
     }
     return nullptr;
 }
 
-const char* shift(OpCode code, std::int64_t& left, std::int64_t right) {
-    if (right < 0 || right > 31) {
-        return "a shift count must be 0 to 31";
-    }
-    left = code == OpCode::shiftLeft ? wrapping(code, left, right) : left >> right;
-    return nullptr;
-}
-
-std::int64_t compared(OpCode code, std::int64_t left, std::int64_t right) {
-    switch (code) {
-    case OpCode::less:
-        return left < right ? 1 : 0;
-    case OpCode::lessEqual:
-        return left <= right ? 1 : 0;
-    case OpCode::greater:
-        return left > right ? 1 : 0;
-    case OpCode::greaterEqual:
-        return left >= right ? 1 : 0;
-    case OpCode::equal:
-        return left == right ? 1 : 0;
-    case OpCode::notEqual:
-        return left != right ? 1 : 0;
-    case OpCode::logicalAnd:
-        return left != 0 && right != 0 ? 1 : 0;
-    default:
-        return left != 0 || right != 0 ? 1 : 0;
-    }
-}
-
-/// Puts the result in `left`; returns the problem or nullptr.
-const char* applyBinary(OpCode code, Value& left, const Value& right) {
-    left.bank = mergedBank(left.bank, right.bank);
-    std::int64_t& a = left.number;
+/// The result of an operator that has no problem with its operands.
+std::int64_t applied(OpCode code, const Value& left, const Value& right) {
+    const std::int64_t a = left.number;
     const std::int64_t b = right.number;
+    const auto bitsOfA = static_cast<std::uint64_t>(a);
+    const auto bitsOfB = static_cast<std::uint64_t>(b);
     switch (code) {
-    case OpCode::multiply:
-    case OpCode::add:
-    case OpCode::subtract:
-        a = wrapping(code, a, b);
-        return nullptr;
-    case OpCode::divide:
-    case OpCode::remainder:
-        return divide(code, a, b);
-    case OpCode::shiftLeft:
-    case OpCode::shiftRight:
-        return shift(code, a, b);
-    case OpCode::bitAnd:
-        a &= b;
-        return nullptr;
-    case OpCode::bitXor:
-        a ^= b;
-        return nullptr;
-    case OpCode::bitOr:
-        a |= b;
-        return nullptr;
-    default:
-        a = compared(code, a, b);
-        return nullptr;
-    }
-}
-
-const char* applyUnary(OpCode code, Value& value) {
-    std::int64_t& number = value.number;
-    switch (code) {
+    case OpCode::literal:
+    case OpCode::here:
+    case OpCode::value:
+    case OpCode::sizeOf:
+        break; // no operators
     case OpCode::negate:
-        number = wrapping(OpCode::subtract, 0, number);
-        break;
+        return wrapping(0 - bitsOfA);
     case OpCode::complement:
-        number = ~number;
-        break;
+        return ~a;
     case OpCode::logicalNot:
-        number = number == 0 ? 1 : 0;
-        break;
+        return truth(a == 0);
     case OpCode::low:
-        number &= 0xFF;
-        break;
+        return a & 0xFF;
     case OpCode::high:
-        number = (number >> 8) & 0xFF;
-        break;
+        return (a >> 8) & 0xFF;
+    case OpCode::bank:
+        return left.bank;
     case OpCode::page:
-        number >>= 13;
-        break;
-    default:
-        if (value.bank == NoBank) {
-            return "BANK() needs a label in a bank; there is none in this expression";
-        }
-        if (value.bank == SeveralBanks) {
-            return "BANK() needs one label; there are several in this expression";
-        }
-        number = value.bank;
-        break;
+        return a >> 13;
+    case OpCode::multiply:
+        return wrapping(bitsOfA * bitsOfB);
+    case OpCode::divide:
+        return quotient(a, b);
+    case OpCode::remainder:
+        return remainder(a, b);
+    case OpCode::add:
+        return wrapping(bitsOfA + bitsOfB);
+    case OpCode::subtract:
+        return wrapping(bitsOfA - bitsOfB);
+    case OpCode::shiftLeft:
+        return wrapping(bitsOfA << bitsOfB);
+    case OpCode::shiftRight:
+        return a >> b;
+    case OpCode::less:
+        return truth(a < b);
+    case OpCode::lessEqual:
+        return truth(a <= b);
+    case OpCode::greater:
+        return truth(a > b);
+    case OpCode::greaterEqual:
+        return truth(a >= b);
+    case OpCode::equal:
+        return truth(a == b);
+    case OpCode::notEqual:
+        return truth(a != b);
+    case OpCode::bitAnd:
+        return a & b;
+    case OpCode::bitXor:
+        return a ^ b;
+    case OpCode::bitOr:
+        return a | b;
+    case OpCode::logicalAnd:
+        return truth(a != 0 && b != 0);
+    case OpCode::logicalOr:
+        return truth(a != 0 || b != 0);
     }
-    return nullptr;
+    return a;
 }
 
 /// Fetches an operand; returns why its value is not known.
@@ -174,9 +151,24 @@ Evaluation::Status fetch(const Operation& operation, const SymbolTable& symbols,
     return Status::known;
 }
 
+/// An expression that is one operand.
+Evaluation evaluateOperand(const Operation& operation, const SymbolTable& symbols) {
+    Value value{0, NoBank};
+    Evaluation result;
+    result.status = fetch(operation, symbols, value);
+    result.value = wrapped(value.number);
+    result.bank = value.bank;
+    result.symbol = operation.argument;
+    result.column = operation.column;
+    return result;
+}
+
 } // namespace
 
 Evaluation evaluate(std::span<const Operation> operations, const SymbolTable& symbols) {
+    if (operations.size() == 1) { // as most are
+        return evaluateOperand(operations.front(), symbols);
+    }
     std::array<Value, LargestStack> stack;
     std::size_t depth = 0;
     Evaluation result;
@@ -190,20 +182,20 @@ Evaluation evaluate(std::span<const Operation> operations, const SymbolTable& sy
             }
             continue;
         }
-        if (operation.code >= OpCode::multiply) {
-            --depth;
-        }
-        result.problem = operation.code >= OpCode::multiply
-                             ? applyBinary(operation.code, stack[depth - 1], stack[depth])
-                             : applyUnary(operation.code, stack[depth - 1]);
+        const bool hasTwoOperands = operation.code >= OpCode::multiply;
+        depth -= hasTwoOperands ? 1 : 0;
+        Value& left = stack[depth - 1];
+        const Value right = hasTwoOperands ? stack[depth] : Value{0, NoBank};
+        result.problem = problemOf(operation.code, left, right);
         if (result.problem != nullptr) {
             result.showsValue =
                 operation.code == OpCode::shiftLeft || operation.code == OpCode::shiftRight;
-            result.value = wrapped(stack[depth].number);
+            result.value = wrapped(right.number);
             result.status = Evaluation::Status::failed;
             result.column = operation.column;
             return result;
         }
+        left = {applied(operation.code, left, right), mergedBank(left.bank, right.bank)};
     }
     result.value = wrapped(stack[0].number);
     result.bank = stack[0].bank;

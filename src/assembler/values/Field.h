@@ -25,9 +25,13 @@ constexpr std::uint32_t sizeOf(Field field) {
     case Field::absolute:
     case Field::jumpIndirect:
         return 2;
-    default:
-        return 1;
+    case Field::byte:
+    case Field::immediate:
+    case Field::zeroPage:
+    case Field::relative:
+        break;
     }
+    return 1;
 }
 
 /// True when `value` fits the field. `next` is the address after a branch.

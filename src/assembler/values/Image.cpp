@@ -47,9 +47,11 @@ std::uint32_t Image::sectionEnd() const {
         return 0x100;
     case Section::bss:
         return 0x800;
-    default:
-        return BankSize;
+    case Section::code:
+    case Section::data:
+        break;
     }
+    return BankSize;
 }
 
 void Image::selectSection(Section section) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/text/Position.h"
+
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -20,6 +22,8 @@ struct Header {
     std::uint32_t chr = 0; ///< 8 KiB units
     std::uint32_t mapper = 0;
     std::uint32_t mirroring = 0; ///< the low four flags
+    /// Of .inesprg or .ineschr, or else of the source's first line.
+    Position position;
 };
 
 /// The sections that the source can select.

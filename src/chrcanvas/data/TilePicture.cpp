@@ -147,9 +147,15 @@ bool isPossible(TileTransformation transformation, const TileShape& shape) {
         return !shape.isEmpty();
     case TileTransformation::rotate:
         return shape.isRectangle() && shape.columns() == shape.rows();
-    default:
-        return shape.isRectangle();
+    case TileTransformation::flipHorizontally:
+    case TileTransformation::flipVertically:
+    case TileTransformation::shiftLeft:
+    case TileTransformation::shiftRight:
+    case TileTransformation::shiftUp:
+    case TileTransformation::shiftDown:
+        break;
     }
+    return shape.isRectangle();
 }
 
 } // namespace kestrel

@@ -118,7 +118,7 @@ TEST(Image, RamSectionsHaveTheirBounds) {
 
 TEST(Image, TheFileHasTheHeaderAndEveryBankUpToTheHighestUsed) {
     Image image;
-    image.header = {2, 1, 0x4A, 9};
+    image.header = {2, 1, 0x4A, 9, {}};
     image.selectBank(2);
     put(image, {0xAB});
     image.finish();

@@ -86,9 +86,7 @@ protected:
         m_image = imageFile(m_assembler->image());
     }
     std::string output() const { return (m_folder.path() / "game.nes").string(); }
-    std::vector<Row> rows() const {
-        return rowsOf(dbgFile(m_assembler->assembly(), output()).text);
-    }
+    std::vector<Row> rows() const { return rowsOf(dbgFile(m_assembler->program(), output()).text); }
 
     kestrel::test::TemporaryFolder m_folder;
     std::string m_messages;
@@ -198,7 +196,7 @@ TEST_F(LabelFiles, DbgGivesEachLabelItsPlace) {
 TEST_F(LabelFiles, MlbRowsAreOnesThatTheImporterTakes) {
     const std::regex form("(NesPrgRom|NesInternalRam|NesWorkRam|NesSaveRam|NesMemory|NesChrRom):"
                           "[0-9A-F]+(-[0-9A-F]+)?:[@_a-zA-Z]+[@_a-zA-Z0-9]*(:[^:]*)?");
-    std::istringstream lines(mlbFile(m_assembler->assembly(), output()).text);
+    std::istringstream lines(mlbFile(m_assembler->program(), output()).text);
     std::set<std::string> names;
     std::size_t count = 0;
     for (std::string line; std::getline(lines, line); ++count) {
@@ -217,7 +215,7 @@ TEST_F(LabelFiles, MlbRowsAreOnesThatTheImporterTakes) {
 TEST_F(LabelFiles, NlFilesHoldEachAddressOnceInTheFileOfItsBank) {
     const std::regex form(R"(\$[0-9A-F]{4}(/[0-9A-F]+)?#[^#]+#[^#]*)");
     std::map<std::string, std::string> texts;
-    for (const SideFile& file : nlFiles(m_assembler->assembly(), output())) {
+    for (const SideFile& file : nlFiles(m_assembler->program(), output())) {
         std::set<std::string> addresses;
         std::istringstream lines(file.text);
         for (std::string line; std::getline(lines, line);) {

@@ -12,7 +12,7 @@ namespace {
 
 std::vector<std::string> split(const std::string& text) {
     const std::string line = text + "\n";
-    const char* p = line.c_str();
+    Cursor p(line.c_str());
     MacroArguments arguments;
     if (!arguments.read(p)) {
         return {"too many"};
@@ -69,7 +69,7 @@ TEST(MacroArguments, EveryKindHasItsNumber) {
 
 TEST(MacroArguments, ArePutInEverywhere) {
     const std::string line = "lab, \"x\"\n";
-    const char* p = line.c_str();
+    Cursor p(line.c_str());
     MacroArguments arguments;
     ASSERT_TRUE(arguments.read(p));
     std::string out;
@@ -80,7 +80,7 @@ TEST(MacroArguments, ArePutInEverywhere) {
 
 TEST(MacroArguments, ALineThatGrowsBeyondMeasureIsRefused) {
     const std::string line = std::string(300000, 'a') + "\n";
-    const char* p = line.c_str();
+    Cursor p(line.c_str());
     MacroArguments arguments;
     ASSERT_TRUE(arguments.read(p));
     std::string out;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "assembler/statements/OperandHints.h"
+#include "assembler/expressions/OperandHints.h"
 
-#include "assembler/statements/WrittenOperand.h"
+#include "assembler/expressions/WrittenOperand.h"
 #include "assembler/text/Text.h"
 
 #include <optional>
@@ -19,9 +19,19 @@ std::optional<Mode> zeroPageModeOf(Mode mode) {
         return Mode::zeroPageX;
     case Mode::absoluteY:
         return Mode::zeroPageY;
-    default:
-        return std::nullopt;
+    case Mode::implied:
+    case Mode::accumulator:
+    case Mode::immediate:
+    case Mode::zeroPage:
+    case Mode::zeroPageX:
+    case Mode::zeroPageY:
+    case Mode::indirect:
+    case Mode::indirectX:
+    case Mode::indirectY:
+    case Mode::relative:
+        break;
     }
+    return std::nullopt;
 }
 
 /// A number, or one byte of something: what immediate operands are mostly made of.
@@ -39,29 +49,31 @@ bool looksImmediate(std::span<const Operation> operations, const SymbolTable& sy
 
 } // namespace
 
-OperandHints::OperandHints(Assembly& assembly)
-    : m_assembly(assembly)
-    , m_zeroPage(assembly.diagnostics.isOn(Warning::zeroPagePossible))
-    , m_hash(assembly.diagnostics.isOn(Warning::missingHash)) {}
+OperandHints::OperandHints(Diagnostics& diagnostics, const SymbolTable& symbols, const Image& image)
+    : m_diagnostics(diagnostics)
+    , m_symbols(symbols)
+    , m_image(image)
+    , m_zeroPage(diagnostics.isOn(Warning::zeroPagePossible))
+    , m_hash(diagnostics.isOn(Warning::missingHash)) {}
 
 void OperandHints::look(const Instruction& instruction, Mode mode,
-                        std::span<const Operation> operations, const char* operand) {
+                        std::span<const Operation> operations, const Position& operand) {
     if (m_hash && mode == Mode::absolute && instruction.has(Mode::immediate) &&
-        looksImmediate(operations, m_assembly.symbols)) {
+        looksImmediate(operations, m_symbols)) {
         const std::string name(instruction.name);
-        const std::string written = writtenOperand(m_assembly.at(operand));
+        const std::string written = writtenOperand(operand);
         const std::string shown = written.empty() ? "n" : written;
-        m_assembly.warn(Warning::missingHash, operand,
-                        "without a # this is an address, not a value; for the value write " + name +
-                            " #" + shown + ", for the address " + name + " <" + shown);
+        m_diagnostics.warning(Warning::missingHash, operand,
+                              "without a # this is an address, not a value; for the value write " +
+                                  name + " #" + shown + ", for the address " + name + " <" + shown);
         return;
     }
     if (!m_zeroPage) {
         return;
     }
-    const Evaluation value = evaluate(operations, m_assembly.symbols);
+    const Evaluation value = evaluate(operations, m_symbols);
     if (value.status == Evaluation::Status::known) {
-        warnOfZeroPage(instruction, mode, value.value, m_assembly.at(operand));
+        warnOfZeroPage(instruction, mode, value.value, operand);
     }
 }
 
@@ -69,7 +81,7 @@ void OperandHints::lookLate(const DeferredField& field, std::int32_t value) {
     if (!m_zeroPage || field.field != Field::absolute || field.offset == 0) {
         return;
     }
-    const std::uint8_t* const bytes = m_assembly.image.bytes(field.bank);
+    const std::uint8_t* const bytes = m_image.bytes(field.bank);
     Mode mode{};
     const Instruction* const instruction =
         bytes == nullptr ? nullptr : findOpcode(bytes[field.offset - 1], mode);
@@ -84,7 +96,7 @@ void OperandHints::warnOfZeroPage(const Instruction& instruction, Mode mode, std
     if (!shorter || !instruction.has(*shorter) || value < 0 || value > 0xFF) {
         return;
     }
-    m_assembly.diagnostics.warning(
+    m_diagnostics.warning(
         Warning::zeroPagePossible, position,
         "the address " + hexText(static_cast<unsigned>(value), 2) +
             " is in the zero page: with a < before the operand the instruction is a byte shorter "

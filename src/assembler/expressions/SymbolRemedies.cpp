@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "assembler/statements/Remedies.h"
+#include "assembler/expressions/SymbolRemedies.h"
 
-#include "assembler/language/ForeignWords.h"
-#include "assembler/language/InstructionTable.h"
-#include "assembler/language/Keywords.h"
 #include "assembler/text/Characters.h"
 #include "assembler/text/NearNames.h"
 #include "assembler/text/Text.h"
@@ -54,7 +51,7 @@ bool isRegisterName(std::string_view name) {
            equalsIgnoringCase(name, "y");
 }
 
-/// Hexadecimal digits with an h behind them, as other assemblers write numbers.
+/// Hexadecimal digits with an h after them, as other assemblers write numbers.
 bool isHexadecimal(std::string_view name) {
     return name.size() > 1 && lowered(name.back()) == 'h' &&
            std::all_of(name.begin(), name.end() - 1, [](char c) { return hexDigit(c) >= 0; });
@@ -62,39 +59,13 @@ bool isHexadecimal(std::string_view name) {
 
 } // namespace
 
-std::string remedyForWord(const Assembly& assembly, std::string_view word) {
-    const bool isDotted = word.starts_with('.');
-    const std::string_view bare = isDotted ? word.substr(1) : word;
-    if (const std::string_view advice = foreignWordAdvice(bare); !advice.empty()) {
-        return "; " + std::string(advice);
-    }
-    NearNames near(word);
-    for (const Macro& macro : assembly.macros) {
-        near.consider(macro.name);
-    }
-    std::string dotted[DirectiveTable.size()];
-    for (std::size_t i = 0; i < DirectiveTable.size(); ++i) {
-        dotted[i] = "." + std::string(DirectiveTable[i].name);
-        if (isDotted || DirectiveTable[i].worksWithoutDot || word == DirectiveTable[i].name) {
-            near.consider(isDotted ? std::string_view(dotted[i]) : DirectiveTable[i].name,
-                          dotted[i]);
-        }
-    }
-    if (!isDotted) {
-        for (const Instruction& instruction : InstructionTable) {
-            near.consider(instruction.name);
-        }
-    }
-    return near.question();
-}
-
 std::string noSizeText(const Symbol& symbol) {
     return quoted(symbol.name) +
            " is not a label, so it has no size; SIZEOF() gives the bytes on a label's own line";
 }
 
-std::string remedyForSymbol(const Assembly& assembly, const Symbol& symbol) {
-    const SymbolTable& symbols = assembly.symbols;
+std::string remedyForSymbol(const SymbolTable& symbols, const Symbol& symbol,
+                            const Diagnostics& diagnostics) {
     if (isRegisterName(symbol.name)) {
         return "; a register cannot be used here: TAX, TXA, TAY and TYA copy between registers";
     }
@@ -104,7 +75,7 @@ std::string remedyForSymbol(const Assembly& assembly, const Symbol& symbol) {
     if (symbol.macro != None) {
         return "; it is a macro, which has no value";
     }
-    if (assembly.diagnostics.errorCount() > MostSearches) {
+    if (diagnostics.errorCount() > MostSearches) {
         return {};
     }
     if (std::string namesake = namesakeText(symbols, symbol); !namesake.empty()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "assembler/statements/Conditionals.h"
+#include "assembler/reading/Conditionals.h"
 
 namespace nesasm {
 

@@ -2,7 +2,10 @@
 #pragma once
 
 #include "assembler/language/InstructionTable.h"
-#include "assembler/statements/Assembly.h"
+#include "assembler/messages/Diagnostics.h"
+#include "assembler/values/Deferred.h"
+#include "assembler/values/Image.h"
+#include "assembler/values/SymbolTable.h"
 
 #include <span>
 
@@ -12,13 +15,13 @@ namespace nesasm {
 /// warnings is on.
 class OperandHints {
 public:
-    explicit OperandHints(Assembly& assembly);
+    OperandHints(Diagnostics& diagnostics, const SymbolTable& symbols, const Image& image);
 
     bool areWanted() const { return m_zeroPage || m_hash; }
 
-    /// An instruction that is being assembled, with its operand (at `operand`) as it was read.
+    /// An instruction that is being assembled, with its operand as it was read.
     void look(const Instruction& instruction, Mode mode, std::span<const Operation> operations,
-              const char* operand);
+              const Position& operand);
 
     /// A field whose value was not known when it was assembled.
     void lookLate(const DeferredField& field, std::int32_t value);
@@ -27,7 +30,9 @@ private:
     void warnOfZeroPage(const Instruction& instruction, Mode mode, std::int32_t value,
                         const Position& position);
 
-    Assembly& m_assembly;
+    Diagnostics& m_diagnostics;
+    const SymbolTable& m_symbols;
+    const Image& m_image;
     bool m_zeroPage;
     bool m_hash;
 };

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "assembler/statements/ExpressionParser.h"
+#include "assembler/expressions/ExpressionParser.h"
 
-#include "assembler/statements/Remedies.h"
-#include "assembler/text/Characters.h"
+#include "assembler/expressions/Number.h"
+#include "assembler/expressions/SymbolRemedies.h"
+#include "assembler/text/FoundText.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -15,50 +16,17 @@ namespace {
 constexpr int DeepestNesting = 100;
 constexpr const char* TooDeep =
     "the expression is nested more than 100 deep; give a part of it a name with =";
-constexpr std::uint64_t LargestLiteral = 0xFFFFFFFFU;
-
-bool endsOddNumber(char c) {
-    switch (c) {
-    case ',':
-    case ')':
-    case ']':
-    case '+':
-    case '-':
-    case '*':
-    case '/':
-    case '&':
-    case '|':
-    case '^':
-    case '<':
-    case '>':
-    case '=':
-    case '!':
-        return true;
-    default:
-        return isBlank(c) || endsStatement(c);
-    }
-}
-
-/// What to do about a letter behind the digits of a number.
-std::string numberRemedy(unsigned base, char letter) {
-    if (base != 10) {
-        return base == 2 ? "; a binary number has only the digits 0 and 1"
-                         : "; a hexadecimal number has only the digits 0 to 9 and A to F";
-    }
-    if (lowered(letter) == 'b') {
-        return "; a binary number begins with %, as in %1010";
-    }
-    const bool isHexadecimal =
-        lowered(letter) == 'x' || lowered(letter) == 'h' || hexDigit(letter) >= 0;
-    return isHexadecimal ? "; a hexadecimal number begins with $, as in $1F" : "";
-}
 
 } // namespace
 
-ExpressionParser::ExpressionParser(Assembly& assembly)
-    : m_assembly(assembly) {}
+ExpressionParser::ExpressionParser(const Statement& statement, Names& names, Reporter& reporter,
+                                   Deferred& deferred)
+    : m_statement(statement)
+    , m_names(names)
+    , m_reporter(reporter)
+    , m_deferred(deferred) {}
 
-bool ExpressionParser::parse(const char*& p, Prefix prefix) {
+bool ExpressionParser::parse(Cursor& p, Prefix prefix) {
     m_operations.clear();
     m_stack = 0;
     m_nesting = 0;
@@ -69,20 +37,20 @@ bool ExpressionParser::parse(const char*& p, Prefix prefix) {
     return fine;
 }
 
-bool ExpressionParser::parseRest(const char*& p) {
+bool ExpressionParser::parseRest(Cursor& p) {
     m_p = p;
     bool fine = true;
     for (Binary next = binaryAt(m_p); fine && next.precedence != 0; next = binaryAt(m_p)) {
-        const char* const at = m_p;
+        const Cursor at = m_p;
         m_p += next.length;
         fine = binary(next.precedence + 1) && push(next.code, 0, at);
-        m_p = skipBlanks(m_p);
+        m_p.skipBlanks();
     }
     p = m_p;
     return fine;
 }
 
-ExpressionParser::Binary ExpressionParser::binaryAt(const char* p) {
+ExpressionParser::Binary ExpressionParser::binaryAt(Cursor p) {
     switch (*p) {
     case '|':
         return p[1] == '|' ? Binary{OpCode::logicalOr, 1, 2} : Binary{OpCode::bitOr, 3, 1};
@@ -130,12 +98,12 @@ bool ExpressionParser::binary(int precedence) {
         return false;
     }
     for (;;) {
-        m_p = skipBlanks(m_p);
+        m_p.skipBlanks();
         const Binary next = binaryAt(m_p);
         if (next.precedence == 0 || next.precedence < precedence) {
             return true;
         }
-        const char* const at = m_p;
+        const Cursor at = m_p;
         m_p += next.length;
         if (!binary(next.precedence + 1) || !push(next.code, 0, at)) {
             return false;
@@ -144,10 +112,10 @@ bool ExpressionParser::binary(int precedence) {
 }
 
 bool ExpressionParser::unary(bool lowHigh) {
-    m_p = skipBlanks(m_p);
-    // A macro argument may bring its #; what stands behind it is an immediate value.
+    m_p.skipBlanks();
+    // A macro argument may bring its #; what stands after it is an immediate value.
     while (*m_p == '#') {
-        m_p = skipBlanks(m_p + 1);
+        m_p = (m_p + 1).afterBlanks();
         lowHigh = true;
     }
     switch (*m_p) {
@@ -160,7 +128,7 @@ bool ExpressionParser::unary(bool lowHigh) {
     case '+':
     case '<':
     case '>': {
-        const char* const at = m_p;
+        const Cursor at = m_p;
         if (*at != '+' && !lowHigh) {
             return fail(at, "expected a value, found '" + std::string(1, *at) +
                                 "'; LOW() and HIGH() take a byte of a value");
@@ -181,7 +149,7 @@ bool ExpressionParser::unary(bool lowHigh) {
 }
 
 bool ExpressionParser::applyPrefix(OpCode code) {
-    const char* const at = m_p++;
+    const Cursor at = m_p++;
     if (++m_nesting > DeepestNesting) {
         return fail(at, TooDeep);
     }
@@ -195,26 +163,15 @@ bool ExpressionParser::primary() {
     if (isWordStart(c) || c == '.') {
         return word();
     }
-    if (isDigit(c)) {
+    if (startsNumber(c)) {
         return number();
     }
     switch (c) {
-    case '$':
-        return hexadecimal();
-    case '%': {
-        const char* const begin = m_p++;
-        if (*m_p != '0' && *m_p != '1') {
-            return fail(begin, "a binary number needs digits 0 or 1 after its %");
-        }
-        return digits(2, begin);
-    }
-    case '\'':
-        return character();
     case '(':
         return parenthesized();
     case '*':
         ++m_p;
-        return push(OpCode::here, m_assembly.here, m_p - 1);
+        return push(OpCode::here, m_statement.address, m_p - 1);
     case '"':
         return fail(m_p, "a string is allowed only in .db and as a file name; a single character "
                          "is written 'c'");
@@ -222,12 +179,12 @@ bool ExpressionParser::primary() {
         // The operator before it may be half of a comment's mark.
         return fail(
             m_p, "expected a value, found " + foundText(m_p) +
-                     (*m_p == '/' && m_p != m_assembly.line.begin ? commentRemedy(m_p - 1) : ""));
+                     (*m_p == '/' && m_p != m_statement.line.begin ? commentRemedy(m_p - 1) : ""));
     }
 }
 
 bool ExpressionParser::parenthesized() {
-    const char* const at = m_p++;
+    const Cursor at = m_p++;
     if (++m_nesting > DeepestNesting) {
         return fail(at, TooDeep);
     }
@@ -243,21 +200,22 @@ bool ExpressionParser::parenthesized() {
 }
 
 bool ExpressionParser::word() {
-    const char* const begin = m_p;
-    m_p = wordEnd(begin);
-    const std::string_view name(begin, static_cast<std::size_t>(m_p - begin));
+    const Cursor begin = m_p;
+    m_p = begin.wordEnd();
+    const std::string_view name = begin.upTo(m_p);
     if (name == ".") {
         return fail(begin, "expected a value, found '.'");
     }
     if (name.size() >= 3 && name.size() <= 6) {
-        const char* const next = skipBlanks(m_p);
-        if (*next == '(') {
-            if (const auto which = findFunction(name)) {
-                return function(*which, begin);
-            }
-        }
+        const Cursor next = m_p.afterBlanks();
+        const bool isCall = *next == '(';
         // Two values side by side: the parentheses have been forgotten.
-        if ((startsName(next) || isDigit(*next) || *next == '$') && findFunction(name)) {
+        const bool lacksParentheses = next.isAtName() || isDigit(*next) || *next == '$';
+        const auto which = isCall || lacksParentheses ? findFunction(name) : std::nullopt;
+        if (which && isCall) {
+            return function(*which, begin);
+        }
+        if (which) {
             return fail(begin, std::string(name) + " needs its operand in parentheses");
         }
     }
@@ -265,28 +223,40 @@ bool ExpressionParser::word() {
         return fail(begin, "there is no function " + quoted(name) +
                                "; there are LOW, HIGH, BANK, PAGE and SIZEOF");
     }
-    const SymbolId id = m_assembly.intern(name);
-    ++m_assembly.symbols[id].uses;
+    const SymbolId id = m_names.intern(name);
+    ++m_names[id].uses;
     return push(OpCode::value, id, begin);
 }
 
-bool ExpressionParser::function(Function function, const char* at) {
-    m_p = skipBlanks(m_p);
-    if (function != Function::sizeOf) {
-        static constexpr OpCode Codes[]{OpCode::low, OpCode::high, OpCode::bank, OpCode::page};
-        return parenthesized() && push(Codes[static_cast<std::size_t>(function)], 0, at);
+bool ExpressionParser::function(Function function, Cursor at) {
+    m_p.skipBlanks();
+    switch (function) {
+    case Function::low:
+        return parenthesized() && push(OpCode::low, 0, at);
+    case Function::high:
+        return parenthesized() && push(OpCode::high, 0, at);
+    case Function::bank:
+        return parenthesized() && push(OpCode::bank, 0, at);
+    case Function::page:
+        return parenthesized() && push(OpCode::page, 0, at);
+    case Function::sizeOf:
+        break;
     }
-    for (m_p = skipBlanks(m_p + 1); *m_p == '#';) {
-        m_p = skipBlanks(m_p + 1);
+    return sizeOfLabel();
+}
+
+bool ExpressionParser::sizeOfLabel() {
+    for (m_p = (m_p + 1).afterBlanks(); *m_p == '#';) {
+        m_p = (m_p + 1).afterBlanks();
     }
-    const char* const begin = m_p;
-    if (!startsName(begin)) {
+    const Cursor begin = m_p;
+    if (!begin.isAtName()) {
         return fail(begin, "SIZEOF() needs the name of a label, found " + foundText(begin));
     }
-    m_p = wordEnd(begin);
-    const SymbolId id = m_assembly.intern({begin, static_cast<std::size_t>(m_p - begin)});
-    ++m_assembly.symbols[id].uses;
-    m_p = skipBlanks(m_p);
+    m_p = begin.wordEnd();
+    const SymbolId id = m_names.intern(begin.upTo(m_p));
+    ++m_names[id].uses;
+    m_p.skipBlanks();
     if (*m_p != ')') {
         return fail(m_p, "expected ')', found " + foundText(m_p));
     }
@@ -295,100 +265,45 @@ bool ExpressionParser::function(Function function, const char* at) {
 }
 
 bool ExpressionParser::number() {
-    return digits(10, m_p);
+    const Number number = readNumber(m_p);
+    m_p = number.end;
+    if (!number.isFine()) {
+        return fail(number.problemPlace(), number.problemText());
+    }
+    if (number.isOdd) {
+        m_reporter.warn(Warning::oddNumber, number.begin,
+                        "there is no hexadecimal digit after this $: '" +
+                            std::string(number.begin.upTo(number.end)) + "' counts as 0");
+    }
+    return push(OpCode::literal, number.value, number.begin);
 }
 
-bool ExpressionParser::hexadecimal() {
-    const char* const begin = m_p++;
-    if (hexDigit(*m_p) >= 0) {
-        return digits(16, begin);
-    }
-    while (!endsOddNumber(*m_p)) {
-        ++m_p;
-    }
-    m_assembly.warn(Warning::oddNumber, begin,
-                    "there is no hexadecimal digit after this $: '" + std::string(begin, m_p) +
-                        "' counts as 0");
-    return push(OpCode::literal, 0, begin);
-}
-
-bool ExpressionParser::digits(unsigned base, const char* begin) {
-    std::uint64_t value = 0;
-    bool tooLarge = false;
-    for (;; ++m_p) {
-        // Underscores may stand between the digits of a binary number.
-        if (base == 2 && *m_p == '_') {
-            const char* behind = m_p;
-            while (*behind == '_') {
-                ++behind;
-            }
-            if (*behind != '0' && *behind != '1') {
-                break;
-            }
-            m_p = behind;
-        }
-        const int digit = hexDigit(*m_p);
-        if (digit < 0 || static_cast<unsigned>(digit) >= base) {
-            break;
-        }
-        value = value * base + static_cast<unsigned>(digit);
-        tooLarge = tooLarge || value > LargestLiteral;
-        if (tooLarge) {
-            value = 0;
-        }
-    }
-    if (isWordPart(*m_p)) {
-        return fail(m_p,
-                    foundText(m_p) + " cannot be part of this number" + numberRemedy(base, *m_p));
-    }
-    if (tooLarge) {
-        return fail(begin, "the number does not fit into 32 bits");
-    }
-    return push(OpCode::literal, static_cast<std::uint32_t>(value), begin);
-}
-
-bool ExpressionParser::character() {
-    const char* const begin = m_p;
-    if (isLineEnd(m_p[1]) || m_p[2] != '\'') {
-        return fail(begin, "expected one character between quotes, as in 'A'; strings are written "
-                           "in double quotes");
-    }
-    m_p += 3;
-    return push(OpCode::literal, static_cast<unsigned char>(begin[1]), begin);
-}
-
-bool ExpressionParser::push(OpCode code, std::uint32_t argument, const char* at) {
+bool ExpressionParser::push(OpCode code, std::uint32_t argument, Cursor at) {
     if (code <= OpCode::sizeOf && ++m_stack > LargestStack) {
         return fail(at, "the expression is too complicated; give a part of it a name with =");
     }
     if (code >= OpCode::multiply) {
         --m_stack;
     }
-    const auto column = static_cast<std::uint32_t>(at - m_assembly.line.begin);
-    m_operations.push_back(
-        {code, static_cast<std::uint16_t>(m_assembly.image.bank()), argument, column});
+    const auto column = static_cast<std::uint32_t>(at - m_statement.line.begin);
+    m_operations.push_back({code, static_cast<std::uint16_t>(m_statement.bank), argument, column});
     return true;
 }
 
-bool ExpressionParser::fail(const char* at, std::string text) {
-    m_assembly.error(at, std::move(text));
+bool ExpressionParser::fail(Cursor at, std::string text) {
+    m_reporter.error(at, std::move(text));
     return false;
 }
 
-Evaluation ExpressionParser::evaluateNow() const {
-    Evaluation result = evaluate(m_operations, m_assembly.symbols);
-    if (result.status == Evaluation::Status::failed) {
-        m_assembly.error(m_assembly.line.begin + result.column, problemText(result));
-        result.status = Evaluation::Status::broken;
-    }
-    return result;
+void ExpressionParser::reportFailed(const Evaluation& result) {
+    m_reporter.error(m_statement.line.begin + result.column, problemText(result));
 }
 
-DeferredExpression ExpressionParser::defer(const char* start) {
-    return m_assembly.deferred.keep(m_operations, m_assembly.keep(start));
+DeferredExpression ExpressionParser::defer(Cursor start) {
+    return m_deferred.keep(m_operations, m_reporter.keep(start));
 }
 
-std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const char* what) {
+std::optional<std::int32_t> ExpressionParser::parseKnown(Cursor& p, const char* what) {
     if (!parse(p)) {
         return std::nullopt;
     }
@@ -396,8 +311,8 @@ std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const c
     if (result.status == Evaluation::Status::known) {
         return result.value;
     }
-    if (result.status == Evaluation::Status::unknown && !m_assembly.isIncomplete) {
-        m_assembly.error(m_assembly.line.begin + result.column,
+    if (result.status == Evaluation::Status::unknown && !m_reporter.isPartMissing()) {
+        m_reporter.error(m_statement.line.begin + result.column,
                          [&] { return unknownText(result, what); });
     }
     return std::nullopt;
@@ -405,7 +320,7 @@ std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const c
 
 /// Why the symbol that `result` names has no value, or no size, where `what` needs it.
 std::string ExpressionParser::unknownText(const Evaluation& result, const char* what) const {
-    const Symbol& symbol = m_assembly.symbols[result.symbol];
+    const Symbol& symbol = m_names[result.symbol];
     const bool isSize =
         std::any_of(m_operations.begin(), m_operations.end(), [&](const auto& each) {
             return each.code == OpCode::sizeOf && each.column == result.column;
@@ -417,21 +332,22 @@ std::string ExpressionParser::unknownText(const Evaluation& result, const char* 
     text.append(quoted(symbol.name)).append(" is not known here, but ").append(what);
     text += " needs it at once: ";
     if (!symbol.isDefined) {
-        return text.append("define it further up").append(remedyForSymbol(m_assembly, symbol));
+        return text.append("define it further up")
+            .append(remedyForSymbol(m_names.table(), symbol, m_reporter.diagnostics()));
     }
     return text += isSize
                        ? "it is known only after the label's own line"
                        : "it is made from a symbol that is not known yet; define that one above it";
 }
 
-std::optional<std::int32_t> ExpressionParser::parseKnown(const char*& p, const char* what,
+std::optional<std::int32_t> ExpressionParser::parseKnown(Cursor& p, const char* what,
                                                          std::int32_t least, std::int32_t most) {
-    const char* const start = skipBlanks(p);
+    const Cursor start = p.afterBlanks();
     const auto value = parseKnown(p, what);
     if (!value || (*value >= least && *value <= most)) {
         return value;
     }
-    m_assembly.error(start, std::string(what) + " must be " + std::to_string(least) + " to " +
+    m_reporter.error(start, std::string(what) + " must be " + std::to_string(least) + " to " +
                                 std::to_string(most) + ", but it is " + std::to_string(*value));
     return std::nullopt;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "assembler/statements/FieldWriter.h"
+#include "assembler/expressions/FieldWriter.h"
 
-#include "assembler/statements/WrittenOperand.h"
+#include "assembler/expressions/WrittenOperand.h"
 
 #include <array>
 #include <string>
@@ -70,15 +70,22 @@ void checkField(Diagnostics& diagnostics, const Position& position, Field field,
     }
 }
 
-void emitField(Assembly& assembly, ExpressionParser& parser, const FieldToWrite& what) {
-    const Evaluation result = parser.evaluateNow();
+FieldWriter::FieldWriter(ExpressionParser& parser, ImageWriter& writer, Reporter& reporter,
+                         Deferred& deferred)
+    : m_parser(parser)
+    , m_writer(writer)
+    , m_reporter(reporter)
+    , m_deferred(deferred) {}
+
+void FieldWriter::write(const FieldToWrite& what) {
+    const Evaluation result = m_parser.evaluateNow();
     std::array<std::uint8_t, 3> bytes{what.opcode, 0, 0};
     const std::size_t before = what.hasOpcode ? 1 : 0;
     const std::size_t size = before + sizeOf(what.field);
     if (result.status == Evaluation::Status::known) {
         if (!fits(what.field, result.value, what.next) || what.field == Field::jumpIndirect) {
-            checkField(assembly.diagnostics, assembly.at(what.start), what.field, result.value,
-                       what.next);
+            checkField(m_reporter.diagnostics(), m_reporter.at(what.start), what.field,
+                       result.value, what.next);
         }
         const auto value = encoded(what.field, result.value, what.next);
         bytes[before] = value[0];
@@ -87,18 +94,18 @@ void emitField(Assembly& assembly, ExpressionParser& parser, const FieldToWrite&
         }
     }
     if (what.hasOpcode && what.field != Field::immediate) {
-        parser.noteAddress();
+        m_parser.noteAddress();
     }
-    assembly.emit(bytes.data(), size, what.start);
-    if (result.status != Evaluation::Status::unknown || assembly.image.isRam()) {
+    m_writer.emit(bytes.data(), size, what.start);
+    Image& image = m_writer.image();
+    if (result.status != Evaluation::Status::unknown || image.isRam()) {
         return;
     }
     // Numbered after the bytes are in place: they themselves must not count as written over it.
-    const std::uint32_t offset = assembly.image.offset() - sizeOf(what.field);
-    assembly.deferred.fields.push_back({parser.defer(what.start), assembly.image.nextPatch(),
-                                        what.next,
-                                        static_cast<std::uint16_t>(assembly.image.bank()),
-                                        static_cast<std::uint16_t>(offset), what.field});
+    const std::uint32_t offset = image.offset() - sizeOf(what.field);
+    m_deferred.fields.push_back({m_parser.defer(what.start), image.nextPatch(), what.next,
+                                 static_cast<std::uint16_t>(image.bank()),
+                                 static_cast<std::uint16_t>(offset), what.field});
 }
 
 } // namespace nesasm

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "assembler/statements/LineRecords.h"
+#include "assembler/reading/LineRecords.h"
 
 #include "assembler/text/Characters.h"
 
@@ -9,9 +9,7 @@ void LineRecords::add(const Line& line, const SourceFile* file) {
     LineRecord record;
     record.text = line.begin;
     if (line.isShortLived) {
-        const char* const end = lineEnd(line.begin);
-        record.text =
-            m_arena.keepLine({line.begin, static_cast<std::size_t>(end - line.begin)}).data();
+        record.text = Cursor(m_arena.keepLine(line.begin.upTo(line.begin.lineEnd())).data());
     }
     record.file = file;
     record.origin = line.origin;
@@ -42,7 +40,7 @@ void LineRecords::end(const Image& image) {
         record.bank = image.bank();
         record.offset = image.offset();
     }
-    // Only files run on behind a full bank; their bytes begin in the next one.
+    // Only files run on after a full bank; their bytes begin in the next one.
     if (record.size != 0 && record.offset == BankSize && !record.isRam) {
         ++record.bank;
         record.offset = 0;
