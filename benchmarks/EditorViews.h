@@ -31,7 +31,7 @@ inline void present(QPlainTextEdit& view) {
     QApplication::processEvents();
 }
 
-/// The toolkit's view as it comes, in the editor's font.
+/// Qt's view as it comes, in the editor's font.
 class BareView : public QPlainTextEdit {
 public:
     BareView() { setFont(CodeEditorTextView().font()); }

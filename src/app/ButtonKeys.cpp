@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
@@ -19,7 +20,15 @@ bool isReturn(const QEvent& event) {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-/// Whether it is a button that carries something out and that the toolkit presses by Space alone.
+/// Whether Qt would press a dialog's button for a held Return: the focused one, or the default one.
+bool isRepeatedInDialog(const QObject* object, const QEvent& event) {
+    return event.type() == QEvent::KeyPress &&
+           static_cast<const QKeyEvent&>(event).isAutoRepeat() &&
+           (qobject_cast<const QPushButton*>(object) != nullptr ||
+            qobject_cast<const QDialog*>(object) != nullptr);
+}
+
+/// Whether it is a button that carries something out and that Qt presses by Space alone.
 bool isPressedBySpaceAlone(const QObject* object) {
     if (const auto* button = qobject_cast<const QPushButton*>(object)) {
         return !button->autoDefault() && !button->isDefault();
@@ -37,8 +46,11 @@ ButtonKeys::ButtonKeys(QObject* parent)
 }
 
 bool ButtonKeys::eventFilter(QObject* watched, QEvent* event) {
-    if (!isReturn(*event) || !isPressedBySpaceAlone(watched)) {
+    if (!isReturn(*event)) {
         return QObject::eventFilter(watched, event);
+    }
+    if (!isPressedBySpaceAlone(watched)) {
+        return isRepeatedInDialog(watched, *event);
     }
     const auto& key = static_cast<const QKeyEvent&>(*event);
     QKeyEvent space(key.type(), Qt::Key_Space, key.modifiers(), QStringLiteral(" "),

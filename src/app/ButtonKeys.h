@@ -5,9 +5,9 @@
 
 namespace kestrel {
 
-/// Lets Return and Enter press a focused button as Space does. The toolkit leaves these keys to
-/// what is around a button, such as a bar that searches or a dialog's default button, unless the
-/// button is a dialog's push button.
+/// Lets Return and Enter press a focused button as Space does, once however long they are held. Qt
+/// leaves these keys to what is around a button, such as a bar that searches or a dialog's default
+/// button, unless the button is a dialog's push button; and that it presses again and again.
 class ButtonKeys : public QObject {
     Q_OBJECT
 

@@ -7,7 +7,7 @@ class QKeyEvent;
 
 namespace kestrel {
 
-/// Lets what acts once a press do so however long its key is held, where the toolkit takes the
+/// Lets what acts once a press do so however long its key is held, where Qt takes the
 /// repeats of the key for presses of their own.
 class HeldKeys : public QObject {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
     explicit HeldKeys(QObject* parent = nullptr);
 
     /// Begins to watch the application's keys, if its platform's time stamps tell repeats: those of
-    /// X11 do, where a held key sends a release and a press of one time over and over. (The toolkit
+    /// X11 do, where a held key sends a release and a press of one time over and over. (Qt
     /// marks the pair only when both have arrived together.)
     void watchApplication();
 

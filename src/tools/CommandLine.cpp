@@ -127,7 +127,7 @@ CommandLine CommandLine::parse(const std::vector<std::string>& arguments) {
         } else if (isPlainAssemblerOption(argument) || valuedAssemblerOption(argument)) {
             const auto taken = takeAssemblerOption(arguments, i);
             if (!taken) {
-                return refusal("the option " + shown(argument) + " needs a value behind it.");
+                return refusal("the option " + shown(argument) + " needs a value after it.");
             }
             result.assemblerArguments.insert(result.assemblerArguments.end(), taken->begin(),
                                              taken->end());

@@ -325,6 +325,24 @@ TEST_F(Keyboard, HeldDownReturnPressesAButtonOnce) {
     EXPECT_FALSE(saveButton().isDown());
 }
 
+TEST_F(Keyboard, HeldDownReturnPressesNoButtonOfADialogAgain) {
+    const auto repeat = [](QWidget* widget) {
+        QKeyEvent again(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"),
+                        true);
+        QApplication::sendEvent(widget, &again);
+    };
+    action("aboutAction")->trigger();
+    const QPointer<QMessageBox> box = window().findChild<QMessageBox*>();
+    ASSERT_FALSE(box.isNull());
+    ASSERT_TRUE(getsKeys(box));
+    box->button(QMessageBox::Close)->setFocus();
+    repeat(box->button(QMessageBox::Close));
+    repeat(box); // its default button
+    EXPECT_TRUE(Sheet::isOpenOn(&window()));
+    press(Qt::Key_Return);
+    EXPECT_FALSE(Sheet::isOpenOn(&window()));
+}
+
 TEST_F(Keyboard, AClickOnSaveLeavesTheFocusWhereItWas) {
     for (const auto& [name, view] :
          {std::pair{"main.asm", "codeEditor"}, std::pair{"tiles.chr", "pixelEditor"},

@@ -108,7 +108,7 @@ TEST_F(OpenedFiles, FilesThatArriveWhileASheetIsOpenWaitForItsEnd) {
     EXPECT_THAT(projects(), ElementsAre("Other", "Game"));
 }
 
-TEST_F(OpenedFiles, TheToolkitsFileOpenEventAddsTheProject) {
+TEST_F(OpenedFiles, QtsFileOpenEventAddsTheProject) {
     start();
     qApp->installEventFilter(delegate.get());
     QFileOpenEvent event(QString::fromStdString(layOut("Game").string()));

@@ -386,7 +386,7 @@ bool isControl(const QWidget& widget) {
             qobject_cast<const QMessageBox*>(above) != nullptr) {
             return false;
         }
-        // The toolkit's menu of the tools for which a narrow tool row has no room.
+        // Qt's menu of the tools for which a narrow tool row has no room.
         if (above->objectName() == QLatin1String("qt_toolbar_ext_button")) {
             return false;
         }

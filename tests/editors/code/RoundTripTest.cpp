@@ -20,7 +20,7 @@ namespace {
 using test::LineModel;
 using test::randomText;
 
-/// Opens the entry points that the toolkit calls.
+/// Opens the entry points that Qt calls.
 class Editor : public CodeEditorTextView {
 public:
     using CodeEditorTextView::createMimeDataFromSelection;
@@ -79,7 +79,7 @@ protected:
         }
     }
 
-    /// Moves the selection the way the toolkit does it when it is dropped elsewhere.
+    /// Moves the selection the way Qt does it when it is dropped elsewhere.
     void drag(LineModel& model, int from, int to) {
         if (from == to) {
             return;

@@ -53,7 +53,7 @@ protected:
         return editor.cursorRect(cursor).top();
     }
 
-    /// The rows and columns of `image` that the ruler's labels have ink in, in the toolkit's
+    /// The rows and columns of `image` that the ruler's labels have ink in, in Qt's
     /// pixels.
     static QRectF ink(const QImage& image, const QRect& part) {
         const QColor background = image.pixelColor(0, 0);

@@ -197,7 +197,7 @@ TEST_F(ContainerImport, APanelThatOutlivesTheContainerIsHarmless) {
     EXPECT_THAT(log.lines(), Contains("Could not import file"));
 }
 
-TEST_F(ContainerImport, TheToolkitsOwnPanelIsUsedUnlessAnotherOneIsGiven) {
+TEST_F(ContainerImport, QtsOwnPanelIsUsedUnlessAnotherOneIsGiven) {
     makeProject("Game");
     start();
     container->setFilePanel(openFilePanel);

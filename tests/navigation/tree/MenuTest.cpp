@@ -138,7 +138,7 @@ TEST_F(NavigationMenu, TheMenuKeyAndShiftF10OpenItOnTheSelectedRow) {
     EXPECT_THAT(posted, ElementsAre(Option::newFile));
 }
 
-TEST_F(NavigationMenu, TheToolkitsOwnKeyboardRequestOpensItOnTheSelectedRowNotUnderThePointer) {
+TEST_F(NavigationMenu, QtsOwnKeyboardRequestOpensItOnTheSelectedRowNotUnderThePointer) {
     show({game, other});
     click(other);
     QContextMenuEvent event(QContextMenuEvent::Keyboard, centre(game),

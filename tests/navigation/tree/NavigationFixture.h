@@ -83,7 +83,7 @@ protected:
     NavigationTest() {
         delegate.tree = tree.get();
         tree->setProjectNavigationDelegate(&delegate);
-        // The model must keep to the toolkit's rules in every test.
+        // The model must keep to Qt's rules in every test.
         tester = std::make_unique<QAbstractItemModelTester>(
             tree->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     }

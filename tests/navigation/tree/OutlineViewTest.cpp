@@ -78,7 +78,7 @@ protected:
 
     /// Lets the view react until nothing is left to do, which must be soon.
     static void settle(CountingOutline& outline) {
-        constexpr int Rounds = 40; // each gives the timers of the toolkit a turn
+        constexpr int Rounds = 40; // each gives Qt's timers a turn
         constexpr int MostPasses = 16;
         outline.passes = 0;
         int last = 0;
