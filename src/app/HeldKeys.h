@@ -7,8 +7,8 @@ class QKeyEvent;
 
 namespace kestrel {
 
-/// Lets what acts once a press do so however long its key is held, where Qt takes the
-/// repeats of the key for presses of their own.
+/// Lets what acts once a press do so however long its key is held, where Qt takes the repeats of
+/// the key for presses of their own.
 class HeldKeys : public QObject {
     Q_OBJECT
 
@@ -16,8 +16,8 @@ public:
     explicit HeldKeys(QObject* parent = nullptr);
 
     /// Begins to watch the application's keys, if its platform's time stamps tell repeats: those of
-    /// X11 do, where a held key sends a release and a press of one time over and over. (Qt
-    /// marks the pair only when both have arrived together.)
+    /// X11 do, where a held key sends a release and a press of one time over and over. (Qt marks
+    /// the pair only when both have arrived together.)
     void watchApplication();
 
     /// For an application whose stamps do: marks repeated presses, and keeps repeated shortcuts

@@ -14,8 +14,8 @@ inline constexpr int MenuTitleCount = 5;
 
 /// One entry of the menu bar: which command is in which menu.
 struct MenuEntry {
+    std::string_view command; ///< its id
     MenuTitle menu;
-    std::string_view command;   ///< its id
     bool startsSection = false; ///< a separator is above it
 };
 

@@ -19,12 +19,12 @@ struct Directives::Table {
     };
 
     /// Hands the directive to an operation of the part that has it; most need only the operand.
-    template<auto operation> static void to(Directives& directives, Cursor at, Cursor operand) {
-        auto& part = std::get<decltype(partOf(operation))>(directives.m_parts);
-        if constexpr (std::is_invocable_v<decltype(operation), decltype(part), Cursor, Cursor>) {
-            std::invoke(operation, part, at, operand);
+    template<auto Operation> static void to(Directives& directives, Cursor at, Cursor operand) {
+        auto& part = std::get<decltype(partOf(Operation))>(directives.m_parts);
+        if constexpr (std::is_invocable_v<decltype(Operation), decltype(part), Cursor, Cursor>) {
+            std::invoke(Operation, part, at, operand);
         } else {
-            std::invoke(operation, part, operand);
+            std::invoke(Operation, part, operand);
         }
     }
     template<typename Part, typename... Arguments>

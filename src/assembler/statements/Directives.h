@@ -13,6 +13,7 @@
 
 #include <cstdint>
 #include <tuple>
+#include <utility>
 
 namespace nesasm {
 
@@ -22,8 +23,8 @@ public:
     using Parts = std::tuple<Definitions&, DataDirectives&, PlaceDirectives&, FileDirectives&,
                              MacroDirectives&, FlowDirectives&, ListingDirectives&>;
 
-    explicit Directives(const Parts& parts)
-        : m_parts(parts) {}
+    explicit Directives(Parts parts)
+        : m_parts(std::move(parts)) {}
 
     /// The words of all directives, and the instructions.
     static const Vocabulary& vocabulary();

@@ -120,7 +120,7 @@ void StatementAssembler::assemble(Cursor p, bool isFirstColumn) {
 /// instruction.
 bool StatementAssembler::isKnownWord(std::string_view word, Cursor p) {
     const Keyword keyword = m_vocabulary.find(word);
-    const Cursor end = p + word.size();
+    const Cursor end = p + static_cast<std::ptrdiff_t>(word.size());
     const Cursor next = end.afterBlanks();
     const bool isKeyword = keyword.kind != Keyword::Kind::none;
     const bool mayGiveValue = MayGiveValue[static_cast<unsigned char>(*next)];
