@@ -35,7 +35,7 @@ protected:
     ProjectItems files() const { return tree().allItems()[0]->subItems(); }
 };
 
-TEST_F(DeleteRow, the_menu_bar_first_shows_a_row_that_is_out_of_sight) {
+TEST_F(DeleteRow, TheMenuBarFirstShowsARowThatIsOutOfSight) {
     startWithRowOutOfSight();
     ASSERT_NE(menuBarEntry(), nullptr);
     menuBarEntry()->trigger();
@@ -45,14 +45,14 @@ TEST_F(DeleteRow, the_menu_bar_first_shows_a_row_that_is_out_of_sight) {
     EXPECT_THAT(files(), IsEmpty());
 }
 
-TEST_F(DeleteRow, what_the_context_menu_posts_deletes_a_row_that_is_out_of_sight_at_once) {
+TEST_F(DeleteRow, WhatTheContextMenuPostsDeletesARowThatIsOutOfSightAtOnce) {
     startWithRowOutOfSight();
     centre.post(ProjectNavigationMenuClicked,
                 std::any(ProjectNavigationMenuClickedOptions::delete_));
     EXPECT_THAT(files(), IsEmpty());
 }
 
-TEST_F(DeleteRow, the_menu_bars_entry_is_grey_without_a_selected_row) {
+TEST_F(DeleteRow, TheMenuBarsEntryIsGreyWithoutASelectedRow) {
     registerProject("Game");
     start();
     ASSERT_NE(menuBarEntry(), nullptr);

@@ -90,7 +90,7 @@ protected:
     HeldKeys held;
 };
 
-TEST_F(HeldKeysTest, a_held_key_triggers_a_command_once_that_is_not_to_be_repeated) {
+TEST_F(HeldKeysTest, AHeldKeyTriggersACommandOnceThatIsNotToBeRepeated) {
     pressShortcut(Key::d, 1000);
     for (quint64 time = 1660; time < 2000; time += 40) {
         release(Key::d, time);
@@ -101,7 +101,7 @@ TEST_F(HeldKeysTest, a_held_key_triggers_a_command_once_that_is_not_to_be_repeat
     EXPECT_EQ(timesRepeated, 10);
 }
 
-TEST_F(HeldKeysTest, each_press_of_its_own_triggers_the_command) {
+TEST_F(HeldKeysTest, EachPressOfItsOwnTriggersTheCommand) {
     pressShortcut(Key::d, 1000);
     release(Key::d, 1050);
     pressShortcut(Key::d, 1051);
@@ -110,7 +110,7 @@ TEST_F(HeldKeysTest, each_press_of_its_own_triggers_the_command) {
     EXPECT_EQ(timesOnce, 3);
 }
 
-TEST_F(HeldKeysTest, a_repeat_does_not_keep_the_next_press_from_acting) {
+TEST_F(HeldKeysTest, ARepeatDoesNotKeepTheNextPressFromActing) {
     pressShortcut(Key::d, 1000);
     release(Key::d, 1660);
     pressShortcut(Key::d, 1660);
@@ -119,7 +119,7 @@ TEST_F(HeldKeysTest, a_repeat_does_not_keep_the_next_press_from_acting) {
     EXPECT_EQ(timesOnce, 2);
 }
 
-TEST_F(HeldKeysTest, events_without_a_time_are_no_repeats) {
+TEST_F(HeldKeysTest, EventsWithoutATimeAreNoRepeats) {
     for (int i = 0; i < 3; ++i) {
         pressShortcut(Key::d, 0);
         release(Key::d, 0);
@@ -127,7 +127,7 @@ TEST_F(HeldKeysTest, events_without_a_time_are_no_repeats) {
     EXPECT_EQ(timesOnce, 3);
 }
 
-TEST_F(HeldKeysTest, the_focused_widget_gets_repeats_marked_and_types_them) {
+TEST_F(HeldKeysTest, TheFocusedWidgetGetsRepeatsMarkedAndTypesThem) {
     auto* field = new RecordingField;
     show(field);
     press(1000);
@@ -141,7 +141,7 @@ TEST_F(HeldKeysTest, the_focused_widget_gets_repeats_marked_and_types_them) {
     EXPECT_EQ(field->text(), QStringLiteral("aaaa"));
 }
 
-TEST_F(HeldKeysTest, a_held_delete_key_takes_one_file_off_a_list) {
+TEST_F(HeldKeysTest, AHeldDeleteKeyTakesOneFileOffAList) {
     auto* table = new BuildFileTable(&window);
     QStringListModel files({QStringLiteral("a.asm"), QStringLiteral("b.asm")});
     table->setModel(&files);
@@ -157,7 +157,7 @@ TEST_F(HeldKeysTest, a_held_delete_key_takes_one_file_off_a_list) {
     EXPECT_EQ(deletes, 1);
 }
 
-TEST_F(HeldKeysTest, where_stamps_tell_nothing_it_does_not_watch) {
+TEST_F(HeldKeysTest, WhereStampsTellNothingItDoesNotWatch) {
     ASSERT_NE(QGuiApplication::platformName(), QStringLiteral("xcb"));
     qApp->removeEventFilter(&held);
     held.watchApplication();

@@ -27,7 +27,7 @@ WarningSwitches::WarningSwitches() {
     }
 }
 
-std::string WarningSwitches::apply(std::string_view text) {
+Problem WarningSwitches::apply(std::string_view text) {
     if (text == "error") {
         m_allAreErrors = true;
         return {};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "assembler/messages/Warnings.h"
+#include "assembler/text/Problem.h"
 
 #include <array>
 #include <string>
@@ -14,9 +15,8 @@ class WarningSwitches {
 public:
     WarningSwitches();
 
-    /// Applies the value of -W: NAME, no-NAME, error or error=NAME. Returns "" or what is wrong, as
-    /// a sentence.
-    std::string apply(std::string_view text);
+    /// Applies the value of -W: NAME, no-NAME, error or error=NAME. The problem is a sentence.
+    Problem apply(std::string_view text);
 
     void turn(Warning warning, bool on) { m_isOn[static_cast<std::size_t>(warning)] = on; }
     bool isOn(Warning warning) const { return m_isOn[static_cast<std::size_t>(warning)]; }

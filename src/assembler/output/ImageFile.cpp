@@ -93,7 +93,7 @@ std::vector<std::uint8_t> imageFile(const Image& image) {
     return bytes;
 }
 
-std::string writeImageFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+Problem writeImageFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
     const std::string target = linkTarget(path);
     const FileKind kind = fileKind(target);
     if (kind == FileKind::folder) {

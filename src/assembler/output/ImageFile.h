@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/text/Problem.h"
 #include "assembler/values/Image.h"
 
 #include <cstdint>
@@ -13,12 +14,11 @@ namespace nesasm {
 std::vector<std::uint8_t> imageFile(const Image& image);
 
 /// Replaces the file at `path` with `bytes`, or leaves it as it was: a temporary file in the same
-/// folder is renamed over it. Links are followed; anything but a regular file is refused. Returns
-/// "" or why it could not be written, as part of a sentence.
+/// folder is renamed over it. Links are followed; anything but a regular file is refused.
 ///
 /// The environment has code of its own for this (src/model/FileWriter). This needs the standard
 /// library alone, returns a reason, and does not flush: an image is made again in milliseconds.
-std::string writeImageFile(const std::string& path, const std::vector<std::uint8_t>& bytes);
+Problem writeImageFile(const std::string& path, const std::vector<std::uint8_t>& bytes);
 
 /// The file that writeImageFile would make for `path`, with links followed as far as they lead; the
 /// same for two paths that come to the same file.

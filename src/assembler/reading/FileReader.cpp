@@ -42,7 +42,7 @@ DataFile::~DataFile() {
     }
 }
 
-std::string DataFile::open(const std::string& path) {
+Problem DataFile::open(const std::string& path) {
     m_descriptor = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     if (m_descriptor < 0) {
         return std::strerror(errno);
@@ -65,8 +65,7 @@ std::string DataFile::open(const std::string& path) {
     return {};
 }
 
-std::string DataFile::read(std::size_t offset, char* bytes, std::size_t count,
-                           std::size_t& got) const {
+Problem DataFile::read(std::size_t offset, char* bytes, std::size_t count, std::size_t& got) const {
     for (got = 0; got < count;) {
         const ssize_t part =
             pread(m_descriptor, bytes + got, count - got, static_cast<off_t>(offset + got));
@@ -84,10 +83,10 @@ std::string DataFile::read(std::size_t offset, char* bytes, std::size_t count,
     return {};
 }
 
-std::string readFile(const std::string& path, FileContents& contents) {
+Problem readFile(const std::string& path, FileContents& contents) {
     DataFile file;
-    std::string problem = file.open(path);
-    if (!problem.empty()) {
+    Problem problem = file.open(path);
+    if (problem) {
         return problem;
     }
     contents.bytes = std::make_unique_for_overwrite<char[]>(file.size() + 1);

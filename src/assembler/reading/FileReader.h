@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/text/Problem.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -47,16 +49,14 @@ public:
     ~DataFile();
 
     /// Opens the file at `path`, once. Anything but a regular file (a folder, a device, a pipe) is
-    /// refused without waiting for it. Returns "" or why it could not be opened, as part of a
-    /// sentence.
-    std::string open(const std::string& path);
+    /// refused without waiting for it.
+    Problem open(const std::string& path);
 
     std::size_t size() const { return m_size; }
     const FileIdentity& identity() const { return m_identity; }
 
-    /// Reads up to `count` bytes from `offset` on and sets `got` to how many there were. Returns ""
-    /// or why not.
-    std::string read(std::size_t offset, char* bytes, std::size_t count, std::size_t& got) const;
+    /// Reads up to `count` bytes from `offset` on and sets `got` to how many there were.
+    Problem read(std::size_t offset, char* bytes, std::size_t count, std::size_t& got) const;
 
 private:
     int m_descriptor = -1;
@@ -67,8 +67,7 @@ private:
 /// Files above this size are refused: no source or data of an NES game comes near it.
 inline constexpr std::size_t LargestFile = std::size_t{256} << 20U;
 
-/// Reads the whole of the regular file at `path`. Returns "" or why it could not be read, as
-/// DataFile::open does.
-std::string readFile(const std::string& path, FileContents& contents);
+/// Reads the whole of the regular file at `path`, as DataFile::open does.
+Problem readFile(const std::string& path, FileContents& contents);
 
 } // namespace nesasm

@@ -6,33 +6,31 @@
 
 namespace nesasm {
 
-const SourceFile* FileStore::source(const std::string& path, std::string& problem, bool& wasRead) {
+FileStore::Source FileStore::source(const std::string& path) {
     const auto known = std::find_if(m_sources.begin(), m_sources.end(),
                                     [&](const auto& file) { return file->path() == path; });
-    wasRead = known != m_sources.end();
-    if (wasRead) {
-        return known->get();
+    if (known != m_sources.end()) {
+        return {known->get(), true, {}};
     }
     FileContents contents;
-    problem = data(path, contents);
-    if (!problem.empty()) {
-        return nullptr;
+    if (Problem problem = data(path, contents)) {
+        return {nullptr, false, std::move(problem)};
     }
     m_sources.push_back(std::make_unique<SourceFile>(path, std::move(contents)));
-    return m_sources.back().get();
+    return {m_sources.back().get(), false, {}};
 }
 
-std::string FileStore::data(const std::string& path, FileContents& contents) {
-    std::string problem = readFile(path, contents);
-    if (problem.empty()) {
+Problem FileStore::data(const std::string& path, FileContents& contents) {
+    Problem problem = readFile(path, contents);
+    if (!problem) {
         remember(contents.identity);
     }
     return problem;
 }
 
-std::string FileStore::open(const std::string& path, DataFile& file) {
-    std::string problem = file.open(path);
-    if (problem.empty()) {
+Problem FileStore::open(const std::string& path, DataFile& file) {
+    Problem problem = file.open(path);
+    if (!problem) {
         remember(file.identity());
     }
     return problem;

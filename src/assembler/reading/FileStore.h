@@ -3,6 +3,7 @@
 
 #include "assembler/reading/FileReader.h"
 #include "assembler/reading/SourceFile.h"
+#include "assembler/text/Problem.h"
 
 #include <memory>
 #include <string>
@@ -13,15 +14,21 @@ namespace nesasm {
 /// Reads the files of a run and remembers which: sources are kept, data is handed over.
 class FileStore {
 public:
-    /// The source at `path`, owned by the store; nullptr when it cannot be read, with `problem`
-    /// set. `wasRead` tells whether it had been read before.
-    const SourceFile* source(const std::string& path, std::string& problem, bool& wasRead);
+    /// A source, or why it cannot be read.
+    struct Source {
+        const SourceFile* file = nullptr; ///< owned by the store; nullptr with a problem
+        bool wasRead = false;             ///< before
+        Problem problem;
+    };
 
-    /// The bytes of the file at `path`; returns "" or the problem.
-    std::string data(const std::string& path, FileContents& contents);
+    /// The source at `path`.
+    Source source(const std::string& path);
 
-    /// Opens the file at `path`, of which a part is wanted; returns "" or the problem.
-    std::string open(const std::string& path, DataFile& file);
+    /// Reads the bytes of the file at `path`.
+    Problem data(const std::string& path, FileContents& contents);
+
+    /// Opens the file at `path`, of which a part is wanted.
+    Problem open(const std::string& path, DataFile& file);
 
     /// True when `identity` is one of the files read.
     bool hasRead(const FileIdentity& identity) const;

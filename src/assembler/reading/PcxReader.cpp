@@ -26,7 +26,7 @@ std::size_t wordAt(std::string_view file, std::size_t index) {
     return byteAt(file, index) | (byteAt(file, index + 1) << 8U);
 }
 
-std::string readHeader(std::string_view file, Picture& picture) {
+Problem readHeader(std::string_view file, Picture& picture) {
     if (file.size() < HeaderSize || byteAt(file, 0) != 10) {
         return "it is not a PCX picture";
     }
@@ -103,9 +103,9 @@ void appendTile(const std::uint8_t* corner, std::size_t bytesPerLine,
 
 } // namespace
 
-std::string readPcxTiles(std::string_view file, std::vector<std::uint8_t>& tiles) {
+Problem readPcxTiles(std::string_view file, std::vector<std::uint8_t>& tiles) {
     Picture picture;
-    if (std::string problem = readHeader(file, picture); !problem.empty()) {
+    if (Problem problem = readHeader(file, picture)) {
         return problem;
     }
     std::vector<std::uint8_t> pixels;

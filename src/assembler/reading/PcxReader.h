@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/text/Problem.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,7 +16,7 @@ inline constexpr std::uint64_t MostPicturePixels = std::uint64_t{1} << 25U;
 /// Reads an 8-bit PCX picture as NES tiles: 8x8 pixels each, row by row, 16 bytes a tile (eight
 /// rows of the low plane, eight of the high one); a pixel's low two bits count. Sources: ZSoft,
 /// "PCX Technical Reference Manual", for the file; nesdev wiki, "PPU pattern tables", for the
-/// tiles. Returns "" or why the picture cannot be used, as part of a sentence.
-std::string readPcxTiles(std::string_view file, std::vector<std::uint8_t>& tiles);
+/// tiles.
+Problem readPcxTiles(std::string_view file, std::vector<std::uint8_t>& tiles);
 
 } // namespace nesasm

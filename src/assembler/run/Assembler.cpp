@@ -81,8 +81,8 @@ Assembler::Result Assembler::run() {
     for (const auto& [name, value] : m_options.definitions) {
         m_run->names.predefine(name, value);
     }
-    if (const std::string problem = m_run->included.openInput(m_options.input); !problem.empty()) {
-        m_sink(printable("error: the input '" + m_options.input + "' cannot be read: " + problem) +
+    if (const Problem problem = m_run->included.openInput(m_options.input)) {
+        m_sink(printable("error: the input '" + m_options.input + "' cannot be read: " + *problem) +
                "\n");
         return Result::unreadable;
     }

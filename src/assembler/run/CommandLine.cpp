@@ -48,7 +48,7 @@ bool isSymbolName(std::string_view name) {
            std::all_of(name.begin(), name.end(), isWordPart);
 }
 
-std::string addDefinition(std::string_view text, Options& options) {
+Problem addDefinition(std::string_view text, Options& options) {
     const std::size_t sign = std::min(text.find('='), text.size());
     const std::string_view name = text.substr(0, sign);
     const auto value =
@@ -90,7 +90,7 @@ public:
         return "there is no option " + quoted(option) + near.question();
     }
 
-    std::string apply(std::string_view name, std::string_view value) {
+    Problem apply(std::string_view name, std::string_view value) {
         if (name == "-D") {
             return addDefinition(value, m_line.options);
         }
@@ -121,14 +121,14 @@ private:
                                                            "-D",      "-W",        "--max-errors",
                                                            "--color", "--listing", "--labels"};
 
-    static std::string setOnce(std::string_view name, std::string& target, std::string_view value) {
+    static Problem setOnce(std::string_view name, std::string& target, std::string_view value) {
         if (!target.empty()) {
             return std::string(name) + " is given twice";
         }
         target = value;
         return {};
     }
-    std::string addLabels(std::string_view value) {
+    Problem addLabels(std::string_view value) {
         using Labels = CommandLine::Labels;
         Labels format{};
         if (value == "mlb") {
@@ -146,7 +146,7 @@ private:
         }
         return {};
     }
-    std::string setColours(std::string_view value) {
+    Problem setColours(std::string_view value) {
         if (value == "auto") {
             m_line.colours = CommandLine::Colours::automatic;
         } else if (value == "always") {
@@ -158,7 +158,7 @@ private:
         }
         return {};
     }
-    std::string setLimit(std::string_view value) {
+    Problem setLimit(std::string_view value) {
         const auto limit = numberOf(value, 10);
         if (!limit || *limit < 0) {
             return "--max-errors takes a number, 0 for no limit, not " + quoted(value);
@@ -170,9 +170,9 @@ private:
     CommandLine& m_line;
 };
 
-/// Reads the first of `arguments`, with its value, and drops it. Returns "" or what is wrong.
-std::string readArgument(std::span<const std::string_view>& arguments, CommandLine& line,
-                         ValuedOptions& options) {
+/// Reads the first of `arguments`, with its value, and drops it.
+Problem readArgument(std::span<const std::string_view>& arguments, CommandLine& line,
+                     ValuedOptions& options) {
     const std::string_view argument = arguments.front();
     arguments = arguments.subspan(1);
     if (argument == "--help" || argument == "--version") {
@@ -206,18 +206,18 @@ std::string readArgument(std::span<const std::string_view>& arguments, CommandLi
 
 } // namespace
 
-std::string readCommandLine(std::span<const std::string_view> arguments, CommandLine& line) {
+Problem readCommandLine(std::span<const std::string_view> arguments, CommandLine& line) {
     ValuedOptions options(line);
     line.wish = CommandLine::Wish::assemble;
     // What follows a mistake is read too: the output should be known.
-    std::string problem;
+    Problem problem;
     while (!arguments.empty() && line.wish == CommandLine::Wish::assemble) {
-        std::string another = readArgument(arguments, line, options);
-        if (problem.empty()) {
+        Problem another = readArgument(arguments, line, options);
+        if (!problem) {
             problem = std::move(another);
         }
     }
-    if (!problem.empty() || line.wish != CommandLine::Wish::assemble) {
+    if (problem || line.wish != CommandLine::Wish::assemble) {
         return problem;
     }
     line.options.recordsLines =

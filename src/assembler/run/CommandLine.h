@@ -2,6 +2,7 @@
 #pragma once
 
 #include "assembler/run/Options.h"
+#include "assembler/text/Problem.h"
 
 #include <span>
 #include <string>
@@ -26,9 +27,9 @@ struct CommandLine {
     Colours colours = Colours::automatic;
 };
 
-/// Reads the arguments (without the program's name). Returns "" or what is wrong first, as a
+/// Reads the arguments (without the program's name). The problem is the first one, as a
 /// sentence; `line` then holds what was understood all the same.
-std::string readCommandLine(std::span<const std::string_view> arguments, CommandLine& line);
+Problem readCommandLine(std::span<const std::string_view> arguments, CommandLine& line);
 
 /// What --help prints.
 std::string helpText();

@@ -47,11 +47,11 @@ bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const T
         if (!isFree(file.path, assembler, sink)) {
             return false;
         }
-        const std::string problem = writeImageFile(file.path, {file.text.begin(), file.text.end()});
-        if (!problem.empty()) {
-            sink(unwritable(file.path, problem));
+        const Problem problem = writeImageFile(file.path, {file.text.begin(), file.text.end()});
+        if (problem) {
+            sink(unwritable(file.path, *problem));
         }
-        return problem.empty();
+        return !problem;
     });
 }
 
@@ -69,10 +69,9 @@ int build(const CommandLine& line, const TextSink& sink) {
         removeOldImage(line.output);
         return WrongUse;
     }
-    if (const std::string problem = writeImageFile(line.output, imageFile(assembler.image()));
-        !problem.empty()) {
+    if (const Problem problem = writeImageFile(line.output, imageFile(assembler.image()))) {
         removeOldImage(line.output);
-        sink(unwritable(line.output, problem));
+        sink(unwritable(line.output, *problem));
         return WrongUse;
     }
     sink(summaryLine(line.output, assembler.image()));
@@ -105,11 +104,11 @@ int refuse(const CommandLine& line, const std::string& problem, const TextSink& 
     return WrongUse;
 }
 
-int buildOrRefuse(const CommandLine& line, const std::string& problem, const TextSink& sink) {
+int buildOrRefuse(const CommandLine& line, const Problem& problem, const TextSink& sink) {
     try {
-        return problem.empty() ? build(line, sink) : refuse(line, problem, sink);
+        return problem ? refuse(line, *problem, sink) : build(line, sink);
     } catch (const std::bad_alloc&) {
-        if (problem.empty()) {
+        if (!problem) {
             removeOldImage(line.output);
         }
         sink("error: there is not enough memory for this program\n");
@@ -122,11 +121,11 @@ int buildOrRefuse(const CommandLine& line, const std::string& problem, const Tex
 int runProgram(std::span<const std::string_view> arguments, const Surroundings& surroundings,
                const TextSink& sink) {
     CommandLine line;
-    std::string problem = readCommandLine(arguments, line);
-    if (problem.empty() && line.wish == CommandLine::Wish::assemble) {
+    Problem problem = readCommandLine(arguments, line);
+    if (!problem && line.wish == CommandLine::Wish::assemble) {
         problem = sharedOutput(line);
     }
-    if (problem.empty() && line.wish != CommandLine::Wish::assemble) {
+    if (!problem && line.wish != CommandLine::Wish::assemble) {
         sink(line.wish == CommandLine::Wish::help ? helpText() : std::string(VersionLine));
         return Built;
     }

@@ -50,7 +50,7 @@ std::vector<Output> outputs(const CommandLine& line) {
 
 } // namespace
 
-std::string sharedOutput(const CommandLine& line) {
+Problem sharedOutput(const CommandLine& line) {
     if (line.listing.empty() && line.labels.empty()) {
         return {};
     }

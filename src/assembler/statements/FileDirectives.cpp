@@ -48,15 +48,13 @@ FileDirectives::FileDirectives(FileFinder& finder, FileStore& files, ExpressionP
     , m_writer(writer)
     , m_reporter(reporter) {}
 
-std::string FileDirectives::openInput(const std::string& name) {
+Problem FileDirectives::openInput(const std::string& name) {
     const auto found = m_finder.findInput(name);
     if (!found) {
         return "there is no such file";
     }
-    std::string problem;
-    bool wasRead = false;
-    const SourceFile* const file = m_files.source(found->path, problem, wasRead);
-    if (file == nullptr) {
+    const auto [file, wasRead, problem] = m_files.source(found->path);
+    if (problem) {
         return problem;
     }
     enter(*file, name, false);
@@ -130,11 +128,9 @@ void FileDirectives::include(Cursor p) {
     if (!path) {
         return;
     }
-    std::string problem;
-    bool wasRead = false;
-    const SourceFile* const file = m_files.source(*path, problem, wasRead);
-    if (file == nullptr) {
-        missing(*name, problem, at);
+    const auto [file, wasRead, problem] = m_files.source(*path);
+    if (problem) {
+        missing(*name, *problem, at);
     } else {
         enter(*file, *name, wasRead);
     }
@@ -210,8 +206,8 @@ void FileDirectives::binary(Cursor p) {
         return;
     }
     DataFile file;
-    if (const std::string problem = m_files.open(*path, file); !problem.empty()) {
-        missing(*name, problem, at);
+    if (const Problem problem = m_files.open(*path, file)) {
+        missing(*name, *problem, at);
         return;
     }
     const std::string size = quoted(*name) + " holds " + counted(file.size(), "byte");
@@ -252,9 +248,9 @@ void FileDirectives::putPart(const DataFile& file, std::size_t offset, std::size
     }
     const auto bytes = std::make_unique_for_overwrite<std::uint8_t[]>(count);
     std::size_t got = 0;
-    const std::string problem = file.read(offset, reinterpret_cast<char*>(bytes.get()), count, got);
-    if (!problem.empty()) {
-        missing(name, problem, at);
+    if (const Problem problem =
+            file.read(offset, reinterpret_cast<char*>(bytes.get()), count, got)) {
+        missing(name, *problem, at);
     } else {
         put(bytes.get(), got, at);
     }
@@ -271,8 +267,8 @@ void FileDirectives::tiles(Cursor p) {
         return;
     }
     FileContents contents;
-    if (const std::string problem = m_files.data(*path, contents); !problem.empty()) {
-        missing(*name, problem, at);
+    if (const Problem problem = m_files.data(*path, contents)) {
+        missing(*name, *problem, at);
         return;
     }
     const std::uint64_t unpacking =
@@ -281,8 +277,9 @@ void FileDirectives::tiles(Cursor p) {
         return;
     }
     std::vector<std::uint8_t> bytes;
-    if (const std::string problem = readPcxTiles(contents.view(), bytes); !problem.empty()) {
-        m_reporter.error(at, "the picture '" + std::string(*name) + "' cannot be used: " + problem);
+    if (const Problem problem = readPcxTiles(contents.view(), bytes)) {
+        m_reporter.error(at,
+                         "the picture '" + std::string(*name) + "' cannot be used: " + *problem);
     } else {
         put(bytes.data(), bytes.size(), at);
     }

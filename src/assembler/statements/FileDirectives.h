@@ -7,6 +7,7 @@
 #include "assembler/state/Frames.h"
 #include "assembler/state/ImageWriter.h"
 #include "assembler/state/Reporter.h"
+#include "assembler/text/Problem.h"
 
 #include <optional>
 #include <string>
@@ -25,9 +26,8 @@ public:
     void binary(Cursor p);
     void tiles(Cursor p);
 
-    /// Begins with the file named on the command line, whose name must last. Returns "" or why it
-    /// cannot be read.
-    std::string openInput(const std::string& name);
+    /// Begins with the file named on the command line, whose name must last.
+    Problem openInput(const std::string& name);
 
 private:
     std::optional<std::string_view> fileName(Cursor& p);

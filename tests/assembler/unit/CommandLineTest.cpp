@@ -7,13 +7,13 @@ namespace nesasm {
 
 namespace {
 
-std::string read(const std::vector<std::string_view>& arguments, CommandLine& line) {
+Problem read(const std::vector<std::string_view>& arguments, CommandLine& line) {
     return readCommandLine(arguments, line);
 }
 
 std::string problem(const std::vector<std::string_view>& arguments) {
     CommandLine line;
-    return read(arguments, line);
+    return read(arguments, line).value_or("");
 }
 
 TEST(CommandLine, ReadsAllOptions) {
@@ -39,7 +39,7 @@ TEST(CommandLine, ReadsAllOptions) {
                     "-Wno-odd-number",
                     "-Werror=file-case"},
                    line),
-              "");
+              std::nullopt);
     EXPECT_EQ(line.options.input, "a.asm");
     EXPECT_EQ(line.output, "a.nes");
     EXPECT_EQ(line.options.includeFolders, (std::vector<std::string>{"one", "two"}));
@@ -55,9 +55,9 @@ TEST(CommandLine, ReadsAllOptions) {
 
 TEST(CommandLine, HelpAndVersionNeedNothingElse) {
     CommandLine line;
-    EXPECT_EQ(read({"--help"}, line), "");
+    EXPECT_EQ(read({"--help"}, line), std::nullopt);
     EXPECT_EQ(line.wish, CommandLine::Wish::help);
-    EXPECT_EQ(read({"--version"}, line), "");
+    EXPECT_EQ(read({"--version"}, line), std::nullopt);
     EXPECT_EQ(line.wish, CommandLine::Wish::version);
 }
 
