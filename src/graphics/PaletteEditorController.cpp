@@ -43,8 +43,8 @@ void putColor(const ColorChange& change, const ColorEntry& entry) {
 
 std::optional<std::vector<std::uint8_t>> bytesOnClipboard() {
     // A palette is short; whatever else lies there may be huge.
-    constexpr int longest = 256;
-    const QString text = QGuiApplication::clipboard()->text().left(longest);
+    constexpr int Longest = 256;
+    const QString text = QGuiApplication::clipboard()->text().left(Longest);
     return paletteBytes(text.toStdString(), NESPalette::ColorCount);
 }
 

@@ -138,17 +138,17 @@ TEST(BuildHandOver, LetsItsHandlerGoAfterTheCall) {
 }
 
 TEST(BuildHandOver, OfManyThreadsThatReportAtOnceExactlyOneCompletes) {
-    constexpr int rounds = 200;
-    constexpr int threadCount = 4;
-    for (int round = 0; round < rounds; ++round) {
+    constexpr int Rounds = 200;
+    constexpr int ThreadCount = 4;
+    for (int round = 0; round < Rounds; ++round) {
         TaskQueue queue;
         int calls = 0; // not atomic: only one thread may ever come here
         std::atomic<int> winners = 0;
         HandOver handOver([&](const auto&, const auto&) { ++calls; }, queue.post(),
                           [](const std::string&) {});
-        std::barrier start(threadCount);
+        std::barrier start(ThreadCount);
         std::vector<std::thread> threads;
-        for (int i = 0; i < threadCount; ++i) {
+        for (int i = 0; i < ThreadCount; ++i) {
             threads.emplace_back([&, i] {
                 start.arrive_and_wait();
                 const bool won = i % 2 == 0 ? handOver.finish("text", "/out/Game.nes")
@@ -166,8 +166,8 @@ TEST(BuildHandOver, OfManyThreadsThatReportAtOnceExactlyOneCompletes) {
 }
 
 TEST(BuildHandOver, TheOutputArrivesWholeOnTheOtherThread) {
-    constexpr int rounds = 200;
-    for (int round = 0; round < rounds; ++round) {
+    constexpr int Rounds = 200;
+    for (int round = 0; round < Rounds; ++round) {
         TaskQueue queue;
         const auto builder = std::make_shared<Builder>();
         const std::string text(10000, static_cast<char>('a' + round % 26));
@@ -183,8 +183,8 @@ TEST(BuildHandOver, TheOutputArrivesWholeOnTheOtherThread) {
 }
 
 TEST(BuildHandOver, TheBuilderMayGoOnEitherThreadWhileItsOutputIsUnderWay) {
-    constexpr int rounds = 500;
-    for (int round = 0; round < rounds; ++round) {
+    constexpr int Rounds = 500;
+    for (int round = 0; round < Rounds; ++round) {
         TaskQueue queue;
         auto builder = std::make_shared<Builder>();
         std::barrier start(2);

@@ -66,7 +66,7 @@ BuildProject::BuildProject()
                                                              ProjectType::nes);
     settings = std::make_shared<NESBuildSettings>(project);
     settings->outputFilePath() = folder() / "output";
-    addSource("main.asm", vectors);
+    addSource("main.asm", Vectors);
 }
 
 void BuildProject::script(const std::string& lines) const {

@@ -76,6 +76,6 @@ std::shared_ptr<ProjectItem> fileNode(const std::string& name, const std::filesy
 bool waitUntil(const std::function<bool()>& condition,
                std::chrono::seconds limit = std::chrono::seconds(60));
 
-inline constexpr const char* vectors = "\t.org $FFFA\n";
+inline constexpr const char* Vectors = "\t.org $FFFA\n";
 
 } // namespace kestrel::test

@@ -56,7 +56,7 @@ TEST_F(BuilderProcess, GetsExtraArgumentsBehindTheUsualOnes) {
 
 TEST_F(BuilderProcess, GetsAwkwardNamesUnchangedByAnyShell) {
     m_project.settings->assemblyFiles().clear();
-    m_project.addSource("$(touch x) \"ma'in\" ä.asm", vectors);
+    m_project.addSource("$(touch x) \"ma'in\" ä.asm", Vectors);
     m_project.project->setItemName("My `Game` & more");
     build();
     EXPECT_THAT(m_project.record(), HasSubstr("argument $(touch x) \"ma'in\" ä.asm\n"));
@@ -64,7 +64,7 @@ TEST_F(BuilderProcess, GetsAwkwardNamesUnchangedByAnyShell) {
 }
 
 TEST_F(BuilderProcess, GetsTheFirstOfTwoMainFiles) {
-    m_project.addSource("second.asm", vectors);
+    m_project.addSource("second.asm", Vectors);
     build();
     EXPECT_THAT(m_project.record(), HasSubstr("argument main.asm\n"));
 }
@@ -79,7 +79,7 @@ TEST_F(BuilderProcess, FindsTheFilesOfAllThreeListsInItsFolder) {
     m_project.addSource("missing.asm", "");
     std::filesystem::remove(m_project.folder() / "src/missing.asm");
     build();
-    EXPECT_EQ(contentOf(m_project.folder() / "tmp/main.asm"), vectors);
+    EXPECT_EQ(contentOf(m_project.folder() / "tmp/main.asm"), Vectors);
     EXPECT_EQ(contentOf(m_project.folder() / "tmp/tiles.chr"), "tiles");
     EXPECT_EQ(contentOf(m_project.folder() / "tmp/colours.pal"), "colours");
     EXPECT_FALSE(existsAt(m_project.folder() / "tmp/missing.asm"));

@@ -75,7 +75,7 @@ TEST_F(BuilderSetUp, TakesANameOfDotsSinceAnEndingFollows) {
 TEST_F(BuilderSetUp, LooksForTheMainFileWhereItLiesAndNotAtWhatWasGatheredBefore) {
     m_project.settings->assemblyFiles().clear();
     m_project.addSource("other.asm", "nop\n");
-    m_project.home.write("Game/tmp/other.asm", vectors);
+    m_project.home.write("Game/tmp/other.asm", Vectors);
     EXPECT_EQ(failure(), noMainFile);
 }
 

@@ -238,8 +238,8 @@ TEST_F(BuilderThreads, ThreeBuildsRunAtOnceOnAMachineWithTwoProcessors) {
 
 TEST_F(BuilderThreads, ManyBuildsInARowEachDeliverOnce) {
     m_project.script("print text\n");
-    constexpr std::size_t count = 20;
-    for (std::size_t i = 0; i < count; ++i) {
+    constexpr std::size_t Count = 20;
+    for (std::size_t i = 0; i < Count; ++i) {
         Outcome outcome;
         const auto builder = m_project.makeBuilder();
         builder->build(outcome.buildHandler());
@@ -299,18 +299,18 @@ TEST_F(BuilderThreads, QuittingEndsAnAssemblerThatNeverEndsAndItsProcessGroup) {
 }
 
 TEST_F(BuilderThreads, AStopIsAskedForWithEveryPieceOfOutput) {
-    constexpr int pieces = 64;
-    constexpr int pipe = 65536; // what a pipe holds, so the most that comes in one piece
-    m_project.script("fill " + std::to_string(pieces * pipe) + "\n");
+    constexpr int Pieces = 64;
+    constexpr int Pipe = 65536; // what a pipe holds, so the most that comes in one piece
+    m_project.script("fill " + std::to_string(Pieces * Pipe) + "\n");
     AssemblerRequest request;
     request.assembler = FAKE_ASSEMBLER;
     request.includeFolder = m_project.folder() / "tmp";
     int asked = 0;
     auto result = runAssembler(request, [&] { return ++asked < 0; });
-    EXPECT_GE(asked, pieces);
+    EXPECT_GE(asked, Pieces);
     EXPECT_FALSE(result.stopped);
     ASSERT_TRUE(result.output);
-    EXPECT_EQ(result.output->size(), pieces * pipe);
+    EXPECT_EQ(result.output->size(), Pieces * Pipe);
 
     asked = 0;
     result = runAssembler(request, [&] { return ++asked == 2; });

@@ -57,7 +57,9 @@ bool DataDirectives::string(Cursor& p) {
     const QuotedText quoted = readQuoted(start, QuotedText::Backslash::escapes);
     const std::string text = quoted.hasEscapes ? quoted.text() : std::string();
     const std::string_view bytes = quoted.hasEscapes ? text : quoted.written;
-    m_writer.emit(bytesOf(bytes), bytes.size(), start);
+    if (!bytes.empty()) { // the first bank is made by the first byte
+        m_writer.emit(bytesOf(bytes), bytes.size(), start);
+    }
     if (!quoted.isClosed) {
         reportUnclosed(QuotedKind::text, start, m_reporter);
     }

@@ -142,10 +142,10 @@ TEST(BoxSelectorPainting, TheMarkIsAShapeOnEveryColour) {
         }
         view.selectBoxNumber(1);
         const QImage image = imageOf(view, 1);
-        constexpr int gap = BoxGrid::Gap;
+        constexpr int Gap = BoxGrid::Gap;
         const auto cell = [&](int box) {
             return image.copy(
-                view.boxRect({0, box}).adjusted(-gap / 2, -gap / 2, gap / 2, gap / 2));
+                view.boxRect({0, box}).adjusted(-Gap / 2, -Gap / 2, Gap / 2, Gap / 2));
         };
         const QImage picked = cell(1);
         const QImage other = cell(3);
@@ -232,8 +232,8 @@ TEST(BoxSelectorPainting, NothingIsRepaintedThatDidNotChange) {
     palettes[5]->setEntry(2, masterColor(0x16));
     EXPECT_TRUE(watch.painted().isEmpty());
     view.redraw();
-    constexpr int gap = BoxGrid::Gap;
-    const QRect around = view.boxRect({5, 2}).adjusted(-gap, -gap, gap, gap);
+    constexpr int Gap = BoxGrid::Gap;
+    const QRect around = view.boxRect({5, 2}).adjusted(-Gap, -Gap, Gap, Gap);
     EXPECT_EQ(watch.painted(), QRegion(around));
 
     view.selectBoxNumber(3);
