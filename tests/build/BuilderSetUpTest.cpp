@@ -15,8 +15,8 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-const BuildError setUpFailed{"", 100, "Could not create temp folder to build project"};
-const BuildError noMainFile{"", 100, "Could not find main entry point for assembly file(s)"};
+const BuildError SetUpFailed{"", 100, "Could not create temp folder to build project"};
+const BuildError NoMainFile{"", 100, "Could not find main entry point for assembly file(s)"};
 
 class BuilderSetUp : public ::testing::Test {
 protected:
@@ -36,28 +36,28 @@ protected:
 
 TEST_F(BuilderSetUp, FailsWithoutAnAssembler) {
     m_project.assembler = std::nullopt;
-    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_EQ(failure(), SetUpFailed);
 }
 
 TEST_F(BuilderSetUp, FailsWithoutAnOutputFolderExactlyAsWithoutAnAssembler) {
     m_project.settings->outputFilePath() = std::nullopt;
-    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_EQ(failure(), SetUpFailed);
     m_project.settings->outputFilePath() = "";
-    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_EQ(failure(), SetUpFailed);
 }
 
 TEST_F(BuilderSetUp, FailsWithoutAProjectFolder) {
     m_project.settings->projectPath() = std::nullopt;
-    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_EQ(failure(), SetUpFailed);
     m_project.settings->projectPath() = "";
-    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_EQ(failure(), SetUpFailed);
 }
 
 TEST_F(BuilderSetUp, FailsWhenTheNameDoesNotNameAFileInTheOutputFolder) {
     for (const std::string& name :
          {std::string("../evil"), std::string("a/b"), std::string("/"), std::string("a\0b", 3)}) {
         m_project.project->setItemName(name);
-        EXPECT_EQ(failure(), setUpFailed) << name;
+        EXPECT_EQ(failure(), SetUpFailed) << name;
     }
 }
 
@@ -76,14 +76,14 @@ TEST_F(BuilderSetUp, LooksForTheMainFileWhereItLiesAndNotAtWhatWasGatheredBefore
     m_project.settings->assemblyFiles().clear();
     m_project.addSource("other.asm", "nop\n");
     m_project.home.write("Game/tmp/other.asm", Vectors);
-    EXPECT_EQ(failure(), noMainFile);
+    EXPECT_EQ(failure(), NoMainFile);
 }
 
 TEST_F(BuilderSetUp, FailsWhenAFolderCannotBeMadeAndLogsOnlyTheSystemsReason) {
     m_project.home.write("Game/blocked", "a file");
     m_project.settings->outputFilePath() = m_project.folder() / "blocked/output";
     const LogCapture log;
-    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_EQ(failure(), SetUpFailed);
     EXPECT_THAT(log.lines(), ElementsAre("Not a directory"));
 }
 
@@ -96,7 +96,7 @@ TEST_F(BuilderSetUp, FailsInAProjectFolderWithoutWritePermission) {
     std::filesystem::permissions(m_project.folder(), std::filesystem::perms::owner_read |
                                                          std::filesystem::perms::owner_exec);
     const LogCapture log;
-    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_EQ(failure(), SetUpFailed);
     EXPECT_THAT(log.lines(), ElementsAre("Permission denied"));
     EXPECT_TRUE(existsAt(m_project.home.path() / "output")) << "the folders made stay";
     std::filesystem::permissions(m_project.folder(), std::filesystem::perms::owner_all);
@@ -105,14 +105,14 @@ TEST_F(BuilderSetUp, FailsInAProjectFolderWithoutWritePermission) {
 TEST_F(BuilderSetUp, FailsWhenTheTemporaryFolderIsADanglingLink) {
     std::filesystem::create_symlink("nowhere", m_project.folder() / "tmp");
     const LogCapture log;
-    EXPECT_EQ(failure(), setUpFailed);
+    EXPECT_EQ(failure(), SetUpFailed);
     EXPECT_EQ(log.lines().size(), 1U);
 }
 
 TEST_F(BuilderSetUp, FailsWithoutAMainFileBeforeAnythingIsCopied) {
     m_project.settings->assemblyFiles().clear();
     m_project.addSource("other.asm", "nop\n");
-    EXPECT_EQ(failure(), noMainFile);
+    EXPECT_EQ(failure(), NoMainFile);
     EXPECT_TRUE(std::filesystem::is_empty(m_project.folder() / "tmp"));
     EXPECT_TRUE(std::filesystem::is_directory(m_project.folder() / "output"))
         << "the folders made stay";
@@ -125,7 +125,7 @@ TEST_F(BuilderSetUp, FailsForACrLfFileWithItsVectorsAtTheVeryEnd) {
         text += "\tnop\r\n";
     }
     m_project.addSource("crlf.asm", text + "\t.org $FFFA\r\n");
-    EXPECT_EQ(failure(), noMainFile);
+    EXPECT_EQ(failure(), NoMainFile);
 }
 
 TEST_F(BuilderSetUp, AFailingRunReportsTheBuildsErrorAtOnce) {
@@ -133,7 +133,7 @@ TEST_F(BuilderSetUp, AFailingRunReportsTheBuildsErrorAtOnce) {
     Outcome outcome;
     m_project.makeBuilder()->run(outcome.runHandler());
     EXPECT_EQ(outcome.calls(), 1);
-    EXPECT_EQ(outcome.error(), setUpFailed);
+    EXPECT_EQ(outcome.error(), SetUpFailed);
 }
 
 TEST_F(BuilderSetUp, TakesRequestsThatNobodyWaitsFor) {
