@@ -5,8 +5,10 @@
 #include "app/ButtonKeys.h"
 #include "app/MainMenu.h"
 #include "app/MainWindowController.h"
+#include "app/StatusBar.h"
 #include "app/Window.h"
 #include "app/WindowCommands.h"
+#include "editors/CommonEditorControllers.h"
 #include "navigation/container/EditorContainerController.h"
 #include "navigation/tree/NodeRoot.h"
 #include "navigation/tree/ProjectNavigationController.h"
@@ -53,6 +55,7 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     new ButtonKeys(&window);
     auto* editor = new EditorContainerController(centre, &window);
     window.setCentralWidget(editor);
+    window.setStatusBar(new StatusBar(*editor->commonController()->statusBoard(), &window));
     editor->viewDidLoad();
     const ProjectNavigationController* tree = editor->projectNavigationController();
     QObject::connect(tree, &ProjectNavigationController::selectedRowChanged, &window,

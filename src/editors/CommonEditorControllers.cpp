@@ -3,11 +3,13 @@
 
 #include "editors/PaneKind.h"
 #include "widgets/EditorPane.h"
+#include "widgets/StatusBoard.h"
 
 namespace kestrel {
 
 CommonEditorControllers::CommonEditorControllers(QWidget* parent)
-    : QStackedWidget(parent) {
+    : QStackedWidget(parent)
+    , m_statusBoard(new StatusBoard(this)) {
     setObjectName(QStringLiteral("commonEditorControllers"));
     setAccessibleName(tr("Editor"));
 }
@@ -22,6 +24,9 @@ void CommonEditorControllers::viewDidLoad() {
     QList<QWidget*> panes;
     for (int index = 0; index < count(); ++index) {
         panes.append(widget(index));
+    }
+    for (EditorPane* pane : editorPanes()) {
+        pane->setStatusBoard(m_statusBoard);
     }
     initiateViewControllers(panes);
     displayError(QString::fromLatin1(PleaseSelectProject));

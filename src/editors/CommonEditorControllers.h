@@ -13,6 +13,7 @@
 namespace kestrel {
 
 class EditorPane;
+class StatusBoard;
 
 /// The right-hand side of the main window: holds the five panes and shows one at a time. Its
 /// children are its panes; the references to them are shortcuts.
@@ -38,6 +39,9 @@ public:
     /// The pane that is shown, as the menus see it; null for one without commands and files.
     EditorPane* shownEditorPane() const;
 
+    /// What the panes tell the status bar; every pane gets it in viewDidLoad().
+    StatusBoard* statusBoard() const { return m_statusBoard; }
+
     /// Whom updatedFileType() is passed on to; not owned. Whoever sets itself takes itself back
     /// when it goes.
     ProjectSettingsDataSource* projectSettingsDatasource = nullptr;
@@ -55,6 +59,9 @@ protected:
     void recordTab(const QWidget* pane, int tabIndex) override;
     std::optional<int> tabIndexOf(const QWidget* pane) const override;
     void selectTab(int tabIndex) override;
+
+private:
+    StatusBoard* m_statusBoard;
 };
 
 } // namespace kestrel

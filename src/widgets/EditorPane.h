@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "widgets/StatusBoard.h"
+
 #include <QList>
+#include <QPointer>
 
 class QAction;
 
@@ -17,6 +20,9 @@ public:
     EditorPane& operator=(const EditorPane&) = delete;
     virtual ~EditorPane() = default;
 
+    /// Where the pane tells what the status bar is to show; it tells nobody before.
+    void setStatusBoard(StatusBoard* board) { m_statusBoard = board; }
+
     /// Saves what the pane shows, at once. Only called while the pane is the visible one.
     virtual void savePane() {}
 
@@ -31,6 +37,16 @@ public:
 
     /// The same for the View menu (zoom, grids).
     virtual QList<QAction*> viewActions() const { return {}; }
+
+protected:
+    void setStatus(StatusField field, const QString& text) const {
+        if (m_statusBoard) {
+            m_statusBoard->setText(field, text);
+        }
+    }
+
+private:
+    QPointer<StatusBoard> m_statusBoard;
 };
 
 } // namespace kestrel

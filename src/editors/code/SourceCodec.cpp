@@ -17,6 +17,7 @@ constexpr std::string_view Utf8Mark = "\xef\xbb\xbf";
 struct MarkedEncoding {
     std::string_view mark;
     QStringConverter::Encoding encoding;
+    const char* name;
     std::size_t unit;
 };
 
@@ -24,10 +25,10 @@ using namespace std::string_view_literals;
 
 /// The longer marks first: one in UTF-32 begins like one in UTF-16.
 constexpr std::array MarkedEncodings{
-    MarkedEncoding{"\xff\xfe\0\0"sv, QStringConverter::Utf32LE, 4},
-    MarkedEncoding{"\0\0\xfe\xff"sv, QStringConverter::Utf32BE, 4},
-    MarkedEncoding{"\xff\xfe"sv, QStringConverter::Utf16LE, 2},
-    MarkedEncoding{"\xfe\xff"sv, QStringConverter::Utf16BE, 2},
+    MarkedEncoding{"\xff\xfe\0\0"sv, QStringConverter::Utf32LE, "UTF-32", 4},
+    MarkedEncoding{"\0\0\xfe\xff"sv, QStringConverter::Utf32BE, "UTF-32", 4},
+    MarkedEncoding{"\xff\xfe"sv, QStringConverter::Utf16LE, "UTF-16", 2},
+    MarkedEncoding{"\xfe\xff"sv, QStringConverter::Utf16BE, "UTF-16", 2},
 };
 
 // Stateless: a character cut off at the end is an error. A byte-order mark was taken off before, so
@@ -48,13 +49,6 @@ std::optional<QString> decoded(QStringDecoder decoder, std::string_view bytes) {
     return text;
 }
 
-std::optional<SourceText> withoutMark(std::optional<QString> text) {
-    if (!text) {
-        return std::nullopt;
-    }
-    return SourceText{*std::move(text), false};
-}
-
 } // namespace
 
 std::optional<SourceText> decodeSource(std::string_view bytes) {
@@ -69,7 +63,7 @@ std::optional<SourceText> decodeSource(std::string_view bytes) {
                                   bytes.substr(marked.mark.size()))
                         : std::nullopt;
         if (text) {
-            return withoutMark(std::move(text));
+            return SourceText{*std::move(text), false, QString::fromLatin1(marked.name)};
         }
     }
     if (isMarked) {
@@ -78,11 +72,11 @@ std::optional<SourceText> decodeSource(std::string_view bytes) {
     const bool hasMark = bytes.starts_with(Utf8Mark);
     if (auto text = decoded(QStringDecoder(QStringConverter::Utf8, DecoderFlags),
                             hasMark ? bytes.substr(Utf8Mark.size()) : bytes)) {
-        return SourceText{*std::move(text), hasMark};
+        return SourceText{*std::move(text), hasMark, {}};
     }
     for (const std::string& name : encodingCandidates(bytes)) {
         if (auto text = decoded(QStringDecoder(name.c_str(), DecoderFlags), bytes)) {
-            return withoutMark(std::move(text));
+            return SourceText{*std::move(text), false, QString::fromStdString(name)};
         }
     }
     return std::nullopt;

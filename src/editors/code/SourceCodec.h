@@ -14,6 +14,8 @@ struct SourceText {
     QString text;
     /// Whether the file began with a byte-order mark that is to be kept; the text is without it.
     bool byteOrderMark = false;
+    /// The name of the encoding that the file was read from, where it is saved in another one.
+    QString formerEncoding;
 };
 
 /// The text of a file in UTF-8, in UTF-16 or UTF-32 with a byte-order mark, or in another encoding

@@ -5,6 +5,7 @@
 #include "editors/code/FindBar.h"
 #include "editors/code/GoToLineBar.h"
 #include "editors/code/SourceCodec.h"
+#include "editors/code/SourceDescription.h"
 #include "editors/code/TextEditorActions.h"
 #include "model/FileProcessor.h"
 #include "model/FileReader.h"
@@ -91,6 +92,26 @@ void TextEditorController::loadFile(const std::filesystem::path& path) {
     }
     m_byteOrderMark = source->byteOrderMark;
     showText(path, source->text);
+    m_description = sourceDescription(*source);
+    showStatus();
+}
+
+void TextEditorController::showStatus() const {
+    if (isVisible()) {
+        setStatus(StatusField::encoding, m_description);
+    }
+}
+
+void TextEditorController::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    showStatus();
+}
+
+void TextEditorController::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (!event->spontaneous()) {
+        setStatus(StatusField::encoding, {});
+    }
 }
 
 void TextEditorController::showText(const std::filesystem::path& path, const QString& text) {
@@ -121,12 +142,17 @@ void TextEditorController::saveFile() {
         return;
     }
     std::optional<std::string> contents;
+    SourceText source;
     if (codeEditor) {
-        contents = encodeSource({codeEditor->source().text(), m_byteOrderMark});
+        source = {codeEditor->source().text(), m_byteOrderMark, {}};
+        contents = encodeSource(source);
     }
     if (!FileProcessor::saveTextFile(*m_path, contents)) {
         writeLog("Could not save file");
+        return;
     }
+    m_description = sourceDescription(source);
+    showStatus();
 }
 
 const std::optional<std::filesystem::path>& TextEditorController::path() const {

@@ -52,15 +52,19 @@ public:
     QList<QAction*> viewActions() const override;
 
 protected:
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void buildLayout();
     void viewDidLoad();
+    void showStatus() const;
     void showText(const std::filesystem::path& path, const QString& text);
 
     std::optional<std::filesystem::path> m_path;
     bool m_byteOrderMark = false;
+    QString m_description; ///< of the file, as it was read or saved last
     QLabel* m_nameLabel;
     FindBar* m_findBar;
     GoToLineBar* m_goToLineBar;

@@ -113,7 +113,7 @@ TEST_F(RoundTrip, AFileThatIsNotEditedStaysTheSameByteForByte) {
         const auto source = decodeSource(bytes);
         ASSERT_TRUE(source) << "case " << i;
         m_editor.source().load(source->text);
-        ASSERT_EQ(encodeSource({m_editor.source().text(), source->byteOrderMark}), bytes)
+        ASSERT_EQ(encodeSource({m_editor.source().text(), source->byteOrderMark, {}}), bytes)
             << "case " << i;
     }
 }

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <array>
+#include <cstddef>
+#include <span>
+
+namespace kestrel {
+
+/// What the status bar can tell, the most important first: where there is no room for all, the
+/// last ones go. A new field needs a row in statusRows(), too.
+enum class StatusField {
+    saving,   ///< what became of a file at the last save, if that is worth telling
+    encoding, ///< the shown file's encoding and line ends
+};
+
+inline constexpr std::size_t StatusFieldCount = 2;
+
+/// What just happened stands on the left; what is so, at the right edge, where it does not move
+/// when a message comes.
+enum class StatusSide { left, right };
+
+/// A field as the status bar shows it.
+struct StatusRow {
+    StatusField field;
+    StatusSide side;
+    const char* objectName;
+    const char* name; ///< for assistive technology
+};
+
+/// All fields, in the order of StatusField.
+std::span<const StatusRow, StatusFieldCount> statusRows();
+
+/// The texts of the status bar. Whoever has something to tell sets its field, and clears it when it
+/// no longer holds; a pane clears its fields when it is hidden.
+class StatusBoard : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    void setText(StatusField field, const QString& text);
+    void clear(StatusField field);
+
+    /// Empty for a field with nothing to tell.
+    const QString& text(StatusField field) const;
+
+Q_SIGNALS:
+    void changed(StatusField field);
+
+private:
+    std::array<QString, StatusFieldCount> m_texts;
+};
+
+} // namespace kestrel

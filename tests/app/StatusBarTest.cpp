@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "app/StatusBar.h"
+
+#include "app/WindowFixture.h"
+#include "editors/CommonEditorControllers.h"
+#include "widgets/ElidedLabel.h"
+
+namespace kestrel {
+namespace {
+
+using namespace test;
+
+/// A bar of its own, 480 pixels wide as the smallest window is.
+class StatusBarOnItsOwn : public testing::Test {
+protected:
+    void SetUp() override {
+        bar.resize(480, bar.sizeHint().height());
+        bar.show();
+    }
+
+    ElidedLabel& label(const char* name) const {
+        return *bar.findChild<ElidedLabel*>(QLatin1String(name));
+    }
+
+    StatusBoard board;
+    StatusBar bar{board};
+};
+
+TEST_F(StatusBarOnItsOwn, ShowsOnlyFieldsWithATextAndTakesNoRoomForOthers) {
+    EXPECT_FALSE(label("savingStatus").isVisible());
+    EXPECT_FALSE(label("encodingStatus").isVisible());
+    board.setText(StatusField::encoding, QStringLiteral("UTF-8, LF"));
+    EXPECT_FALSE(label("savingStatus").isVisible());
+    ASSERT_TRUE(label("encodingStatus").isVisible());
+    EXPECT_EQ(label("encodingStatus").visibleText(), QStringLiteral("UTF-8, LF"));
+    const QRect place = label("encodingStatus").geometry();
+    EXPECT_EQ(place.right(), 471);
+    board.setText(StatusField::saving, QStringLiteral("Kept"));
+    EXPECT_EQ(label("savingStatus").x(), 8);
+    EXPECT_EQ(label("encodingStatus").geometry(), place) << "facts stay where they are";
+    board.clear(StatusField::encoding);
+    EXPECT_FALSE(label("encodingStatus").isVisible());
+}
+
+TEST_F(StatusBarOnItsOwn, ALongMessageIsElidedAndTheLessImportantFieldGivesWay) {
+    board.setText(StatusField::encoding, QStringLiteral("UTF-8, LF"));
+    const QString message = QStringLiteral("a long message ").repeated(20);
+    board.setText(StatusField::saving, message);
+    EXPECT_FALSE(label("encodingStatus").isVisible());
+    EXPECT_NE(label("savingStatus").visibleText(), message);
+    EXPECT_LE(label("savingStatus").geometry().right(), 471);
+    EXPECT_TRUE(label("savingStatus").accessibleName().endsWith(message));
+    bar.resize(label("savingStatus").sizeHint().width() + 200, bar.height());
+    EXPECT_TRUE(label("encodingStatus").isVisible());
+    EXPECT_EQ(label("savingStatus").visibleText(), message);
+}
+
+TEST_F(StatusBarOnItsOwn, AssistiveTechnologyReadsNameAndText) {
+    board.setText(StatusField::encoding, QStringLiteral("UTF-8, CRLF"));
+    EXPECT_EQ(label("encodingStatus").accessibleName(),
+              QStringLiteral("Encoding and line ends: UTF-8, CRLF"));
+}
+
+TEST_F(StatusBarOnItsOwn, KeepsTheHeightOfOneLine) {
+    const int empty = bar.sizeHint().height();
+    EXPECT_GT(empty, bar.fontMetrics().height());
+    board.setText(StatusField::encoding, QStringLiteral("UTF-8"));
+    EXPECT_EQ(bar.sizeHint().height(), empty);
+}
+
+class MainWindowStatusBar : public WindowTest {
+protected:
+    void SetUp() override {
+        registerProject("demo");
+        start();
+    }
+
+    QString encoding() const {
+        const auto* label = window().findChild<ElidedLabel*>(QStringLiteral("encodingStatus"));
+        return label->isVisible() ? label->text() : QString();
+    }
+};
+
+TEST_F(MainWindowStatusBar, TellsTheEncodingOfTheShownSourceUntilAnotherPaneIsShown) {
+    EXPECT_EQ(encoding(), QString());
+    const auto project = tree().allItems().at(0);
+    tree().select(project->subItems().at(0));
+    EXPECT_EQ(encoding(), QStringLiteral("UTF-8, LF"));
+    tree().select(project);
+    EXPECT_EQ(encoding(), QString());
+    editor().commonController()->setCurrentWidget(editor().commonController()->textEditor);
+    EXPECT_EQ(encoding(), QStringLiteral("UTF-8, LF"));
+}
+
+} // namespace
+} // namespace kestrel
