@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editors/code/DocumentCharacters.h"
 
+#include "editors/code/KeptBytes.h"
+
 namespace kestrel {
 
 namespace {
@@ -12,9 +14,9 @@ constexpr char16_t standInFor(char16_t character) {
     case 0x2029:
         return 0xdc29;
     case 0xfdd0:
-        return 0xdcd0;
+        return 0xdc30;
     case 0xfdd1:
-        return 0xdcd1;
+        return 0xdc31;
     default:
         return 0;
     }
@@ -26,9 +28,9 @@ constexpr char16_t standsFor(char16_t character) {
         return 0x2028;
     case 0xdc29:
         return 0x2029;
-    case 0xdcd0:
+    case 0xdc30:
         return 0xfdd0;
-    case 0xdcd1:
+    case 0xdc31:
         return 0xfdd1;
     default:
         return 0;
@@ -51,7 +53,10 @@ template<typename Replacement> QString replaced(QString text, Replacement replac
 }
 
 constexpr char16_t documentForm(char16_t character) {
-    return QChar::isSurrogate(character) ? u'\xfffd' : standInFor(character);
+    if (!QChar::isSurrogate(character)) {
+        return standInFor(character);
+    }
+    return isKeptByte(character) ? u'\0' : u'\xfffd';
 }
 
 } // namespace

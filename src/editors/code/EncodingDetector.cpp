@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "editors/code/EncodingDetector.h"
 
+#include "editors/code/EncodingTable.h"
+#include "editors/code/KeptBytes.h"
+
+#include <QStringDecoder>
+
 #include <algorithm>
 #include <memory>
 #include <optional>
@@ -10,6 +15,9 @@
 namespace kestrel {
 
 namespace {
+
+/// So much of a text is looked at: enough to be sure, and quick with the longest file.
+constexpr std::size_t LongestSample = 65536;
 
 /// The encoding that the detection library finds, if it finds one.
 std::optional<std::string> detected(std::string_view bytes) {
@@ -34,27 +42,114 @@ bool looksLikeText(std::string_view bytes) {
     });
 }
 
+bool isHigh(char byte) {
+    return static_cast<unsigned char>(byte) >= 0x80;
+}
+
+/// The lines that are not ASCII, as far as they are looked at. No encoding has a line end as part
+/// of a character.
+std::string sampleOf(std::string_view bytes) {
+    std::string sample;
+    std::size_t place = 0;
+    while (place < bytes.size() && sample.size() < LongestSample) {
+        const auto high =
+            std::find_if(bytes.begin() + static_cast<std::ptrdiff_t>(place), bytes.end(), isHigh);
+        if (high == bytes.end()) {
+            break;
+        }
+        const auto found = static_cast<std::size_t>(high - bytes.begin());
+        const std::size_t start = std::max(place, bytes.find_last_of("\r\n", found) + 1);
+        const std::size_t end = std::min(bytes.find_first_of("\r\n", found), bytes.size());
+        sample += bytes.substr(start, end - start);
+        sample += '\n';
+        place = end;
+    }
+    if (sample.size() > LongestSample) {
+        // A byte below the digits is whole and ends whatever is before it.
+        const std::size_t cut =
+            std::string_view(sample).substr(0, LongestSample).find_last_of(" \t\n!\"#$%&'()*+,-./");
+        sample.resize(cut == std::string::npos ? LongestSample : cut);
+    }
+    return sample;
+}
+
+/// How well the text reads as UTF-8 with bytes that are none. Characters hardly come about by
+/// chance, those of three bytes even less.
+std::optional<double> ratedAsUtf8(std::string_view sample) {
+    constexpr double Character = 4;
+    constexpr double Byte = -2;
+    const Utf8Content content = contentOfUtf8(sample);
+    if (content.characters == 0) {
+        return std::nullopt;
+    }
+    const auto characters = static_cast<double>(content.characters);
+    const auto keptBytes = static_cast<double>(content.keptBytes);
+    return (Character * characters + Byte * keptBytes) / (characters + keptBytes);
+}
+
+std::optional<double> rated(const KnownEncoding& encoding, std::string_view sample) {
+    QStringDecoder decoder(encoding.name, QStringConverter::Flag::Stateless);
+    // The converter works lazily, so its result must exist before it is asked for errors.
+    const QString text = decoder.decode(QByteArrayView(sample.data(), std::ssize(sample)));
+    if (!decoder.isValid() || decoder.hasError()) {
+        return std::nullopt;
+    }
+    if (encoding.pairs != nullptr) {
+        const QStringView view(text);
+        return ratedAs(*encoding.pairs, sample,
+                       {view.utf16(), static_cast<std::size_t>(view.size())});
+    }
+    std::optional<double> best;
+    for (const Language& language : encoding.languages) {
+        best = std::max(best, ratedAs(language, text));
+    }
+    return best;
+}
+
+struct RatedCandidate {
+    EncodingCandidate candidate;
+    double rating;
+};
+
+/// All encodings that the sample can be in, the likeliest first.
+std::vector<RatedCandidate> ratedCandidates(std::string_view sample) {
+    std::vector<RatedCandidate> rating;
+    if (const auto utf8 = ratedAsUtf8(sample)) {
+        rating.push_back({{"UTF-8", QStringLiteral("UTF-8")}, *utf8});
+    }
+    for (const KnownEncoding& encoding : knownEncodings()) {
+        if (const auto found = rated(encoding, sample)) {
+            rating.push_back({{encoding.name, QString::fromLatin1(encoding.title)}, *found});
+        }
+    }
+    std::ranges::stable_sort(rating, std::greater(), &RatedCandidate::rating);
+    return rating;
+}
+
 } // namespace
 
-std::vector<std::string> encodingCandidates(std::string_view bytes) {
+std::vector<EncodingCandidate> encodingCandidates(std::string_view bytes) {
     if (!looksLikeText(bytes)) {
         return {};
     }
-    auto name = detected(bytes);
-    if (name == "UHC") {
-        name = "windows-949";
-    } else if (name == "ISO-8859-1") {
-        name = "windows-1252"; // the same, with characters where the other has control codes
+    std::vector<EncodingCandidate> candidates;
+    bool asked = false;
+    // What reads badly in all known encodings may be in one that only the library knows.
+    const auto askLibrary = [&] {
+        const auto name = std::exchange(asked, true) ? std::nullopt : detected(bytes);
+        if (name) {
+            candidates.push_back({*name, QString::fromStdString(*name)});
+        }
+    };
+    for (RatedCandidate& known : ratedCandidates(sampleOf(bytes))) {
+        if (known.rating < 0) {
+            askLibrary();
+        }
+        candidates.push_back(std::move(known.candidate));
     }
-    std::vector<std::string> names;
-    if (name) {
-        names.push_back(std::move(*name));
-    }
-    // A short comment may tell the library nothing. Japanese has rules that other text breaks; the
-    // last one takes any bytes.
-    names.emplace_back("Shift_JIS");
-    names.emplace_back("windows-1252");
-    return names;
+    askLibrary();
+    candidates.push_back({"windows-1252", QStringLiteral("Windows-1252")}); // takes any bytes
+    return candidates;
 }
 
 } // namespace kestrel

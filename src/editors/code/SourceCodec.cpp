@@ -2,10 +2,12 @@
 #include "editors/code/SourceCodec.h"
 
 #include "editors/code/EncodingDetector.h"
+#include "editors/code/KeptBytes.h"
 
 #include <QByteArrayView>
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <array>
 
 namespace kestrel {
@@ -49,6 +51,33 @@ std::optional<QString> decoded(QStringDecoder decoder, std::string_view bytes) {
     return text;
 }
 
+/// UTF-16 without a mark, which is known by its ASCII: one of two bytes is NUL, and of the two
+/// nearly always the same one. No other source has so many of them.
+std::optional<SourceText> decodedUnmarkedUtf16(std::string_view bytes) {
+    constexpr std::size_t FewestUnits = 4;
+    std::array<std::size_t, 2> zeros{};
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        zeros.at(i % 2) += bytes[i] == '\0' ? 1 : 0;
+    }
+    const bool isBigEndian = zeros[0] > zeros[1];
+    const std::size_t units = bytes.size() / 2;
+    if (bytes.size() % 2 != 0 || units < FewestUnits || std::max(zeros[0], zeros[1]) * 3 < units ||
+        std::min(zeros[0], zeros[1]) * 8 > std::max(zeros[0], zeros[1])) {
+        return std::nullopt;
+    }
+    auto text =
+        decoded(QStringDecoder(isBigEndian ? QStringConverter::Utf16BE : QStringConverter::Utf16LE,
+                               DecoderFlags),
+                bytes);
+    const auto isControl = [](QChar character) {
+        return character.category() == QChar::Other_Control && !character.isSpace();
+    };
+    if (!text || std::ranges::any_of(*text, isControl)) {
+        return std::nullopt;
+    }
+    return SourceText{*std::move(text), false, QStringLiteral("UTF-16")};
+}
+
 } // namespace
 
 std::optional<SourceText> decodeSource(std::string_view bytes) {
@@ -69,27 +98,28 @@ std::optional<SourceText> decodeSource(std::string_view bytes) {
     if (isMarked) {
         return std::nullopt;
     }
+    if (auto source = decodedUnmarkedUtf16(bytes)) {
+        return source;
+    }
     const bool hasMark = bytes.starts_with(Utf8Mark);
-    if (auto text = decoded(QStringDecoder(QStringConverter::Utf8, DecoderFlags),
-                            hasMark ? bytes.substr(Utf8Mark.size()) : bytes)) {
+    const std::string_view unmarked = hasMark ? bytes.substr(Utf8Mark.size()) : bytes;
+    if (auto text = decoded(QStringDecoder(QStringConverter::Utf8, DecoderFlags), unmarked)) {
         return SourceText{*std::move(text), hasMark, {}};
     }
-    for (const std::string& name : encodingCandidates(bytes)) {
-        if (auto text = decoded(QStringDecoder(name.c_str(), DecoderFlags), bytes)) {
-            return SourceText{*std::move(text), false, QString::fromStdString(name)};
+    for (const EncodingCandidate& candidate : encodingCandidates(bytes)) {
+        if (hasMark || candidate.name == "UTF-8") {
+            return SourceText{textWithKeptBytes(unmarked), hasMark, {}};
+        }
+        if (auto text = decoded(QStringDecoder(candidate.name.c_str(), DecoderFlags), bytes)) {
+            return SourceText{*std::move(text), false, candidate.title};
         }
     }
     return std::nullopt;
 }
 
 std::string encodeSource(const SourceText& source) {
-    const QByteArray text = source.text.toUtf8();
-    std::string bytes;
-    bytes.reserve(Utf8Mark.size() + static_cast<std::size_t>(text.size()));
-    if (source.byteOrderMark) {
-        bytes += Utf8Mark;
-    }
-    bytes.append(text.constData(), static_cast<std::size_t>(text.size()));
+    std::string bytes = source.byteOrderMark ? std::string(Utf8Mark) : std::string();
+    bytes += bytesWithKeptBytes(source.text);
     return bytes;
 }
 

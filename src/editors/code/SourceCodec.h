@@ -18,9 +18,9 @@ struct SourceText {
     QString formerEncoding;
 };
 
-/// The text of a file in UTF-8, in UTF-16 or UTF-32 with a byte-order mark, or in another encoding
-/// that the bytes are found to be in. Nothing when they are not text. Line ends and all characters
-/// are as in the file.
+/// The text of a file in UTF-8, UTF-16, UTF-32 with a byte-order mark, or in another encoding that
+/// the bytes are found to be in. Nothing when they are not text. Line ends and all characters are
+/// as in the file; in UTF-8, bytes that are part of no character stay, too (see KeptBytes).
 std::optional<SourceText> decodeSource(std::string_view bytes);
 
 /// The text in UTF-8, which is how all files are saved. For text that decodeSource() read from

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editors/code/SourceDescription.h"
 
+#include "editors/code/KeptBytes.h"
 #include "editors/code/LineReader.h"
 
 #include <QCoreApplication>
@@ -18,6 +19,11 @@ struct Texts {
 QString encodingOf(const SourceText& source) {
     if (!source.formerEncoding.isEmpty()) {
         return Texts::tr("%1, saved as UTF-8").arg(source.formerEncoding);
+    }
+    const qsizetype kept = keptByteCount(source.text);
+    if (kept > 0) {
+        return kept == 1 ? Texts::tr("UTF-8 with 1 byte kept as it is")
+                         : Texts::tr("UTF-8 with %1 bytes kept as they are").arg(kept);
     }
     return source.byteOrderMark ? Texts::tr("UTF-8 with a byte-order mark") : Texts::tr("UTF-8");
 }

@@ -199,7 +199,7 @@ TEST_F(CodeEditor, TheClipboardCarriesTheCharactersOfTheFile) {
 }
 
 TEST_F(CodeEditor, HalfASurrogatePairFromOutsideBecomesAReplacementCharacter) {
-    const QString halves = QString(QChar(0xd83d)) + u'x' + QChar(0xdc28) + u'y' + QChar(0xdcd0);
+    const QString halves = QString(QChar(0xd83d)) + u'x' + QChar(0xdc28) + u'y' + QChar(0xdc30);
     QApplication::clipboard()->setText(halves);
     editor.paste();
     EXPECT_EQ(text(), QStringLiteral("\ufffdx\ufffdy\ufffd"));

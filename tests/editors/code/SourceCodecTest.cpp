@@ -105,11 +105,22 @@ TEST(SourceCodec, RussianCommentsAreShownRight) {
 
 TEST(SourceCodec, InvalidUtf8IsNeverTakenForUtf8) {
     for (const std::string& bytes :
-         {"a\xc0\x80"s, "a\xed\xa0\x80z"s, "a\xf4\x90\x80\x80"s, "caf\xc3"s, "\xef\xbb\xbf\xff"s}) {
+         {"a\xc0\x80"s, "a\xed\xa0\x80z"s, "a\xf4\x90\x80\x80"s, "caf\xc3"s}) {
         if (const auto source = decodeSource(bytes)) {
             EXPECT_FALSE(source->byteOrderMark);
             EXPECT_FALSE(source->text.contains(QChar::ReplacementCharacter)) << "something is lost";
         }
+    }
+}
+
+TEST(SourceCodec, BytesThatArePartOfNoCharacterComeBackAsTheyWere) {
+    for (const std::string& bytes :
+         {"; für caf\xe9\r\n"s, "\xef\xbb\xbf\xff"s, "; Größe \xed\xa0\x80 für\n"s,
+          "; 初期化 \xef\xbb\xbf\xe5\x88"s}) {
+        const auto source = decodeSource(bytes);
+        ASSERT_TRUE(source);
+        EXPECT_TRUE(source->formerEncoding.isEmpty()) << "it is UTF-8";
+        EXPECT_EQ(encodeSource(*source), bytes);
     }
 }
 

@@ -24,6 +24,11 @@ TEST(SourceDescription, NamesTheEncodingAndTheLineEnds) {
               "UTF-8 with a byte-order mark, LF");
 }
 
+TEST(SourceDescription, CountsBytesThatAreKeptAsTheyAre) {
+    EXPECT_EQ(description("für caf\xe9\n"), "UTF-8 with 1 byte kept as it is, LF");
+    EXPECT_EQ(description("für \xff Größe \xfe\n"), "UTF-8 with 2 bytes kept as they are, LF");
+}
+
 TEST(SourceDescription, SaysThatAnotherEncodingIsSavedAsUtf8) {
     EXPECT_EQ(sourceDescription({QStringLiteral("a\n"), false, QStringLiteral("Shift-JIS")}),
               QStringLiteral("Shift-JIS, saved as UTF-8, LF"));
