@@ -45,6 +45,26 @@ class KeysTest(JourneyTestCase):
         self.assertEqual(kestrel.quit(), 0)
         self.assertEqual((folder / "other.asm").read_bytes(), b"")
 
+    def test_a_file_keeps_its_line_ends_when_all_of_it_is_cut_and_pasted(self):
+        kestrel = self.kestrel
+        folder = self.make_project()
+        (folder / "main.asm").write_bytes(b" nop\r\n rts\r\n")
+        kestrel.select("other.asm")
+        wait_for("the other file", lambda: kestrel.code() == "")
+        kestrel.select("main.asm")
+        wait_for("the file", lambda: kestrel.code() == " nop\n rts\n")
+        self.desktop.click(kestrel.source())
+        wait_for("the code editor to have the focus", lambda: kestrel.source().is_("focused"))
+        self.desktop.press("ctrl+a", "ctrl+x")
+        wait_for("the text to be cut", lambda: kestrel.code() == "")
+        self.desktop.press("ctrl+s")
+        self.wait_for_file(folder / "main.asm", b"")
+        self.desktop.press("ctrl+v", "Return", "x")
+        wait_for("the text to be pasted", lambda: kestrel.code() == " nop\n rts\n\nx")
+        self.desktop.press("ctrl+s")
+        self.wait_for_file(folder / "main.asm", b" nop\r\n rts\r\n\r\nx")
+        self.assertEqual(kestrel.quit(), 0)
+
     def tab_to(self, role, name):
         """Presses Tab until a widget of the dialog has the focus."""
         for _ in range(10):

@@ -17,7 +17,8 @@ namespace kestrel {
 
 namespace {
 
-/// Marks a separator: its value is the LineEnd. A separator without it has the usual line end.
+/// Marks a separator: its value is the LineEnd. A separator without it has the line end
+/// that was the most frequent one when the text was loaded.
 constexpr int LineEndProperty = QTextFormat::UserProperty + 1;
 
 /// The most frequent line end; LF when there is none.
@@ -86,9 +87,10 @@ SourceDocument::SourceDocument(QTextDocument& document)
     : m_document(document) {}
 
 void SourceDocument::load(const QString& text) {
-    m_usual = usualLineEnd(text);
+    m_unmarked = usualLineEnd(text);
+    m_usual = m_unmarked;
     m_hasMarks = false;
-    m_mayHaveLoneReturns = m_usual == LineEnd::cr;
+    m_mayHaveLoneReturns = m_unmarked == LineEnd::cr;
     m_document.setUndoRedoEnabled(false);
     QTextCursor cursor(&m_document);
     cursor.beginEditBlock();
@@ -103,6 +105,7 @@ bool SourceDocument::update(const QString& text) {
     if (formerText == text) {
         return false;
     }
+    m_usual = usualLineEnd(text);
     const Lines former = linesOf(formerText);
     const Lines present = linesOf(text);
     // A lone CR before an empty line that ends in LF reads as one line end, but is two lines of the
@@ -133,7 +136,7 @@ bool SourceDocument::update(const QString& text) {
     return true;
 }
 
-/// Inserts lines whose ends are those of a file. Runs of lines with the usual end go in at once.
+/// Inserts lines whose ends are those of a file. Runs of lines that need no mark go in at once.
 void SourceDocument::insertLines(QTextCursor& cursor, QStringView text) {
     const QTextCharFormat plain;
     const QChar* runStart = text.begin();
@@ -144,7 +147,7 @@ void SourceDocument::insertLines(QTextCursor& cursor, QStringView text) {
     };
     LineReader reader(text);
     while (const auto line = reader.next()) {
-        if (line->end && *line->end != m_usual) {
+        if (line->end && *line->end != m_unmarked) {
             insertRun(line->text.end());
             cursor.insertBlock(QTextBlockFormat(), formatOf(*line->end));
             runStart = line->text.end() + bytesOf(*line->end).size();
@@ -171,7 +174,7 @@ QString SourceDocument::text() const {
         if (separator < 0) {
             return result;
         }
-        result += textOf(m_hasMarks ? lineEnd(line).value_or(m_usual) : m_usual);
+        result += textOf(m_hasMarks ? lineEnd(line).value_or(m_unmarked) : m_unmarked);
         if (m_hasMarks) {
             line = line.next();
         }
@@ -217,12 +220,12 @@ std::optional<LineEnd> SourceDocument::lineEnd(const QTextBlock& line) const {
     const QTextCharFormat format = next.charFormat();
     return format.hasProperty(LineEndProperty)
                ? static_cast<LineEnd>(format.intProperty(LineEndProperty))
-               : m_usual;
+               : m_unmarked;
 }
 
 QTextCharFormat SourceDocument::formatOf(LineEnd end) {
     QTextCharFormat format;
-    if (end != m_usual) {
+    if (end != m_unmarked) {
         format.setProperty(LineEndProperty, static_cast<int>(end));
         m_hasMarks = true;
         m_mayHaveLoneReturns = m_mayHaveLoneReturns || end == LineEnd::cr;
@@ -231,9 +234,9 @@ QTextCharFormat SourceDocument::formatOf(LineEnd end) {
 }
 
 /// What the first part of `line` ends in when it is split: the line's own end, for the last line
-/// the end before it.
+/// the end before it, for an only line what the file had.
 LineEnd SourceDocument::lineEndForSplit(const QTextBlock& line) const {
-    return lineEnd(line).value_or(lineEnd(line.previous()).value_or(LineEnd::lf));
+    return lineEnd(line).value_or(lineEnd(line.previous()).value_or(m_usual));
 }
 
 } // namespace kestrel

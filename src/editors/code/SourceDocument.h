@@ -15,8 +15,8 @@ class QTextDocument;
 namespace kestrel {
 
 /// Keeps a source text in a text document, every line with its own line end. The document itself
-/// folds all line ends into one; those that differ from the text's most frequent one are marked in
-/// the character format of the block separator, which undo and all edits carry along.
+/// folds all line ends into one; those that differ from the most frequent one of the text loaded
+/// are marked in the character format of the block separator, which undo and all edits carry along.
 class SourceDocument {
 public:
     /// Works on `document`, which must outlive this; what it holds now has ends of LF.
@@ -36,7 +36,8 @@ public:
     static QString selectedText(const QTextCursor& cursor);
 
     /// Puts text from outside in place of the cursor's selection, as one edit. Its line ends become
-    /// that of the line that it is inserted into.
+    /// that of the line that it is inserted into; where no other line is left, the file's most
+    /// frequent one.
     void insert(QTextCursor& cursor, const QString& text);
 
     /// Splits the line at the cursor, or replaces the selection, and begins the new line with
@@ -55,8 +56,9 @@ private:
     void insertLines(QTextCursor& cursor, QStringView text);
 
     QTextDocument& m_document;
-    LineEnd m_usual = LineEnd::lf;
-    bool m_hasMarks = false; // stays set once there was one: undo may bring it back
+    LineEnd m_unmarked = LineEnd::lf; // what a separator without a mark stands for
+    LineEnd m_usual = LineEnd::lf;    // the file's most frequent one, as it was read last
+    bool m_hasMarks = false;          // stays set once there was one: undo may bring it back
     bool m_mayHaveLoneReturns = false;
 };
 

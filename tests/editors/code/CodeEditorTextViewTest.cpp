@@ -195,7 +195,7 @@ TEST_F(CodeEditor, TheClipboardCarriesTheCharactersOfTheFile) {
     editor.cut();
     EXPECT_EQ(text(), QString());
     editor.paste();
-    EXPECT_EQ(text(), line + QStringLiteral("\n") + line);
+    EXPECT_EQ(text(), line + QStringLiteral("\r\n") + line);
 }
 
 TEST_F(CodeEditor, HalfASurrogatePairFromOutsideBecomesAReplacementCharacter) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editors/code/LineModel.h"
 
+#include <algorithm>
 #include <array>
 
 namespace kestrel::test {
@@ -42,6 +43,18 @@ LineModel::LineModel(const QString& text)
             m_lines.back().text += text[i];
         }
     }
+    m_usual = mostFrequentEnd();
+}
+
+LineEnd LineModel::mostFrequentEnd() const {
+    const auto count = [this](LineEnd end) {
+        return std::ranges::count(m_lines, std::optional(end), &Line::end);
+    };
+    const auto returns = std::max(count(LineEnd::crlf), count(LineEnd::cr));
+    if (count(LineEnd::lf) >= returns) {
+        return LineEnd::lf;
+    }
+    return count(LineEnd::crlf) == returns ? LineEnd::crlf : LineEnd::cr;
 }
 
 QString LineModel::text() const {
@@ -84,7 +97,7 @@ void LineModel::replace(int from, int to, const QString& text) {
     const auto first = m_lines.begin() + static_cast<std::ptrdiff_t>(start.line);
     m_lines.erase(first + 1, m_lines.begin() + static_cast<std::ptrdiff_t>(end.line) + 1);
 
-    LineEnd newEnd = LineEnd::lf;
+    LineEnd newEnd = m_usual;
     if (lastEnd) {
         newEnd = *lastEnd;
     } else if (start.line > 0) {

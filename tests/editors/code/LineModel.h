@@ -23,7 +23,8 @@ public:
     int length() const;
 
     /// Puts `text` in place of a range. Each new line takes the end of the line that is split: its
-    /// own, or for a last line that of the line before, or LF.
+    /// own, or for a last line that of the line before, or for an only line the most frequent one
+    /// of the text that the model was made of (LF in a tie and without any).
     void replace(int from, int to, const QString& text);
 
     /// The range that the Backspace key deletes at `position`.
@@ -43,8 +44,10 @@ private:
     };
     Place placeOf(int position) const;
     bool insidePair(int position) const;
+    LineEnd mostFrequentEnd() const;
 
     std::vector<Line> m_lines;
+    LineEnd m_usual;
 };
 
 /// A random mixture of what source files may hold: all line ends, NUL, no-break spaces, separators
