@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-class QColor;
+#include <QColor>
 
 namespace kestrel {
 
@@ -13,5 +13,15 @@ double luminance(const QColor& color);
 /// The contrast ratio of two colours, from 1 for equal ones to 21 for black and white (WCAG 2,
 /// "contrast ratio").
 double contrast(const QColor& one, const QColor& other);
+
+/// The contrast that text needs with its background (WCAG 2, success criterion 1.4.3).
+inline constexpr double LeastTextContrast = 4.5;
+
+/// `color`, or when that is hard to read on `background` the first colour that is not on the way
+/// from it to black or to white, whichever stands out more. Never changes its hue.
+QColor readable(const QColor& color, const QColor& background);
+
+/// The red in which a text on `background` says that something is missing or wrong.
+QColor readableRed(const QColor& background);
 
 } // namespace kestrel

@@ -14,25 +14,6 @@
 
 namespace kestrel {
 
-namespace {
-
-constexpr qreal LeastContrast = 4.5;
-
-/// The gray nearest to the middle one that can be read on `background`.
-QColor readableGray(const QColor& background) {
-    constexpr int Middle = 0x80;
-    const int direction =
-        contrast(background, Qt::black) > contrast(background, Qt::white) ? -1 : 1;
-    int level = Middle;
-    while (level > 0 && level < 255 &&
-           contrast(background, QColor(level, level, level)) < LeastContrast) {
-        level += direction;
-    }
-    return {level, level, level};
-}
-
-} // namespace
-
 LineNumberRulerView::LineNumberRulerView(QAbstractScrollArea& textView, const ScreenLines& lines)
     : QWidget(&textView)
     , m_textView(textView)
@@ -97,7 +78,7 @@ QColor LineNumberRulerView::backgroundColor() const {
 }
 
 QColor LineNumberRulerView::labelColor() const {
-    return readableGray(backgroundColor());
+    return readable(Qt::darkGray, backgroundColor());
 }
 
 /// Those of the lines painted last of which a part lies in `rect`.

@@ -2,10 +2,7 @@
 #include "editors/settings/ProjectSettingCell.h"
 
 #include "editors/settings/BuildFileListModel.h"
-#include "navigation/tree/ProjectNavigationRowPainter.h"
-
-#include <QApplication>
-#include <QStyle>
+#include "navigation/tree/NamePainter.h"
 
 namespace kestrel {
 
@@ -38,18 +35,7 @@ void ProjectSettingCell::paint(QPainter* painter, const QStyleOptionViewItem& op
     initStyleOption(&row, index);
     show(index);
     row.text = m_label->stringValue;
-    const QPalette::ColorGroup group =
-        row.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
-    const auto paintedAs = [&](QPalette::ColorRole text, QPalette::ColorRole background) {
-        row.palette.setColor(group, text,
-                             ProjectNavigationRowPainter::shade(
-                                 m_label->textColour, row.palette.color(group, background),
-                                 row.palette.color(group, text)));
-    };
-    paintedAs(QPalette::Text, QPalette::Base);
-    paintedAs(QPalette::HighlightedText, QPalette::Highlight);
-    const QStyle* style = row.widget != nullptr ? row.widget->style() : QApplication::style();
-    style->drawControl(QStyle::CE_ItemViewItem, &row, painter, row.widget);
+    paintNamedRow(*painter, row, m_label->textColour);
 }
 
 QSize ProjectSettingCell::sizeHint(const QStyleOptionViewItem& option,

@@ -27,11 +27,6 @@ public:
     /// returns the same object, set up anew.
     ProjectNavigationItem* viewForItem(const QModelIndex& index) const;
 
-    /// The shade of a name's colour on this background: black and pure red on a light background,
-    /// `normal` and a readable red on a dark one.
-    static QColor shade(ProjectNavigationItem::TextColour colour, const QColor& background,
-                        const QColor& normal);
-
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
 

@@ -2,6 +2,7 @@
 #include "editors/settings/EmulatorPanel.h"
 #include "editors/settings/PathField.h"
 #include "editors/settings/ProjectSettingsFixture.h"
+#include "widgets/Contrast.h"
 
 #include <QImage>
 #include <QLabel>
@@ -35,6 +36,19 @@ protected:
             }
         }
         return count;
+    }
+
+    /// The most pixels of this colour beside one another.
+    static int longestRun(const QImage& image, const QColor& colour) {
+        int longest = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            int run = 0;
+            for (int x = 0; x < image.width(); ++x) {
+                run = image.pixelColor(x, y) == colour ? run + 1 : 0;
+                longest = std::max(longest, run);
+            }
+        }
+        return longest;
     }
 
     std::string outputText() const {
@@ -149,7 +163,13 @@ TEST_F(ProjectSettingsLists, AMissingFilesNameIsPaintedRedAlsoWhileItIsSelected)
     list->model()->forgetPresence();
     const QImage missing = painted(list, 0);
     EXPECT_GT(redPixels(missing), 10);
-    EXPECT_NE(painted(list, 1), presentSelected);
+    const QImage missingSelected = painted(list, 1);
+    EXPECT_NE(missingSelected, presentSelected);
+    const QColor base = list->table()->palette().color(QPalette::Base);
+    for (const QImage& image : {missing, missingSelected}) {
+        EXPECT_GT(longestRun(image, readableRed(base)), 40) << "the name is struck out";
+    }
+    EXPECT_LT(longestRun(presentSelected, Qt::white), 40);
     home.write("Kestrel/Demo/main.asm", "");
     list->model()->forgetPresence();
     EXPECT_EQ(redPixels(painted(list, 0)), 0);

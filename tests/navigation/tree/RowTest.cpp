@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "icons/Icons.h"
+#include "navigation/tree/NamePainter.h"
 #include "navigation/tree/NavigationFixture.h"
 #include "navigation/tree/ProjectNavigationItem.h"
 #include "navigation/tree/ProjectNavigationRowPainter.h"
+#include "widgets/Contrast.h"
 
 #include <QAccessible>
 #include <QTextDocument>
@@ -161,6 +163,34 @@ protected:
                std::abs(one.blue() - other.blue()) < 24;
     }
 
+    /// The red of missing files on the rows' background.
+    QColor red() const { return readableRed(view().palette().color(QPalette::Base)); }
+
+    /// Whether a line runs through the whole of what is painted in about this colour.
+    static bool isStruckOut(const QImage& image, const QColor& colour) {
+        int longest = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            int run = 0;
+            for (int x = 0; x < image.width(); ++x) {
+                run = near(image.pixelColor(x, y), colour) ? run + 1 : 0;
+                longest = std::max(longest, run);
+            }
+        }
+        return longest > 40;
+    }
+
+    QImage rowImage(const Node& node) const {
+        return view().viewport()->grab(view().visualRect(index(node))).toImage();
+    }
+
+    void setColours(const QColor& base, const QColor& text, const QColor& highlight) const {
+        QPalette colours;
+        colours.setColor(QPalette::Base, base);
+        colours.setColor(QPalette::Text, text);
+        colours.setColor(QPalette::Highlight, highlight);
+        tree->setPalette(colours);
+    }
+
     ProjectNavigationRowPainter& painter() const {
         return *qobject_cast<ProjectNavigationRowPainter*>(view().itemDelegate());
     }
@@ -211,7 +241,7 @@ TEST_F(NavigationRows, AProjectWithoutItsProjectFileIsRed) {
     const Node missing = project("missing game");
     const Node there = project("HHHHHHHH");
     show({project("Selected"), missing, there});
-    EXPECT_TRUE(near(nameColour(missing), Qt::red));
+    EXPECT_TRUE(near(nameColour(missing), red()));
     EXPECT_TRUE(near(nameColour(there), Qt::black));
 }
 
@@ -225,7 +255,7 @@ TEST_F(NavigationRows, TheRealFileSystemIsAskedWhenNothingElseIsSet) {
     std::filesystem::remove(disk.path() / "Game.kst");
     EXPECT_TRUE(near(nameColour(game), Qt::black)) << "asked again without a reload";
     tree->reloadFileStatusForNavigationContent();
-    EXPECT_TRUE(near(nameColour(game), Qt::red));
+    EXPECT_TRUE(near(nameColour(game), red()));
 }
 
 TEST_F(NavigationRows, OnADarkThemeNamesHaveTheThemesColourAndAReadableRed) {
@@ -250,15 +280,15 @@ TEST_F(NavigationRows, TheSelectedRowOfAMissingFileIsReadOnTheBackgroundOfTheOth
     const QImage image = view().viewport()->grab().toImage();
     const QColor base = view().palette().color(QPalette::Base);
     int plain = 0;
-    int red = 0;
+    int inRed = 0;
     for (int x = row.left(); x <= row.right(); ++x) {
         for (int y = row.top(); y <= row.bottom(); ++y) {
             plain += image.pixelColor(x, y) == base ? 1 : 0;
-            red += near(image.pixelColor(x, y), Qt::red) ? 1 : 0;
+            inRed += near(image.pixelColor(x, y), red()) ? 1 : 0;
         }
     }
     EXPECT_GT(plain, 300);
-    EXPECT_GT(red, 50);
+    EXPECT_GT(inRed, 50);
     // The rest of the row shows that it is selected.
     EXPECT_TRUE(near(image.pixelColor(row.right() - 2, row.center().y()),
                      view().palette().color(QPalette::Highlight)));
@@ -291,12 +321,44 @@ TEST_F(NavigationRows, AMissingFileIsSaidInToolTipAndAccessibleDescription) {
     }
 }
 
+TEST_F(NavigationRows, AMissingFilesNameIsReadOnEveryBackgroundSelectedOrNot) {
+    const Node selected = project("missing selected");
+    const Node other = project("missing other");
+    show({selected, other});
+    ASSERT_EQ(tree->selectedItem(), selected);
+    const QColor white(Qt::white);
+    const QColor black(Qt::black);
+    const QColor grey(0x80, 0x80, 0x80);
+    for (const auto& [base, text] : {std::pair(white, black),
+                                     {QColor(30, 30, 30), white},
+                                     {grey, black},
+                                     {QColor(0x20, 0x40, 0x60), white}}) {
+        for (const QColor& highlight :
+             {QColor(0x30, 0x8c, 0xc6), QColor(0xd0, 0x30, 0x30), grey, QColor(0xf0, 0xe0, 0x60)}) {
+            setColours(base, text, highlight);
+            for (const Node& node : {selected, other}) {
+                const QImage image = rowImage(node);
+                EXPECT_TRUE(isStruckOut(image, readableRed(base)))
+                    << base.name().toStdString() << ' ' << highlight.name().toStdString() << ' '
+                    << node->itemName();
+            }
+        }
+    }
+}
+
+TEST_F(NavigationRows, OnlyAMissingFilesNameIsStruckOut) {
+    const Node missing = project("missing game");
+    const Node there = project("a game that is there");
+    show({project("Selected"), missing, there});
+    EXPECT_TRUE(isStruckOut(rowImage(missing), red()));
+    EXPECT_FALSE(isStruckOut(rowImage(there), Qt::black));
+}
+
 TEST_F(NavigationRows, TheShadesFollowTheBackground) {
     const QColor highlight = QApplication::palette().color(QPalette::Highlight);
-    EXPECT_EQ(ProjectNavigationRowPainter::shade(TextColour::black, highlight, Qt::white),
-              QColor(Qt::white));
-    EXPECT_EQ(ProjectNavigationRowPainter::shade(TextColour::darkGrey, Qt::white, Qt::black),
-              QColor(Qt::darkGray));
+    EXPECT_EQ(shade(TextColour::black, highlight, Qt::white), QColor(Qt::white));
+    EXPECT_EQ(shade(TextColour::darkGrey, Qt::black, Qt::white), QColor(Qt::lightGray));
+    EXPECT_GE(contrast(shade(TextColour::darkGrey, Qt::white, Qt::black), Qt::white), 4.5);
 }
 
 TEST_F(NavigationRows, OnlyVisibleRowsAreLookedForAndOnceAReload) {
