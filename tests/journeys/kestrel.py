@@ -270,8 +270,6 @@ class Kestrel:
         self.desktop.press("ctrl+n")
         self.choose_kind(kind)
         self.finish_wizard(name)
-        if not self.row(name):
-            self.desktop.press("Right")  # in a project that is closed still
         self.wait_for_row(name)
 
     def import_file(self, path):
@@ -281,8 +279,6 @@ class Kestrel:
         self.desktop.type(str(path))
         self.desktop.press("Return")
         self.wait_for_no_dialog()
-        if not self.row(path.name):
-            self.desktop.press("Right")  # in a project that is closed still
         self.wait_for_row(path.name)
 
     def pick_file(self, button, name):

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """Journeys through the navigation tree of a large project."""
-from desktop import wait_for
+from desktop import wait_for, wait_for_files
 from support import JourneyTestCase
 
 WHEEL_DOWN = 5
@@ -19,6 +19,26 @@ class TreeTest(JourneyTestCase):
             self.desktop.xdotool("click", WHEEL_DOWN)
             kestrel.wait_for_rest()
         self.assertEqual(kestrel.quit(), 0)
+
+    def test_a_new_file_is_seen_in_a_closed_project_and_groups_stay_closed(self):
+        kestrel = self.kestrel
+        kestrel.start(self.lay_out_project("Demo", ["old.asm"]))
+        kestrel.select("Demo")
+        self.desktop.press("ctrl+shift+g")
+        kestrel.wait_for_row("Group")
+        self.assertEqual(kestrel.rows(), ["Demo", "Group", "old.asm"])
+        kestrel.collapse("Demo")
+        kestrel.new_file("NES Text Assembly", "main.asm")
+        self.assertEqual(kestrel.rows(), ["Demo", "main.asm", "Group", "old.asm"])
+        self.assertTrue(kestrel.row("Demo").is_("selected"))
+        kestrel.select("Group")
+        self.desktop.press("ctrl+n")
+        kestrel.choose_kind("NES Text Assembly")
+        kestrel.finish_wizard("inner.asm")
+        self.wait_for_file(self.project_folder("Demo") / "inner.asm")
+        wait_for_files("the file in the group", lambda: self.structure("Demo")[2][1] == [
+            "Group", "group", [["inner.asm", "text", []]]])
+        self.assertEqual(kestrel.rows(), ["Demo", "main.asm", "Group", "old.asm"])
 
     def test_a_held_key_repeats_what_is_typed_but_no_command(self):
         kestrel = self.kestrel

@@ -178,18 +178,26 @@ bool ProjectNavigationController::add(const std::shared_ptr<ProjectItem>& newPro
         return false;
     }
     const QModelIndex index = m_outlineView->selectedIndex();
+    QPersistentModelIndex project; // that gets the node
     if (selected->itemFileType() == FileType::group) {
         selected->subItems().push_back(newProjectItem);
     } else if (const std::shared_ptr<ProjectItem> container = m_model->item(index.parent())) {
         ProjectItems& items = container->subItems();
         const int rows = m_outlineView->rowsBelowParent(index, static_cast<int>(items.size()));
         items.insert(at(items, rows), newProjectItem);
+        project = isProject(container) ? index.parent() : QModelIndex();
     } else if (isProject(selected)) {
         ProjectItems& items = selected->subItems();
         items.insert(items.begin(), newProjectItem);
+        project = index;
     }
     // The new row is below the selected one, which so keeps its number.
     reload();
+    // The new row is to be seen. A group stays closed: its rows would change the places of later
+    // nodes, which count the visible rows.
+    if (project.isValid()) {
+        m_outlineView->expand(project);
+    }
     return true;
 }
 

@@ -70,8 +70,9 @@ public:
     /// Inserts a node. A project becomes the topmost one and is selected. Any other node is
     /// inserted at the end of the selected group, at the start of the selected project, or in the
     /// container of the selected file, at the number of visible rows from the container's row to
-    /// the selected one (at most at the end); the selected row stays selected. The caller sets the
-    /// node's `parent`. `row` is not used. False, with a line in the log, without a selected row.
+    /// the selected one (at most at the end); the selected row stays selected. A collapsed project
+    /// that gets the node is expanded, a group is not. The caller sets the node's `parent`. `row`
+    /// is not used. False, with a line in the log, without a selected row.
     bool add(const std::shared_ptr<ProjectItem>& newProjectItem, std::optional<int> row = {});
 
     /// Inserts a node that refers to the file at this path, and reports it to the delegate without

@@ -97,6 +97,52 @@ TEST_F(NavigationInsert, ASelectedProjectGetsTheNodeAsItsFirst) {
     EXPECT_EQ(view().selectedRow(), 1);
 }
 
+TEST_F(NavigationInsert, ACollapsedProjectShowsItsNewFileAndItsGroupsStayCollapsed) {
+    const Node folder = group("Group", {inner});
+    const Node game = project("Game", {folder, b});
+    const Node other = project("Other", {c});
+    show({other, game});
+    click(game);
+    EXPECT_TRUE(tree->add(added));
+    EXPECT_THAT(shown(), ElementsAre("Other", "Game", "  new.asm", "  Group", "  b.asm"));
+    EXPECT_EQ(tree->selectedItem(), game);
+    const Node another = project("Another");
+    tree->add(another);
+    click(another);
+    EXPECT_TRUE(tree->add(deeper));
+    EXPECT_THAT(shown(), ElementsAre("Another", "  deeper.asm", "Other", "Game", "  new.asm",
+                                     "  Group", "  b.asm"));
+}
+
+TEST_F(NavigationInsert, BesideASelectedFileHiddenInACollapsedProjectTheProjectIsExpanded) {
+    const Node folder = group("Group", {inner});
+    const Node game = project("Game", {folder, a, b});
+    show({game});
+    expand(game);
+    click(a);
+    view().collapse(index(game));
+    EXPECT_TRUE(tree->add(added));
+    EXPECT_THAT(shown(), ElementsAre("Game", "  Group", "  a.asm", "  new.asm", "  b.asm"));
+    EXPECT_EQ(tree->selectedItem(), a);
+}
+
+TEST_F(NavigationInsert, AFileForACollapsedGroupExpandsNothing) {
+    const Node folder = group("Group", {a});
+    const Node game = project("Game", {folder, b});
+    show({game});
+    expand(game);
+    click(folder);
+    EXPECT_TRUE(tree->add(added));
+    EXPECT_THAT(shown(), ElementsAre("Game", "  Group", "  b.asm"));
+    expand(folder);
+    click(a);
+    view().collapse(index(folder));
+    view().collapse(index(game));
+    EXPECT_TRUE(tree->add(deeper));
+    EXPECT_THAT(names(folder->subItems()), ElementsAre("a.asm", "deeper.asm", "new.asm"));
+    EXPECT_THAT(shown(), ElementsAre("Game"));
+}
+
 TEST_F(NavigationInsert, ANewProjectGoesOnTopAndIsSelectedAndReported) {
     const Node game = project("Game", {a});
     show({game});
