@@ -83,23 +83,19 @@ CreateNewItemAtPathController::CreateNewItemAtPathController(QWidget* parent)
     : QWidget(parent) {
     setObjectName(QStringLiteral("CreateNewItemAtPathController"));
     buildView();
-    for (QLineEdit* field : {m_fileNameTextField.data(), m_filePathTextField.data()}) {
+    for (QLineEdit* field : {fileNameTextField(), filePathTextField()}) {
         connect(field, &QLineEdit::textChanged, this,
                 [this, field] { controlTextDidChange(field); });
     }
 }
 
 void CreateNewItemAtPathController::buildView() {
-    const auto makeField = [this](const QString& name, const QString& says) {
-        auto* field = new QLineEdit(this);
-        field->setObjectName(name);
-        field->setAccessibleName(says);
-        return field;
-    };
-    m_fileNameTextField = makeField(QStringLiteral("fileNameTextField"), QStringLiteral("Name"));
-    m_filePathTextField =
-        makeField(QStringLiteral("filePathTextField"), QStringLiteral("Location"));
-    m_filePathTextField->setReadOnly(true);
+    m_fileNameTextField = new QLineEdit(this);
+    m_fileNameTextField->setObjectName(QStringLiteral("fileNameTextField"));
+    m_fileNameTextField->setAccessibleName(QStringLiteral("Name"));
+    m_filePathTextField = new PathField(this);
+    m_filePathTextField->setObjectName(QStringLiteral("filePathTextField"));
+    m_filePathTextField->setAccessibleName(QStringLiteral("Location"));
 
     m_existingItemLabel = new QLabel(this);
     m_existingItemLabel->setObjectName(QStringLiteral("existingItemLabel"));
@@ -146,7 +142,7 @@ void CreateNewItemAtPathController::viewDidAppear() {
 void CreateNewItemAtPathController::show(const std::filesystem::path& location) {
     if (m_filePathTextField) {
         const QSignalBlocker ownWrite(m_filePathTextField);
-        m_filePathTextField->setText(QString::fromStdString(pathText(location)));
+        m_filePathTextField->setPath(QString::fromStdString(pathText(location)));
     }
 }
 

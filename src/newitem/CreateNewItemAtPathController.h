@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "widgets/PathField.h"
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -60,7 +62,7 @@ private:
     QPointer<QPushButton> m_backButton;
     QPointer<QPushButton> m_nextButton;
     QPointer<QLineEdit> m_fileNameTextField;
-    QPointer<QLineEdit> m_filePathTextField;
+    QPointer<PathField> m_filePathTextField;
     QPointer<QLabel> m_existingItemLabel;
 };
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "editors/settings/PathField.h"
+#include "widgets/PathField.h"
+
+#include "widgets/Contrast.h"
 
 #include <QPainter>
 #include <QStyleOptionFrame>
@@ -16,6 +18,7 @@ constexpr int TextMargin = 2; // between the field's inner edge and its text, as
 PathField::PathField(QWidget* parent)
     : QLineEdit(parent) {
     setReadOnly(true);
+    setFrame(false);
 }
 
 void PathField::setPath(const QString& path) {
@@ -36,10 +39,18 @@ QRect PathField::textPlace() const {
         .adjusted(TextMargin, 0, -TextMargin, 0);
 }
 
+void PathField::initStyleOption(QStyleOptionFrame* option) const {
+    QLineEdit::initStyleOption(option);
+    option->palette.setBrush(QPalette::Base, option->palette.window());
+}
+
 void PathField::paintEvent(QPaintEvent* event) {
     const QString shown = paintedText();
     if (hasFocus() || shown == text()) {
         QLineEdit::paintEvent(event);
+        if (hasFocus()) {
+            paintFocus();
+        }
         return;
     }
     QStyleOptionFrame option;
@@ -48,6 +59,14 @@ void PathField::paintEvent(QPaintEvent* event) {
     style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(textPlace(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+/// A line around the field, since one that is not typed into shows no cursor.
+void PathField::paintFocus() {
+    QPainter painter(this);
+    painter.setPen(
+        readable(palette().color(QPalette::Highlight), palette().color(backgroundRole())));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 } // namespace kestrel

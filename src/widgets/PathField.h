@@ -5,9 +5,9 @@
 
 namespace kestrel {
 
-/// A field that shows a path which can be selected and copied but not typed. Its text is always the
-/// whole path; where there is no room for it, and while it has no focus, it is painted with its
-/// middle left out.
+/// A field that shows a path which can be selected and copied but not typed, and looks like it: it
+/// has no frame and the background of its window. Its text is always the whole path; where there is
+/// no room for it, and while it has no focus, it is painted with its middle left out.
 class PathField : public QLineEdit {
     Q_OBJECT
 
@@ -20,10 +20,12 @@ public:
     QString paintedText() const;
 
 protected:
+    void initStyleOption(QStyleOptionFrame* option) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     QRect textPlace() const;
+    void paintFocus();
 };
 
 } // namespace kestrel

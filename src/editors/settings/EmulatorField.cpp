@@ -3,17 +3,12 @@
 
 #include "build/NESProjectBuilder.h"
 #include "editors/settings/EmulatorProblem.h"
+#include "widgets/Contrast.h"
 
 #include <QFile>
 #include <QVBoxLayout>
 
 namespace kestrel {
-
-namespace {
-
-const QColor ProblemColour(0xa4, 0x12, 0x12); // readable on white
-
-} // namespace
 
 EmulatorField::EmulatorField(QWidget* parent)
     : SettingField(parent)
@@ -52,8 +47,8 @@ void EmulatorField::setEmulator(const std::optional<std::filesystem::path>& emul
 void EmulatorField::refresh() {
     const auto problem = m_emulator ? emulatorProblem(*m_emulator) : std::nullopt;
     QPalette colours = palette();
-    colours.setColor(QPalette::WindowText,
-                     problem ? ProblemColour : colours.color(QPalette::PlaceholderText));
+    colours.setColor(QPalette::WindowText, problem ? readableRed(colours.color(QPalette::Window))
+                                                   : colours.color(QPalette::PlaceholderText));
     m_problemLabel->setPalette(colours);
     m_problemLabel->setText(m_emulator ? problem.value_or(QString())
                                        : tr("No emulator is set for this project yet."));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "editors/settings/PathField.h"
 #include "editors/settings/SettingField.h"
+#include "widgets/PathField.h"
 
 #include <QPushButton>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "editors/settings/PathField.h"
 #include "editors/settings/ProjectSettingsFixture.h"
+#include "widgets/PathField.h"
 
 #include <QClipboard>
 #include <QDesktopServices>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "editors/settings/EmulatorPanel.h"
-#include "editors/settings/PathField.h"
 #include "editors/settings/ProjectSettingsFixture.h"
 #include "widgets/Contrast.h"
+#include "widgets/PathField.h"
 
 #include <QImage>
 #include <QLabel>
