@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The code editor beside a bare QPlainTextEdit on a source of 221,000 lines: loading it (time and
-// memory), typing at its end, painting the ruler, saving, finding.
+// memory), typing at its end, painting the ruler, saving, finding. Then lines of a megabyte and
+// more.
 #include "EditorViews.h"
 
 #include "editors/code/LineNumberRulerView.h"
@@ -43,6 +44,39 @@ template<typename View> void typeAtTheEnd(benchmark::State& state) {
     }
 }
 
+/// What a line consists of.
+QString longLine(int kind, int megabytes) {
+    const QString unit = kind == 0   ? QStringLiteral("x")
+                         : kind == 1 ? QStringLiteral("word ")
+                         : kind == 2 ? QStringLiteral(" ")
+                                     : QStringLiteral("\u6f22\u5b57");
+    return unit.repeated(megabytes * 1'000'000 / unit.size());
+}
+
+void loadLongLine(benchmark::State& state) {
+    const std::string bytes =
+        longLine(static_cast<int>(state.range(0)), static_cast<int>(state.range(1))).toStdString();
+    for (auto _ : state) {
+        EditorView view;
+        present(view);
+        view.load(bytes);
+        QApplication::processEvents();
+    }
+}
+
+void typeInALongLine(benchmark::State& state) {
+    EditorView view;
+    present(view);
+    view.source().load(
+        longLine(static_cast<int>(state.range(0)), static_cast<int>(state.range(1))));
+    view.moveCursor(QTextCursor::Start);
+    QApplication::processEvents();
+    for (auto _ : state) {
+        QTest::keyClick(&view, Qt::Key_X);
+        QApplication::processEvents();
+    }
+}
+
 void paintRuler(benchmark::State& state) {
     EditorView view;
     present(view);
@@ -72,7 +106,7 @@ void find(benchmark::State& state) {
     EditorView view;
     view.load(bigSource(false));
     for (auto _ : state) {
-        const TextSearch search(*view.document(), {QStringLiteral("NAME_5"), false, false});
+        const TextSearch search(view.source(), {QStringLiteral("NAME_5"), false, false});
         benchmark::DoNotOptimize(search.count());
     }
 }
@@ -88,6 +122,15 @@ BENCHMARK(typeAtTheEnd<EditorView>)->Unit(benchmark::kMicrosecond);
 BENCHMARK(paintRuler)
     ->ArgsProduct({{1000, 9000, 20000, 221000}, {0, 1}})
     ->Unit(benchmark::kMicrosecond);
+// Letters, words, blanks or ideographs; how many megabytes of them.
+BENCHMARK(loadLongLine)
+    ->ArgsProduct({{0, 1, 2, 3}, {1}})
+    ->Args({0, 63})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(typeInALongLine)
+    ->ArgsProduct({{0, 1, 2, 3}, {1}})
+    ->Args({0, 63})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(save)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 BENCHMARK(find)->Unit(benchmark::kMillisecond);
 

@@ -65,6 +65,34 @@ class KeysTest(JourneyTestCase):
         self.wait_for_file(folder / "main.asm", b" nop\r\n rts\r\n\r\nx")
         self.assertEqual(kestrel.quit(), 0)
 
+    def test_a_line_of_a_megabyte_is_edited_and_saved_like_any_other(self):
+        kestrel = self.kestrel
+        folder = self.make_project()
+        data = b"abcdefghijklmno," * 65536
+        path = folder / "main.asm"
+        path.write_bytes(data + b"\r\n nop")
+        kestrel.select("other.asm")
+        wait_for("the other file", lambda: kestrel.code() == "")
+        kestrel.select("main.asm")
+        wait_for("the file", kestrel.code)
+        self.desktop.click(kestrel.source())
+        wait_for("the code editor to have the focus", lambda: kestrel.source().is_("focused"))
+        self.desktop.press("ctrl+Home", "x", "End", "y", "ctrl+s")
+        start = "x" + data.decode()
+        wait_for("the file to be saved", lambda: len(path.read_bytes()) == len(data) + 8)
+        row = path.read_text(encoding="utf-8", newline="").index("y")
+        self.assertEqual(path.read_bytes(), (start[:row] + "y" + start[row:]).encode() + b"\r\n nop")
+        self.desktop.press("ctrl+l")
+        wait_for("the bar", lambda: kestrel.main_window().find("text", "Line number"))
+        self.desktop.type("2\n")
+        self.desktop.press("z", "ctrl+s")
+        self.wait_for_file(path, (start[:row] + "y" + start[row:]).encode() + b"\r\nz nop")
+        self.desktop.press("ctrl+Home", "ctrl+k", "ctrl+s")
+        self.wait_for_file(path, b"\r\nz nop")
+        self.desktop.press("ctrl+z", "ctrl+s")
+        self.wait_for_file(path, (start[:row] + "y" + start[row:]).encode() + b"\r\nz nop")
+        self.assertEqual(kestrel.quit(), 0)
+
     def tab_to(self, role, name):
         """Presses Tab until a widget of the dialog has the focus."""
         for _ in range(10):

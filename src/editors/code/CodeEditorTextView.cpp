@@ -2,6 +2,7 @@
 #include "editors/code/CodeEditorTextView.h"
 
 #include "editors/code/CharacterPosition.h"
+#include "editors/code/LinePieces.h"
 #include "widgets/FixedFont.h"
 
 #include <QFontMetricsF>
@@ -29,7 +30,7 @@ QFont codeFont() {
     return font;
 }
 
-/// Whether typed text needs more than Qt's own insertion.
+/// Whether text holds what the document has in another form.
 bool needsConversion(const QString& text) {
     return std::ranges::any_of(text, [](QChar c) {
         return c.isSurrogate() || c == u'\n' || c == u'\r' || c.unicode() == 0x2028 ||
@@ -46,7 +47,7 @@ bool isTab(const QKeyEvent& event) {
 CodeEditorTextView::CodeEditorTextView(QWidget* parent)
     : LineNumberedTextView(parent)
     , m_source(*document())
-    , m_loneReturns(*document(), m_source) {
+    , m_lineCount(*document(), m_source) {
     setObjectName(QStringLiteral("codeEditor"));
     setAccessibleName(tr("Source text"));
     setLineWrapMode(QPlainTextEdit::WidgetWidth);
@@ -55,7 +56,7 @@ CodeEditorTextView::CodeEditorTextView(QWidget* parent)
     setFont(codeFont());
     updateTabWidth();
     connect(document(), &QTextDocument::contentsChange, this,
-            [this](int position) { m_loneReturns.changedFrom(position); });
+            [this](int position) { m_lineCount.changedFrom(position); });
 }
 
 void CodeEditorTextView::insertTab() {
@@ -68,7 +69,7 @@ void CodeEditorTextView::insertTab() {
 void CodeEditorTextView::insertNewline() {
     QTextCursor cursor = textCursor();
     const int caret = cursor.selectionStart();
-    const int column = caret - document()->findBlock(caret).position();
+    const int column = caret - firstPiece(document()->findBlock(caret)).position();
     const int tabs = std::min(findLastTabItem(caret), column);
     m_source.insertNewline(cursor, QString(tabs, u'\t'));
     setTextCursor(cursor);
@@ -77,9 +78,32 @@ void CodeEditorTextView::insertNewline() {
 
 int CodeEditorTextView::findLastTabItem(int caretPosition) const {
     const QTextBlock line = document()->findBlock(caretPosition);
-    return line.isValid()
-               ? characterRowAndLineAt({line.text()}, caretPosition - line.position()).tabs
-               : 0;
+    if (!line.isValid()) {
+        return 0;
+    }
+    int tabs = 0;
+    QTextBlock piece = firstPiece(line);
+    while (true) {
+        const QString text = piece.text();
+        const int more = characterRowAndLineAt({text}, 0).tabs;
+        tabs += more;
+        piece = piece.next();
+        if (more < text.size() || !continuesLine(piece)) {
+            return tabs;
+        }
+    }
+}
+
+int CodeEditorTextView::lineAt(int position) const {
+    return m_lineCount.lineOf(document()->findBlock(position));
+}
+
+int CodeEditorTextView::startOfLine(int line) const {
+    return m_lineCount.blockOf(line).position();
+}
+
+int CodeEditorTextView::lineCount() const {
+    return m_lineCount.lines();
 }
 
 void CodeEditorTextView::zoomBy(int steps) {
@@ -93,7 +117,7 @@ void CodeEditorTextView::zoomToActualSize() {
 }
 
 int CodeEditorTextView::startNumber(const QTextBlock& firstVisible) const {
-    return LineNumberedTextView::startNumber(firstVisible) - m_loneReturns.before(firstVisible);
+    return m_lineCount.lineOf(firstVisible) + 1 - m_lineCount.loneReturnsBefore(firstVisible);
 }
 
 void CodeEditorTextView::keyPressEvent(QKeyEvent* event) {
@@ -114,17 +138,90 @@ void CodeEditorTextView::keyPressEvent(QKeyEvent* event) {
         }
         event->accept();
     } else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter &&
-               needsConversion(event->text()) &&
+               needsOwnInsertion(event->text()) &&
                (event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) == 0) {
         insertText(event->text());
         event->accept();
+    } else if (mayUnsettlePieces(textCursor()) && deleteInLongLine(*event)) {
+        event->accept();
     } else {
-        LineNumberedTextView::keyPressEvent(event);
+        moveByKey(*event);
+    }
+}
+
+/// Whether typed text needs more than Qt's own insertion.
+bool CodeEditorTextView::needsOwnInsertion(const QString& text) const {
+    const bool makesLineLong = !text.isEmpty() && text[0].isPrint() &&
+                               textCursor().block().length() + text.size() > LongestPiece;
+    return makesLineLong || needsConversion(text);
+}
+
+/// Does what a key deletes, as one edit that cutting and joining pieces can become a part of, and
+/// as if there were no seams. False for a key that deletes nothing.
+bool CodeEditorTextView::deleteInLongLine(const QKeyEvent& event) {
+    QTextCursor cursor = textCursor();
+    const bool isCut = event.matches(QKeySequence::Cut) && cursor.hasSelection();
+    const bool startOfWord = event.matches(QKeySequence::DeleteStartOfWord);
+    const bool endOfWord = event.matches(QKeySequence::DeleteEndOfWord);
+    const bool endOfLine = event.matches(QKeySequence::DeleteEndOfLine);
+    const bool backspace =
+        event.key() == Qt::Key_Backspace &&
+        (event.modifiers() & ~(Qt::ShiftModifier | Qt::GroupSwitchModifier)) == Qt::NoModifier;
+    if (!isCut && !startOfWord && !endOfWord && !endOfLine && !backspace &&
+        !event.matches(QKeySequence::Delete)) {
+        return false;
+    }
+    if (isCut) {
+        copy();
+    }
+    cursor.beginEditBlock();
+    if (endOfLine && continuesLine(cursor.block().next())) {
+        const QTextBlock last = lastPiece(cursor.block());
+        cursor.setPosition(last.position() + last.length() - 1, QTextCursor::KeepAnchor);
+    } else if (!cursor.hasSelection() && (startOfWord || backspace)) {
+        if (cursor.atBlockStart() && continuesLine(cursor.block())) {
+            cursor.setPosition(cursor.position() - 1);
+        }
+        cursor.movePosition(startOfWord ? QTextCursor::PreviousWord : QTextCursor::NoMove,
+                            QTextCursor::KeepAnchor);
+    } else if (!cursor.hasSelection()) {
+        if (cursor.atBlockEnd() && continuesLine(cursor.block().next())) {
+            cursor.setPosition(cursor.position() + 1);
+        }
+        const bool toEnd = endOfLine && !cursor.atBlockEnd();
+        cursor.movePosition(endOfWord ? QTextCursor::NextWord
+                            : toEnd   ? QTextCursor::EndOfBlock
+                                      : QTextCursor::NextCharacter,
+                            QTextCursor::KeepAnchor);
+    }
+    if (cursor.hasSelection()) {
+        cursor.removeSelectedText();
+    } else if (backspace) {
+        cursor.deletePreviousChar(); // of a cluster only its last character
+    }
+    cursor.endEditBlock();
+    setTextCursor(cursor);
+    ensureCursorVisible();
+    return true;
+}
+
+/// Leaves a key to Qt; again where it moved the caret over nothing but a seam.
+void CodeEditorTextView::moveByKey(QKeyEvent& event) {
+    const int revision = document()->revision();
+    const int start = textCursor().position();
+    LineNumberedTextView::keyPressEvent(&event);
+    const int place = textCursor().position();
+    if (document()->revision() != revision || std::abs(place - start) != 1) {
+        return;
+    }
+    const QTextBlock behind = document()->findBlock(std::max(start, place));
+    if (behind.position() == std::max(start, place) && continuesLine(behind)) {
+        LineNumberedTextView::keyPressEvent(&event);
     }
 }
 
 void CodeEditorTextView::inputMethodEvent(QInputMethodEvent* event) {
-    if (isReadOnly() || !needsConversion(event->commitString())) {
+    if (isReadOnly() || !needsOwnInsertion(event->commitString())) {
         LineNumberedTextView::inputMethodEvent(event);
         return;
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editors/code/LineCount.h"
 #include "editors/code/LineNumberedTextView.h"
-#include "editors/code/LoneReturnCount.h"
 #include "editors/code/SourceDocument.h"
 
 namespace kestrel {
@@ -30,6 +30,12 @@ public:
     /// The number of tabs that the line at a position of the document begins with; 0 outside of it.
     int findLastTabItem(int caretPosition) const;
 
+    /// The line at a position of the document, the first position of a line (both counted from 0),
+    /// and the number of lines, whatever the document keeps long lines in.
+    int lineAt(int position) const;
+    int startOfLine(int line) const;
+    int lineCount() const;
+
     /// How often a tab left the caret at the very start, which inserting one never does.
     int tabCounter = 0;
 
@@ -49,10 +55,13 @@ protected:
 
 private:
     void insertText(const QString& text);
+    bool needsOwnInsertion(const QString& text) const;
+    bool deleteInLongLine(const QKeyEvent& event);
+    void moveByKey(QKeyEvent& event);
     void updateTabWidth();
 
     SourceDocument m_source;
-    mutable LoneReturnCount m_loneReturns;
+    mutable LineCount m_lineCount;
     int m_wheelRest = 0;
 };
 

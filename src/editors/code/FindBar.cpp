@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "editors/code/FindBar.h"
 
-#include "editors/code/DocumentCharacters.h"
+#include "editors/code/CodeEditorTextView.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QStyle>
 #include <QTextBlock>
@@ -40,7 +39,7 @@ QToolButton* addButton(QHBoxLayout& row, const QString& objectName, const QStrin
 
 } // namespace
 
-FindBar::FindBar(QPlainTextEdit& view, QWidget* parent)
+FindBar::FindBar(CodeEditorTextView& view, QWidget* parent)
     : QWidget(parent)
     , m_view(view)
     , m_termEdit(new QLineEdit(this))
@@ -101,9 +100,11 @@ void FindBar::buildRow() {
 
 void FindBar::open() {
     const QTextCursor cursor = m_view.textCursor();
-    const QString selected = cursor.selectedText();
-    if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator)) {
-        m_termEdit->setText(fromDocumentCharacters(selected));
+    const QString selected = SourceDocument::selectedText(cursor);
+    // The field would cut a term off that is longer than it holds.
+    if (!selected.isEmpty() && selected.size() <= m_termEdit->maxLength() &&
+        !selected.contains(u'\n')) {
+        m_termEdit->setText(selected);
     }
     show();
     m_termEdit->setFocus(Qt::ShortcutFocusReason);
@@ -165,9 +166,8 @@ void FindBar::textChanged() {
 void FindBar::select(std::optional<int> match) {
     QTextCursor cursor = m_view.textCursor();
     if (match) {
-        const int position = search().position(*match);
-        cursor.setPosition(position);
-        cursor.setPosition(position + search().length(), QTextCursor::KeepAnchor);
+        cursor.setPosition(search().position(*match));
+        cursor.setPosition(search().end(*match), QTextCursor::KeepAnchor);
     } else {
         cursor.setPosition(cursor.selectionStart());
     }
@@ -192,7 +192,7 @@ void FindBar::showCount() {
 
 const TextSearch& FindBar::search() {
     if (!m_search) {
-        m_search.emplace(*m_view.document(), term());
+        m_search.emplace(m_view.source(), term());
     }
     return *m_search;
 }

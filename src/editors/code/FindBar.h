@@ -12,9 +12,10 @@
 class QCheckBox;
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 
 namespace kestrel {
+
+class CodeEditorTextView;
 
 /// The bar below a text view that finds text in it: searches while one types, steps from match to
 /// match around the whole text, and shows which of how many is selected.
@@ -23,7 +24,7 @@ class FindBar : public QWidget {
 
 public:
     /// A hidden bar for `view`, which must outlive it.
-    FindBar(QPlainTextEdit& view, QWidget* parent);
+    FindBar(CodeEditorTextView& view, QWidget* parent);
 
     /// Shows the bar with the selected text, if that is within a line, as the term.
     void open();
@@ -48,7 +49,7 @@ private:
     const TextSearch& search();
     SearchTerm term() const;
 
-    QPlainTextEdit& m_view;
+    CodeEditorTextView& m_view;
     QLineEdit* m_termEdit;
     QLabel* m_countLabel;
     QCheckBox* m_matchCase;

@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "editors/code/GoToLineBar.h"
 
+#include "editors/code/CodeEditorTextView.h"
+
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
-#include <QTextBlock>
 
 #include <algorithm>
 #include <limits>
 
 namespace kestrel {
 
-GoToLineBar::GoToLineBar(QPlainTextEdit& view, QWidget* parent)
+GoToLineBar::GoToLineBar(CodeEditorTextView& view, QWidget* parent)
     : QWidget(parent)
     , m_view(view)
     , m_lineEdit(new QLineEdit(this))
@@ -45,8 +45,8 @@ GoToLineBar::GoToLineBar(QPlainTextEdit& view, QWidget* parent)
 }
 
 void GoToLineBar::open() {
-    m_lineEdit->setText(QString::number(m_view.textCursor().blockNumber() + 1));
-    m_countLabel->setText(tr("of %1").arg(m_view.blockCount()));
+    m_lineEdit->setText(QString::number(m_view.lineAt(m_view.textCursor().position()) + 1));
+    m_countLabel->setText(tr("of %1").arg(m_view.lineCount()));
     show();
     m_lineEdit->setFocus(Qt::ShortcutFocusReason);
     m_lineEdit->selectAll();
@@ -76,8 +76,9 @@ void GoToLineBar::go() {
     bool fits = false;
     const int wanted = text.toInt(&fits);
     const int line =
-        std::clamp(fits ? wanted : std::numeric_limits<int>::max(), 1, m_view.blockCount());
-    QTextCursor cursor(m_view.document()->findBlockByNumber(line - 1));
+        std::clamp(fits ? wanted : std::numeric_limits<int>::max(), 1, m_view.lineCount());
+    QTextCursor cursor = m_view.textCursor();
+    cursor.setPosition(m_view.startOfLine(line - 1));
     m_view.setTextCursor(cursor);
     m_view.centerCursor();
     closeBar();

@@ -5,9 +5,10 @@
 
 class QLabel;
 class QLineEdit;
-class QPlainTextEdit;
 
 namespace kestrel {
+
+class CodeEditorTextView;
 
 /// The bar below a text view that asks for a line number and moves the caret to that line.
 class GoToLineBar : public QWidget {
@@ -15,7 +16,7 @@ class GoToLineBar : public QWidget {
 
 public:
     /// A hidden bar for `view`, which must outlive it.
-    GoToLineBar(QPlainTextEdit& view, QWidget* parent);
+    GoToLineBar(CodeEditorTextView& view, QWidget* parent);
 
     /// Shows the bar with the caret's line.
     void open();
@@ -29,7 +30,7 @@ protected:
 private:
     void go();
 
-    QPlainTextEdit& m_view;
+    CodeEditorTextView& m_view;
     QLineEdit* m_lineEdit;
     QLabel* m_countLabel;
 };

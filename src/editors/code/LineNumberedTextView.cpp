@@ -2,6 +2,7 @@
 #include "editors/code/LineNumberedTextView.h"
 
 #include "editors/code/LineNumberRulerView.h"
+#include "editors/code/LinePieces.h"
 
 #include <QEvent>
 #include <QFontDatabase>
@@ -83,7 +84,8 @@ std::vector<ScreenLine> LineNumberedTextView::visibleScreenLines() const {
     const qreal bottom = viewport()->height();
     qreal top = blockBoundingGeometry(block).translated(contentOffset()).top();
     int number = startNumber(block);
-    for (; block.isValid() && top < bottom; block = block.next()) {
+    while (block.isValid() && top < bottom) {
+        const bool beginsLine = !continuesLine(block);
         const qreal height = blockBoundingRect(block).height(); // lays the block out
         const QTextLayout& layout = *block.layout();
         for (int i = firstLineBelow(layout, -top); i < layout.lineCount(); ++i) {
@@ -91,10 +93,11 @@ std::vector<ScreenLine> LineNumberedTextView::visibleScreenLines() const {
             if (lineTop >= bottom) {
                 break;
             }
-            lines.push_back({i == 0 ? std::optional(number) : std::nullopt, lineTop});
+            lines.push_back({i == 0 && beginsLine ? std::optional(number) : std::nullopt, lineTop});
         }
         top += height;
-        ++number;
+        block = block.next();
+        number += continuesLine(block) ? 0 : 1;
     }
     return lines;
 }

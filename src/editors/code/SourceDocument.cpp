@@ -2,6 +2,7 @@
 #include "editors/code/SourceDocument.h"
 
 #include "editors/code/DocumentCharacters.h"
+#include "editors/code/LinePieces.h"
 #include "editors/code/LineReader.h"
 
 #include <QTextBlock>
@@ -11,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 #include <vector>
 
 namespace kestrel {
@@ -84,12 +86,21 @@ CommonLines commonLines(const Lines& former, const Lines& present) {
 } // namespace
 
 SourceDocument::SourceDocument(QTextDocument& document)
-    : m_document(document) {}
+    : m_document(document) {
+    QObject::connect(&m_document, &QTextDocument::contentsChange, &m_receiver,
+                     [this](int position, int /*removed*/, int added) {
+                         m_changedFrom = position;
+                         m_changedTo = position + added;
+                     });
+    QObject::connect(&m_document, &QTextDocument::contentsChanged, &m_receiver,
+                     [this] { settle(); });
+}
 
 void SourceDocument::load(const QString& text) {
     m_unmarked = usualLineEnd(text);
     m_usual = m_unmarked;
     m_hasMarks = false;
+    m_mayHavePieces = false;
     m_mayHaveLoneReturns = m_unmarked == LineEnd::cr;
     m_document.setUndoRedoEnabled(false);
     QTextCursor cursor(&m_document);
@@ -110,16 +121,14 @@ bool SourceDocument::update(const QString& text) {
     const Lines present = linesOf(text);
     // A lone CR before an empty line that ends in LF reads as one line end, but is two lines of the
     // document. Then its lines have other numbers, and all are replaced.
-    const CommonLines common = std::ssize(former) == m_document.blockCount()
-                                   ? commonLines(former, present)
-                                   : CommonLines();
+    const CommonLines common =
+        std::ssize(former) == lineCount() ? commonLines(former, present) : CommonLines();
     const auto firstAfter = std::ssize(former) - common.after;
     QTextCursor cursor(&m_document);
     cursor.beginEditBlock();
-    cursor.setPosition(m_document.findBlockByNumber(static_cast<int>(common.before)).position());
+    cursor.setPosition(blockOfLine(common.before).position());
     if (common.after > 0) {
-        cursor.setPosition(m_document.findBlockByNumber(static_cast<int>(firstAfter)).position(),
-                           QTextCursor::KeepAnchor);
+        cursor.setPosition(blockOfLine(firstAfter).position(), QTextCursor::KeepAnchor);
     } else {
         cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
     }
@@ -138,22 +147,40 @@ bool SourceDocument::update(const QString& text) {
 
 /// Inserts lines whose ends are those of a file. Runs of lines that need no mark go in at once.
 void SourceDocument::insertLines(QTextCursor& cursor, QStringView text) {
-    const QTextCharFormat plain;
     const QChar* runStart = text.begin();
-    const auto insertRun = [&](const QChar* end) {
-        if (end != runStart) {
-            cursor.insertText(toDocumentCharacters(QString(runStart, end - runStart)), plain);
-        }
-    };
     LineReader reader(text);
     while (const auto line = reader.next()) {
         if (line->end && *line->end != m_unmarked) {
-            insertRun(line->text.end());
+            insertRun(cursor, QStringView(runStart, line->text.end()), QTextCharFormat());
             cursor.insertBlock(QTextBlockFormat(), formatOf(*line->end));
             runStart = line->text.end() + bytesOf(*line->end).size();
         }
     }
-    insertRun(text.end());
+    insertRun(cursor, QStringView(runStart, text.end()), QTextCharFormat());
+}
+
+/// Inserts lines whose ends all get the same format; the long ones in pieces.
+void SourceDocument::insertRun(QTextCursor& cursor, QStringView text,
+                               const QTextCharFormat& format) {
+    const QChar* start = text.begin();
+    const auto insertUpTo = [&](const QChar* end) {
+        if (end != start) {
+            cursor.insertText(toDocumentCharacters(QString(start, end - start)), format);
+            start = end;
+        }
+    };
+    LineReader reader(text);
+    while (const auto line = text.size() > LongestPiece ? reader.next() : std::nullopt) {
+        QStringView rest = line->text;
+        while (rest.size() > LongestPiece) {
+            rest = rest.sliced(pieceLength(rest));
+            insertUpTo(rest.begin());
+            cursor.insertBlock(QTextBlockFormat(), seamFormat());
+            m_hasMarks = true;
+            m_mayHavePieces = true;
+        }
+    }
+    insertUpTo(text.end());
 }
 
 QString SourceDocument::text() const {
@@ -174,17 +201,54 @@ QString SourceDocument::text() const {
         if (separator < 0) {
             return result;
         }
-        result += textOf(m_hasMarks ? lineEnd(line).value_or(m_unmarked) : m_unmarked);
-        if (m_hasMarks) {
+        if (!m_hasMarks) {
+            result += textOf(m_unmarked);
+        } else {
+            if (const auto end = lineEnd(line)) {
+                result += textOf(*end);
+            }
             line = line.next();
         }
         start = separator + 1;
     }
 }
 
+SourceDocument::Joined SourceDocument::joined() const {
+    Joined joined{m_document.toRawText(), {}};
+    if (!m_mayHavePieces) {
+        return joined;
+    }
+    const QString raw = std::exchange(joined.characters, QString());
+    joined.characters.reserve(raw.size());
+    for (QTextBlock block = m_document.begin(); block.isValid(); block = block.next()) {
+        if (continuesLine(block)) {
+            joined.characters.chop(1); // the separator
+            joined.seams.push_back(joined.characters.size());
+        }
+        joined.characters += QStringView(raw).sliced(block.position()).first(block.length() - 1);
+        joined.characters += Separator;
+    }
+    joined.characters.chop(1);
+    return joined;
+}
+
 QString SourceDocument::selectedText(const QTextCursor& cursor) {
-    QString text = cursor.selectedText();
-    text.replace(Separator, u'\n');
+    const QString selected = cursor.selectedText();
+    QString text;
+    text.reserve(selected.size());
+    QTextBlock block;
+    qsizetype start = 0;
+    for (qsizetype separator = selected.indexOf(Separator); separator >= 0;
+         separator = selected.indexOf(Separator, start)) {
+        text += QStringView(selected).sliced(start, separator - start);
+        block = block.isValid() ? block.next()
+                                : cursor.document()->findBlock(cursor.selectionStart()).next();
+        if (!continuesLine(block)) {
+            text += u'\n';
+        }
+        start = separator + 1;
+    }
+    text += QStringView(selected).sliced(start);
     return fromDocumentCharacters(std::move(text));
 }
 
@@ -192,7 +256,7 @@ void SourceDocument::insert(QTextCursor& cursor, const QString& text) {
     cursor.beginEditBlock();
     cursor.removeSelectedText();
     // The mark is read of separators only, so the text between them may carry it, too.
-    cursor.insertText(toDocumentCharacters(text), formatOf(lineEndForSplit(cursor.block())));
+    insertRun(cursor, text, formatOf(lineEndForSplit(cursor.block())));
     cursor.endEditBlock();
 }
 
@@ -213,7 +277,7 @@ void SourceDocument::insertNewline(QTextCursor& cursor, const QString& indentati
 
 std::optional<LineEnd> SourceDocument::lineEnd(const QTextBlock& line) const {
     const QTextBlock next = line.next();
-    if (!next.isValid()) {
+    if (!next.isValid() || (m_mayHavePieces && continuesLine(next))) {
         return std::nullopt;
     }
     // A block's own character format is that of the separator before it.
@@ -233,10 +297,46 @@ QTextCharFormat SourceDocument::formatOf(LineEnd end) {
     return format;
 }
 
-/// What the first part of `line` ends in when it is split: the line's own end, for the last line
-/// the end before it, for an only line what the file had.
-LineEnd SourceDocument::lineEndForSplit(const QTextBlock& line) const {
-    return lineEnd(line).value_or(lineEnd(line.previous()).value_or(m_usual));
+/// What the first part of a block's line ends in when it is split: the line's own end, for the last
+/// line the end before it, for an only line what the file had.
+LineEnd SourceDocument::lineEndForSplit(const QTextBlock& block) const {
+    return lineEnd(lastPiece(block))
+        .value_or(lineEnd(firstPiece(block).previous()).value_or(m_usual));
+}
+
+/// The first piece of a line of the document, counted from 0.
+QTextBlock SourceDocument::blockOfLine(qsizetype line) const {
+    if (!m_mayHavePieces) {
+        return m_document.findBlockByNumber(static_cast<int>(line));
+    }
+    QTextBlock block = m_document.begin();
+    for (qsizetype i = 0; i < line; ++i) {
+        block = lastPiece(block).next();
+    }
+    return block;
+}
+
+/// How many lines the document has.
+qsizetype SourceDocument::lineCount() const {
+    qsizetype count = m_document.blockCount();
+    for (QTextBlock block = m_document.begin(); m_mayHavePieces && block.isValid();
+         block = block.next()) {
+        count -= continuesLine(block) ? 1 : 0;
+    }
+    return count;
+}
+
+/// Follows an edit. What comes out of the undo history was settled when it went in.
+void SourceDocument::settle() {
+    if (m_settling || m_document.isRedoAvailable()) {
+        return;
+    }
+    m_settling = true;
+    if (settlePieces(m_document, m_changedFrom, m_changedTo)) {
+        m_hasMarks = true;
+        m_mayHavePieces = true;
+    }
+    m_settling = false;
 }
 
 } // namespace kestrel

@@ -3,9 +3,11 @@
 
 #include "editors/code/LineEnd.h"
 
+#include <QObject>
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 class QTextBlock;
 class QTextCharFormat;
@@ -32,6 +34,14 @@ public:
     /// The text with the line ends of a file.
     QString text() const;
 
+    /// The document's characters without the seams between the pieces of lines.
+    struct Joined {
+        QString characters;
+        /// Where in the characters there is a seam, in order.
+        std::vector<qsizetype> seams;
+    };
+    Joined joined() const;
+
     /// A stretch of the text, with LF for every line end: the form for the clipboard.
     static QString selectedText(const QTextCursor& cursor);
 
@@ -44,22 +54,35 @@ public:
     /// `indentation`, as one edit.
     void insertNewline(QTextCursor& cursor, const QString& indentation);
 
-    /// How a line ends; nothing for the last one.
+    /// How the line ends that a block is the last piece of; nothing for the last line, and for the
+    /// further pieces of a line.
     std::optional<LineEnd> lineEnd(const QTextBlock& line) const;
 
     /// Whether lines that end in a lone CR may be there; never false when they are.
     bool mayHaveLoneReturns() const { return m_mayHaveLoneReturns; }
 
+    /// Whether lines in several pieces may be there; never false when they are.
+    bool mayHavePieces() const { return m_mayHavePieces; }
+
 private:
     QTextCharFormat formatOf(LineEnd end);
-    LineEnd lineEndForSplit(const QTextBlock& line) const;
+    LineEnd lineEndForSplit(const QTextBlock& block) const;
     void insertLines(QTextCursor& cursor, QStringView text);
+    void insertRun(QTextCursor& cursor, QStringView text, const QTextCharFormat& format);
+    QTextBlock blockOfLine(qsizetype line) const;
+    qsizetype lineCount() const;
+    void settle();
 
     QTextDocument& m_document;
     LineEnd m_unmarked = LineEnd::lf; // what a separator without a mark stands for
     LineEnd m_usual = LineEnd::lf;    // the file's most frequent one, as it was read last
     bool m_hasMarks = false;          // stays set once there was one: undo may bring it back
     bool m_mayHaveLoneReturns = false;
+    bool m_mayHavePieces = false; // stays set, too
+    bool m_settling = false;
+    int m_changedFrom = 0;
+    int m_changedTo = 0;
+    QObject m_receiver; // of the document's signals
 };
 
 } // namespace kestrel

@@ -2,9 +2,9 @@
 #include "editors/code/TextSearch.h"
 
 #include "editors/code/DocumentCharacters.h"
+#include "editors/code/SourceDocument.h"
 
 #include <QStringMatcher>
-#include <QTextDocument>
 
 #include <algorithm>
 
@@ -28,14 +28,15 @@ bool isWholeWord(QStringView text, qsizetype start, qsizetype end) {
 
 } // namespace
 
-TextSearch::TextSearch(const QTextDocument& document, const SearchTerm& term) {
+TextSearch::TextSearch(const SourceDocument& document, const SearchTerm& term) {
     const QString wanted = toDocumentCharacters(term.text);
     if (wanted.isEmpty()) {
         return;
     }
-    m_length = static_cast<int>(wanted.size());
+    const qsizetype length = wanted.size();
     // Lines are separated by a character that no term can hold, so no match runs over a line's end.
-    const QString text = document.toRawText();
+    const auto [text, seams] = document.joined();
+    auto seam = seams.begin(); // the first one behind the place
     const QStringMatcher matcher(wanted, term.matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive);
     qsizetype place = matcher.indexIn(text);
     while (place >= 0) {
@@ -43,11 +44,18 @@ TextSearch::TextSearch(const QTextDocument& document, const SearchTerm& term) {
         const bool splitsPair =
             place > 0 && text[place].isLowSurrogate() && text[place - 1].isHighSurrogate();
         const bool counts =
-            !splitsPair && (!term.wholeWords || isWholeWord(text, place, place + m_length));
+            !splitsPair && (!term.wholeWords || isWholeWord(text, place, place + length));
         if (counts) {
-            m_positions.push_back(static_cast<int>(place));
+            // In the document every seam before a place moves it on by one.
+            const auto inDocument = [&](qsizetype offset) {
+                return static_cast<int>(offset + (seam - seams.begin()));
+            };
+            seam = std::upper_bound(seam, seams.end(), place);
+            m_positions.push_back(inDocument(place));
+            seam = std::lower_bound(seam, seams.end(), place + length);
+            m_ends.push_back(inDocument(place + length));
         }
-        place = matcher.indexIn(text, place + (counts ? m_length : 1));
+        place = matcher.indexIn(text, place + (counts ? length : 1));
     }
 }
 

@@ -6,15 +6,15 @@
 #include <optional>
 #include <vector>
 
-class QTextDocument;
-
 namespace kestrel {
+
+class SourceDocument;
 
 /// All occurrences of a term in a document, none overlapping another.
 class TextSearch {
 public:
     /// Searches at once; later changes do not affect the result. An empty term has no occurrence.
-    TextSearch(const QTextDocument& document, const SearchTerm& term);
+    TextSearch(const SourceDocument& document, const SearchTerm& term);
 
     int count() const { return static_cast<int>(m_positions.size()); }
 
@@ -28,14 +28,14 @@ public:
     /// The index of the match that begins at `position`.
     std::optional<int> at(int position) const;
 
+    /// Where a match begins and ends in the document. One that runs over a seam in its line is
+    /// longer there than the term.
     int position(int index) const { return m_positions[static_cast<std::size_t>(index)]; }
-
-    /// The length of every match, in the document's characters.
-    int length() const { return m_length; }
+    int end(int index) const { return m_ends[static_cast<std::size_t>(index)]; }
 
 private:
     std::vector<int> m_positions;
-    int m_length = 0;
+    std::vector<int> m_ends;
 };
 
 } // namespace kestrel

@@ -202,7 +202,7 @@ TEST_F(EditorBars, TypingATermSearchesFromWhereTheCaretIsNow) {
 TEST_F(EditorBars, FindNeverSelectsHalfOfACharacter) {
     // The second half of U+1F428 looks like the stand-in for U+2028.
     load(QStringLiteral("a\U0001F428b\u2028c"));
-    const TextSearch search(*editor().document(), {QString(QChar(0x2028)), false, false});
+    const TextSearch search(editor().source(), {QString(QChar(0x2028)), false, false});
     ASSERT_TRUE(search.atOrAfter(0));
     EXPECT_EQ(search.position(*search.atOrAfter(0)), 4);
     EXPECT_EQ(search.atOrAfter(5), search.atOrAfter(0)) << "there is no other";
@@ -302,10 +302,12 @@ TEST_F(EditorBars, EveryControlHasANameForEverybody) {
 
 TEST(TextSearch, MatchesDoNotOverlapAndDoNotRunOverLineEnds) {
     QTextDocument document(QStringLiteral("aaaa\naa"));
-    const TextSearch search(document, {QStringLiteral("aa"), true, false});
+    const SourceDocument source(document);
+    const TextSearch search(source, {QStringLiteral("aa"), true, false});
     ASSERT_EQ(search.count(), 3);
     EXPECT_EQ(search.position(1), 2);
     EXPECT_EQ(search.position(2), 5);
+    EXPECT_EQ(search.end(2), 7);
     EXPECT_EQ(search.atOrAfter(3), 2);
     EXPECT_EQ(search.atOrAfter(6), 0);
     EXPECT_EQ(search.before(0), 2);
@@ -316,11 +318,12 @@ TEST(TextSearch, MatchesDoNotOverlapAndDoNotRunOverLineEnds) {
 
 TEST(TextSearch, AnEmptyTermAndAnEmptyTextHaveNoMatches) {
     QTextDocument document;
-    EXPECT_EQ(TextSearch(document, {QStringLiteral("a"), false, false}).count(), 0);
+    const SourceDocument source(document);
+    EXPECT_EQ(TextSearch(source, {QStringLiteral("a"), false, false}).count(), 0);
     document.setPlainText(QStringLiteral("abc"));
-    EXPECT_EQ(TextSearch(document, {}).count(), 0);
-    EXPECT_EQ(TextSearch(document, {}).atOrAfter(0), std::nullopt);
-    EXPECT_EQ(TextSearch(document, {}).before(0), std::nullopt);
+    EXPECT_EQ(TextSearch(source, {}).count(), 0);
+    EXPECT_EQ(TextSearch(source, {}).atOrAfter(0), std::nullopt);
+    EXPECT_EQ(TextSearch(source, {}).before(0), std::nullopt);
 }
 
 } // namespace

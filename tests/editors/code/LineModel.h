@@ -22,6 +22,8 @@ public:
     /// UTF-16 units, one for each line end.
     int length() const;
 
+    int lineCount() const { return static_cast<int>(m_lines.size()); }
+
     /// Puts `text` in place of a range. Each new line takes the end of the line that is split: its
     /// own, or for a last line that of the line before, or for an only line the most frequent one
     /// of the text that the model was made of (LF in a tie and without any).

@@ -3,6 +3,7 @@
 // change exactly what a plain list of lines says.
 #include "editors/code/CodeEditorTextView.h"
 #include "editors/code/LineModel.h"
+#include "editors/code/LinePieces.h"
 #include "editors/code/SourceCodec.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +12,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
+#include <array>
 #include <memory>
 
 namespace kestrel {
@@ -38,18 +40,31 @@ class RoundTrip : public ::testing::Test {
 protected:
     int below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
 
+    /// Where a position of the model is in the document: at a seam, before or behind it.
+    int placeOf(int position) {
+        int place = position;
+        QTextBlock block = m_editor.document()->begin();
+        for (; block.isValid() && block.position() - 1 <= place; block = block.next()) {
+            if (continuesLine(block) && (block.position() - 1 < place || below(2) == 0)) {
+                ++place;
+            }
+        }
+        return place;
+    }
+
     /// One random edit on both sides.
     void edit(LineModel& model) {
         int from = model.randomPosition(m_random);
         int to = below(3) == 0 ? model.randomPosition(m_random) : from;
-        m_editor.select(from, to);
+        m_editor.select(placeOf(from), placeOf(to));
         if (from > to) {
             std::swap(from, to);
         }
         switch (below(6)) {
         case 0: {
-            const int column = from - m_editor.document()->findBlock(from).position();
-            const int tabs = std::min(m_editor.findLastTabItem(from), column);
+            const int place = m_editor.textCursor().selectionStart();
+            const QTextBlock line = firstPiece(m_editor.document()->findBlock(place));
+            const int tabs = std::min(m_editor.findLastTabItem(place), place - line.position());
             QTest::keyClick(&m_editor, below(2) == 0 ? Qt::Key_Return : Qt::Key_Enter);
             model.replace(from, to, QStringLiteral("\n") + QString(tabs, u'\t'));
             break;
@@ -90,7 +105,7 @@ protected:
         }
         const std::unique_ptr<QMimeData> data(m_editor.createMimeDataFromSelection());
         QTextCursor drop(m_editor.document());
-        drop.setPosition(target);
+        drop.setPosition(placeOf(target));
         drop.beginEditBlock();
         m_editor.textCursor().removeSelectedText();
         m_editor.setTextCursor(drop);
@@ -196,6 +211,65 @@ TEST_F(RoundTrip, AnUpdateGivesTheNewTextAndOneUndoTheFormer) {
             ASSERT_FALSE(m_editor.document()->isUndoAvailable());
         }
     }
+}
+
+/// Random text in which some lines are longer than a piece.
+QString randomLongText(std::mt19937& random) {
+    static const std::array<QString, 5> Units{QStringLiteral("x"), QStringLiteral("\U0001F600"),
+                                              QStringLiteral("lda #$00 ; "), QStringLiteral("\t"),
+                                              QStringLiteral("e\u0301")};
+    QString text;
+    for (auto parts = 1 + random() % 4; parts > 0; --parts) {
+        text += randomText(random, static_cast<int>(random() % 4));
+        text += Units.at(random() % Units.size()).repeated(static_cast<int>(random() % 12000));
+    }
+    return text;
+}
+
+/// That no block is longer than a piece, and none in more pieces than it needs.
+void expectSettled(const QTextDocument& document) {
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        ASSERT_LE(block.length() - 1, LongestPiece);
+        if (continuesLine(block.next())) {
+            ASSERT_GT(block.length() + block.next().length() - 2, UsualPiece);
+        }
+    }
+}
+
+TEST_F(RoundTrip, EditsOfLongLinesChangeWhatTheModelSaysToo) {
+    for (int i = 0; i < 60; ++i) {
+        const QString first = randomLongText(m_random);
+        m_editor.source().load(first);
+        LineModel model(first);
+        ASSERT_TRUE(m_editor.source().text() == first) << "case " << i;
+        for (int edits = 1 + below(8); edits > 0; --edits) {
+            edit(model);
+            ASSERT_TRUE(m_editor.source().text() == model.text()) << "case " << i;
+            ASSERT_EQ(m_editor.lineCount(), model.lineCount()) << "case " << i;
+            ASSERT_NO_FATAL_FAILURE(expectSettled(*m_editor.document()));
+        }
+        while (m_editor.document()->isUndoAvailable()) {
+            m_editor.undo();
+            ASSERT_NO_FATAL_FAILURE(expectSettled(*m_editor.document()));
+        }
+        ASSERT_TRUE(m_editor.source().text() == first) << "undo, case " << i;
+        while (m_editor.document()->isRedoAvailable()) {
+            m_editor.redo();
+        }
+        ASSERT_TRUE(m_editor.source().text() == model.text()) << "redo, case " << i;
+        const QString other = randomLongText(m_random);
+        m_editor.source().update(other);
+        ASSERT_TRUE(m_editor.source().text() == other) << "update, case " << i;
+    }
+}
+
+TEST_F(RoundTrip, AnUpdateKeepsThePiecesOfLinesThatDidNotChange) {
+    const QString longLine = QString(30000, u'x') + u'\n';
+    m_editor.source().load(longLine + QStringLiteral("a\n") + longLine);
+    m_editor.select(5, 5);
+    m_editor.source().update(longLine + QStringLiteral("b\n") + longLine);
+    EXPECT_EQ(m_editor.source().text(), longLine + QStringLiteral("b\n") + longLine);
+    EXPECT_EQ(m_editor.textCursor().position(), 5) << "the first line was replaced";
 }
 
 } // namespace
