@@ -73,8 +73,9 @@ std::string AppCommandLine::text() const {
            "Opens the window, with these projects added to its list. When Kestrel runs already,\n"
            "they are added there.\n"
            "\n"
-           "  --help     show this text\n"
-           "  --version  show the version\n";
+           "  --help, -h  show this text\n"
+           "  --version   show the version\n"
+           "  --          what follows is a project, also when it begins with \"-\"\n";
 }
 
 } // namespace kestrel

@@ -28,7 +28,7 @@ says. A project that was moved or copied is built where it lies now.
   -D NAME[=VALUE]   have it define a symbol
   --max-errors N    have it stop after so many errors (0: never)
   -v                have it say how full each bank is
-  --help            print this text
+  --help, -h        print this text
   --version         print the version
   --                what follows is the project, also when it begins with "-"
 
