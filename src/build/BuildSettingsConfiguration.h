@@ -37,9 +37,11 @@ public:
     virtual std::vector<std::filesystem::path> assemblyFilesWithAbsolutePaths() = 0;
 
     /// Appends the node to the list of its kind, if there is one, and saves in any case.
-    virtual void addNewFile(const std::shared_ptr<ProjectItem>& projectItem) = 0;
+    /// True when the settings were written.
+    virtual bool addNewFile(const std::shared_ptr<ProjectItem>& projectItem) = 0;
 
-    virtual void saveBuildSettings() = 0;
+    /// Writes the settings; true when that succeeds.
+    virtual bool saveBuildSettings() = 0;
 
     /// The list that holds the files of this kind; nullptr for a kind that is in none.
     ProjectItems* listFor(FileType type) { return contents().listFor(type); }

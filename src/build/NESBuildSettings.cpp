@@ -5,6 +5,7 @@
 #include "model/Log.h"
 #include "model/Paths.h"
 #include "model/ProjectNavigationSettingItem.h"
+#include "model/Reason.h"
 #include "model/StructureFile.h"
 
 #include <algorithm>
@@ -67,12 +68,13 @@ NESBuildSettings::NESBuildSettings(std::shared_ptr<ProjectItem> projectToBuild)
 }
 
 void NESBuildSettings::populateProperties(const ProjectItem& currentProject) {
-    const auto dictionary = fetchBuildSettingsConfigurationFile(currentProject);
-    if (!dictionary) {
-        return;
-    }
-    if (auto contents = readBuildSettings(*dictionary)) {
+    std::string reason;
+    const auto dictionary = fetchBuildSettings(currentProject, &reason);
+    auto contents = dictionary ? readBuildSettings(*dictionary, &reason) : std::nullopt;
+    if (contents) {
         m_contents = *std::move(contents);
+    } else if (const auto file = buildSettingsLocation(currentProject); existsAt(file)) {
+        writeLog("The build settings " + file.string() + " could not be read: " + reason);
     }
 }
 
@@ -102,11 +104,11 @@ void NESBuildSettings::add(const std::shared_ptr<ProjectItem>& newItem,
     settings.saveBuildSettings();
 }
 
-void NESBuildSettings::addNewFile(const std::shared_ptr<ProjectItem>& projectItem) {
+bool NESBuildSettings::addNewFile(const std::shared_ptr<ProjectItem>& projectItem) {
     if (ProjectItems* list = listFor(projectItem->itemFileType())) {
         list->push_back(projectItem);
     }
-    saveBuildSettings();
+    return saveBuildSettings();
 }
 
 void NESBuildSettings::removeFile(const std::shared_ptr<ProjectItem>& projectItem) {
@@ -121,12 +123,13 @@ void NESBuildSettings::removeFile(const std::shared_ptr<ProjectItem>& projectIte
     saveBuildSettings();
 }
 
-void NESBuildSettings::saveBuildSettings() {
+bool NESBuildSettings::saveBuildSettings() {
     if (isPlaceholder(*m_projectToBuild)) {
         writeLog("Could not save build settings");
-        return;
+        logReason(PlaceholderName, "no project was set");
+        return false;
     }
-    writeBuildSettings(*m_projectToBuild, m_contents);
+    return writeBuildSettings(*m_projectToBuild, m_contents);
 }
 
 std::vector<std::filesystem::path> NESBuildSettings::assemblyFilesWithAbsolutePaths() {

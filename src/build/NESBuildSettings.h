@@ -39,7 +39,7 @@ public:
     static void add(const std::shared_ptr<ProjectItem>& newItem,
                     const std::shared_ptr<ProjectItem>& currentProject);
 
-    void addNewFile(const std::shared_ptr<ProjectItem>& projectItem) override;
+    bool addNewFile(const std::shared_ptr<ProjectItem>& projectItem) override;
 
     /// Removes the first entry with the node's name from the list of its kind, and saves in any
     /// case. Paths are not compared.
@@ -47,7 +47,7 @@ public:
 
     /// Writes the settings file and logs "Did save build settings" or "Could not save build
     /// settings". The output folder written is always the project's own, not outputFilePath().
-    void saveBuildSettings() override;
+    bool saveBuildSettings() override;
 
     std::vector<std::filesystem::path> assemblyFilesWithAbsolutePaths() override;
 

@@ -13,6 +13,7 @@
 #include "model/FileReader.h"
 #include "model/Log.h"
 #include "model/Paths.h"
+#include "model/Reason.h"
 #include "widgets/LightPalette.h"
 
 #include <QClipboard>
@@ -141,9 +142,11 @@ bool GraphicsEditorController::readTiles() {
     if (!path) {
         return false;
     }
-    const auto bytes = readFile(*path, ConsoleDataFactory::MaximumSize);
+    std::string reason = "its bytes are no tiles";
+    const auto bytes = readFile(*path, ConsoleDataFactory::MaximumSize, &reason);
     auto generated = bytes ? ConsoleDataFactory::generate(*bytes) : std::nullopt;
     if (!generated) {
+        writeLog("The file " + path->string() + " could not be read: " + reason);
         return false;
     }
     m_document->setTileData(std::make_shared<TileData>(std::move(generated->second)));
@@ -156,8 +159,10 @@ void GraphicsEditorController::saveFile() {
         return;
     }
     const std::optional<std::string> bytes = tileData()->toData();
-    if (bytes && !FileProcessor::saveDataFile(*path, *bytes)) {
+    std::string reason;
+    if (bytes && !FileProcessor::saveDataFile(*path, *bytes, &reason)) {
         writeLog("Could not save file");
+        logReason(path->string(), reason);
     }
 }
 

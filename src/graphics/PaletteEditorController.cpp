@@ -11,6 +11,7 @@
 #include "model/FileReader.h"
 #include "model/FileWriter.h"
 #include "model/Log.h"
+#include "model/Reason.h"
 #include "widgets/LightPalette.h"
 
 #include <QClipboard>
@@ -168,8 +169,8 @@ std::vector<std::uint8_t> PaletteEditorController::bytes() const {
     return bytes;
 }
 
-bool PaletteEditorController::keepUnreadFile() const {
-    return m_fileBytes || keepBackup(*m_filePathForPalette);
+bool PaletteEditorController::keepUnreadFile(std::string& reason) const {
+    return m_fileBytes || keepBackup(*m_filePathForPalette, &reason);
 }
 
 void PaletteEditorController::saveFile() {
@@ -181,8 +182,11 @@ void PaletteEditorController::saveFile() {
     if (!content) {
         return;
     }
-    if (!keepUnreadFile() || !FileProcessor::saveDataFile(*m_filePathForPalette, *content)) {
+    std::string reason;
+    if (!keepUnreadFile(reason) ||
+        !FileProcessor::saveDataFile(*m_filePathForPalette, *content, &reason)) {
         writeLog("Could not save file");
+        logReason(m_filePathForPalette->string(), reason);
         return;
     }
     m_fileBytes = array;

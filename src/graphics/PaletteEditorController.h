@@ -88,7 +88,7 @@ private:
     void afterChange();
     /// Names the file, and says whether the palettes differ from it.
     void showFileName();
-    bool keepUnreadFile() const;
+    bool keepUnreadFile(std::string& reason) const;
 
     QPointer<PaletteEditorView> m_view;
     std::optional<std::filesystem::path> m_filePathForPalette;

@@ -7,6 +7,7 @@
 #include "model/Paths.h"
 #include "model/ProjectFiles.h"
 #include "model/ProjectItemFactory.h"
+#include "model/Reason.h"
 
 #include <algorithm>
 #include <array>
@@ -103,11 +104,17 @@ bool understandsWhole(BuildSettingForm form, const Dictionary& value) {
             std::all_of(value.begin(), value.end(), ProjectItemFactory::understandsWhole));
 }
 
-/// Whether every required member is present and valid.
-bool hasRequiredMembers(const Dictionary& settings) {
+/// Whether every required member, of which all are texts, is present and valid.
+bool hasRequiredMembers(const Dictionary& settings, std::string* reason = nullptr) {
     return std::all_of(Settings.begin(), Settings.end(), [&](const Setting& setting) {
         const Dictionary* const value = member(settings, setting.key);
-        return !setting.isRequired || (value != nullptr && hasForm(setting.form, *value));
+        const bool isFine =
+            !setting.isRequired || (value != nullptr && hasForm(setting.form, *value));
+        if (!isFine) {
+            giveReason(reason, "its member \"" + std::string(setting.key) + "\" is " +
+                                   (value == nullptr ? "missing" : "no text"));
+        }
+        return isFine;
     });
 }
 
@@ -140,12 +147,13 @@ std::filesystem::path buildSettingsLocation(const std::filesystem::path& project
                   settingsFilePath(projectName, BuildSettingsConfigurationExtension));
 }
 
-std::optional<Dictionary> fetchBuildSettings(const ProjectItem& project) {
-    return readJsonObject(buildSettingsLocation(project));
+std::optional<Dictionary> fetchBuildSettings(const ProjectItem& project, std::string* reason) {
+    return readJsonObject(buildSettingsLocation(project), nullptr, reason);
 }
 
-std::optional<BuildSettingsContents> readBuildSettings(const Dictionary& dictionary) {
-    if (!hasRequiredMembers(dictionary)) {
+std::optional<BuildSettingsContents> readBuildSettings(const Dictionary& dictionary,
+                                                       std::string* reason) {
+    if (!hasRequiredMembers(dictionary, reason)) {
         return std::nullopt;
     }
     BuildSettingsContents contents;
@@ -197,9 +205,14 @@ bool writeBuildSettings(const ProjectItem& project, const BuildSettingsContents&
         appendMember(settings, setting.key, setting.stored(contents, project));
     }
     const auto text = buildSettingsText(settings);
-    const bool isSaved =
-        text && (understandsBuildSettingsFile(path) || keepBackup(path)) && saveBytes(path, *text);
+    std::string reason = "a text in it is not UTF-8, or it is nested too deep";
+    const bool isSaved = text &&
+                         (understandsBuildSettingsFile(path) || keepBackup(path, &reason)) &&
+                         saveBytes(path, *text, &reason);
     writeLog(isSaved ? "Did save build settings" : "Could not save build settings");
+    if (!isSaved) {
+        logReason(path.string(), reason);
+    }
     return isSaved;
 }
 

@@ -42,11 +42,14 @@ std::filesystem::path buildSettingsLocation(const ProjectItem& project);
 std::filesystem::path buildSettingsLocation(const std::filesystem::path& projectFolder,
                                             std::string_view projectName);
 
-/// The JSON object in the settings file; nothing when there is none.
-std::optional<Dictionary> fetchBuildSettings(const ProjectItem& project);
+/// The JSON object in the settings file; nothing when there is none. `reason` as for giveReason,
+/// here and below.
+std::optional<Dictionary> fetchBuildSettings(const ProjectItem& project,
+                                             std::string* reason = nullptr);
 
 /// The settings in `dictionary`; nothing when "output_folder" or "emulator" is no string.
-std::optional<BuildSettingsContents> readBuildSettings(const Dictionary& dictionary);
+std::optional<BuildSettingsContents> readBuildSettings(const Dictionary& dictionary,
+                                                       std::string* reason = nullptr);
 
 /// The names of the members of this form, in the order in which they are written.
 std::vector<std::string_view> buildSettingMembers(BuildSettingForm form);

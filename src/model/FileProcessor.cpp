@@ -114,12 +114,13 @@ bool FileProcessor::isFilePresent(const std::shared_ptr<ProjectItem>& file,
 }
 
 bool FileProcessor::saveTextFile(const std::filesystem::path& absolutePath,
-                                 const std::optional<std::string>& contents) {
-    return saveBytes(absolutePath, contents.value_or(std::string()));
+                                 const std::optional<std::string>& contents, std::string* reason) {
+    return saveBytes(absolutePath, contents.value_or(std::string()), reason);
 }
 
-bool FileProcessor::saveDataFile(const std::filesystem::path& absolutePath, std::string_view data) {
-    return saveBytes(absolutePath, data);
+bool FileProcessor::saveDataFile(const std::filesystem::path& absolutePath, std::string_view data,
+                                 std::string* reason) {
+    return saveBytes(absolutePath, data, reason);
 }
 
 } // namespace kestrel

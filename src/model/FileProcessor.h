@@ -41,10 +41,12 @@ public:
                               const std::shared_ptr<ProjectItem>& project);
 
     /// Create or replace a file and create its folder. Absent text gives an empty file. True when
-    /// the file was written.
+    /// the file was written; else `reason` says why, as for giveReason.
     static bool saveTextFile(const std::filesystem::path& absolutePath,
-                             const std::optional<std::string>& contents);
-    static bool saveDataFile(const std::filesystem::path& absolutePath, std::string_view data);
+                             const std::optional<std::string>& contents,
+                             std::string* reason = nullptr);
+    static bool saveDataFile(const std::filesystem::path& absolutePath, std::string_view data,
+                             std::string* reason = nullptr);
 };
 
 } // namespace kestrel

@@ -3,6 +3,7 @@
 
 #include "model/FileDescriptor.h"
 #include "model/Paths.h"
+#include "model/Reason.h"
 #include "model/TemporaryFile.h"
 
 #include <algorithm>
@@ -50,32 +51,42 @@ std::optional<std::filesystem::path> resolvedLinks(std::filesystem::path path) {
 }
 
 /// The file that replacing `path` would replace; nothing when it may not or cannot be replaced.
-std::optional<Target> writableTarget(const std::filesystem::path& path) {
+std::optional<Target> writableTarget(const std::filesystem::path& path, std::string* reason) {
     if (!isUsablePath(path)) {
+        giveReason(reason, "its path is empty or holds a NUL character");
         return std::nullopt;
     }
     const auto resolved = resolvedLinks(path);
     if (!resolved || !resolved->has_filename()) {
+        giveReason(reason, resolved ? "its path names a folder" : "it is a ring of links");
         return std::nullopt;
     }
     Target target{*resolved};
     target.exists = ::stat(target.path.c_str(), &target.status) == 0;
     if (!target.exists && errno != ENOENT && errno != ENAMETOOLONG) {
-        return std::nullopt; // something may exist there that cannot be examined
+        giveReason(reason, systemReason()); // something may exist that cannot be examined
+        return std::nullopt;
+    }
+    if (target.exists && !S_ISREG(target.status.st_mode)) {
+        giveReason(reason, S_ISDIR(target.status.st_mode) ? "a folder has its name"
+                                                          : "what has its name is no regular file");
+        return std::nullopt;
     }
     // A rename needs write permission for the folder only, so the file's own is checked here.
-    if (target.exists && (!S_ISREG(target.status.st_mode) ||
-                          ::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0)) {
+    if (target.exists && ::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0) {
+        giveReason(reason, systemReason());
         return std::nullopt;
     }
     return target;
 }
 
 /// A flushed temporary file with `content`, ready to be renamed over `target`.
-std::optional<TemporaryFile> prepared(const Target& target, std::string_view content) {
+std::optional<TemporaryFile> prepared(const Target& target, std::string_view content,
+                                      std::string* reason) {
     auto file = TemporaryFile::create(target.path.parent_path(), target.mode());
     if (!file || (target.exists && !file->imitate(target.status)) || !file->write(content) ||
         !file->finish()) {
+        giveReason(reason, systemReason());
         return std::nullopt;
     }
     return file;
@@ -83,14 +94,21 @@ std::optional<TemporaryFile> prepared(const Target& target, std::string_view con
 
 /// A flushed temporary copy, in `folder`, of the regular file `path`.
 std::optional<TemporaryFile> copied(const std::filesystem::path& path,
-                                    const std::filesystem::path& folder) {
+                                    const std::filesystem::path& folder,
+                                    std::string* reason = nullptr) {
     const FileDescriptor source = openFile(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
     struct stat status {};
-    if (!source.isOpen() || ::fstat(source.get(), &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (!source.isOpen() || ::fstat(source.get(), &status) != 0) {
+        giveReason(reason, systemReason());
+        return std::nullopt;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        giveReason(reason, "the original is no regular file");
         return std::nullopt;
     }
     auto file = TemporaryFile::create(folder, status.st_mode & 0777U);
     if (!file || !file->imitate(status) || !file->copyFrom(source) || !file->finish()) {
+        giveReason(reason, systemReason());
         return std::nullopt;
     }
     return file;
@@ -159,12 +177,12 @@ struct Replacement {
 };
 
 std::optional<Replacement> preparedReplacement(const PendingFile& file) {
-    auto target = writableTarget(file.path);
+    auto target = writableTarget(file.path, nullptr);
     if (!target) {
         return std::nullopt;
     }
     auto former = target->exists ? copied(target->path, target->path.parent_path()) : std::nullopt;
-    auto content = prepared(*target, file.content);
+    auto content = prepared(*target, file.content, nullptr);
     if (!content || target->exists != former.has_value()) {
         return std::nullopt;
     }
@@ -182,38 +200,58 @@ void putBack(Replacement& replacement) {
 
 } // namespace
 
-bool createFolders(const std::filesystem::path& folder) {
-    if (!isUsablePath(folder)) {
-        return false;
-    }
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    return std::filesystem::is_directory(folder, error) && !error;
+bool namesAFile(const std::filesystem::path& path) {
+    const std::filesystem::path name = path.filename();
+    return !name.empty() && name != "." && name != "..";
 }
 
-bool replaceFile(const std::filesystem::path& path, std::string_view content) {
-    const auto target = writableTarget(path);
+bool createFolders(const std::filesystem::path& folder, std::string* reason) {
+    if (!isUsablePath(folder)) {
+        giveReason(reason, "its path is empty or holds a NUL character");
+        return false;
+    }
+    std::error_code created;
+    std::filesystem::create_directories(folder, created);
+    std::error_code error;
+    if (std::filesystem::is_directory(folder, error) && !error) {
+        return true;
+    }
+    const auto notFolder = std::make_error_code(std::errc::not_a_directory);
+    giveReason(reason, (created ? created : notFolder).message());
+    return false;
+}
+
+bool replaceFile(const std::filesystem::path& path, std::string_view content, std::string* reason) {
+    const auto target = writableTarget(path, reason);
     if (!target) {
         return false;
     }
-    auto file = prepared(*target, content);
-    if (!file || !file->renameTo(target->path)) {
+    auto file = prepared(*target, content, reason);
+    if (!file) {
+        return false;
+    }
+    if (!file->renameTo(target->path)) {
+        giveReason(reason, systemReason());
         return false;
     }
     flushFolder(target->path);
     return true;
 }
 
-bool saveBytes(const std::filesystem::path& path, std::string_view content) {
+bool saveBytes(const std::filesystem::path& path, std::string_view content, std::string* reason) {
     const std::filesystem::path folder = path.parent_path();
-    return (folder.empty() || createFolders(folder)) && replaceFile(path, content);
+    return (folder.empty() || createFolders(folder, reason)) && replaceFile(path, content, reason);
 }
 
 std::filesystem::path backupLocation(const std::filesystem::path& path) {
     return backupName(path, 0);
 }
 
-bool keepBackup(const std::filesystem::path& path) {
+bool keepBackup(const std::filesystem::path& path, std::string* reason) {
+    const auto fail = [reason](const std::filesystem::path& backup, const std::string& why) {
+        giveReason(reason, "the backup " + backup.string() + " could not be made: " + why);
+        return false;
+    };
     if (!existsAt(path)) {
         return true;
     }
@@ -223,7 +261,7 @@ bool keepBackup(const std::filesystem::path& path) {
         FileDescriptor reserved = openFile(backup, O_WRONLY | O_CREAT | O_EXCL, 0600);
         if (!reserved.isOpen()) {
             if (errno != EEXIST) {
-                return false;
+                return fail(backup, systemReason());
             }
             if (haveSameBytes(path, backup)) {
                 return true;
@@ -231,8 +269,10 @@ bool keepBackup(const std::filesystem::path& path) {
             continue;
         }
         reserved.close();
-        auto copy = copied(path, backup.parent_path());
+        std::string why;
+        auto copy = copied(path, backup.parent_path(), &why);
         if (!copy || !copy->renameTo(backup)) {
+            fail(backup, copy ? systemReason() : why);
             ::unlink(backup.c_str());
             return false;
         }

@@ -9,8 +9,12 @@
 
 namespace kestrel {
 
+/// Whether the last name of `path` can be that of a file: none is empty, "." or "..".
+bool namesAFile(const std::filesystem::path& path);
+
 /// Creates `folder` and all missing parents. True when it then is a folder or a link to one.
-bool createFolders(const std::filesystem::path& folder);
+/// `reason` as for giveReason, here and below.
+bool createFolders(const std::filesystem::path& folder, std::string* reason = nullptr);
 
 /// Replaces or creates the file at `path` atomically: writes a temporary file in the same folder,
 /// flushes it and renames it. Symbolic links are followed and stay, also one to a missing file. The
@@ -21,15 +25,17 @@ bool createFolders(const std::filesystem::path& folder);
 /// The assembler has code of its own for this (src/assembler/output/ImageFile): it uses the
 /// standard library alone, reports a reason instead of false, and does not flush, because an image
 /// is made again in milliseconds.
-bool replaceFile(const std::filesystem::path& path, std::string_view content);
+bool replaceFile(const std::filesystem::path& path, std::string_view content,
+                 std::string* reason = nullptr);
 
 /// Creates the parent folders of `path`, then calls replaceFile.
-bool saveBytes(const std::filesystem::path& path, std::string_view content);
+bool saveBytes(const std::filesystem::path& path, std::string_view content,
+               std::string* reason = nullptr);
 
 /// Copies the regular file at `path` to NAME.bak in its folder, or to .bak1, .bak2, ... if that
 /// exists; a name too long is cut before the ending. An existing backup with the same bytes is
 /// enough. True when there is a backup or nothing exists at `path`.
-bool keepBackup(const std::filesystem::path& path);
+bool keepBackup(const std::filesystem::path& path, std::string* reason = nullptr);
 
 /// The path of the first backup of `path`.
 std::filesystem::path backupLocation(const std::filesystem::path& path);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "model/Json.h"
 
+#include "model/Reason.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <memory>
@@ -36,12 +38,27 @@ Dictionary& append(Object& object, std::string_view key, Dictionary value) {
     return object.Object::Container::emplace_back(std::string(key), std::move(value)).second;
 }
 
+/// The parser's message without its identifier in brackets. It repeats what it read, which need not
+/// be UTF-8.
+std::string describe(std::string_view message) {
+    if (const auto end = message.find("] "); end != std::string_view::npos) {
+        message.remove_prefix(end + 2);
+    }
+    std::string text(message);
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; },
+        '?');
+    return text;
+}
+
 /// Builds a document from the parser's events without recursion or a search through members, and
 /// stops at once when it is nested too deep.
 class DocumentBuilder final : public nlohmann::json_sax<Dictionary> {
 public:
     Dictionary takeDocument() { return std::move(m_document); }
     bool hadRepeatedMembers() const { return m_repeatedMembers; }
+    /// Why the document was refused.
+    std::string takeFault() { return std::move(m_fault); }
 
     bool null() override { return place(nullptr); }
     bool boolean(bool value) override { return place(value); }
@@ -54,7 +71,7 @@ public:
     bool binary(binary_t& /*value*/) override { return false; }
 
     bool start_object(std::size_t /*size*/) override {
-        return ++m_objects <= MaximumNesting && open(Dictionary::object());
+        return mayNest(++m_objects) && open(Dictionary::object());
     }
     bool end_object() override {
         --m_objects;
@@ -62,7 +79,7 @@ public:
         return true;
     }
     bool start_array(std::size_t /*size*/) override {
-        return ++m_arrays <= MaximumNesting && open(Dictionary::array());
+        return mayNest(++m_arrays) && open(Dictionary::array());
     }
     bool end_array() override {
         --m_arrays;
@@ -83,7 +100,8 @@ public:
     }
 
     bool parse_error(std::size_t /*position*/, const std::string& /*token*/,
-                     const nlohmann::detail::exception& /*error*/) override {
+                     const nlohmann::detail::exception& error) override {
+        m_fault = describe(error.what());
         return false;
     }
 
@@ -96,6 +114,13 @@ private:
         Dictionary* member = nullptr; ///< in an object: the place of the next value
         std::unique_ptr<Index> index; ///< in a large object: the place of each name
     };
+
+    bool mayNest(int depth) {
+        if (depth > MaximumNesting) {
+            m_fault = "it is nested deeper than " + std::to_string(MaximumNesting) + " levels";
+        }
+        return depth <= MaximumNesting;
+    }
 
     static Dictionary* find(Container& object, Object& members, const std::string& name) {
         if (members.size() <= LargestUnindexedObject) {
@@ -141,6 +166,7 @@ private:
 
     Dictionary m_document;
     std::vector<Container> m_open;
+    std::string m_fault;
     int m_objects = 0;
     int m_arrays = 0;
     bool m_repeatedMembers = false;
@@ -173,13 +199,16 @@ bool isNestedTooDeep(const Dictionary& value) {
 
 } // namespace
 
-std::optional<Dictionary> parseJson(std::string_view text, bool* repeatedMembers) {
+std::optional<Dictionary> parseJson(std::string_view text, bool* repeatedMembers,
+                                    std::string* reason) {
     // The parser takes a NUL byte for the end of the document and ignores what follows.
     if (text.find('\0') != std::string_view::npos) {
+        giveReason(reason, "it holds a NUL character");
         return std::nullopt;
     }
     DocumentBuilder builder;
     if (!Dictionary::sax_parse(text, &builder)) {
+        giveReason(reason, builder.takeFault());
         return std::nullopt;
     }
     if (repeatedMembers != nullptr) {

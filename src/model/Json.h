@@ -18,8 +18,10 @@ inline constexpr int MaximumNesting = 1000;
 
 /// Parses one JSON document in linear time. Nothing when `text` is not JSON or is nested deeper
 /// than MaximumNesting. A repeated member keeps its first place and its last value;
-/// `repeatedMembers`, if not null, is set to whether there were any.
-std::optional<Dictionary> parseJson(std::string_view text, bool* repeatedMembers = nullptr);
+/// `repeatedMembers`, if not null, is set to whether there were any. `reason` as for giveReason;
+/// for a text that is not JSON it holds line and column, which are counted in bytes.
+std::optional<Dictionary> parseJson(std::string_view text, bool* repeatedMembers = nullptr,
+                                    std::string* reason = nullptr);
 
 /// Writes `value` as JSON in UTF-8: compact when `indent` is negative, else pretty-printed. Nothing
 /// when a string in it is not UTF-8 or it is nested deeper than MaximumNesting.

@@ -13,18 +13,21 @@ namespace kestrel {
 std::variant<NamedStructure, ProjectProblem> readNamedStructure(const std::filesystem::path& file,
                                                                 const std::filesystem::path& folder,
                                                                 ProjectFileRule rule) {
-    const auto content = readJsonObject(file);
+    std::string reason = "it holds more than texts";
+    const auto content = readJsonObject(file, nullptr, &reason);
     if (!content || (rule == ProjectFileRule::stringsOnly && !isObjectOfStrings(*content))) {
-        return ProjectProblem{ProjectFault::unreadableProjectFile, file};
+        return ProjectProblem{ProjectFault::unreadableProjectFile, file, std::move(reason)};
     }
     const auto path = stringMember(*content, ProjectStructureKey);
     if (!path) {
-        return ProjectProblem{ProjectFault::noStructureNamed, file};
+        return ProjectProblem{ProjectFault::noStructureNamed, file,
+                              "it has no text \"ProjectStructure\""};
     }
     NamedStructure named{joined(folder, *path), {}};
-    auto structure = readJsonObject(named.file);
+    auto structure = readJsonObject(named.file, nullptr, &reason);
     if (!structure) {
-        return ProjectProblem{ProjectFault::unreadableStructure, std::move(named.file)};
+        return ProjectProblem{ProjectFault::unreadableStructure, std::move(named.file),
+                              std::move(reason)};
     }
     named.structure = *std::move(structure);
     return named;
@@ -40,7 +43,8 @@ std::variant<OpenedProject, ProjectProblem> openProject(const std::filesystem::p
     auto& [structureFile, structure] = std::get<NamedStructure>(read);
     auto root = projectFromStructure(structure, folder);
     if (!root) {
-        return ProjectProblem{ProjectFault::noProjectInStructure, std::move(structureFile)};
+        return ProjectProblem{ProjectFault::noProjectInStructure, std::move(structureFile),
+                              "it describes no project"};
     }
     auto namedFolder = stringMember(structure, "path").value_or(std::string());
     return OpenedProject{folder, std::move(namedFolder), std::move(structureFile),

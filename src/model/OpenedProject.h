@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 #include <variant>
 
 namespace kestrel {
@@ -25,6 +26,7 @@ enum class ProjectFault {
 struct ProjectProblem {
     ProjectFault fault = ProjectFault::unreadableProjectFile;
     std::filesystem::path file; ///< the project file or the structure file
+    std::string reason;         ///< what is wrong with it: a phrase without a full stop
 };
 
 /// The structure file that a project file names, and its content.

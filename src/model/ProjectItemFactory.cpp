@@ -3,6 +3,7 @@
 
 #include "model/Log.h"
 #include "model/ProjectNavigationSettingItem.h"
+#include "model/Reason.h"
 
 #include <algorithm>
 #include <array>
@@ -12,6 +13,42 @@
 namespace kestrel {
 
 namespace {
+
+constexpr std::array<std::string_view, 4> RequiredMembers = {"name", "type", "path_type", "path"};
+
+/// Why `dictionary` describes no node: the first member in the order of reading that is not there,
+/// is no text, or has a value that is not one of the known.
+std::string faultOf(const Dictionary& dictionary) {
+    constexpr auto Replace = Dictionary::error_handler_t::replace;
+    if (!dictionary.is_object()) {
+        return "it is no object";
+    }
+    for (const std::string_view key : RequiredMembers) {
+        const Dictionary* const value = member(dictionary, key);
+        const std::string named = "its member \"" + std::string(key) + "\" is ";
+        if (value == nullptr) {
+            return named + "missing";
+        }
+        if (!value->is_string()) {
+            return named + "no text but " + value->type_name();
+        }
+        const auto& text = value->get_ref<const std::string&>();
+        if ((key == "type" && !fileTypeFrom(text)) ||
+            (key == "path_type" && !filePathTypeFrom(text))) {
+            return named + value->dump(-1, ' ', false, Replace) + ", which is none of the known";
+        }
+    }
+    return {};
+}
+
+/// How the log names a stored node.
+std::string nameOf(const Dictionary& dictionary) {
+    const Dictionary* const name = member(dictionary, "name");
+    return name == nullptr || !name->is_string()
+               ? std::string("A stored node without a name")
+               : "The stored node " +
+                     name->dump(-1, ' ', false, Dictionary::error_handler_t::replace);
+}
 
 /// The node that `dictionary` describes, without its children; nullptr when it is invalid.
 std::shared_ptr<ProjectItem> nodeFrom(const Dictionary& dictionary) {
@@ -38,6 +75,7 @@ std::shared_ptr<ProjectItem> nodeOrLogLine(const Dictionary& dictionary,
     auto node = nodeFrom(dictionary);
     if (!node) {
         writeLog("FAILLLEED");
+        logReason(nameOf(dictionary), faultOf(dictionary));
         return nullptr;
     }
     node->setParent(parent);

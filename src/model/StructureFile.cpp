@@ -6,6 +6,7 @@
 #include "model/Paths.h"
 #include "model/ProjectFiles.h"
 #include "model/ProjectItemFactory.h"
+#include "model/Reason.h"
 
 #include <cstdint>
 #include <unordered_map>
@@ -97,10 +98,15 @@ bool understandsStructureFile(const std::filesystem::path& path) {
     return structure && !repeatedMembers && ProjectItemFactory::understandsWhole(*structure);
 }
 
-bool saveStructure(const ProjectItem& project) {
+bool saveStructure(const ProjectItem& project, std::string* reason) {
     const auto text = serialiseJson(project.toDictionary());
     const std::filesystem::path path = structureLocation(project);
-    return text && (understandsStructureFile(path) || keepBackup(path)) && saveBytes(path, *text);
+    if (!text) {
+        giveReason(reason, "a text in it is not UTF-8, or it is nested too deep");
+        return false;
+    }
+    return (understandsStructureFile(path) || keepBackup(path, reason)) &&
+           saveBytes(path, *text, reason);
 }
 
 bool adoptStructureFile(const std::shared_ptr<ProjectItem>& project) {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 
 namespace kestrel {
 
@@ -29,8 +30,8 @@ bool understandsStructureFile(const std::filesystem::path& path);
 
 /// Replaces the structure file by the tree below `project` and makes its folder when needed. Makes
 /// a backup first when the old file has content that would be lost; without that backup nothing is
-/// replaced. True when it was written.
-bool saveStructure(const ProjectItem& project);
+/// replaced. True when it was written; `reason` as for giveReason.
+bool saveStructure(const ProjectItem& project, std::string* reason = nullptr);
 
 /// Adds the nodes of an existing structure file to `project`, for a new project that is added over
 /// an old one. The file's nodes come first. A node that both have (same name and kind, for files

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/ProjectArgument.h"
 
+#include "model/FileReader.h"
 #include "model/Paths.h"
 #include "tools/Messages.h"
 
@@ -31,7 +32,8 @@ fs::path folderOf(const fs::path& file) {
 }
 
 /// Why a file could not be read as a JSON object.
-std::string fileProblem(const std::string& what, const fs::path& path) {
+std::string fileProblem(const std::string& what, const ProjectProblem& problem) {
+    const fs::path& path = problem.file;
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
     if (status.type() == fs::file_type::not_found) {
@@ -46,7 +48,9 @@ std::string fileProblem(const std::string& what, const fs::path& path) {
     if (::access(path.c_str(), R_OK) != 0) {
         return "the " + what + " " + shown(path) + " may not be read.";
     }
-    return "the " + what + " " + shown(path) + " is not a JSON object.";
+    const bool isJson = problem.reason == NoJsonObject;
+    return "the " + what + " " + shown(path) + " is not a JSON object" +
+           (isJson ? "." : ": " + problem.reason + ".");
 }
 
 std::string sentenceFor(const ProjectProblem& problem) {
@@ -57,12 +61,12 @@ std::string sentenceFor(const ProjectProblem& problem) {
             return shown(problem.file) +
                    " is a folder: name the project file in it, which ends in \".kst\".";
         }
-        return fileProblem("project file", problem.file);
+        return fileProblem("project file", problem);
     }
     case ProjectFault::noStructureNamed:
         return shown(problem.file) + " is no project file: it has no text \"ProjectStructure\".";
     case ProjectFault::unreadableStructure:
-        return fileProblem("structure file", problem.file);
+        return fileProblem("structure file", problem);
     case ProjectFault::noProjectInStructure:
         break;
     }
@@ -80,7 +84,7 @@ std::variant<OpenedProject, std::string> openProjectArgument(const fs::path& pat
         return "the current folder is gone, so " + shown(path) + " cannot be found.";
     }
     if (!absolute.has_filename()) {
-        return sentenceFor({ProjectFault::unreadableProjectFile, absolute});
+        return sentenceFor({ProjectFault::unreadableProjectFile, absolute, {}});
     }
     const fs::path folder = folderOf(absolute);
     auto opened = openProject(joined(folder, absolute.filename().native()), folder);

@@ -18,6 +18,7 @@ using test::LogCapture;
 using test::TemporaryHome;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 std::shared_ptr<ProjectItem> node(const std::string& name, FileType type,
                                   const std::filesystem::path& path = "/src") {
@@ -77,7 +78,8 @@ TEST_F(NESBuildSettingsTest, AnEmptyRecordHasAPlaceholderProjectAndNothingElse) 
 TEST_F(NESBuildSettingsTest, ThePlaceholderIsNeverSaved) {
     NESBuildSettings().saveBuildSettings();
     EXPECT_FALSE(existsAt(m_home.path() / "Kestrel"));
-    EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings"));
+    EXPECT_THAT(m_log.lines(),
+                ElementsAre("Could not save build settings", "Empty: no project was set"));
 }
 
 TEST_F(NESBuildSettingsTest, AProjectOfAnOddKindIsSavedLikeAnyOther) {
@@ -220,13 +222,35 @@ TEST_F(NESBuildSettingsTest, ANameThatIsNotTextMakesTheSaveFail) {
     settings.assemblyFiles() = {node("\xff.asm", FileType::text)};
     settings.saveBuildSettings();
     EXPECT_FALSE(existsAt(file()));
-    EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings"));
+    EXPECT_THAT(
+        m_log.lines(),
+        ElementsAre("Could not save build settings",
+                    file().string() + ": a text in it is not UTF-8, or it is nested too deep"));
 }
 
 TEST_F(NESBuildSettingsTest, ASaveThatFailsIsLogged) {
     m_home.write("Game/.project", "a file where the folder should be");
     NESBuildSettings(m_project).saveBuildSettings();
-    EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings"));
+    EXPECT_THAT(m_log.lines(), ElementsAre("Could not save build settings",
+                                           file().string() + ": Not a directory"));
+}
+
+TEST_F(NESBuildSettingsTest, WhyExistingSettingsCannotBeReadIsLogged) {
+    const std::string before = "The build settings " + file().string() + " could not be read: ";
+    NESBuildSettings missing(m_project);
+    EXPECT_THAT(m_log.lines(), IsEmpty());
+    m_home.write("Game/.project/Game-BuildSettings.cfg", "{\"emulator\":\"\",\n  output}");
+    NESBuildSettings cut(m_project);
+    m_home.write("Game/.project/Game-BuildSettings.cfg", "[]");
+    NESBuildSettings list(m_project);
+    m_home.write("Game/.project/Game-BuildSettings.cfg", R"({"emulator":"","output_folder":7})");
+    NESBuildSettings wrong(m_project);
+    m_home.write("Game/.project/Game-BuildSettings.cfg", R"({"output_folder":""})");
+    NESBuildSettings without(m_project);
+    EXPECT_THAT(m_log.lines(), ElementsAre(StartsWith(before + "parse error at line 2, column 3: "),
+                                           before + "it is no JSON object",
+                                           before + "its member \"output_folder\" is no text",
+                                           before + "its member \"emulator\" is missing"));
 }
 
 TEST_F(NESBuildSettingsTest, ANewFileGoesToTheListOfItsKindAndIsSaved) {

@@ -346,7 +346,9 @@ TEST_F(GraphicsEditor, AFailedSaveIsLoggedAndLosesNothing) {
     std::filesystem::remove(m_folder.path() / "a.chr");
     std::filesystem::create_directories(m_folder.path() / "a.chr/in the way");
     m_pane.saveFile();
-    EXPECT_THAT(m_log.lines(), ElementsAre("Could not save file"));
+    EXPECT_THAT(m_log.lines(),
+                ElementsAre("Could not save file",
+                            (m_folder.path() / "a.chr").string() + ": a folder has its name"));
     EXPECT_EQ(m_pane.tileData()->toData(), std::string(16, '\0') + countingBytes(32).substr(16));
 }
 
@@ -355,7 +357,9 @@ TEST_F(GraphicsEditor, AFullDiskLosesNeitherTheFileNorTheEdits) {
     m_pane.tileData()->setTile(0, TileBytes{});
     EXPECT_TRUE(holdsWithFileSizeLimit(4096, [this] {
         m_pane.saveFile();
-        return m_log.lines() == std::vector<std::string>{"Could not save file"};
+        return m_log.lines() ==
+               std::vector<std::string>{"Could not save file",
+                                        (m_folder.path() / "a.chr").string() + ": File too large"};
     }));
     EXPECT_EQ(content("a.chr"), countingBytes(8192));
     m_pane.saveFile();
@@ -389,6 +393,16 @@ TEST_F(GraphicsEditor, WithoutViewsItLoadsAndSavesAllTheSame) {
     EXPECT_FALSE(m_pane.canPerform(EditCommand::copy));
     m_pane.saveFile();
     EXPECT_EQ(content("a.chr"), countingBytes(32));
+}
+
+TEST_F(GraphicsEditor, TheLogSaysWhyAFileCannotBeShown) {
+    load(file("odd.chr", 0));
+    const std::string before = "The file " + (m_folder.path() / "odd.chr").string();
+    std::filesystem::remove(m_folder.path() / "odd.chr");
+    load(node("odd.chr"));
+    EXPECT_THAT(m_log.lines(),
+                ElementsAre(before + " could not be read: its bytes are no tiles",
+                            before + " could not be read: No such file or directory"));
 }
 
 } // namespace

@@ -306,14 +306,14 @@ TEST_F(PaletteEditor, AFailedSaveIsLoggedAndLosesNothing) {
         const FullDisk full;
         save();
     }
-    EXPECT_EQ(log.lines(), Lines{"Could not save file"});
+    EXPECT_EQ(log.lines(), (Lines{"Could not save file", path.string() + ": File too large"}));
     EXPECT_EQ(onDisk(), countingFile());
     EXPECT_EQ(pane.palettes[0]->entry(0).key, 0x2A);
     EXPECT_EQ(fileName(), QStringLiteral("game.pal – not saved"));
     save();
     EXPECT_EQ(onDisk()[0], 0x2A);
     EXPECT_EQ(fileName(), QStringLiteral("game.pal"));
-    EXPECT_EQ(log.lines().size(), 1U);
+    EXPECT_EQ(log.lines().size(), 2U);
 }
 
 TEST_F(PaletteEditor, AFolderInTheFilesPlaceIsNotReplaced) {
@@ -321,7 +321,8 @@ TEST_F(PaletteEditor, AFolderInTheFilesPlaceIsNotReplaced) {
     std::filesystem::remove(path);
     std::filesystem::create_directory(path);
     save();
-    EXPECT_EQ(log.lines(), Lines{"Could not save file"});
+    EXPECT_EQ(log.lines(),
+              (Lines{"Could not save file", path.string() + ": a folder has its name"}));
     EXPECT_TRUE(std::filesystem::is_directory(path));
 }
 

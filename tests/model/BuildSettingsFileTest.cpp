@@ -168,7 +168,13 @@ TEST_F(BuildSettingsFileTest, WhatCannotBeWrittenIsSaidAndLeavesTheOldFile) {
     std::filesystem::remove(m_folder.path() / File);
     std::filesystem::create_directory(m_folder.path() / File);
     EXPECT_FALSE(writeBuildSettings(*m_project, BuildSettingsContents{}));
-    EXPECT_EQ(m_log.lines(), Lines(2, "Could not save build settings"));
+    const std::string path = (m_folder.path() / File).string();
+    EXPECT_EQ(m_log.lines(),
+              (Lines{"Could not save build settings",
+                     path + ": a text in it is not UTF-8, or it is nested too deep",
+                     "Could not save build settings",
+                     path + ": the backup " + path +
+                         ".bak could not be made: the original is no regular file"}));
 }
 
 TEST_F(BuildSettingsFileTest, AFileThatWasNotUnderstoodIsKeptOnce) {
@@ -218,7 +224,17 @@ TEST_F(BuildSettingsFileTest, NothingIsReplacedThatCouldNotBeKept) {
     ASSERT_EQ(::chmod(path.c_str(), 0600), 0);
     EXPECT_EQ(settings(), "not json");
     EXPECT_EQ(names(), Lines{"demo-BuildSettings.cfg"});
-    EXPECT_EQ(m_log.lines(), Lines{"Could not save build settings"});
+    EXPECT_EQ(m_log.lines(), (Lines{"Could not save build settings",
+                                    path.string() + ": the backup " + path.string() +
+                                        ".bak could not be made: Permission denied"}));
+}
+
+TEST_F(BuildSettingsFileTest, AFullDiskIsNamedAsTheReason) {
+    EXPECT_TRUE(holdsWithFileSizeLimit(10, [&] {
+        writeBuildSettings(*m_project, BuildSettingsContents{});
+        return m_log.lines() == Lines{"Could not save build settings",
+                                      (m_folder.path() / File).string() + ": File too large"};
+    }));
 }
 
 TEST_F(BuildSettingsFileTest, TheListOfAFileFollowsFromItsKind) {

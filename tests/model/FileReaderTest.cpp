@@ -14,6 +14,13 @@ namespace {
 
 using test::TemporaryFolder;
 
+/// Why the file cannot be read as a JSON object; empty when it can.
+std::string reasonFor(const std::filesystem::path& file) {
+    std::string reason;
+    readJsonObject(file, nullptr, &reason);
+    return reason;
+}
+
 TEST(FileReader, GivesEveryByteOfAFile) {
     const TemporaryFolder folder;
     std::string content;
@@ -82,6 +89,7 @@ TEST(FileReader, AFileWithoutReadPermissionIsUnreadable) {
     ASSERT_TRUE(readFile(file));
     std::filesystem::permissions(file, std::filesystem::perms::owner_write);
     EXPECT_FALSE(readFile(file));
+    EXPECT_EQ(reasonFor(file), "Permission denied");
     EXPECT_FALSE(readJsonFile(file));
 }
 
@@ -105,6 +113,39 @@ TEST(FileReader, AJsonFileAboveTheLimitIsUnreadableThoughItIsGoodJson) {
     const std::string blanks(MaximumConfigurationSize, ' ');
     EXPECT_FALSE(readJsonFile(folder.write("file", blanks + "7")));
     EXPECT_EQ(readJsonFile(folder.write("file", blanks.substr(0, 100'000) + "7")), Dictionary(7));
+}
+
+TEST(FileReader, SaysWhyAFileCannotBeRead) {
+    const TemporaryFolder folder;
+    std::filesystem::create_symlink("ring", folder.path() / "ring");
+    const auto fifo = folder.path() / "fifo";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    EXPECT_EQ(reasonFor(folder.path() / "none"), "No such file or directory");
+    EXPECT_EQ(reasonFor(folder.write("file", "{}") / "below"), "Not a directory");
+    EXPECT_EQ(reasonFor(folder.path() / "ring"), "Too many levels of symbolic links");
+    EXPECT_EQ(reasonFor(folder.path()), "it is a folder");
+    EXPECT_EQ(reasonFor(fifo), "it is no regular file");
+    EXPECT_EQ(reasonFor(""), "its path is empty or holds a NUL character");
+    EXPECT_EQ(reasonFor(folder.path() / "file"), "");
+}
+
+TEST(FileReader, SaysThatAFileIsTooLarge) {
+    const TemporaryFolder folder;
+    const auto file = folder.write("file", "12345");
+    std::string reason;
+    EXPECT_FALSE(readFile(file, 4, &reason));
+    EXPECT_EQ(reason, "it is larger than 4 bytes");
+    EXPECT_FALSE(readFile("/proc/self/status", 10, &reason)); // its size is known only at its end
+    EXPECT_EQ(reason, "it is larger than 10 bytes");
+    ASSERT_EQ(::truncate(file.c_str(), 65LL * 1024 * 1024), 0);
+    EXPECT_EQ(reasonFor(file), "it is larger than 64 MiB");
+}
+
+TEST(FileReader, SaysWhyAFileIsNoJsonObject) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(reasonFor(folder.write("list", "[]")), "it is no JSON object");
+    EXPECT_TRUE(reasonFor(folder.write("cut", "{\n\"a\":"))
+                    .starts_with("parse error at line 2, column 5: "));
 }
 
 } // namespace

@@ -306,5 +306,56 @@ TEST(FileWriter, FilesReplacedTogetherChangeOnlyWhenAllCouldBeWritten) {
     EXPECT_EQ(namesIn(folder.path()), (Names{"first", "second"}));
 }
 
+/// Why `content` cannot be saved at `path`; empty when it can.
+std::string reasonFor(const std::filesystem::path& path, std::string_view content = "x") {
+    std::string reason;
+    saveBytes(path, content, &reason);
+    return reason;
+}
+
+TEST(FileWriter, SaysWhyAFileCannotBeSaved) {
+    const TemporaryFolder folder;
+    const auto fifo = folder.path() / "fifo";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    std::filesystem::create_symlink("ring", folder.path() / "ring");
+    std::filesystem::create_directory(folder.path() / "folder");
+    EXPECT_EQ(reasonFor(folder.path() / "file"), "");
+    EXPECT_EQ(reasonFor(folder.path() / "file/below"), "Not a directory");
+    EXPECT_EQ(reasonFor(folder.path() / "folder"), "a folder has its name");
+    EXPECT_EQ(reasonFor(folder.path() / "folder/"), "its path names a folder");
+    EXPECT_EQ(reasonFor(fifo), "what has its name is no regular file");
+    EXPECT_EQ(reasonFor(folder.path() / "ring"), "it is a ring of links");
+    EXPECT_EQ(reasonFor(folder.path() / std::string(256, 'n')), "File name too long");
+    EXPECT_EQ(reasonFor(""), "its path is empty or holds a NUL character");
+    EXPECT_TRUE(test::holdsWithFileSizeLimit(4096, [&] {
+        return reasonFor(folder.path() / "big", std::string(100'000, 'x')) == "File too large";
+    }));
+}
+
+TEST(FileWriter, SaysWhyNothingCanBeWrittenInAFolder) {
+    if (test::isRoot()) {
+        EXPECT_TRUE(test::passesAsOrdinaryUser());
+        return;
+    }
+    const TemporaryFolder folder;
+    const auto file = folder.write("file", "old");
+    std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+    EXPECT_EQ(reasonFor(file), "Permission denied");
+    std::filesystem::permissions(folder.path(), std::filesystem::perms(0500));
+    EXPECT_EQ(reasonFor(folder.path() / "new"), "Permission denied");
+    EXPECT_EQ(reasonFor(folder.path() / "sub/new"), "Permission denied");
+    std::filesystem::permissions(folder.path(), std::filesystem::perms(0700));
+}
+
+TEST(FileWriter, SaysWhyABackupCannotBeMade) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.path() / "folder");
+    const auto backup = (folder.path() / "folder.bak").string();
+    std::string reason;
+    EXPECT_FALSE(keepBackup(folder.path() / "folder", &reason));
+    EXPECT_EQ(reason,
+              "the backup " + backup + " could not be made: the original is no regular file");
+}
+
 } // namespace
 } // namespace kestrel

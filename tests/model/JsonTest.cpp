@@ -212,5 +212,35 @@ TEST(Json, ListsAndObjectsOfOneKindAreTold) {
     EXPECT_FALSE(isObjectOfStrings(*parseJson("[]")));
 }
 
+/// Why `text` is refused; empty when it is not.
+std::string reasonFor(const std::string& text) {
+    std::string reason;
+    const bool isRead = parseJson(text, nullptr, &reason).has_value();
+    EXPECT_EQ(isRead, reason.empty());
+    return reason;
+}
+
+TEST(Json, SaysAtWhichPlaceATextIsNoJson) {
+    EXPECT_EQ(reasonFor("{}"), "");
+    EXPECT_TRUE(reasonFor("").starts_with("parse error at line 1, column 1: "));
+    const std::string reason = reasonFor("{\"a\": 1,\n  b}");
+    EXPECT_TRUE(reason.starts_with("parse error at line 2, column 3: ")) << reason;
+}
+
+TEST(Json, TheReasonIsOfOneLineAndAscii) {
+    for (const std::string text : {"{\"a\": \"\n\"}", "[\"\xff\"]", "\xc3\xa9", "[\x1b[31m"}) {
+        for (const char character : reasonFor(text)) {
+            EXPECT_TRUE(character >= 0x20 && character < 0x7F) << text;
+        }
+    }
+}
+
+TEST(Json, SaysThatADocumentIsTooDeepOrHoldsANulCharacter) {
+    EXPECT_EQ(reasonFor(nestedObjects(1000)), "");
+    EXPECT_EQ(reasonFor(nestedObjects(1001)), "it is nested deeper than 1000 levels");
+    EXPECT_EQ(reasonFor(nestedArrays(1001)), "it is nested deeper than 1000 levels");
+    EXPECT_EQ(reasonFor(std::string("{}\0", 3)), "it holds a NUL character");
+}
+
 } // namespace
 } // namespace kestrel

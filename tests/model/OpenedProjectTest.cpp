@@ -92,5 +92,31 @@ TEST_F(OpenedProjectTest, OnlyTheStrictRuleRefusesOtherMembersThanStrings) {
     expectProblem(ProjectFault::unreadableProjectFile, file(), ProjectFileRule::stringsOnly);
 }
 
+TEST_F(OpenedProjectTest, EachFaultComesWithItsReason) {
+    const auto reason = [this](ProjectFileRule rule = ProjectFileRule::anyMembers) {
+        const auto opened = openProject(file(), m_folder.path(), rule);
+        const auto* const problem = std::get_if<ProjectProblem>(&opened);
+        return problem != nullptr ? problem->reason : "";
+    };
+    EXPECT_EQ(reason(), "No such file or directory");
+    writeProjectFile("[]");
+    EXPECT_EQ(reason(), "it is no JSON object");
+    writeProjectFile("{\n]");
+    EXPECT_TRUE(reason().starts_with("parse error at line 2, column 1: "));
+    writeProjectFile(R"({"ProjectStructure":7})");
+    EXPECT_EQ(reason(), "it has no text \"ProjectStructure\"");
+    EXPECT_EQ(reason(ProjectFileRule::stringsOnly), "it holds more than texts");
+    writeProjectFile(ProjectFile);
+    EXPECT_EQ(reason(), "No such file or directory");
+    writeStructure(storedTree(1001));
+    EXPECT_EQ(reason(), "it is nested deeper than 1000 levels");
+    writeStructure(R"({"name":"g"})");
+    const test::LogCapture log;
+    EXPECT_EQ(reason(), "it describes no project");
+    EXPECT_EQ(log.lines(),
+              (std::vector<std::string>{"FAILLLEED",
+                                        "The stored node \"g\": its member \"type\" is missing"}));
+}
+
 } // namespace
 } // namespace kestrel

@@ -59,7 +59,7 @@ TEST_F(UnreadableProject, EachKindOfUselessProjectFileIsExplained) {
     writeFile(at("game/empty.kst"), "");
     expectRefused(at("game/empty.kst"), "is not a JSON object");
     writeFile(at("game/list.kst"), "[]");
-    expectRefused(at("game/list.kst"), "is not a JSON object");
+    expectRefused(at("game/list.kst"), "is not a JSON object.");
     writeFile(at("game/other.kst"), R"({"ProjectStructure": 7})");
     expectRefused(at("game/other.kst"), "it has no text \"ProjectStructure\"");
     fs::create_symlink("nowhere", at("game/lost.kst"));
@@ -74,7 +74,7 @@ TEST_F(UnreadableProject, EachKindOfUselessStructureIsExplained) {
     writeFile(project.structureFile(), R"({"name": "game"})");
     expectRefused(project.file(), "describes no project");
     writeFile(project.structureFile(), "no JSON");
-    expectRefused(project.file(), "is not a JSON object");
+    expectRefused(project.file(), "is not a JSON object: parse error at line 1, column 2: ");
     fs::remove(project.structureFile());
     expectRefused(project.file(), "there is no structure file");
     fs::create_directory(project.structureFile());
@@ -105,7 +105,7 @@ TEST_F(UnreadableProject, ANestingThatIsTooDeepIsRefused) {
         text += R"({"sub_items":[)";
     }
     writeFile(project.structureFile(), text);
-    expectRefused(project.file(), "is not a JSON object");
+    expectRefused(project.file(), "is not a JSON object: it is nested deeper than 1000 levels.");
 }
 
 TEST_F(UnreadableProject, ABuildWithoutSettingsFailsAndSaysWhichFileIsMissing) {

@@ -10,6 +10,7 @@
 #include "model/FileProcessor.h"
 #include "model/FileReader.h"
 #include "model/Log.h"
+#include "model/Reason.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -80,9 +81,10 @@ void TextEditorController::viewDidLoad() {
 }
 
 void TextEditorController::loadFile(const std::filesystem::path& path) {
-    const std::optional<std::string> bytes = readFile(path, MaximumSourceSize);
+    std::string reason;
+    const std::optional<std::string> bytes = readFile(path, MaximumSourceSize, &reason);
     if (!bytes) {
-        writeLog("The file " + path.string() + " could not be read.");
+        writeLog("The file " + path.string() + " could not be read: " + reason);
         return;
     }
     const std::optional<SourceText> source = decodeSource(*bytes);
@@ -147,8 +149,10 @@ void TextEditorController::saveFile() {
         source = {codeEditor->source().text(), m_byteOrderMark, {}};
         contents = encodeSource(source);
     }
-    if (!FileProcessor::saveTextFile(*m_path, contents)) {
+    std::string reason;
+    if (!FileProcessor::saveTextFile(*m_path, contents, &reason)) {
         writeLog("Could not save file");
+        logReason(m_path->string(), reason);
         return;
     }
     m_description = sourceDescription(source);

@@ -84,7 +84,8 @@ TEST_F(TextEditorPane, AFailedSaveIsLoggedAndKeepsTheText) {
     std::filesystem::remove_all(path.parent_path());
     folder.write("sub", "in the way");
     pane.saveFile();
-    EXPECT_EQ(log.lines(), std::vector<std::string>{"Could not save file"});
+    EXPECT_EQ(log.lines(), (std::vector<std::string>{"Could not save file",
+                                                     path.string() + ": Not a directory"}));
     EXPECT_EQ(shown(), QStringLiteral("xrts\n"));
     EXPECT_EQ(pane.path(), path);
 }
@@ -222,6 +223,19 @@ TEST_F(TextEditorPane, AnEmptyFileIsEditedAndSaved) {
     EXPECT_EQ(contentOf(path), "\n");
 }
 
-} // namespace
+TEST_F(TextEditorPane, TheLogSaysWhyAFileCannotBeRead) {
+    const auto large = folder.write("large.asm", "");
+    std::filesystem::resize_file(large, std::uintmax_t{129} * 1024 * 1024);
+    pane.loadFile(folder.path() / "none.asm");
+    pane.loadFile(folder.path());
+    pane.loadFile(large);
+    const std::string before = "The file " + folder.path().string();
+    EXPECT_EQ(log.lines(),
+              (std::vector<std::string>{
+                  before + "/none.asm could not be read: No such file or directory",
+                  before + " could not be read: it is a folder",
+                  before + "/large.asm could not be read: it is larger than 128 MiB"}));
+}
 
+} // namespace
 } // namespace kestrel
