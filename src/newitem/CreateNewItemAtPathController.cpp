@@ -3,81 +3,16 @@
 
 #include "model/Log.h"
 #include "model/Paths.h"
-#include "model/ProjectFiles.h"
 #include "model/ProjectItem.h"
+#include "newitem/NameNote.h"
 
 #include <QFormLayout>
 #include <QSignalBlocker>
 
-#include <algorithm>
-#include <climits>
-#include <cstddef>
 #include <string>
-#include <system_error>
 #include <utility>
 
 namespace kestrel {
-
-namespace {
-
-/// Whether the path and each name in it are within the system's limits.
-bool fitsTheSystem(const std::filesystem::path& path) {
-    return path.native().size() < std::size_t{PATH_MAX} &&
-           std::all_of(path.begin(), path.end(), [](const auto& name) {
-               return name.native().size() <= std::size_t{NAME_MAX};
-           });
-}
-
-/// Why no project can be created in the folder `location`, or what will happen to existing files in
-/// it; empty when neither applies.
-QString textOnProject(const std::filesystem::path& location, const std::string& name) {
-    const auto longest =
-        joined(location, settingsFilePath(name, ProjectStructureConfigurationExtension));
-    if (!fitsTheSystem(longest)) {
-        return QStringLiteral("This name is too long, so the project's files cannot be made.");
-    }
-    const auto folderOfFile = projectFileLocation(location, name).parent_path();
-    if (folderOfFile != location && !existsAt(folderOfFile)) {
-        return QStringLiteral("With a \"/\" in this name the project's file cannot be made, so the "
-                              "project will not be found again.");
-    }
-    if (!existsAt(location)) {
-        return {};
-    }
-    std::error_code unreadable;
-    return std::filesystem::is_directory(location, unreadable)
-               ? QStringLiteral("A folder of this name is there already. It becomes the project's "
-                                "folder; a project that it holds is kept.")
-               : QStringLiteral("A file of this name is there already, so the project's folder "
-                                "cannot be made.");
-}
-
-/// The same for a file at `location`.
-QString textOnFile(const std::filesystem::path& location) {
-    if (!fitsTheSystem(location)) {
-        return QStringLiteral("This name is too long, so the file cannot be made.");
-    }
-    if (!existsAt(location)) {
-        return {};
-    }
-    std::error_code unreadable;
-    if (std::filesystem::is_directory(location, unreadable)) {
-        return QStringLiteral("A folder of this name is there already, so the file cannot be "
-                              "made.");
-    }
-    if (!std::filesystem::is_regular_file(location, unreadable)) {
-        return QStringLiteral("Something other than a file has this name already, so the file "
-                              "cannot be made.");
-    }
-    if (!fitsTheSystem(location.native() + "~")) {
-        return QStringLiteral("A file of this name is there already, and the name has no room for "
-                              "the \"~\" that would keep it, so the file cannot be made.");
-    }
-    return QStringLiteral("A file of this name is there already. Its contents will be replaced; "
-                          "the old file is kept beside it, with \"~\" appended to its name.");
-}
-
-} // namespace
 
 CreateNewItemAtPathController::CreateNewItemAtPathController(QWidget* parent)
     : QWidget(parent) {
@@ -192,8 +127,8 @@ QString CreateNewItemAtPathController::textOnExistingItem() const {
     }
     const std::string name = m_fileNameTextField->text().toStdString();
     const std::filesystem::path location = joined(*m_rootPath, name);
-    return m_newItem->itemFileType() == FileType::project ? textOnProject(location, name)
-                                                          : textOnFile(location);
+    return m_newItem->itemFileType() == FileType::project ? noteOnProject(location, name)
+                                                          : noteOnFile(location);
 }
 
 } // namespace kestrel

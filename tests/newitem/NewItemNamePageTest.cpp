@@ -222,9 +222,15 @@ TEST_F(NewItemNamePage, AProjectsNameWithASeparatorIsSaidToBeNoneThatIsFoundAgai
     clickNext();
     type("a/b");
     EXPECT_TRUE(note().contains(QStringLiteral("will not be found again")));
-    name()->setText(QStringLiteral("/demo"));
-    EXPECT_TRUE(note().isEmpty());
     EXPECT_TRUE(wizard()->nextButton()->isEnabled());
+    for (const char* const name : {"/demo", "../up", "../Kestrel/../up", "./here"}) {
+        this->name()->setText(QString::fromUtf8(name));
+        EXPECT_TRUE(note().contains(QStringLiteral("but not be built"))) << name;
+    }
+    for (const char* const name : {"demo/", "../Kestrel/x", "x/../y"}) {
+        this->name()->setText(QString::fromUtf8(name));
+        EXPECT_TRUE(note().contains(QStringLiteral("will not be found again"))) << name;
+    }
 }
 
 TEST_F(NewItemNamePage, AFileWhoseCopyCouldNotBeNamedIsNotSaidToBeReplaced) {

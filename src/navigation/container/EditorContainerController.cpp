@@ -269,8 +269,11 @@ void EditorContainerController::fileWasMade(const std::shared_ptr<ProjectItem>& 
                                             const std::shared_ptr<ProjectItem>& parent,
                                             const std::shared_ptr<ProjectItem>& project) {
     newItem->setParent(parent);
-    addItemToBuildSettingsAndNavigationController(newItem, project);
-    saveProjectStructure();
+    auto entry = addItemToBuildSettingsAndNavigationController(newItem, project);
+    std::string reason;
+    if (!saveStructure(*project, &reason) && entry) {
+        entry->takeBack("the project's structure", reason);
+    }
     if (m_commonController && m_commonController->projectSettings) {
         m_commonController->projectSettings->updateBuildSettings();
     }
@@ -278,17 +281,15 @@ void EditorContainerController::fileWasMade(const std::shared_ptr<ProjectItem>& 
 
 bool EditorContainerController::createNewFile(const std::shared_ptr<ProjectItem>& newItem,
                                               const std::shared_ptr<ProjectItem>& currentProject) {
-    return newItem && currentProject && writeNewFile(newItem, *currentProject);
+    return newItem && currentProject && writeNewFile(newItem, *currentProject).has_value();
 }
 
-void EditorContainerController::addItemToBuildSettingsAndNavigationController(
+std::optional<NewFileEntry>
+EditorContainerController::addItemToBuildSettingsAndNavigationController(
     const std::shared_ptr<ProjectItem>& newItem, const std::shared_ptr<ProjectItem>& project) {
-    if (!canInsert() || !createNewFile(newItem, project)) {
-        return;
-    }
-    NESBuildSettings settings(project);
-    m_projectNavigationController->add(newItem);
-    settings.addNewFile(newItem);
+    return canInsert() && newItem && project
+               ? NewFileEntry::make(*m_projectNavigationController, newItem, project)
+               : std::nullopt;
 }
 
 void EditorContainerController::importFile() {

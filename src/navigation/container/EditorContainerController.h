@@ -3,6 +3,7 @@
 
 #include "editors/settings/ProjectSettingsDataSource.h"
 #include "model/ProjectItem.h"
+#include "navigation/container/NewFileEntry.h"
 #include "navigation/container/ProjectItemDeletion.h"
 #include "navigation/container/ShownPane.h"
 #include "navigation/tree/NotificationCentre.h"
@@ -17,6 +18,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -73,9 +75,10 @@ public:
                        const std::shared_ptr<ProjectItem>& currentProject);
 
     /// Writes the file of a new node and, if that succeeds, adds the node to the tree and the build
-    /// settings.
-    void addItemToBuildSettingsAndNavigationController(const std::shared_ptr<ProjectItem>& newItem,
-                                                       const std::shared_ptr<ProjectItem>& project);
+    /// settings; see NewFileEntry.
+    std::optional<NewFileEntry>
+    addItemToBuildSettingsAndNavigationController(const std::shared_ptr<ProjectItem>& newItem,
+                                                  const std::shared_ptr<ProjectItem>& project);
 
     /// Creates a project's files and adds it to the tree and the registry; adopts the nodes of an
     /// existing structure file. If the tree already has the project, only selects it. True when the

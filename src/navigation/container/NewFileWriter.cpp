@@ -4,6 +4,7 @@
 #include "build/SourceLocation.h"
 #include "chrcanvas/data/ConsoleDataFactory.h"
 #include "model/FileProcessor.h"
+#include "model/FileWriter.h"
 #include "model/Paths.h"
 
 #include <cstddef>
@@ -60,6 +61,9 @@ public:
     /// True when a copy was made or no file existed.
     bool isKept() const { return m_kept; }
 
+    /// The path of the copy; empty when no file existed.
+    const fs::path& copy() const { return m_copy; }
+
     /// Removes the copy, because the file was not replaced.
     void discard() {
         std::error_code error;
@@ -73,34 +77,40 @@ private:
     fs::path m_copy;
 };
 
-template<typename Save> bool keepingTheOldFile(const fs::path& location, Save save) {
+template<typename Save>
+std::optional<WrittenFile> keepingTheOldFile(const fs::path& location, Save save) {
+    if (!namesAFile(location)) {
+        return std::nullopt; // saving would make the folder and then fail
+    }
     KeptFile old(location);
     if (!old.isKept()) {
-        return false;
+        return std::nullopt;
     }
     if (!save()) {
         old.discard();
-        return false;
+        return std::nullopt;
     }
-    return true;
+    return WrittenFile{location, old.copy()};
 }
 
-bool saveData(const fs::path& location, std::string_view data) {
+std::optional<WrittenFile> saveData(const fs::path& location, std::string_view data) {
     return keepingTheOldFile(location, [&] { return FileProcessor::saveDataFile(location, data); });
 }
 
 } // namespace
 
-bool writeNewFile(const std::shared_ptr<ProjectItem>& newItem, const ProjectItem& currentProject) {
+std::optional<WrittenFile> writeNewFile(const std::shared_ptr<ProjectItem>& newItem,
+                                        const ProjectItem& currentProject) {
     const auto folder = sourceFolder(*newItem, currentProject.itemPath());
     if (!folder) {
-        return false;
+        return std::nullopt;
     }
     const fs::path location = joined(*folder, newItem->itemName());
     switch (newItem->itemFileType()) {
     case FileType::project:
         newItem->setItemPath(joined(newItem->itemPath(), newItem->itemName()));
-        return FileProcessor::createFilesForNewProject(newItem);
+        return FileProcessor::createFilesForNewProject(newItem) ? std::optional(WrittenFile{})
+                                                                : std::nullopt;
     case FileType::text:
         return keepingTheOldFile(
             location, [&] { return FileProcessor::saveTextFile(location, std::nullopt); });
@@ -109,7 +119,7 @@ bool writeNewFile(const std::shared_ptr<ProjectItem>& newItem, const ProjectItem
     case FileType::graphics: {
         const auto tiles = ConsoleDataFactory::generate(ConsoleType::nes);
         const auto data = tiles ? tiles->toData() : std::nullopt;
-        return data && saveData(location, *data);
+        return data ? saveData(location, *data) : std::nullopt;
     }
     case FileType::group:
     case FileType::empty:
@@ -117,7 +127,19 @@ bool writeNewFile(const std::shared_ptr<ProjectItem>& newItem, const ProjectItem
         break;
     }
     std::cout << "Failed to save type" << std::endl;
-    return false;
+    return std::nullopt;
+}
+
+void takeBack(const WrittenFile& written) {
+    std::error_code error;
+    if (written.file.empty()) {
+        return;
+    }
+    if (written.formerContent.empty()) {
+        fs::remove(written.file, error);
+    } else {
+        fs::rename(written.formerContent, written.file, error);
+    }
 }
 
 } // namespace kestrel

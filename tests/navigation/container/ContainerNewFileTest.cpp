@@ -3,6 +3,9 @@
 #include "navigation/container/NewFileWriter.h"
 #include "support/ChildProcess.h"
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace kestrel::test {
 namespace {
 
@@ -15,6 +18,27 @@ constexpr int Palette = 1;
 constexpr int Graphics = 2;
 
 class ContainerNewFile : public ContainerTest {};
+
+/// While it lives, nothing can be written into a file, as on a full disk; empty files can be made.
+class FullDisk {
+public:
+    FullDisk()
+        : m_formerHandler(std::signal(SIGXFSZ, SIG_IGN)) {
+        ::getrlimit(RLIMIT_FSIZE, &m_former);
+        const rlimit none{0, m_former.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &none);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk() {
+        ::setrlimit(RLIMIT_FSIZE, &m_former);
+        std::signal(SIGXFSZ, m_formerHandler);
+    }
+
+private:
+    rlimit m_former{};
+    void (*m_formerHandler)(int);
+};
 
 /// A settings pane that counts how often it was asked to show the settings.
 class CountingSettings final : public ProjectSettingsController {
@@ -196,6 +220,65 @@ TEST_F(ContainerNewFile, OnAFullDiskTheExistingFileStaysAndNoCopyIsLeft) {
     }));
     EXPECT_EQ(content("a.chr"), std::string(200, 'x'));
     EXPECT_FALSE(exists("a.chr~"));
+}
+
+TEST_F(ContainerNewFile, OnAFullDiskNeitherNodeNorFileIsMadeAndTheLogSaysWhy) {
+    makeProject("Game", {fileOf("Game", "a.asm", FileType::text)});
+    start();
+    const std::string structure = content("Kestrel/Game/.project/Game-ProjectStructure.cfg");
+    {
+        const FullDisk full;
+        makeFile(Assembly, "new.asm");
+    }
+    EXPECT_FALSE(exists("Kestrel/Game/new.asm"));
+    EXPECT_THAT(names(root()->subItems()), ElementsAre("a.asm"));
+    EXPECT_THAT(savedAssemblyFiles(root()), IsEmpty());
+    EXPECT_EQ(content("Kestrel/Game/.project/Game-ProjectStructure.cfg"), structure);
+    const std::string settings =
+        (home.path() / "Kestrel/Game/.project/Game-BuildSettings.cfg").string();
+    EXPECT_THAT(log.lines(),
+                testing::IsSupersetOf(
+                    {std::string("Could not save build settings"), settings + ": File too large",
+                     "The new file " + (home.path() / "Kestrel/Game/new.asm").string() +
+                         " was taken back, because the build settings could not be saved"}));
+    EXPECT_EQ(tree().selectedItem(), root());
+    makeFile(Assembly, "new.asm");
+    EXPECT_THAT(names(root()->subItems()), ElementsAre("new.asm", "a.asm"));
+    EXPECT_THAT(savedAssemblyFiles(root()), ElementsAre("new.asm"));
+}
+
+TEST_F(ContainerNewFile, AFileWhoseNodeCannotBeSavedInTheStructureIsTakenBack) {
+    makeProject("Game");
+    home.write("Kestrel/Game/main.asm", "precious");
+    start();
+    const auto file = home.path() / "Kestrel/Game/.project/Game-ProjectStructure.cfg";
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);
+    makeFile(Assembly, "main.asm");
+    EXPECT_EQ(content("Kestrel/Game/main.asm"), "precious");
+    EXPECT_FALSE(exists("Kestrel/Game/main.asm~"));
+    EXPECT_THAT(root()->subItems(), IsEmpty());
+    EXPECT_THAT(savedAssemblyFiles(root()), IsEmpty());
+    EXPECT_THAT(log.lines(), testing::Contains(HasSubstr(
+                                 "was taken back, because the project's structure could not be "
+                                 "saved: the backup " +
+                                 file.string())));
+}
+
+TEST_F(ContainerNewFile, ATakenBackFileLeavesTheOthersOfItsNameAndACollapsedGroupAlone) {
+    const Node inside = fileOf("Game", "same.asm", FileType::text);
+    const Node group = makeNode("Group", FileType::group, {inside}, home.path() / "Kestrel/Game");
+    makeProject("Game", {group});
+    start();
+    click("Group");
+    view().collapse(tree().model()->indexOf(find("Group")));
+    {
+        const FullDisk full;
+        makeFile(Assembly, "same.asm");
+    }
+    EXPECT_THAT(names(find("Group")->subItems()), ElementsAre("same.asm"));
+    EXPECT_EQ(content("Kestrel/Game/same.asm"), "same.asm");
+    EXPECT_EQ(tree().selectedItem(), find("Group"));
 }
 
 TEST_F(ContainerNewFile, AFileInAFolderWithoutWritePermissionIsNotMade) {
