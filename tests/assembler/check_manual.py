@@ -20,7 +20,7 @@ ROOT = Path(__file__).resolve().parents[2]
 OPERATORS = ["-", "+", "~", "!", "*", "/", "%", "<<", ">>", "<", "<=", ">", ">=", "=", "==", "!=", "<>", "&", "^",
              r"\|", "&&", r"\|\|"]
 # Sources whose texts go into files, or stand in the manual's table of warnings, or are advice after a semicolon.
-NO_MESSAGES = {"DbgFile.cpp", "DebugLabels.cpp", "LabelFiles.cpp", "Listing.cpp", "Warnings.h", "ForeignWords.cpp"}
+NO_MESSAGES = {"DbgFile.cpp", "DebugLabels.cpp", "LabelFiles.cpp", "LabelFiles.h", "Listing.cpp", "Warnings.h", "ForeignWords.cpp"}
 # What a value is for, names of options, of files and of variables, a part of the summary, parts of advice.
 NO_TEXT = re.compile(r"the \w+ of \.\w+|the fill byte|--[a-z- ]+|\S+|\(off by default\)|, without the dot|needs an address|"
                      r"\*\+5 and below it JMP|take one byte of it with #LOW\(\) or #HIGH\(\)")

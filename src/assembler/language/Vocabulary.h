@@ -21,7 +21,8 @@ enum class DirectiveRole : std::uint8_t {
     macro,
     endMacro,
     repeat,
-    endRepeat
+    endRepeat,
+    late ///< came later to the language: older sources may have local labels of this name
 };
 
 /// One word for a directive.
@@ -42,6 +43,11 @@ struct alignas(std::uint32_t) Keyword { // handed over as one word
     bool isDirective() const { return kind == Kind::directive; }
     bool isInstruction() const { return kind == Kind::instruction; }
     bool isDirective(DirectiveRole which) const { return isDirective() && role == which; }
+    /// True when this late directive is a label after all: it stands in the first column, and
+    /// `next`, what follows it, is no quote, which its operand begins with.
+    bool isLateLabel(bool isFirstColumn, char next) const {
+        return role == DirectiveRole::late && isFirstColumn && next != '"';
+    }
 };
 
 /// Knows the words that begin statements: directives and instructions, hashed by their letters.

@@ -41,6 +41,9 @@ public:
     /// An error after which nothing sensible can follow: limitReached() holds from now on.
     void fatal(const Position& position, std::string text);
 
+    /// Ends the run without a message: limitReached() holds from now on.
+    void stop() { m_stopped = true; }
+
     bool limitReached() const { return m_stopped; }
     std::size_t errorCount() const { return m_errors; }
     std::size_t warningCount() const { return m_warnings; }

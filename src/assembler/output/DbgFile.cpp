@@ -17,6 +17,9 @@ namespace nesasm {
 namespace {
 
 constexpr std::uint32_t HeaderSize = 16;
+/// Of every file: its first line, and the row of its one module.
+constexpr std::string_view VersionRow = "version\tmajor=2,minor=0";
+constexpr std::string_view ModuleRow = "mod\tid=0,name=\"NESasm\",file=0\n";
 constexpr unsigned MacroLine = 2; ///< the type of a line of a macro's body
 
 std::string number(std::uint64_t value) {
@@ -85,14 +88,13 @@ public:
             lines += lineText(key, line);
             ++lineCount;
         }
-        std::string info = "version\tmajor=2,minor=0\ninfo\tcsym=0,file=" + number(m_fileCount) +
+        std::string info = std::string(VersionRow) + "\ninfo\tcsym=0,file=" + number(m_fileCount) +
                            ",lib=0,line=" + number(lineCount) +
                            ",mod=1,scope=1,seg=" + number(m_segmentIds.size()) +
                            ",span=" + number(m_spanCount) + ",sym=" + number(m_symbolCount) +
                            ",type=0\n";
-        return info + m_files + lines +
-               "mod\tid=0,name=" + inQuotes(m_output.substr(m_output.rfind('/') + 1)) +
-               ",file=0\n" + m_segments + m_spans + "scope\tid=0,name=\"\",mod=0\n" + m_symbols;
+        return info + m_files + lines + std::string(ModuleRow) + m_segments + m_spans +
+               "scope\tid=0,name=\"\",mod=0\n" + m_symbols;
     }
 
 private:
@@ -278,6 +280,16 @@ private:
 
 SideFile dbgFile(const FinishedProgram& program, const std::string& output) {
     return {withEnding(output, ".dbg"), DbgWriter(program, output).text()};
+}
+
+bool isDbgStart(std::string_view line) {
+    return line == VersionRow;
+}
+
+bool isOwnDbgText(std::string_view text) {
+    const auto first = text.find("\nmod\t");
+    return first != std::string_view::npos && text.substr(first + 1).starts_with(ModuleRow) &&
+           text.find("\nmod\t", first + 1) == std::string_view::npos;
 }
 
 } // namespace nesasm

@@ -45,14 +45,21 @@ std::string alsoText(const DebugLabel& label) {
     return text;
 }
 
-std::string nlLine(const DebugLabel& label) {
+/// The comment of a label: the mark when it is the first one of its file, and its other names.
+std::string commentOf(const DebugLabel& label, bool isFirst) {
+    std::string text(isFirst ? LabelMark : "");
+    const std::string also = alsoText(label);
+    return text.append(isFirst && !also.empty() ? "; " : "").append(also);
+}
+
+std::string nlLine(const DebugLabel& label, bool isFirst) {
     std::string line = hexText(label.address, 4);
     if (label.size > 1) {
         line += "/" + hexDigits(label.size, 1);
     }
     line += "#" + label.name;
-    line.resize(std::min(line.size(), LongestNlLine - 1));
-    line += "#" + alsoText(label);
+    line.resize(std::min(line.size(), LongestNlLine - 1 - (isFirst ? LabelMark.size() : 0)));
+    line += "#" + commentOf(label, isFirst);
     line.resize(std::min(line.size(), LongestNlLine));
     return line += '\n';
 }
@@ -72,6 +79,7 @@ std::string withEnding(const std::string& path, std::string_view ending) {
 SideFile mlbFile(const FinishedProgram& program, const std::string& output) {
     SideFile file{withEnding(output, ".mlb"), {}};
     for (const DebugLabel& label : debugLabels(program)) {
+        const bool isFirst = file.text.empty();
         file.text.append(mlbType(label.memory, program.image.header))
             .append(":")
             .append(hexDigits(label.offset, 4));
@@ -79,8 +87,8 @@ SideFile mlbFile(const FinishedProgram& program, const std::string& output) {
             file.text += "-" + hexDigits(label.offset + label.size - 1, 4);
         }
         file.text += ":" + label.name;
-        if (!label.also.empty()) {
-            file.text += ":" + alsoText(label);
+        if (isFirst || !label.also.empty()) {
+            file.text += ":" + commentOf(label, isFirst);
         }
         file.text += '\n';
     }
@@ -112,7 +120,14 @@ std::vector<SideFile> nlFiles(const FinishedProgram& program, const std::string&
             continue;
         }
         if (taken[index].emplace(label.address, true).second) {
-            files[index].text += nlLine(label);
+            files[index].text += nlLine(label, files[index].text.empty());
+        }
+    }
+    for (SideFile& file : files) {
+        if (file.text.empty()) {
+            // A comment without a name, at the first address that the file is about.
+            file.text =
+                (&file == &files.front() ? "$0000##" : "$8000##") + std::string(LabelMark) + "\n";
         }
     }
     return files;

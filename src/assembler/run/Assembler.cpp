@@ -61,8 +61,9 @@ struct Assembler::Run {
         Directives::vocabulary(), parser, names, frames, records, reporter, arena};
     FlowDirectives flow{parser, names, conditionals, sources, reporter, deferred};
     ListingDirectives listing{records, reporter};
+    LabelDirectives labels{records, reporter};
     Directives directives{
-        Directives::Parts{definitions, data, places, included, macros, flow, listing}};
+        Directives::Parts{definitions, data, places, included, macros, flow, listing, labels}};
     InstructionAssembler instructions{statement, parser, fields, hints, writer, reporter};
     StatementAssembler statements{names, reporter, instructions, directives, definitions, macros};
     LineAssembler lines{statement, frames,     conditionals, names,  writer,
@@ -78,6 +79,16 @@ Assembler::Assembler(Options options, TextSink sink)
 Assembler::~Assembler() = default;
 
 Assembler::Result Assembler::run() {
+    const Result result = assemble();
+    if (!m_run->labels.needsLines()) {
+        return result;
+    }
+    m_options.recordsLines = true;
+    m_run = std::make_unique<Run>(m_options, m_sink);
+    return assemble();
+}
+
+Assembler::Result Assembler::assemble() {
     for (const auto& [name, value] : m_options.definitions) {
         m_run->names.predefine(name, value);
     }
@@ -87,6 +98,9 @@ Assembler::Result Assembler::run() {
         return Result::unreadable;
     }
     m_run->lines.run();
+    if (m_run->labels.needsLines()) {
+        return Result::built;
+    }
     m_run->image.finish();
     if (!m_run->diagnostics.limitReached()) {
         m_run->resolver.run();
@@ -148,6 +162,10 @@ const Image& Assembler::image() const {
 
 FinishedProgram Assembler::program() const {
     return {m_run->image, m_run->symbols, m_run->origins, m_run->records.all()};
+}
+
+const LabelFormats& Assembler::labelFormats() const {
+    return m_run->labels.formats();
 }
 
 bool Assembler::hasRead(const FileIdentity& identity) const {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/language/LabelFormats.h"
 #include "assembler/messages/Diagnostics.h"
 #include "assembler/output/FinishedProgram.h"
 #include "assembler/reading/FileReader.h"
@@ -37,12 +38,15 @@ public:
     const Image& image() const;
     /// What is known of the run, for what is written beside the image.
     FinishedProgram program() const;
+    /// The label files that the source asks for.
+    const LabelFormats& labelFormats() const;
     /// True when `identity` is one of the files that were read.
     bool hasRead(const FileIdentity& identity) const;
 
 private:
     struct Run;
 
+    Result assemble();
     void checkHeader();
     void checkVectors();
 

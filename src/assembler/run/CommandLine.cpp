@@ -129,21 +129,11 @@ private:
         return {};
     }
     Problem addLabels(std::string_view value) {
-        using Labels = CommandLine::Labels;
-        Labels format{};
-        if (value == "mlb") {
-            format = Labels::mlb;
-        } else if (value == "nl") {
-            format = Labels::nl;
-        } else if (value == "dbg") {
-            format = Labels::dbg;
-        } else {
+        const auto format = findLabelFormat(value);
+        if (!format) {
             return "--labels takes mlb, nl or dbg, not " + quoted(value);
         }
-        std::vector<Labels>& labels = m_line.labels;
-        if (std::find(labels.begin(), labels.end(), format) == labels.end()) {
-            labels.push_back(format);
-        }
+        addTo(m_line.labels, *format);
         return {};
     }
     Problem setColours(std::string_view value) {
@@ -220,9 +210,7 @@ Problem readCommandLine(std::span<const std::string_view> arguments, CommandLine
     if (problem || line.wish != CommandLine::Wish::assemble) {
         return problem;
     }
-    line.options.recordsLines =
-        !line.listing.empty() || std::find(line.labels.begin(), line.labels.end(),
-                                           CommandLine::Labels::dbg) != line.labels.end();
+    line.options.recordsLines = !line.listing.empty() || holds(line.labels, LabelFormat::dbg);
     if (line.options.input.empty()) {
         return "the file to assemble is missing: --input FILE";
     }

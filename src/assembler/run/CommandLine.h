@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/language/LabelFormats.h"
 #include "assembler/run/Options.h"
 #include "assembler/text/Problem.h"
 
@@ -15,13 +16,12 @@ namespace nesasm {
 struct CommandLine {
     enum class Wish { assemble, help, version };
     enum class Colours { automatic, always, never };
-    enum class Labels { mlb, nl, dbg };
 
     Wish wish = Wish::assemble;
     Options options; ///< all but includeList and colours, which depend on the environment
     std::string output;
-    std::vector<Labels> labels; ///< the formats, each once
-    std::string listing;        ///< "" for none
+    LabelFormats labels;
+    std::string listing; ///< "" for none
     bool listsExpansions = false;
     bool isVerbose = false;
     Colours colours = Colours::automatic;

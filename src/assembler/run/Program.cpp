@@ -2,6 +2,8 @@
 #include "assembler/run/Program.h"
 
 #include "assembler/output/ImageFile.h"
+#include "assembler/output/Listing.h"
+#include "assembler/output/StaleLabels.h"
 #include "assembler/run/Assembler.h"
 #include "assembler/run/CommandLine.h"
 #include "assembler/run/SideFiles.h"
@@ -40,10 +42,33 @@ bool isFree(const std::string& path, const Assembler& assembler, const TextSink&
     return false;
 }
 
-/// Writes the files beside the image. False when one could not be written; that was reported.
+/// The formats that the command line or the source asks for.
+LabelFormats labelFormats(const CommandLine& line, const Assembler& assembler) {
+    LabelFormats formats = line.labels;
+    for (const LabelFormat format : assembler.labelFormats()) {
+        addTo(formats, format);
+    }
+    return formats;
+}
+
+/// Writes the files beside the image, and removes those that are not wanted any more. False when
+/// one could not be written; that was reported.
 bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const TextSink& sink) {
-    const std::vector<SideFile> files = sideFiles(assembler.program(), line);
-    return std::ranges::all_of(files, [&](const SideFile& file) {
+    // The command line alone has been seen to.
+    if (!assembler.labelFormats().empty()) {
+        if (const Problem problem = sharedOutput(line, assembler.labelFormats())) {
+            sink(printable("error: " + *problem) + "\n");
+            return false;
+        }
+    }
+    const FinishedProgram program = assembler.program();
+    const std::vector<SideFile> labels =
+        labelFiles(program, line.output, labelFormats(line, assembler));
+    std::vector<SideFile> files = labels;
+    if (!line.listing.empty()) {
+        files.push_back({line.listing, listingText(program, line.listsExpansions)});
+    }
+    const bool isWritten = std::ranges::all_of(files, [&](const SideFile& file) {
         if (!isFree(file.path, assembler, sink)) {
             return false;
         }
@@ -53,6 +78,13 @@ bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const T
         }
         return !problem;
     });
+    if (isWritten) {
+        removeStaleLabels(line.output, labels, [&](const std::string& path) {
+            const auto identity = identify(path);
+            return identity && assembler.hasRead(*identity);
+        });
+    }
+    return isWritten;
 }
 
 int build(const CommandLine& line, const TextSink& sink) {

@@ -3,46 +3,51 @@
 
 #include "assembler/output/DbgFile.h"
 #include "assembler/output/ImageFile.h"
-#include "assembler/output/Listing.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <iterator>
 #include <map>
-#include <string_view>
+#include <string>
 #include <utility>
 
 namespace nesasm {
 
 namespace {
 
-/// PRG has no more banks of 16 KiB: the header counts them in one byte.
-constexpr std::uint32_t MostNlBanks = 255;
-
-/// A file that is written, and the option that asks for it.
+/// A file that is written, and the option or directive that asks for it.
 struct Output {
-    std::string_view option;
+    std::string option;
     std::string path;
 };
 
-std::vector<Output> outputs(const CommandLine& line) {
+/// The label files of a format, as far as they are known beforehand.
+std::vector<std::string> labelPaths(LabelFormat format, const std::string& output) {
+    switch (format) {
+    case LabelFormat::mlb:
+        return {withEnding(output, ".mlb")};
+    case LabelFormat::nl:
+        return nlPaths(output, MostNlBanks);
+    case LabelFormat::dbg:
+        return {withEnding(output, ".dbg")};
+    }
+    return {};
+}
+
+std::vector<Output> outputs(const CommandLine& line, const LabelFormats& ofSource) {
     std::vector<Output> all{{"--output", line.output}};
     if (!line.listing.empty()) {
         all.push_back({"--listing", line.listing});
     }
-    for (const CommandLine::Labels format : line.labels) {
-        switch (format) {
-        case CommandLine::Labels::mlb:
-            all.push_back({"--labels mlb", withEnding(line.output, ".mlb")});
-            break;
-        case CommandLine::Labels::nl:
-            for (std::string& path : nlPaths(line.output, MostNlBanks)) {
-                all.push_back({"--labels nl", std::move(path)});
+    for (const LabelFormat format : line.labels) {
+        for (std::string& path : labelPaths(format, line.output)) {
+            all.push_back({"--labels " + std::string(nameOf(format)), std::move(path)});
+        }
+    }
+    for (const LabelFormat format : ofSource) {
+        if (!holds(line.labels, format)) {
+            for (std::string& path : labelPaths(format, line.output)) {
+                all.push_back({".labels \"" + std::string(nameOf(format)) + "\"", std::move(path)});
             }
-            break;
-        case CommandLine::Labels::dbg:
-            all.push_back({"--labels dbg", withEnding(line.output, ".dbg")});
-            break;
         }
     }
     return all;
@@ -50,40 +55,38 @@ std::vector<Output> outputs(const CommandLine& line) {
 
 } // namespace
 
-Problem sharedOutput(const CommandLine& line) {
-    if (line.listing.empty() && line.labels.empty()) {
+Problem sharedOutput(const CommandLine& line, const LabelFormats& ofSource) {
+    if (line.listing.empty() && line.labels.empty() && ofSource.empty()) {
         return {};
     }
-    std::map<std::string, std::string_view> known;
-    for (const Output& each : outputs(line)) {
+    std::map<std::string, std::string> known;
+    for (const Output& each : outputs(line, ofSource)) {
         const auto [other, isNew] = known.emplace(writtenPath(each.path), each.option);
         if (!isNew) {
-            return std::string(other->second) + " and " + std::string(each.option) +
-                   " would both write the file '" + each.path + "'";
+            return other->second + " and " + each.option + " would both write the file '" +
+                   each.path + "'";
         }
     }
     return {};
 }
 
-std::vector<SideFile> sideFiles(const FinishedProgram& program, const CommandLine& line) {
+std::vector<SideFile> labelFiles(const FinishedProgram& program, const std::string& output,
+                                 const LabelFormats& formats) {
     std::vector<SideFile> files;
-    for (const CommandLine::Labels format : line.labels) {
+    for (const LabelFormat format : formats) {
         switch (format) {
-        case CommandLine::Labels::mlb:
-            files.push_back(mlbFile(program, line.output));
+        case LabelFormat::mlb:
+            files.push_back(mlbFile(program, output));
             break;
-        case CommandLine::Labels::nl: {
-            std::vector<SideFile> several = nlFiles(program, line.output);
+        case LabelFormat::nl: {
+            std::vector<SideFile> several = nlFiles(program, output);
             std::move(several.begin(), several.end(), std::back_inserter(files));
             break;
         }
-        case CommandLine::Labels::dbg:
-            files.push_back(dbgFile(program, line.output));
+        case LabelFormat::dbg:
+            files.push_back(dbgFile(program, output));
             break;
         }
-    }
-    if (!line.listing.empty()) {
-        files.push_back({line.listing, listingText(program, line.listsExpansions)});
     }
     return files;
 }

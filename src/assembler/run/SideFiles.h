@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/language/LabelFormats.h"
 #include "assembler/output/LabelFiles.h"
 #include "assembler/run/CommandLine.h"
 #include "assembler/text/Problem.h"
@@ -10,10 +11,12 @@
 
 namespace nesasm {
 
-/// As a sentence: that two of the files that the command line asks for are the same one.
-Problem sharedOutput(const CommandLine& line);
+/// As a sentence: that two of the files that the command line and the source ask for are the same
+/// one.
+Problem sharedOutput(const CommandLine& line, const LabelFormats& ofSource = {});
 
-/// The listing and the label files that the command line asks for, of a run that has built.
-std::vector<SideFile> sideFiles(const FinishedProgram& program, const CommandLine& line);
+/// The label files of these formats, of a run that has built the image at `output`.
+std::vector<SideFile> labelFiles(const FinishedProgram& program, const std::string& output,
+                                 const LabelFormats& formats);
 
 } // namespace nesasm

@@ -37,7 +37,7 @@ struct Directives::Table {
 
     /// Each word with whether it works without its dot, what it means to those who only look at it,
     /// and what it does; in alphabetical order.
-    static constexpr std::array<Row, 39> Rows{{
+    static constexpr std::array<Row, 40> Rows{{
         {{"align", NeedsDot}, to<&DataDirectives::align>},
         {{"assert", NeedsDot}, to<&FlowDirectives::assertion>},
         {{"bank", DotOrNot}, to<&PlaceDirectives::bank>},
@@ -66,6 +66,7 @@ struct Directives::Table {
         {{"inesmap", DotOrNot}, to<&PlaceDirectives::mapper>},
         {{"inesmir", DotOrNot}, to<&PlaceDirectives::mirroring>},
         {{"inesprg", DotOrNot}, to<&PlaceDirectives::prgUnits>},
+        {{"labels", NeedsDot, Role::late}, to<&LabelDirectives::labels>},
         {{"list", DotOrNot}, to<&ListingDirectives::show>},
         {{"macro", DotOrNot, Role::macro}, to<&MacroDirectives::defineNamed>},
         {{"nolist", DotOrNot}, to<&ListingDirectives::hide>},

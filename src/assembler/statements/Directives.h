@@ -6,6 +6,7 @@
 #include "assembler/statements/Definitions.h"
 #include "assembler/statements/FileDirectives.h"
 #include "assembler/statements/FlowDirectives.h"
+#include "assembler/statements/LabelDirectives.h"
 #include "assembler/statements/ListingDirectives.h"
 #include "assembler/statements/MacroDirectives.h"
 #include "assembler/statements/PlaceDirectives.h"
@@ -20,8 +21,9 @@ namespace nesasm {
 /// All directives: one table says for each word how it is written and which part carries it out.
 class Directives {
 public:
-    using Parts = std::tuple<Definitions&, DataDirectives&, PlaceDirectives&, FileDirectives&,
-                             MacroDirectives&, FlowDirectives&, ListingDirectives&>;
+    using Parts =
+        std::tuple<Definitions&, DataDirectives&, PlaceDirectives&, FileDirectives&,
+                   MacroDirectives&, FlowDirectives&, ListingDirectives&, LabelDirectives&>;
 
     explicit Directives(Parts parts)
         : m_parts(std::move(parts)) {}

@@ -104,6 +104,7 @@ void LineAssembler::skippedLine() {
     case DirectiveRole::endMacro:
     case DirectiveRole::repeat:
     case DirectiveRole::endRepeat:
+    case DirectiveRole::late:
         break;
     }
 }

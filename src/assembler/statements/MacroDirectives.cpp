@@ -135,7 +135,7 @@ std::optional<MacroDirectives::Found> MacroDirectives::directiveOf(Cursor begin)
                 return Found{second, next};
             }
         }
-        if (keyword.isDirective()) {
+        if (keyword.isDirective() && !keyword.isLateLabel(isFirst, *next)) {
             return Found{keyword, p};
         }
         if (!isFirst || keyword.isInstruction() || find(word) != None) {

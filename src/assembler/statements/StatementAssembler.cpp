@@ -130,6 +130,12 @@ bool StatementAssembler::isKnownWord(std::string_view word, Cursor p) {
         return true;
     }
     if (keyword.isDirective()) {
+        if (keyword.role == DirectiveRole::late && *next != '"' && isNamed(word, p, next)) {
+            return true;
+        }
+        if (keyword.isLateLabel(p == m_reporter.line().begin, *next)) {
+            return false;
+        }
         if (mayGiveValue && namesSymbol(p, next)) {
             reportKeyword(word, p, true);
         } else {
@@ -225,6 +231,10 @@ std::string StatementAssembler::unknownText(std::string_view word, Cursor p,
         }
     } else if (!remedy.empty()) {
         text += remedy;
+    } else if (m_vocabulary.find(label).isDirective(DirectiveRole::late)) {
+        text += "; " + quoted(label) +
+                " before it was taken as a label: as a directive it needs its operand in double "
+                "quotes";
     } else if (!labelRemedy.empty()) {
         text += "; " + quoted(label) + " before it was taken as a label" + labelRemedy;
     } else if (!isDotted) {

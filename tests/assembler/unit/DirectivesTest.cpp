@@ -18,8 +18,9 @@ const std::set<std::string> WordsWithOrWithoutDot{
     "db",  "byte",   "dw",    "word",  "ds",     "bank",    "org",     "include", "incbin",
     "equ", "incchr", "macro", "endm",  "if",     "ifdef",   "ifndef",  "elseif",  "else",
     "rs",  "endif",  "list",  "rsset", "nolist", "inesprg", "ineschr", "inesmap", "inesmir"};
-const std::set<std::string> WordsWithDot{"code",    "data", "zp",    "bss",  "fail", "error",
-                                         "warning", "pad",  "align", "rept", "endr", "assert"};
+const std::set<std::string> WordsWithDot{"code",  "data",    "zp",    "bss",   "fail",
+                                         "error", "warning", "pad",   "align", "rept",
+                                         "endr",  "assert",  "labels"};
 
 Keyword found(std::string_view word) {
     return Directives::vocabulary().find(word);
@@ -82,6 +83,7 @@ TEST(Directives, EachWordDoesWhatItSays) {
              {"\t.ineschr 256", "the value of .ineschr must be"},
              {"\t.inesmap 256", "the value of .inesmap must be"},
              {"\t.inesmir 256", "the value of .inesmir must be"},
+             {"\t.labels \"x\"", ".labels takes"},
              {"\t.list 1", "expected the end of the statement"},
              {"\t.nolist 1", "expected the end of the statement"},
              {"\t.macro a", "this macro has no .endm"},

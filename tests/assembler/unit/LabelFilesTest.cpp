@@ -203,7 +203,7 @@ TEST_F(LabelFiles, MlbRowsAreOnesThatTheImporterTakes) {
         EXPECT_TRUE(std::regex_match(line, form)) << line;
         names.insert(line.substr(line.find(':') + 1));
     }
-    EXPECT_TRUE(names.contains("0300-030F:buffer"));
+    EXPECT_TRUE(names.contains("0300-030F:buffer:written by NESasm"));
     EXPECT_TRUE(names.contains("0000:start:also start@in00001"));
     EXPECT_TRUE(names.contains("000A:start@loop"));
     EXPECT_TRUE(names.contains("000D:a_b")) << "the dot is none that the importer takes";
@@ -226,9 +226,22 @@ TEST_F(LabelFiles, NlFilesHoldEachAddressOnceInTheFileOfItsBank) {
         texts[file.path.substr(output().size())] = file.text;
     }
     ASSERT_EQ(texts.size(), 3U);
-    EXPECT_NE(texts[".ram.nl"].find("$0300/10#buffer#\n"), std::string::npos);
-    EXPECT_NE(texts[".0.nl"].find("$8000#start#also start@in00001\n"), std::string::npos);
-    EXPECT_NE(texts[".1.nl"].find("$E000#reset#\n"), std::string::npos);
+    EXPECT_NE(texts[".ram.nl"].find("$0300/10#buffer#written by NESasm\n"), std::string::npos);
+    EXPECT_NE(texts[".0.nl"].find("$8000#start#written by NESasm; also start@in00001\n"),
+              std::string::npos);
+    EXPECT_NE(texts[".1.nl"].find("$E000#reset#written by NESasm\n"), std::string::npos);
+}
+
+TEST(LabelFileNames, TheMarkStaysBesideANameThatFillsItsLine) {
+    kestrel::test::TemporaryFolder folder;
+    Options options;
+    options.input =
+        folder.write("game.asm", " .org $8000\n" + std::string(600, 'n') + ":\n nop\n").string();
+    Assembler assembler(options, [](std::string_view) {});
+    ASSERT_EQ(assembler.run(), Assembler::Result::built);
+    const std::string line = nlFiles(assembler.program(), "game.nes").at(1).text;
+    EXPECT_LE(line.size(), 513U) << "512 characters and the line's end";
+    EXPECT_TRUE(line.ends_with("nnn#written by NESasm\n")) << line;
 }
 
 TEST(LabelFileNames, EndingsAreReplacedInTheNameOnly) {

@@ -1,0 +1,4 @@
+	.org $8000
+	.warning "once"
+	.labels "dbg"
+	nop

@@ -1,0 +1,3 @@
+	bogus
+	.labels "dbg"
+	bogus

@@ -1,0 +1,4 @@
+	.LABELS "mlb", "mlb"
+	.labels "mlb"
+	.org $C000
+here:	nop

@@ -1,0 +1,6 @@
+	.if 0
+	.labels "mlb"
+	.labels "none"
+	.labels
+	.endif
+here:	nop

@@ -1,0 +1,2 @@
+	.org $8000
+here:	nop

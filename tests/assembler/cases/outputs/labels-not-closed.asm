@@ -1,0 +1,3 @@
+	.labels "mlb,"nl"
+	.labels "mlb
+	nop

@@ -1,0 +1,2 @@
+	nop
+	.labels "nl","MLB"

@@ -1,0 +1,3 @@
+	.labels "nl"
+	.org $8000
+here:	nop

@@ -1,0 +1,2 @@
+	.org $8000
+	.incbin "../out/labels-that-are-read-stay.mlb",0,3

@@ -1,0 +1,2 @@
+	.labels "mlb" "nl"
+	nop

@@ -1,0 +1,2 @@
+reset:	nop
+.labels mlb

@@ -1,0 +1,2 @@
+	labels "mlb"
+	nop

@@ -1,0 +1,3 @@
+	.labels "mlb"
+	.org $8000
+	nop
