@@ -12,6 +12,8 @@ CommonEditorControllers::CommonEditorControllers(QWidget* parent)
     , m_statusBoard(new StatusBoard(this)) {
     setObjectName(QStringLiteral("commonEditorControllers"));
     setAccessibleName(tr("Editor"));
+    connect(this, &QStackedWidget::currentChanged, m_statusBoard,
+            [this] { m_statusBoard->clear(StatusField::saving); });
 }
 
 void CommonEditorControllers::addPanes() {

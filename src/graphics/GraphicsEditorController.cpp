@@ -15,6 +15,7 @@
 #include "model/Paths.h"
 #include "model/Reason.h"
 #include "widgets/LightPalette.h"
+#include "widgets/SavingText.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -138,6 +139,8 @@ void GraphicsEditorController::loadFile(const std::shared_ptr<ProjectItem>& file
 }
 
 bool GraphicsEditorController::readTiles() {
+    m_known.forget();
+    setStatus(StatusField::saving, {});
     const std::optional<std::filesystem::path> path = filePath();
     if (!path) {
         return false;
@@ -149,6 +152,7 @@ bool GraphicsEditorController::readTiles() {
         writeLog("The file " + path->string() + " could not be read: " + reason);
         return false;
     }
+    m_known.note(*bytes);
     m_document->setTileData(std::make_shared<TileData>(std::move(generated->second)));
     return true;
 }
@@ -159,8 +163,18 @@ void GraphicsEditorController::saveFile() {
         return;
     }
     const std::optional<std::string> bytes = tileData()->toData();
+    if (!bytes) {
+        return;
+    }
     std::string reason;
-    if (bytes && !FileProcessor::saveDataFile(*path, *bytes, &reason)) {
+    const auto backup = m_known.keepBeforeSaving(*path, *bytes, KnownContent::Keep::other, &reason);
+    const bool isSaved = backup && FileProcessor::saveDataFile(*path, *bytes, &reason);
+    setStatus(StatusField::saving, savingText(*path, backup, isSaved,
+                                              m_known.isNoted() ? BackupReason::changedElsewhere
+                                                                : BackupReason::unread));
+    if (isSaved) {
+        m_known.note(*bytes);
+    } else {
         writeLog("Could not save file");
         logReason(path->string(), reason);
     }

@@ -7,6 +7,7 @@
 #include "chrcanvas/views/ChrCanvasProtocol.h"
 #include "chrcanvas/views/TileCollectionDelegate.h"
 #include "model/ErrorValue.h"
+#include "model/KnownContent.h"
 #include "model/ProjectItem.h"
 #include "widgets/EditorPane.h"
 #include "widgets/EditTarget.h"
@@ -108,6 +109,7 @@ private:
     std::shared_ptr<ProjectItem> m_file;
     std::shared_ptr<NESPalette> m_colors;
     std::shared_ptr<TileDocument> m_document;
+    KnownContent m_known;
     GraphicsEditorView* m_view;
 };
 

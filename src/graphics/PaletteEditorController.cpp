@@ -9,10 +9,10 @@
 #include "graphics/PaletteText.h"
 #include "model/FileProcessor.h"
 #include "model/FileReader.h"
-#include "model/FileWriter.h"
 #include "model/Log.h"
 #include "model/Reason.h"
 #include "widgets/LightPalette.h"
+#include "widgets/SavingText.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -105,6 +105,7 @@ const std::optional<std::filesystem::path>& PaletteEditorController::filePathFor
 void PaletteEditorController::setFilePathForPalette(std::optional<std::filesystem::path> path) {
     if (path != m_filePathForPalette) {
         m_fileBytes.reset();
+        m_known.forget();
     }
     m_filePathForPalette = std::move(path);
 }
@@ -134,11 +135,14 @@ bool PaletteEditorController::readPalettes() {
         palettesRead.push_back(std::move(nesPalette));
     }
     palettes = std::move(palettesRead);
+    m_known.note(*content);
     return true;
 }
 
 void PaletteEditorController::update() {
     m_fileBytes.reset();
+    m_known.forget();
+    setStatus(StatusField::saving, {});
     if (readPalettes()) {
         m_fileBytes = bytes();
         m_history.clear();
@@ -169,10 +173,6 @@ std::vector<std::uint8_t> PaletteEditorController::bytes() const {
     return bytes;
 }
 
-bool PaletteEditorController::keepUnreadFile(std::string& reason) const {
-    return m_fileBytes || keepBackup(*m_filePathForPalette, &reason);
-}
-
 void PaletteEditorController::saveFile() {
     if (!m_filePathForPalette) {
         return;
@@ -183,12 +183,19 @@ void PaletteEditorController::saveFile() {
         return;
     }
     std::string reason;
-    if (!keepUnreadFile(reason) ||
-        !FileProcessor::saveDataFile(*m_filePathForPalette, *content, &reason)) {
+    const auto backup = m_known.keepBeforeSaving(*m_filePathForPalette, *content,
+                                                 KnownContent::Keep::other, &reason);
+    const bool isSaved =
+        backup && FileProcessor::saveDataFile(*m_filePathForPalette, *content, &reason);
+    setStatus(StatusField::saving, savingText(*m_filePathForPalette, backup, isSaved,
+                                              m_known.isNoted() ? BackupReason::changedElsewhere
+                                                                : BackupReason::unread));
+    if (!isSaved) {
         writeLog("Could not save file");
         logReason(m_filePathForPalette->string(), reason);
         return;
     }
+    m_known.note(*content);
     m_fileBytes = array;
     showFileName();
 }

@@ -8,6 +8,7 @@
 #include "chrcanvas/views/ColorSelector.h"
 #include "chrcanvas/views/GeneralColorSelector.h"
 #include "chrcanvas/views/PaletteSelector.h"
+#include "model/KnownContent.h"
 #include "widgets/EditorPane.h"
 #include "widgets/EditTarget.h"
 
@@ -88,11 +89,11 @@ private:
     void afterChange();
     /// Names the file, and says whether the palettes differ from it.
     void showFileName();
-    bool keepUnreadFile(std::string& reason) const;
 
     QPointer<PaletteEditorView> m_view;
     std::optional<std::filesystem::path> m_filePathForPalette;
-    /// What the file holds as far as this pane knows; nothing when it was not read.
+    KnownContent m_known;
+    /// The colours of the file as far as this pane knows; nothing when it was not read.
     std::optional<std::vector<std::uint8_t>> m_fileBytes;
     History<ColorChange> m_history;
 };

@@ -247,13 +247,14 @@ std::filesystem::path backupLocation(const std::filesystem::path& path) {
     return backupName(path, 0);
 }
 
-bool keepBackup(const std::filesystem::path& path, std::string* reason) {
+std::optional<std::filesystem::path> keepBackup(const std::filesystem::path& path,
+                                                std::string* reason) {
     const auto fail = [reason](const std::filesystem::path& backup, const std::string& why) {
         giveReason(reason, "the backup " + backup.string() + " could not be made: " + why);
-        return false;
+        return std::nullopt;
     };
     if (!existsAt(path)) {
-        return true;
+        return std::filesystem::path();
     }
     for (int number = 0;; ++number) {
         const std::filesystem::path backup = backupName(path, number);
@@ -264,7 +265,7 @@ bool keepBackup(const std::filesystem::path& path, std::string* reason) {
                 return fail(backup, systemReason());
             }
             if (haveSameBytes(path, backup)) {
-                return true;
+                return backup;
             }
             continue;
         }
@@ -274,10 +275,10 @@ bool keepBackup(const std::filesystem::path& path, std::string* reason) {
         if (!copy || !copy->renameTo(backup)) {
             fail(backup, copy ? systemReason() : why);
             ::unlink(backup.c_str());
-            return false;
+            return std::nullopt;
         }
         flushFolder(backup);
-        return true;
+        return backup;
     }
 }
 

@@ -34,8 +34,10 @@ bool saveBytes(const std::filesystem::path& path, std::string_view content,
 
 /// Copies the regular file at `path` to NAME.bak in its folder, or to .bak1, .bak2, ... if that
 /// exists; a name too long is cut before the ending. An existing backup with the same bytes is
-/// enough. True when there is a backup or nothing exists at `path`.
-bool keepBackup(const std::filesystem::path& path, std::string* reason = nullptr);
+/// enough. The path of the backup, an empty one when nothing exists at `path`; nothing when no
+/// backup could be made.
+std::optional<std::filesystem::path> keepBackup(const std::filesystem::path& path,
+                                                std::string* reason = nullptr);
 
 /// The path of the first backup of `path`.
 std::filesystem::path backupLocation(const std::filesystem::path& path);

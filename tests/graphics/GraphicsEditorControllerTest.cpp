@@ -352,6 +352,37 @@ TEST_F(GraphicsEditor, AFailedSaveIsLoggedAndLosesNothing) {
     EXPECT_EQ(m_pane.tileData()->toData(), std::string(16, '\0') + countingBytes(32).substr(16));
 }
 
+TEST_F(GraphicsEditor, WhatAnotherProgramWroteMeanwhileIsKept) {
+    StatusBoard status;
+    m_pane.setStatusBoard(&status);
+    load(file("a.chr", 2));
+    m_pane.tileData()->setTile(0, TileBytes{});
+    const std::string other(48, '\x55');
+    m_folder.write("a.chr", other);
+    m_pane.saveFile();
+    EXPECT_EQ(content("a.chr"), std::string(16, '\0') + countingBytes(32).substr(16));
+    EXPECT_EQ(content("a.chr.bak"), other);
+    EXPECT_EQ(status.text(StatusField::saving),
+              QStringLiteral("Another program had changed a.chr; its file was kept as a.chr.bak"));
+    m_pane.saveFile();
+    EXPECT_EQ(status.text(StatusField::saving), QString());
+    EXPECT_FALSE(std::filesystem::exists(m_folder.path() / "a.chr.bak1"));
+}
+
+TEST_F(GraphicsEditor, AFileThatCouldNotBeReadIsKeptBeforeItIsReplaced) {
+    StatusBoard status;
+    m_pane.setStatusBoard(&status);
+    load(file("a.chr", 2));
+    const auto bad = file("b.chr", 1);
+    m_folder.write("b.chr", "no tiles");
+    load(bad);
+    m_pane.saveFile();
+    EXPECT_EQ(content("b.chr"), countingBytes(32));
+    EXPECT_EQ(content("b.chr.bak"), "no tiles");
+    EXPECT_EQ(status.text(StatusField::saving),
+              QStringLiteral("The file that could not be read was kept as b.chr.bak"));
+}
+
 TEST_F(GraphicsEditor, AFullDiskLosesNeitherTheFileNorTheEdits) {
     load(file("a.chr", 512));
     m_pane.tileData()->setTile(0, TileBytes{});

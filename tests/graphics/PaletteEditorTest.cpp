@@ -235,6 +235,22 @@ TEST_F(PaletteEditor, WhatASaveReplacesUnreadIsKeptAsABackup) {
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "bad.pal.bak1"));
 }
 
+TEST_F(PaletteEditor, WhatAnotherProgramWroteMeanwhileIsKept) {
+    StatusBoard status;
+    pane.setStatusBoard(&status);
+    show(countingFile());
+    const std::string other(32, '\x0f');
+    folder.write("game.pal", other);
+    save();
+    EXPECT_EQ(onDisk(), countingFile());
+    EXPECT_EQ(contentOf(folder.path() / "game.pal.bak"), other);
+    EXPECT_EQ(status.text(StatusField::saving),
+              QStringLiteral("Another program had changed game.pal; its file was kept as "
+                             "game.pal.bak"));
+    save();
+    EXPECT_EQ(status.text(StatusField::saving), QString());
+}
+
 TEST_F(PaletteEditor, AFileThatWasReadIsSavedWithoutABackup) {
     show(countingFile());
     clickMaster(0);

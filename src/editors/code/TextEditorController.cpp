@@ -11,6 +11,7 @@
 #include "model/FileReader.h"
 #include "model/Log.h"
 #include "model/Reason.h"
+#include "widgets/SavingText.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -93,6 +94,9 @@ void TextEditorController::loadFile(const std::filesystem::path& path) {
         return;
     }
     m_byteOrderMark = source->byteOrderMark;
+    m_known.note(*bytes);
+    m_isConverted = !source->formerEncoding.isEmpty();
+    setStatus(StatusField::saving, {});
     showText(path, source->text);
     m_description = sourceDescription(*source);
     showStatus();
@@ -150,11 +154,21 @@ void TextEditorController::saveFile() {
         contents = encodeSource(source);
     }
     std::string reason;
-    if (!FileProcessor::saveTextFile(*m_path, contents, &reason)) {
+    const std::string bytes = contents.value_or(std::string());
+    const auto backup = m_known.keepBeforeSaving(
+        *m_path, bytes, m_isConverted ? KnownContent::Keep::any : KnownContent::Keep::other,
+        &reason);
+    const bool isSaved = backup && FileProcessor::saveTextFile(*m_path, contents, &reason);
+    setStatus(StatusField::saving,
+              savingText(*m_path, backup, isSaved,
+                         m_isConverted ? BackupReason::converted : BackupReason::changedElsewhere));
+    if (!isSaved) {
         writeLog("Could not save file");
         logReason(m_path->string(), reason);
         return;
     }
+    m_known.note(bytes);
+    m_isConverted = false;
     m_description = sourceDescription(source);
     showStatus();
 }

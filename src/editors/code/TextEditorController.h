@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "model/KnownContent.h"
 #include "widgets/EditorPane.h"
 
 #include <QPointer>
@@ -39,8 +40,9 @@ public:
     /// everything stays as it is.
     virtual void loadFile(const std::filesystem::path& path);
 
-    /// Writes the text to the file, as it is and in UTF-8. Without a file nothing happens; a
-    /// failure is logged.
+    /// Writes the text to the file, as it is and in UTF-8. A file in another encoding, or one that
+    /// another program changed since it was read, is kept as a backup first. Without a file nothing
+    /// happens; a failure is logged and told in the status bar.
     void saveFile();
 
     /// The file shown; nothing before the first.
@@ -64,7 +66,9 @@ private:
 
     std::optional<std::filesystem::path> m_path;
     bool m_byteOrderMark = false;
-    QString m_description; ///< of the file, as it was read or saved last
+    KnownContent m_known;
+    bool m_isConverted = false; ///< the file on the disk is in another encoding than it is saved in
+    QString m_description;      ///< of the file, as it was read or saved last
     QLabel* m_nameLabel;
     FindBar* m_findBar;
     GoToLineBar* m_goToLineBar;

@@ -2,6 +2,7 @@
 #include "editors/code/TextEditorController.h"
 
 #include "editors/code/CodeEditorTextView.h"
+#include "support/ChildProcess.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryFolder.h"
 
@@ -19,12 +20,14 @@ namespace {
 
 using namespace std::string_literals;
 using test::contentOf;
+using test::holdsWithFileSizeLimit;
 using test::LogCapture;
 using test::TemporaryFolder;
 
 class TextEditorPane : public ::testing::Test {
 protected:
     void SetUp() override {
+        pane.setStatusBoard(&status);
         pane.resize(600, 400);
         pane.show();
     }
@@ -32,8 +35,11 @@ protected:
     CodeEditorTextView& editor() { return *pane.codeEditor; }
     QString shown() { return editor().toPlainText(); }
 
+    std::string told(StatusField field) const { return status.text(field).toStdString(); }
+
     TemporaryFolder folder;
     LogCapture log;
+    StatusBoard status;
     TextEditorController pane;
 };
 
@@ -211,6 +217,120 @@ TEST_F(TextEditorPane, NamesTheFileThatIsShown) {
     ASSERT_NE(name, nullptr);
     EXPECT_EQ(name->text(), QStringLiteral("a&<b>.asm"));
     EXPECT_TRUE(name->toolTip().contains(QStringLiteral("a&amp;&lt;b&gt;.asm")));
+}
+
+TEST_F(TextEditorPane, OneBadByteInUtf8StaysThroughEditsUndoAndTheClipboard) {
+    const std::string bytes = "; f\xc3\xbcr \xe9\xe9 Gr\xc3\xb6\xc3\x9f"
+                              "e\r\n; \xff\xed\xa0\x80\n";
+    const auto path = folder.write("a.asm", bytes);
+    pane.loadFile(path);
+    EXPECT_EQ(told(StatusField::encoding), "UTF-8 with 6 bytes kept as they are, mixed line ends");
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "x" + bytes);
+    editor().selectAll();
+    editor().cut();
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "");
+    editor().undo();
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "x" + bytes);
+    // The line is "; für ??": its last byte goes, then comes back by pasting the one before.
+    editor().moveCursor(QTextCursor::Start);
+    for (int i = 0; i < 9; ++i) {
+        editor().moveCursor(QTextCursor::NextCharacter);
+    }
+    QTest::keyClick(&editor(), Qt::Key_Backspace);
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "x; f\xc3\xbcr \xe9 " + bytes.substr(10));
+    QTest::keyClick(&editor(), Qt::Key_Left, Qt::ShiftModifier);
+    editor().copy();
+    QTest::keyClick(&editor(), Qt::Key_Right);
+    editor().paste();
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "x" + bytes);
+    EXPECT_EQ(told(StatusField::saving), "");
+}
+
+TEST_F(TextEditorPane, TheOriginalOfAConvertedFileIsKeptOnce) {
+    const std::string bytes = "; \x89\xe6\x96\xca\x82\xf0\x8f\xc1\x82\xb7\r\n";
+    const auto path = folder.write("a.asm", bytes);
+    pane.loadFile(path);
+    EXPECT_EQ(told(StatusField::encoding), "Shift-JIS, saved as UTF-8, CRLF");
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "x; 画面を消す\r\n");
+    EXPECT_EQ(contentOf(folder.path() / "a.asm.bak"), bytes);
+    EXPECT_EQ(told(StatusField::saving),
+              "Saved as UTF-8; the file on the disk was kept as a.asm.bak");
+    EXPECT_EQ(told(StatusField::encoding), "UTF-8, CRLF");
+    QTest::keyClicks(&editor(), QStringLiteral("y"));
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "xy; 画面を消す\r\n");
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "a.asm.bak1"));
+    EXPECT_EQ(told(StatusField::saving), "");
+}
+
+TEST_F(TextEditorPane, Utf16IsKeptBeforeItIsConvertedAndNeverOverABackup) {
+    const std::string bytes = "\xff\xfe;\0\xe4\0\n\0"s;
+    const auto path = folder.write("a.asm", bytes);
+    folder.write("a.asm.bak", "older");
+    pane.loadFile(path);
+    EXPECT_EQ(told(StatusField::encoding), "UTF-16, saved as UTF-8, LF");
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), ";ä\n");
+    EXPECT_EQ(contentOf(folder.path() / "a.asm.bak"), "older");
+    EXPECT_EQ(contentOf(folder.path() / "a.asm.bak1"), bytes);
+}
+
+TEST_F(TextEditorPane, WhatAnotherProgramWroteMeanwhileIsKept) {
+    const auto path = folder.write("a.asm", "one\n");
+    pane.loadFile(path);
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    folder.write("a.asm", "two\n");
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "xone\n");
+    EXPECT_EQ(contentOf(folder.path() / "a.asm.bak"), "two\n");
+    EXPECT_EQ(told(StatusField::saving),
+              "Another program had changed a.asm; its file was kept as a.asm.bak");
+    QTest::keyClicks(&editor(), QStringLiteral("y"));
+    std::filesystem::remove(path);
+    pane.saveFile();
+    EXPECT_EQ(contentOf(path), "xyone\n") << "deleted meanwhile, it is written anew";
+    EXPECT_EQ(told(StatusField::saving), "");
+    pane.saveFile();
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "a.asm.bak1"));
+    EXPECT_TRUE(log.lines().empty());
+}
+
+TEST_F(TextEditorPane, WithoutABackupNothingIsReplaced) {
+    const std::string bytes = "; \x89\xe6\x96\xca\x82\xf0\x8f\xc1\x82\xb7\r\n";
+    const auto path = folder.write("a.asm", bytes);
+    pane.loadFile(path);
+    EXPECT_TRUE(holdsWithFileSizeLimit(4, [this] {
+        pane.saveFile();
+        return log.lines() == std::vector<std::string>{"Could not save file"} &&
+               told(StatusField::saving) == "a.asm was not saved: the file on the disk could not "
+                                            "be kept as a backup" &&
+               told(StatusField::encoding) == "Shift-JIS, saved as UTF-8, CRLF";
+    }));
+    EXPECT_EQ(contentOf(path), bytes);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "a.asm.bak"));
+    pane.saveFile();
+    EXPECT_EQ(contentOf(folder.path() / "a.asm.bak"), bytes) << "the next save tries it again";
+}
+
+TEST_F(TextEditorPane, AFailedSaveIsToldUntilTheNextFile) {
+    const auto path = folder.write("a.asm", "one\n");
+    pane.loadFile(path);
+    QTest::keyClicks(&editor(), QStringLiteral("x"));
+    EXPECT_TRUE(holdsWithFileSizeLimit(2, [this] {
+        pane.saveFile();
+        const bool wasTold = told(StatusField::saving) == "a.asm could not be saved";
+        pane.loadFile(folder.path() / "a.asm");
+        return wasTold && told(StatusField::saving).empty();
+    }));
+    EXPECT_EQ(contentOf(path), "one\n");
 }
 
 TEST_F(TextEditorPane, AnEmptyFileIsEditedAndSaved) {
