@@ -12,7 +12,9 @@
 #include <QStyle>
 #include <QTextBlock>
 #include <QToolButton>
+#include <QVBoxLayout>
 
+#include <algorithm>
 #include <chrono>
 
 namespace kestrel {
@@ -24,17 +26,29 @@ using namespace std::chrono_literals;
 /// So long after the last keystroke in the text the matches are counted again.
 constexpr auto RecountDelay = 200ms;
 
-QToolButton* addButton(QHBoxLayout& row, const QString& objectName, const QString& name,
-                       QStyle::StandardPixmap icon) {
-    auto* button = new QToolButton(row.parentWidget());
+/// Between the widgets of a row, and around all rows.
+constexpr int Spacing = 6;
+constexpr QMargins Margins(8, 4, 8, 4);
+
+QToolButton* makeButton(QWidget& bar, const QString& objectName, const QString& name,
+                        QStyle::StandardPixmap icon) {
+    auto* button = new QToolButton(&bar);
     button->setObjectName(objectName);
     button->setAccessibleName(name);
     button->setToolTip(name);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
     button->setIcon(button->style()->standardIcon(icon));
-    row.addWidget(button);
     return button;
+}
+
+/// The width of a row of widgets at their least width.
+int rowWidth(const QList<QWidget*>& widgets) {
+    int width = Margins.left() + Margins.right() - Spacing;
+    for (const QWidget* widget : widgets) {
+        width += std::max(widget->minimumWidth(), widget->minimumSizeHint().width()) + Spacing;
+    }
+    return width;
 }
 
 } // namespace
@@ -42,15 +56,26 @@ QToolButton* addButton(QHBoxLayout& row, const QString& objectName, const QStrin
 FindBar::FindBar(CodeEditorTextView& view, QWidget* parent)
     : QWidget(parent)
     , m_view(view)
+    , m_label(new QLabel(tr("F&ind:"), this))
     , m_termEdit(new QLineEdit(this))
     , m_countLabel(new QLabel(this))
+    , m_previous(makeButton(*this, QStringLiteral("findPreviousButton"),
+                            tr("Find previous (Shift+F3)"), QStyle::SP_ArrowUp))
+    , m_next(makeButton(*this, QStringLiteral("findNextButton"), tr("Find next (F3)"),
+                        QStyle::SP_ArrowDown))
+    , m_close(makeButton(*this, QStringLiteral("findCloseButton"), tr("Close (Escape)"),
+                         QStyle::SP_TitleBarCloseButton))
     , m_matchCase(new QCheckBox(tr("Match &case"), this))
     , m_wholeWords(new QCheckBox(tr("&Whole words"), this)) {
     setObjectName(QStringLiteral("findBar"));
     setAccessibleName(tr("Find"));
-    buildRow();
+    nameWidgets();
+    buildRows();
     m_recount.setSingleShot(true);
     m_recount.setInterval(RecountDelay);
+    connect(m_previous, &QToolButton::clicked, this, &FindBar::findPrevious);
+    connect(m_next, &QToolButton::clicked, this, &FindBar::findNext);
+    connect(m_close, &QToolButton::clicked, this, &FindBar::closeBar);
     connect(&m_recount, &QTimer::timeout, this, &FindBar::showCount);
     connect(m_termEdit, &QLineEdit::textChanged, this, &FindBar::termChanged);
     connect(m_matchCase, &QCheckBox::toggled, this, &FindBar::termChanged);
@@ -59,43 +84,87 @@ FindBar::FindBar(CodeEditorTextView& view, QWidget* parent)
     hide();
 }
 
-void FindBar::buildRow() {
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(8, 4, 8, 4);
-    auto* label = new QLabel(tr("F&ind:"), this);
-    label->setBuddy(m_termEdit);
-    row->addWidget(label);
+void FindBar::nameWidgets() {
+    m_label->setBuddy(m_termEdit);
     m_termEdit->setObjectName(QStringLiteral("findTerm"));
     m_termEdit->setAccessibleName(tr("Text to find"));
     m_termEdit->setClearButtonEnabled(true);
     m_termEdit->setMinimumWidth(80);
-    row->addWidget(m_termEdit, 1);
     m_countLabel->setObjectName(QStringLiteral("findCount"));
     m_countLabel->setTextFormat(Qt::PlainText);
-    row->addWidget(m_countLabel);
-    connect(addButton(*row, QStringLiteral("findPreviousButton"), tr("Find previous (Shift+F3)"),
-                      QStyle::SP_ArrowUp),
-            &QToolButton::clicked, this, &FindBar::findPrevious);
-    connect(addButton(*row, QStringLiteral("findNextButton"), tr("Find next (F3)"),
-                      QStyle::SP_ArrowDown),
-            &QToolButton::clicked, this, &FindBar::findNext);
     m_matchCase->setObjectName(QStringLiteral("findMatchCase"));
     m_matchCase->setAccessibleName(tr("Match case"));
-    row->addWidget(m_matchCase);
     m_wholeWords->setObjectName(QStringLiteral("findWholeWords"));
     m_wholeWords->setAccessibleName(tr("Whole words"));
-    row->addWidget(m_wholeWords);
-    connect(addButton(*row, QStringLiteral("findCloseButton"), tr("Close (Escape)"),
-                      QStyle::SP_TitleBarCloseButton),
-            &QToolButton::clicked, this, &FindBar::closeBar);
-    QWidget* former = m_termEdit;
-    for (int i = 0; i < row->count(); ++i) {
-        QWidget* widget = row->itemAt(i)->widget();
+}
+
+void FindBar::buildRows() {
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(Margins);
+    column->setSpacing(Spacing);
+    for (QHBoxLayout*& row : m_rows) {
+        row = new QHBoxLayout;
+        row->setSpacing(Spacing);
+        column->addLayout(row);
+    }
+    arrange();
+    for (QWidget* former = m_termEdit; QWidget* const widget : m_arrangement.front()) {
         if (widget != former && (widget->focusPolicy() & Qt::TabFocus) != 0) {
             setTabOrder(former, widget);
             former = widget;
         }
     }
+}
+
+/// The widgets of each row where all are in one, and where there are two and three rows.
+std::array<FindBar::Rows, 3> FindBar::arrangements() const {
+    const Row oneRow{m_label, m_termEdit,  m_countLabel, m_previous,
+                     m_next,  m_matchCase, m_wholeWords, m_close};
+    const Row firstRow{m_label, m_termEdit, m_previous, m_next, m_close};
+    return {Rows{oneRow, Row(), Row()},
+            Rows{firstRow, Row{m_matchCase, m_wholeWords, m_countLabel}, Row()},
+            Rows{firstRow, Row{m_matchCase, m_wholeWords}, Row{m_countLabel}}};
+}
+
+/// As few rows as the width allows.
+void FindBar::arrange() {
+    const auto all = arrangements();
+    const auto* const fitting = std::find_if(all.begin(), all.end() - 1, [this](const Rows& rows) {
+        return std::ranges::all_of(rows,
+                                   [this](const auto& row) { return rowWidth(row) <= width(); });
+    });
+    if (*fitting == m_arrangement) {
+        return;
+    }
+    m_arrangement = *fitting;
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        while (const QLayoutItem* item = m_rows.at(i)->takeAt(0)) {
+            delete item; // not its widget
+        }
+    }
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        for (QWidget* widget : m_arrangement.at(i)) {
+            m_rows.at(i)->addWidget(widget, widget == m_termEdit ? 1 : 0);
+        }
+        if (i > 0) {
+            m_rows.at(i)->addStretch(m_arrangement.at(i).isEmpty() ? 0 : 1);
+        }
+    }
+    updateGeometry();
+}
+
+QSize FindBar::minimumSizeHint() const {
+    const Rows narrowest = arrangements().back();
+    int width = 0;
+    for (const auto& row : narrowest) {
+        width = std::max(width, rowWidth(row));
+    }
+    return {width, QWidget::minimumSizeHint().height()};
+}
+
+void FindBar::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    arrange();
 }
 
 void FindBar::open() {
@@ -182,12 +251,14 @@ void FindBar::select(std::optional<int> match) {
 void FindBar::showCount() {
     if (m_termEdit->text().isEmpty()) {
         m_countLabel->clear();
+        arrange();
         return;
     }
     const int count = search().count();
     const auto current = search().at(m_view.textCursor().selectionStart());
     m_countLabel->setText(count == 0 ? tr("No matches")
                                      : tr("%1 of %2").arg(current ? *current + 1 : 0).arg(count));
+    arrange();
 }
 
 const TextSearch& FindBar::search() {

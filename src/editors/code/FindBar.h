@@ -4,21 +4,26 @@
 #include "editors/code/SearchTerm.h"
 #include "editors/code/TextSearch.h"
 
+#include <QList>
 #include <QTimer>
 #include <QWidget>
 
+#include <array>
 #include <optional>
 
 class QCheckBox;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
+class QToolButton;
 
 namespace kestrel {
 
 class CodeEditorTextView;
 
 /// The bar below a text view that finds text in it: searches while one types, steps from match to
-/// match around the whole text, and shows which of how many is selected.
+/// match around the whole text, and shows which of how many is selected. In a narrow window it has
+/// two or three rows.
 class FindBar : public QWidget {
     Q_OBJECT
 
@@ -37,11 +42,21 @@ public:
     void findNext();
     void findPrevious();
 
+    /// Of the bar in three rows.
+    QSize minimumSizeHint() const override;
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void buildRow();
+    using Row = QList<QWidget*>;
+    using Rows = std::array<Row, 3>;
+
+    void nameWidgets();
+    void buildRows();
+    std::array<Rows, 3> arrangements() const;
+    void arrange();
     void termChanged();
     void textChanged();
     void select(std::optional<int> match);
@@ -50,10 +65,16 @@ private:
     SearchTerm term() const;
 
     CodeEditorTextView& m_view;
+    QLabel* m_label;
     QLineEdit* m_termEdit;
     QLabel* m_countLabel;
+    QToolButton* m_previous;
+    QToolButton* m_next;
+    QToolButton* m_close;
     QCheckBox* m_matchCase;
     QCheckBox* m_wholeWords;
+    std::array<QHBoxLayout*, 3> m_rows{};
+    Rows m_arrangement;
     QTimer m_recount;
     std::optional<TextSearch> m_search;
 };

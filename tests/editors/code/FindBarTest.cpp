@@ -326,6 +326,46 @@ TEST(TextSearch, AnEmptyTermAndAnEmptyTextHaveNoMatches) {
     EXPECT_EQ(TextSearch(source, {}).before(0), std::nullopt);
 }
 
+/// That no widget of a bar lies over another, out of the bar or narrower than it can be.
+void expectRoomForAll(const QWidget& bar) {
+    const QList<QWidget*> widgets = bar.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    for (const QWidget* widget : widgets) {
+        const std::string name =
+            widget->objectName().toStdString() + " at " + std::to_string(bar.width());
+        EXPECT_TRUE(bar.rect().contains(widget->geometry())) << name;
+        EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << name;
+        for (const QWidget* other : widgets) {
+            EXPECT_TRUE(other == widget || !other->geometry().intersects(widget->geometry()))
+                << name << " and " << other->objectName().toStdString();
+        }
+    }
+}
+
+TEST_F(EditorBars, TheFindBarHasRoomForAllOfItAtEveryWidth) {
+    load(QStringLiteral("lda ").repeated(2000));
+    find(QStringLiteral("lda"));
+    ASSERT_EQ(count(), QStringLiteral("1 of 2000"));
+    QWidget& bar = widget<QWidget>("findBar");
+    int heights = 0;
+    for (const int width : {900, 600, 420, 330, 270, 420, 900}) {
+        pane.resize(width, 400);
+        QApplication::processEvents();
+        expectRoomForAll(bar);
+        heights = std::max(heights, bar.height());
+    }
+    EXPECT_GT(heights, 2 * bar.height()) << "the narrowest bar has three rows, the widest one";
+}
+
+TEST_F(EditorBars, TheGoToLineBarHasRoomForAllOfItAtEveryWidth) {
+    load(QStringLiteral("\n").repeated(100000));
+    trigger(QStringLiteral("Go to Line..."));
+    for (const int width : {900, 270}) {
+        pane.resize(width, 400);
+        QApplication::processEvents();
+        expectRoomForAll(widget<QWidget>("goToLineBar"));
+    }
+}
+
 } // namespace
 
 } // namespace kestrel
