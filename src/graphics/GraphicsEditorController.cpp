@@ -46,6 +46,7 @@ GraphicsEditorController::GraphicsEditorController(QWidget* parent)
     tileViewer = &m_view->tileViewer();
     colorSelector = &m_view->colorSelector();
     saveButton = &m_view->saveButton();
+    setFocusProxy(pixelEditor);
     viewDidLoad();
 }
 

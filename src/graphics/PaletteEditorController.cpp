@@ -63,6 +63,7 @@ PaletteEditorController::PaletteEditorController(QWidget* parent)
     paletteSelector = m_view->paletteSelector();
     generalSelectableColors = m_view->generalSelectableColors();
     saveButton = m_view->saveButton();
+    setFocusProxy(paletteSelector);
     for (std::size_t number = 0; number < PaletteCount; ++number) {
         palettes.push_back(std::make_shared<NESPalette>());
     }

@@ -548,5 +548,24 @@ TEST_F(PaletteEditor, EveryControlHasANameAndAnAccessibleName) {
     EXPECT_EQ(headings, 3);
 }
 
+TEST_F(PaletteEditor, TheDescriptionFollowsWhatIsPastedUnderTheCursor) {
+    show(countingFile());
+    pane.paletteSelector->setFocus();
+    const QString before = description();
+    ASSERT_FALSE(before.isEmpty());
+    QApplication::clipboard()->setText(QStringLiteral("$21,$22,$23,$24"));
+    pane.perform(EditCommand::paste);
+    EXPECT_NE(description(), before);
+    EXPECT_TRUE(description().contains(QStringLiteral("$21"))) << description().toStdString();
+    pane.perform(EditCommand::undo);
+    EXPECT_EQ(description(), before);
+}
+
+TEST_F(PaletteEditor, PassesItsFocusToThePalettes) {
+    show(countingFile());
+    pane.setFocus();
+    EXPECT_EQ(QApplication::focusWidget(), pane.paletteSelector);
+}
+
 } // namespace
 } // namespace kestrel::test

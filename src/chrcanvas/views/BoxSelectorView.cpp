@@ -68,6 +68,12 @@ bool BoxSelectorView::setPalette(int number, std::shared_ptr<PaletteProtocol> pa
 
 void BoxSelectorView::redraw() {
     refresh();
+    // The box pointed at may have another colour now.
+    if (m_hovered) {
+        Q_EMIT pointedAt(boxDescription(*m_hovered));
+    } else if (hasFocus()) {
+        Q_EMIT pointedAt(boxDescription(m_cursor));
+    }
 }
 
 bool BoxSelectorView::selectPaletteNumber(int paletteNumber) {

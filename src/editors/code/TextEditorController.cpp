@@ -11,11 +11,11 @@
 #include "model/FileReader.h"
 #include "model/Log.h"
 #include "model/Reason.h"
+#include "widgets/ElidedLabel.h"
 #include "widgets/SavingText.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -40,7 +40,7 @@ TextEditorController::TextEditorController(QWidget* parent)
     : QWidget(parent)
     , codeEditor(new CodeEditorTextView(this))
     , saveButton(new QPushButton(tr("Save"), this))
-    , m_nameLabel(new QLabel(this))
+    , m_nameLabel(new ElidedLabel(this))
     , m_findBar(new FindBar(*codeEditor, this))
     , m_goToLineBar(new GoToLineBar(*codeEditor, this))
     , m_actions(
@@ -48,8 +48,6 @@ TextEditorController::TextEditorController(QWidget* parent)
     setObjectName(QStringLiteral("textEditor"));
     setAccessibleName(tr("Code editor"));
     m_nameLabel->setObjectName(QStringLiteral("textFileName"));
-    m_nameLabel->setTextFormat(Qt::PlainText);
-    m_nameLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     saveButton->setObjectName(QStringLiteral("saveButton"));
     saveButton->setAccessibleName(tr("Save"));
     saveButton->setToolTip(tr("Save this file (Ctrl+S)"));

@@ -12,12 +12,12 @@
 #include <optional>
 
 class QAbstractScrollArea;
-class QLabel;
 class QPushButton;
 
 namespace kestrel {
 
 class CodeEditorTextView;
+class ElidedLabel;
 class FindBar;
 class GoToLineBar;
 struct TextEditorActions;
@@ -69,7 +69,7 @@ private:
     KnownContent m_known;
     bool m_isConverted = false; ///< the file on the disk is in another encoding than it is saved in
     QString m_description;      ///< of the file, as it was read or saved last
-    QLabel* m_nameLabel;
+    ElidedLabel* m_nameLabel;
     FindBar* m_findBar;
     GoToLineBar* m_goToLineBar;
     std::unique_ptr<TextEditorActions> m_actions;

@@ -5,8 +5,10 @@
 #include "support/ChildProcess.h"
 #include "support/LogCapture.h"
 #include "support/TemporaryFolder.h"
+#include "widgets/ElidedLabel.h"
 
 #include <gtest/gtest.h>
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
@@ -331,6 +333,19 @@ TEST_F(TextEditorPane, AFailedSaveIsToldUntilTheNextFile) {
         return wasTold && told(StatusField::saving).empty();
     }));
     EXPECT_EQ(contentOf(path), "one\n");
+}
+
+TEST_F(TextEditorPane, ANameTooLongForTheHeaderIsShortenedInSight) {
+    pane.resize(300, 200);
+    pane.show();
+    const std::string name(120, 'n');
+    pane.loadFile(folder.write(name + ".asm", ""));
+    QApplication::processEvents();
+    const auto* label = pane.findChild<ElidedLabel*>(QStringLiteral("textFileName"));
+    ASSERT_NE(label, nullptr);
+    EXPECT_TRUE(label->visibleText().contains(QChar(0x2026)));
+    EXPECT_TRUE(label->toolTip().contains(QString::fromStdString(name)));
+    EXPECT_EQ(pane.width(), 300);
 }
 
 TEST_F(TextEditorPane, AnEmptyFileIsEditedAndSaved) {
