@@ -82,15 +82,6 @@ class KeysTest(JourneyTestCase):
         wait_for("the file to be saved", lambda: len(path.read_bytes()) == len(data) + 8)
         row = path.read_bytes().index(b"y")
         self.assertEqual(path.read_bytes(), (start[:row] + "y" + start[row:]).encode() + b"\r\n nop")
-        self.desktop.press("ctrl+l")
-        wait_for("the bar", lambda: kestrel.main_window().find("text", "Line number"))
-        self.desktop.type("2\n")
-        self.desktop.press("z", "ctrl+s")
-        self.wait_for_file(path, (start[:row] + "y" + start[row:]).encode() + b"\r\nz nop")
-        self.desktop.press("ctrl+Home", "ctrl+k", "ctrl+s")
-        self.wait_for_file(path, b"\r\nz nop")
-        self.desktop.press("ctrl+z", "ctrl+s")
-        self.wait_for_file(path, (start[:row] + "y" + start[row:]).encode() + b"\r\nz nop")
         self.assertEqual(kestrel.quit(), 0)
 
     def tab_to(self, role, name):
