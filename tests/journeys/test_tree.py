@@ -80,6 +80,33 @@ class TreeTest(JourneyTestCase):
         wait_for("the first file to be selected", lambda: listed.children()[0].is_("selected"))
         self.assertEqual(self.listed("Demo", "code_assembly_files"), files[:3] + files[4:])
 
+    def test_files_taken_off_a_list_of_the_settings_come_back_by_undo(self):
+        kestrel = self.kestrel
+        files = ["a.asm", "b.asm", "c.asm"]
+        kestrel.start(self.lay_out_project("Demo", files))
+        listed = wait_for("the list", lambda: kestrel.main_window().find("list", "Assembly files"))
+        wait_for("the files in the list", lambda: len(listed.children()) == len(files))
+
+        def wait_for_list(*names):
+            wait_for_files(f"{names} to be saved", lambda: self.listed("Demo", "code_assembly_files") == list(names))
+            wait_for(f"{names} to be shown", lambda: [row.name for row in listed.children()] == list(names))
+
+        self.desktop.click(listed.children()[1])
+        wait_for("the file to be selected", lambda: listed.children()[1].is_("selected"))
+        self.desktop.press("Delete")
+        wait_for_list("a.asm", "c.asm")
+        self.desktop.press("Delete")
+        wait_for_list("a.asm")
+        self.desktop.press("ctrl+z")
+        wait_for_list("a.asm", "c.asm")
+        kestrel.choose_command("Edit", "Undo")
+        wait_for_list(*files)
+        wait_for("the file that came back to be selected", lambda: listed.children()[1].is_("selected"))
+        kestrel.choose_command("Edit", "Redo")
+        wait_for_list("a.asm", "c.asm")
+        self.assertEqual(kestrel.quit(), 0)
+        self.assertEqual(self.listed("Demo", "code_assembly_files"), ["a.asm", "c.asm"])
+
     def test_the_delete_key_shows_a_row_that_is_out_of_sight_before_it_deletes_it(self):
         kestrel = self.kestrel
         files = [f"f{i:02}.asm" for i in range(60)]

@@ -7,6 +7,16 @@
 
 namespace kestrel {
 
+namespace {
+
+/// Whether the file of the settings lists as many files of this kind as they do.
+bool isSaved(FileType kind, NESBuildSettings& settings) {
+    NESBuildSettings saved(settings.projectToBuild());
+    return saved.listFor(kind)->size() == settings.listFor(kind)->size();
+}
+
+} // namespace
+
 bool isSameFile(const ProjectItem& one, const ProjectItem& other) {
     return one.itemName() == other.itemName() && one.itemPathType() == other.itemPathType() &&
            pathText(one.itemPath()) == pathText(other.itemPath());
@@ -28,6 +38,30 @@ void moveToListOf(FileType kind, const std::shared_ptr<ProjectItem>& file,
             files.push_back(file);
         }
     }
+}
+
+std::optional<ListedFile> takeOffList(const std::shared_ptr<ProjectItem>& file,
+                                      NESBuildSettings& settings) {
+    std::optional<ListedFile> taken;
+    const FileType kind = file->itemFileType();
+    if (const ProjectItems* list = settings.listFor(kind)) {
+        const auto found = std::find_if(list->begin(), list->end(), [&](const auto& entry) {
+            return entry->itemName() == file->itemName();
+        });
+        if (found != list->end()) {
+            taken = {*found, kind, static_cast<std::size_t>(found - list->begin())};
+        }
+    }
+    settings.removeFile(file);
+    return taken && isSaved(kind, settings) ? taken : std::nullopt;
+}
+
+std::optional<std::size_t> putBackOnList(const ListedFile& removed, NESBuildSettings& settings) {
+    ProjectItems& list = *settings.listFor(removed.kind);
+    const std::size_t place = std::min(removed.place, list.size());
+    list.insert(list.begin() + static_cast<std::ptrdiff_t>(place), removed.entry);
+    settings.saveBuildSettings();
+    return isSaved(removed.kind, settings) ? std::optional(place) : std::nullopt;
 }
 
 } // namespace kestrel

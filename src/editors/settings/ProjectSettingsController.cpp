@@ -235,6 +235,7 @@ void ProjectSettingsController::fileWasPicked(Place place,
         return;
     }
     const BuildFileList& list = *m_lists[place];
+    m_removals[m_currentProject].forget(*file);
     moveToListOf(list.kind(), file, *m_buildSettings);
     file->setItemFileType(list.kind());
     showLists();
@@ -280,7 +281,9 @@ void ProjectSettingsController::subtractEntry(const QObject* sender) {
     // The button is disabled while the list is made anew, and would lose the focus.
     QPushButton* const button = m_lists[place]->subtractButton();
     const bool byButton = button->hasFocus();
-    m_buildSettings->removeFile(file);
+    if (auto taken = takeOffList(file, *m_buildSettings)) {
+        m_removals[project].removed(std::move(*taken));
+    }
     if (updateBuildSettings() && m_currentProject == project) {
         const auto next = static_cast<int>(removed - files.begin());
         const int rows = static_cast<int>(m_lists[place]->files().size());
@@ -288,6 +291,30 @@ void ProjectSettingsController::subtractEntry(const QObject* sender) {
         if (byButton && button->isEnabled()) {
             button->setFocus();
         }
+    }
+}
+
+bool ProjectSettingsController::canPerform(EditCommand command) const {
+    const auto removals = m_removals.find(m_currentProject);
+    return removals != m_removals.end() &&
+           ((command == EditCommand::undo && removals->second.canUndo()) ||
+            (command == EditCommand::redo && removals->second.canRedo()));
+}
+
+void ProjectSettingsController::perform(EditCommand command) {
+    // The lists may have been changed on disk since they were shown.
+    if (!canPerform(command) || !updateBuildSettings()) {
+        return;
+    }
+    RemovalHistory& removals = m_removals[m_currentProject];
+    const auto changed = command == EditCommand::undo ? removals.undo(*m_buildSettings)
+                                                      : removals.redo(*m_buildSettings);
+    const auto list = std::find_if(m_lists.begin(), m_lists.end(), [&](const BuildFileList* each) {
+        return changed && each->kind() == changed->kind;
+    });
+    if (updateBuildSettings() && list != m_lists.end()) {
+        const auto last = static_cast<int>((*list)->files().size()) - 1;
+        (*list)->table()->selectRow(std::min(static_cast<int>(changed->place), last));
     }
 }
 

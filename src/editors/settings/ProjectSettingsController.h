@@ -3,6 +3,8 @@
 
 #include "build/NESBuildSettings.h"
 #include "editors/settings/ProjectSettingsDataSource.h"
+#include "editors/settings/RemovalHistory.h"
+#include "widgets/EditTarget.h"
 #include "widgets/FilePanel.h"
 
 #include <QAbstractItemView>
@@ -31,10 +33,9 @@ class ProjectSettingCell;
 class SettingField;
 
 /// The pane for a project's build settings: the three lists of files that are built, where the
-/// image goes and which emulator runs it. What is changed here is saved at once.
-///
-/// To be used on the user-interface thread.
-class ProjectSettingsController : public QWidget {
+/// image goes and which emulator runs it. What is changed here is saved at once; removals from the
+/// lists can be undone. User-interface thread only.
+class ProjectSettingsController : public QWidget, public EditTarget {
     Q_OBJECT
 
 public:
@@ -47,8 +48,7 @@ public:
     explicit ProjectSettingsController(QWidget* parent = nullptr);
     ~ProjectSettingsController() override;
 
-    /// Nothing sets or reads it.
-    std::optional<std::filesystem::path> pathForConfigurationFile;
+    std::optional<std::filesystem::path> pathForConfigurationFile; ///< nothing sets or reads it
 
     /// The project whose settings are shown; shared with the navigation tree. Setting it shows
     /// nothing yet.
@@ -75,6 +75,9 @@ public:
 
     /// Removes the selected file from the list whose minus button `sender` is.
     void subtractEntry(const QObject* sender);
+
+    bool canPerform(EditCommand command) const override;
+    void perform(EditCommand command) override;
 
     /// Notes the selected row of one of the three tables.
     void entrySelectedForTableView(const QAbstractItemView* tableView);
@@ -137,6 +140,7 @@ private:
     OutputField* m_outputField;
     EmulatorField* m_emulatorField;
     std::vector<SettingField*> m_fields; ///< all settings but the lists, in their order
+    RemovalHistories m_removals;
     FilePicker m_filePicker;
     FilePanel m_emulatorPanel;
     QPointer<AddNewItemFromProjectController> m_addNewItemFromProjectController;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "navigation/container/ProjectItemDeletion.h"
 
-#include "build/NESBuildSettings.h"
 #include "model/FileProcessor.h"
 #include "model/StructureFile.h"
 #include "navigation/container/SameProject.h"
@@ -34,7 +33,8 @@ ProjectItemDeletion::carryOut(ProjectNavigationController& tree) {
     if (!deletion.m_project) {
         return std::nullopt;
     }
-    deletion.removeFromBuildSettings(item);
+    NESBuildSettings settings(deletion.m_project);
+    deletion.m_settingsEntry = takeOffList(item, settings);
     deletion.m_removed = tree.delete_();
     saveStructure(*deletion.m_project);
     return deletion;
@@ -51,32 +51,6 @@ ProjectItemDeletion::deleteProject(ProjectNavigationController& tree, const Proj
     return deletion;
 }
 
-void ProjectItemDeletion::removeFromBuildSettings(const std::shared_ptr<ProjectItem>& item) {
-    NESBuildSettings settings(m_project);
-    if (const ProjectItems* list = settings.listFor(item->itemFileType())) {
-        const auto found = std::find_if(list->begin(), list->end(), [&](const auto& entry) {
-            return entry->itemName() == item->itemName();
-        });
-        if (found != list->end()) {
-            m_settingsEntry = *found;
-            m_settingsPlace = static_cast<std::size_t>(found - list->begin());
-        }
-    }
-    settings.removeFile(item);
-}
-
-void ProjectItemDeletion::putBackIntoBuildSettings() const {
-    if (!m_settingsEntry) {
-        return;
-    }
-    NESBuildSettings settings(m_project);
-    if (ProjectItems* list = settings.listFor(m_settingsEntry->itemFileType())) {
-        const std::size_t place = std::min(m_settingsPlace, list->size());
-        list->insert(list->begin() + static_cast<std::ptrdiff_t>(place), m_settingsEntry);
-        settings.saveBuildSettings();
-    }
-}
-
 std::shared_ptr<ProjectItem> ProjectItemDeletion::undo(ProjectNavigationController& tree) const {
     if (!m_project) {
         return undoProjects(tree);
@@ -84,7 +58,10 @@ std::shared_ptr<ProjectItem> ProjectItemDeletion::undo(ProjectNavigationControll
     if (m_removed.empty() || !tree.restore(m_removed)) {
         return nullptr;
     }
-    putBackIntoBuildSettings();
+    if (m_settingsEntry) {
+        NESBuildSettings settings(m_project);
+        putBackOnList(*m_settingsEntry, settings);
+    }
     saveStructure(*m_project);
     return m_removed.front().node;
 }

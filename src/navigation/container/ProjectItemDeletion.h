@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editors/settings/BuildMembership.h"
 #include "model/ProjectItem.h"
 #include "navigation/tree/RemovedItem.h"
 
-#include <cstddef>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -29,14 +29,11 @@ public:
 private:
     static std::optional<ProjectItemDeletion> deleteProject(ProjectNavigationController& tree,
                                                             const ProjectItem& project);
-    void removeFromBuildSettings(const std::shared_ptr<ProjectItem>& item);
-    void putBackIntoBuildSettings() const;
     std::shared_ptr<ProjectItem> undoProjects(ProjectNavigationController& tree) const;
 
     std::vector<RemovedItem> m_removed;
-    std::shared_ptr<ProjectItem> m_project;       ///< of the node; nullptr if projects were deleted
-    std::shared_ptr<ProjectItem> m_settingsEntry; ///< removed from the build settings; may be null
-    std::size_t m_settingsPlace = 0;              ///< its index in the list of its kind
+    std::shared_ptr<ProjectItem> m_project;    ///< of the node; nullptr if projects were deleted
+    std::optional<ListedFile> m_settingsEntry; ///< removed from the build settings
 };
 
 } // namespace kestrel

@@ -10,13 +10,35 @@
 #include "navigation/container/ContainerFixture.h"
 #include "newitem/AddNewItemFromProjectController.h"
 
+#include <csignal>
 #include <string>
+#include <sys/resource.h>
 #include <vector>
 
 namespace kestrel::test {
 
-/// The real settings pane in the real container, with the project "Demo": a listed main.asm, an
-/// imported file without a kind, and one in a group.
+/// No file can grow as long as this lives.
+class FullDisk {
+public:
+    FullDisk() {
+        ::getrlimit(RLIMIT_FSIZE, &m_former);
+        const rlimit none{0, m_former.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~FullDisk() {
+        ::setrlimit(RLIMIT_FSIZE, &m_former);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_former{};
+    void (*m_handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
+};
+
+/// The real settings pane in the real container, with the project "Demo": a listed
+/// main.asm, an imported file without a kind, and one in a group.
 class ProjectSettingsTest : public ContainerTest {
 protected:
     void SetUp() override {

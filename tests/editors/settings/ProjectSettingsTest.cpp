@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editors/settings/ProjectSettingsFixture.h"
 
-#include <csignal>
-#include <sys/resource.h>
-
 namespace kestrel::test {
 namespace {
 
@@ -22,26 +19,6 @@ struct CountingDataSource final : ProjectSettingsDataSource {
         ++calls;
         next.updatedFileType();
     }
-};
-
-/// No file can grow as long as this lives.
-class FullDisk {
-public:
-    FullDisk() {
-        ::getrlimit(RLIMIT_FSIZE, &m_former);
-        const rlimit none{0, m_former.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &none);
-    }
-    ~FullDisk() {
-        ::setrlimit(RLIMIT_FSIZE, &m_former);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_former{};
-    void (*m_handler)(int) = std::signal(SIGXFSZ, SIG_IGN);
 };
 
 TEST_F(ProjectSettingsTest, ShowsTheSettingsOfTheSelectedProject) {
