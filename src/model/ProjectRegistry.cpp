@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "model/ProjectRegistry.h"
 
+#include "model/FileDescriptor.h"
 #include "model/FileReader.h"
 #include "model/FileWriter.h"
 #include "model/Paths.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <fcntl.h>
 #include <iterator>
 #include <limits>
 #include <optional>
@@ -153,6 +156,25 @@ bool mustKeepBeforeAdding(const Stored& stored) {
 
 std::filesystem::path registryLocation() {
     return joined(homeFolder(), "/.Kestrel/AllProjects.cfg");
+}
+
+std::optional<std::string> registryProblem() {
+    const std::filesystem::path location = registryLocation();
+    std::error_code error;
+    const auto type = std::filesystem::status(location, error).type();
+    if (type == std::filesystem::file_type::not_found || readRegistry()) {
+        return std::nullopt;
+    }
+    if (type == std::filesystem::file_type::none || type == std::filesystem::file_type::unknown) {
+        return error.message();
+    }
+    if (type != std::filesystem::file_type::regular) {
+        return type == std::filesystem::file_type::directory ? "it is a folder" : "it is no file";
+    }
+    if (!openFile(location, O_RDONLY).isOpen()) {
+        return std::generic_category().message(errno);
+    }
+    return readJsonFile(location) ? "it is no list of projects" : "it is no whole JSON file";
 }
 
 std::vector<RegistryEntry> registryEntries() {

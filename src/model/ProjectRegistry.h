@@ -4,6 +4,7 @@
 #include "model/ProjectItem.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -21,6 +22,9 @@ struct RegistryEntry {
 };
 
 std::filesystem::path registryLocation();
+
+/// Why the registry cannot be read, in a few words; nothing when it can, and when there is none.
+std::optional<std::string> registryProblem();
 
 /// The listed projects in document order; empty when the registry cannot be read. Members that
 /// describe no project are left out.

@@ -21,7 +21,8 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
 ROW = re.compile(r"^\| `(src/[^`]+)` \| [^|]* \| ([^|]*) \|$", re.MULTILINE)
 QUOTED_ROOM = re.compile(r"`(src/[^`]+)`")
 BRINGS = {"Qt Widgets": {"QtWidgets", "QtGui", "QtCore"}, "Qt Gui": {"QtGui", "QtCore"},
-          "Qt Network": {"QtNetwork", "QtCore"}, "Qt Core": {"QtCore"}, "JSON": {"JSON"}, "uchardet": {"uchardet"}}
+          "Qt Network": {"QtNetwork", "QtCore"}, "Qt DBus": {"QtDBus", "QtCore"},
+          "Qt Core": {"QtCore"}, "JSON": {"JSON"}, "uchardet": {"uchardet"}}
 
 
 class Room:

@@ -11,7 +11,9 @@
 #include "model/ProjectRegistry.h"
 #include "model/StructureFile.h"
 #include "navigation/container/NewFileWriter.h"
+#include "navigation/container/RegistryNotice.h"
 #include "navigation/container/SameProject.h"
+#include "navigation/tree/OutlineView.h"
 #include "navigation/tree/ProjectNavigationController.h"
 #include "navigation/tree/ProjectNavigationMenuClickedOptions.h"
 #include "newitem/CreateNewFileController.h"
@@ -112,6 +114,7 @@ void EditorContainerController::viewDidLoad() {
     }
     if (m_projectNavigationController) {
         m_projectNavigationController->setAllItems(std::move(projects));
+        showRegistryNotice();
     }
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
             [this](Qt::ApplicationState state) {
@@ -122,6 +125,16 @@ void EditorContainerController::viewDidLoad() {
     m_commands =
         m_centre.observe(std::string(ProjectNavigationMenuClicked),
                          [this](const std::any& object) { projectNavigationMenuSelected(object); });
+}
+
+/// An unreadable list of projects must not look like an empty one.
+void EditorContainerController::showRegistryNotice() {
+    const QString notice = registryNotice();
+    OutlineView* const rows = m_projectNavigationController->outlineView();
+    if (!notice.isEmpty() && rows != nullptr) {
+        writeLog(notice.section(QLatin1Char('\n'), 0, 0).toStdString());
+        rows->setEmptyText(notice);
+    }
 }
 
 ProjectNavigationController* EditorContainerController::projectNavigationController() const {

@@ -117,6 +117,7 @@ Q_SIGNALS:
 
 private:
     void buildView(NotificationCentre& centre);
+    void showRegistryNotice();
     std::shared_ptr<ProjectItem> selectedProject() const;
     bool canInsert() const;
     void fileWasMade(const std::shared_ptr<ProjectItem>& newItem,

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "navigation/tree/OutlineView.h"
 
+#include "widgets/AccessibleExpansion.h"
+#include "widgets/Contrast.h"
+
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -8,12 +11,26 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOption>
+#include <QTextOption>
 
 #include <algorithm>
 #include <climits>
 #include <vector>
 
 namespace kestrel {
+
+namespace {
+
+/// Weaker than the text of rows, as a placeholder, but readable in every theme.
+QColor emptyTextColour(const QColor& text, const QColor& background) {
+    const auto part = [](int one, int other) { return (65 * one + 35 * other) / 100; };
+    return readable(QColor(part(text.red(), background.red()),
+                           part(text.green(), background.green()),
+                           part(text.blue(), background.blue())),
+                    background);
+}
+
+} // namespace
 
 OutlineView::OutlineView(QWidget* parent)
     : QTreeView(parent) {
@@ -34,6 +51,8 @@ OutlineView::OutlineView(QWidget* parent)
     });
     // Hidden rows need no width.
     connect(this, &QTreeView::collapsed, this, [this] { m_widestRow = 0; });
+    connect(this, &QTreeView::expanded, this, &OutlineView::announceExpansion);
+    connect(this, &QTreeView::collapsed, this, &OutlineView::announceExpansion);
     connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) {
         if (m_pressedOnSelectedRow && index == selectedIndex()) {
             Q_EMIT selectedRowChosenAgain();
@@ -62,23 +81,53 @@ int OutlineView::selectedRow() const {
 
 void OutlineView::setEmptyText(const QString& text) {
     m_emptyText = text;
-    setAccessibleDescription(text);
+    describe();
     viewport()->update();
+}
+
+void OutlineView::setModel(QAbstractItemModel* model) {
+    QTreeView::setModel(model);
+    if (model != nullptr) {
+        connect(model, &QAbstractItemModel::rowsInserted, this, &OutlineView::describe);
+        connect(model, &QAbstractItemModel::rowsRemoved, this, &OutlineView::describe);
+        connect(model, &QAbstractItemModel::modelReset, this, &OutlineView::describe);
+    }
+    describe();
+}
+
+bool OutlineView::isEmpty() const {
+    return model() == nullptr || model()->rowCount() == 0;
+}
+
+/// Tells assistive technology the text for the empty view as long as it is empty.
+void OutlineView::describe() {
+    const QString description = isEmpty() ? m_emptyText : QString();
+    if (accessibleDescription() != description) {
+        setAccessibleDescription(description);
+    }
 }
 
 void OutlineView::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
-    if (m_emptyText.isEmpty() || (model() != nullptr && model()->rowCount() > 0)) {
+    if (m_emptyText.isEmpty() || !isEmpty()) {
         return;
     }
-    constexpr int Margin = 16;
+    const int margin = std::min(16, viewport()->width() / 15);
+    QTextOption layout(Qt::AlignHCenter | Qt::AlignTop);
+    layout.setWrapMode(
+        QTextOption::WrapAtWordBoundaryOrAnywhere); // paths may be wider than the view
     QPainter painter(viewport());
-    // Halfway between text and background colour, as a placeholder; readable in every theme.
-    QColor colour = palette().color(QPalette::Text);
-    colour.setAlphaF(0.65F);
-    painter.setPen(colour);
-    painter.drawText(viewport()->rect().adjusted(Margin, Margin, -Margin, -Margin),
-                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, m_emptyText);
+    painter.setPen(
+        emptyTextColour(palette().color(QPalette::Text), palette().color(QPalette::Base)));
+    painter.drawText(QRectF(viewport()->rect().adjusted(margin, margin, -margin, -margin)),
+                     m_emptyText, layout);
+}
+
+int OutlineView::visibleRowCount() const {
+    const int roots = model() != nullptr ? model()->rowCount() : 0;
+    return roots == 0 ? 0
+                      : rowsBelowParent(model()->index(roots - 1, 0), INT_MAX) - 1 +
+                            visibleRowsWithin(model()->index(roots - 1, 0), INT_MAX);
 }
 
 /// The number of visible rows of a row and everything shown below it, at most `limit`.
@@ -297,6 +346,42 @@ void OutlineView::drawBranches(QPainter* painter, const QRect& rect,
             option.state &= ~QStyle::State_Item;
         }
         style()->drawPrimitive(QStyle::PE_IndicatorBranch, &option, painter, this);
+    }
+}
+
+// The base class counts a hidden header among the children that it tells assistive technology of;
+// here the children are the visible rows.
+
+void OutlineView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QAbstractItemView::currentChanged(current, previous); // NOLINT(bugprone-parent-virtual-call)
+    if (hasFocus()) {
+        announce(QAccessible::Focus, current);
+    }
+}
+
+void OutlineView::selectionChanged(const QItemSelection& selected,
+                                   const QItemSelection& deselected) {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+    QAbstractItemView::selectionChanged(selected, deselected);
+    announce(QAccessible::SelectionAdd, selected.indexes().value(0));
+    announce(QAccessible::SelectionRemove, deselected.indexes().value(0));
+}
+
+void OutlineView::announce(QAccessible::Event type, const QModelIndex& index) {
+    const int row = QAccessible::isActive() ? rowForIndex(index) : -1;
+    if (row >= 0) {
+        QAccessibleEvent event(this, type);
+        event.setChild(row);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void OutlineView::announceExpansion(const QModelIndex& index) {
+    QAccessibleInterface* const view =
+        QAccessible::isActive() ? QAccessible::queryAccessibleInterface(this) : nullptr;
+    QAccessibleInterface* const row = view != nullptr ? view->child(rowForIndex(index)) : nullptr;
+    if (row != nullptr) {
+        kestrel::announceExpansion(*row);
     }
 }
 

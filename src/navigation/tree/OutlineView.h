@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QAccessible>
 #include <QTreeView>
 
 namespace kestrel {
@@ -33,6 +34,9 @@ public:
     /// out of view.
     bool isInSight(const QModelIndex& index) const;
 
+    /// The number of all visible rows.
+    int visibleRowCount() const;
+
     /// The number of visible rows from a parent's row to its child, as if the parent were expanded:
     /// 1 for the first child. At most `limit`.
     int rowsBelowParent(const QModelIndex& index, int limit) const;
@@ -40,9 +44,11 @@ public:
     /// Expands `index` and every container below it.
     void expandWhole(const QModelIndex& index);
 
-    /// Sets the text that is shown while there are no rows; also the accessible description.
+    /// Sets the text that is shown, and told as the accessible description, while there are no
+    /// rows.
     void setEmptyText(const QString& text);
 
+    void setModel(QAbstractItemModel* model) override;
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
     void doItemsLayout() override;
 
@@ -56,16 +62,23 @@ Q_SIGNALS:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void drawBranches(QPainter* painter, const QRect& rect,
                       const QModelIndex& index) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
     void updateGeometries() override;
 
 private:
     int visibleRowsWithin(const QModelIndex& index, int limit) const;
+    bool isEmpty() const;
+    void describe();
+    void announce(QAccessible::Event type, const QModelIndex& index);
+    void announceExpansion(const QModelIndex& index);
     void wantContextMenuByKeyboard();
     void fitColumn();
 

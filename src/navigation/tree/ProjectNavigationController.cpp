@@ -7,6 +7,7 @@
 #include "navigation/tree/Menu.h"
 #include "navigation/tree/NodeRoot.h"
 #include "navigation/tree/NotificationCentre.h"
+#include "navigation/tree/OutlineAccessible.h"
 #include "navigation/tree/OutlineView.h"
 #include "navigation/tree/ProjectNavigationModel.h"
 #include "navigation/tree/ProjectNavigationRowPainter.h"
@@ -80,6 +81,7 @@ ProjectNavigationController::ProjectNavigationController(NotificationCentre* cen
     }
     connect(m_model, &QAbstractItemModel::rowsAboutToBeRemoved, this,
             &ProjectNavigationController::rowsAboutToGo);
+    QAccessible::installFactory(OutlineAccessible::make);
     setOutlineView(new OutlineView(this));
 }
 

@@ -36,6 +36,27 @@ QString locationText(const std::shared_ptr<ProjectItem>& node) {
     return QString::fromStdString(ProjectNavigationItem::locationOf(*node, *project).string());
 }
 
+/// The kind of a node, for those who do not see its icon.
+QString kindText(FileType type) {
+    switch (type) {
+    case FileType::project:
+        return ProjectNavigationModel::tr("Project");
+    case FileType::group:
+        return ProjectNavigationModel::tr("Group");
+    case FileType::text:
+        return ProjectNavigationModel::tr("Assembly file");
+    case FileType::graphics:
+        return ProjectNavigationModel::tr("Tile file");
+    case FileType::palette:
+        return ProjectNavigationModel::tr("Palette file");
+    case FileType::unknown:
+        return ProjectNavigationModel::tr("File without a kind");
+    case FileType::empty:
+        break;
+    }
+    return ProjectNavigationModel::tr("File");
+}
+
 } // namespace
 
 ProjectNavigationModel::ProjectNavigationModel(QObject* parent)
@@ -131,11 +152,20 @@ QVariant ProjectNavigationModel::data(const QModelIndex& index, int role) const 
         return presence(index) == false ? tr("File is missing:\n%1").arg(locationText(node))
                                         : QVariant();
     case Qt::AccessibleDescriptionRole:
-        return presence(index) == false ? tr("File is missing: %1").arg(locationText(node))
-                                        : QVariant();
+        return description(index);
     default:
         return {};
     }
+}
+
+QString ProjectNavigationModel::description(const QModelIndex& index) const {
+    const std::shared_ptr<ProjectItem>& node = rowAt(index)->node;
+    const QString kind = kindText(node->itemFileType());
+    if (!presence(index) && m_look) {
+        m_look(index);
+    }
+    return presence(index) == false ? tr("%1, file is missing: %2").arg(kind, locationText(node))
+                                    : kind;
 }
 
 bool ProjectNavigationModel::setData(const QModelIndex& index, const QVariant& /*value*/,

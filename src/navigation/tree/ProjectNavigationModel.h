@@ -6,9 +6,11 @@
 #include <QAbstractItemModel>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kestrel {
@@ -45,6 +47,11 @@ public:
     std::optional<bool> presence(const QModelIndex& index) const;
     void setPresence(const QModelIndex& index, bool found);
 
+    /// What looks for a row's file and calls setPresence(), for a row that assistive technology
+    /// asks about before it was painted. Must stay usable as long as the model.
+    using Looker = std::function<void(const QModelIndex& index)>;
+    void setLooker(Looker look) { m_look = std::move(look); }
+
     QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     QModelIndex parent(const QModelIndex& child) const override;
     using QObject::parent;
@@ -53,8 +60,9 @@ public:
     bool hasChildren(const QModelIndex& parent = {}) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// The node's name; as tool tip and accessible description the path of the row's file, if
-    /// presence() is false. Nothing for a row without a node and for any other role.
+    /// The node's name; as tool tip the path of the row's file, if presence() is false; as
+    /// accessible description the node's kind, and the path of a missing file. Nothing for a row
+    /// without a node and for any other role.
     QVariant data(const QModelIndex& index, int role) const override;
 
     /// Accepts and ignores the value: rows are not edited in place.
@@ -64,6 +72,7 @@ private:
     struct Row;
     using Rows = std::vector<std::unique_ptr<Row>>;
 
+    QString description(const QModelIndex& index) const;
     Row* rowAt(const QModelIndex& index) const;
     QModelIndex indexFor(const Row& row) const;
     std::unique_ptr<Row> makeRow(const std::shared_ptr<ProjectItem>& node, Row* parent,
@@ -76,6 +85,7 @@ private:
     void removeChildren(Row& parent, std::size_t first, std::size_t end);
 
     std::unique_ptr<Row> m_root;
+    Looker m_look;
     std::uint32_t m_generation =
         1; ///< counts reloads; a presence set before the last one is ignored
 };

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QPointer>
 
 #include <utility>
 
@@ -23,6 +24,11 @@ ProjectNavigationRowPainter::ProjectNavigationRowPainter(ProjectNavigationModel&
     , m_projectIcon(iconNamed(u"navigationProject"))
     , m_fileIcon(iconNamed(u"navigationFile")) {
     setFileExistence({});
+    m_model.setLooker([self = QPointer(this)](const QModelIndex& index) {
+        if (self != nullptr) {
+            self->viewForItem(index);
+        }
+    });
 }
 
 void ProjectNavigationRowPainter::setFileExistence(

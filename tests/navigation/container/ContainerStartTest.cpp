@@ -4,6 +4,8 @@
 
 #include <QSplitter>
 
+#include <unistd.h>
+
 namespace kestrel::test {
 namespace {
 
@@ -29,6 +31,46 @@ TEST_F(ContainerStart, WithoutProjectsTheTreeIsEmptyAndTheMessageSaysWhatToDo) {
          {Option::newFile, Option::importFile, Option::newGroup, Option::delete_}) {
         EXPECT_FALSE(tree().menu()->action(option)->isEnabled());
     }
+}
+
+/// What the empty tree says, to the eye and to assistive technology alike.
+TEST_F(ContainerStart, ARegistryThatCannotBeReadIsNotAnEmptyOne) {
+    const auto registry = home.path() / ".Kestrel/AllProjects.cfg";
+    const std::string hint = "No projects yet";
+    start();
+    const QImage empty = view().grab().toImage();
+    EXPECT_THAT(view().accessibleDescription().toStdString(), testing::HasSubstr(hint));
+    std::filesystem::create_directories(registry);
+    start();
+    const std::string sentence =
+        "The list of projects could not be read: " + registry.string() + " (it is a folder).";
+    EXPECT_THAT(view().accessibleDescription().toStdString(), testing::StartsWith(sentence));
+    EXPECT_THAT(view().accessibleDescription().toStdString(),
+                testing::Not(testing::HasSubstr(hint)));
+    EXPECT_NE(view().grab().toImage(), empty);
+    EXPECT_THAT(log.lines(), Contains(sentence));
+    std::filesystem::remove(registry);
+    for (const auto& [content, reason] : {std::pair("{\"version\":", "it is no whole JSON file"),
+                                          std::pair("[1, 2]", "it is no list of projects"),
+                                          std::pair("", "it is no whole JSON file")}) {
+        home.write(".Kestrel/AllProjects.cfg", content);
+        start();
+        EXPECT_THAT(view().accessibleDescription().toStdString(), testing::HasSubstr(reason));
+    }
+    home.write(".Kestrel/AllProjects.cfg", "{\"version\":\"1\"}");
+    start();
+    EXPECT_THAT(view().accessibleDescription().toStdString(), testing::HasSubstr(hint));
+}
+
+TEST_F(ContainerStart, ARegistryThatMayNotBeReadSaysSo) {
+    if (::geteuid() == 0) {
+        GTEST_SKIP() << "everything may be read by root";
+    }
+    const auto registry = home.write(".Kestrel/AllProjects.cfg", "{}");
+    std::filesystem::permissions(registry, std::filesystem::perms::none);
+    start();
+    EXPECT_THAT(view().accessibleDescription().toStdString(),
+                testing::HasSubstr("(Permission denied)"));
 }
 
 TEST_F(ContainerStart, LoadsTheRegisteredProjectsInTheRegistrysOrderAndSelectsTheFirst) {
