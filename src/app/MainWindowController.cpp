@@ -52,8 +52,10 @@ QString textOf(const BuildError& error) {
 
 MainWindowController::MainWindowController(std::unique_ptr<Window> window)
     : m_window(std::move(window))
-    , m_builderFactory([](std::shared_ptr<BuildSettingsConfiguration> settings) {
-        return std::make_shared<NESProjectBuilder>(std::move(settings));
+    , m_builderFactory([running = std::make_shared<RunningBuilds>()](
+                           std::shared_ptr<BuildSettingsConfiguration> settings) {
+        return std::make_shared<NESProjectBuilder>(
+            std::move(settings), [] { return findAssembler(); }, running);
     }) {
     if (m_window) {
         m_window->installEventFilter(this);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "build/AssemblerProcess.h"
 
+#include "build/MessageCounter.h"
 #include "build/OutputText.h"
 #include "build/QtText.h"
 #include "model/Paths.h"
@@ -10,6 +11,9 @@
 #include <QStringList>
 
 #include <csignal>
+#include <cstddef>
+#include <poll.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #ifdef Q_OS_LINUX
@@ -22,6 +26,9 @@ namespace {
 
 /// How often `mustStop` is called without output, in milliseconds.
 constexpr int WaitSlice = 50;
+/// How long a child that is asked to end may take, and how often it is looked at, in milliseconds.
+constexpr int EndWait = 300;
+constexpr int EndSlice = 10;
 /// How long a killed child may take to end, in milliseconds.
 constexpr int KillWait = 5000;
 
@@ -65,13 +72,32 @@ std::optional<QStringList> textOf(const AssemblerRequest& request) {
     return list;
 }
 
-/// Kills the child with its process group.
-void kill(const QProcess& process) {
+/// Whether this child has ended. Does not take its exit status, which QProcess waits for: until
+/// then no other process gets its ID.
+bool hasEnded(pid_t child) {
+    siginfo_t status{};
+    return ::waitid(P_PID, static_cast<id_t>(child), &status, WEXITED | WNOHANG | WNOWAIT) != 0 ||
+           status.si_pid == child;
+}
+
+/// Asks the child with its process group to end, then kills what is left of them.
+void end(const QProcess& process) {
     // The child made the group before exec, so both have the same ID. After the child has ended the
     // ID is 0, which would mean this program's own group.
-    if (const auto group = static_cast<pid_t>(process.processId()); group > 0) {
-        ::kill(-group, SIGKILL);
+    const auto group = static_cast<pid_t>(process.processId());
+    if (group <= 0) {
+        return;
     }
+    ::kill(-group, SIGTERM);
+    for (int waited = 0; waited < EndWait && !hasEnded(group); waited += EndSlice) {
+        ::poll(nullptr, 0, EndSlice);
+    }
+    ::kill(-group, SIGKILL);
+}
+
+/// What ended the child; 0 when it ended by itself.
+int signalOf(const QProcess& process) {
+    return process.exitStatus() == QProcess::CrashExit ? process.exitCode() : 0;
 }
 
 } // namespace
@@ -89,10 +115,15 @@ AssemblerResult runAssembler(const AssemblerRequest& request,
     environment.insert(QStringLiteral("NES_INCLUDE"), texts->takeFirst());
 
     OutputText output;
+    MessageCounter messages;
+    const auto take = [&](const QByteArray& bytes) {
+        output.append(bytes);
+        messages.append({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    };
     QProcess process;
     const auto stopIfAsked = [&] {
         if (!result.stopped && mustStop()) {
-            kill(process);
+            end(process);
             result.stopped = true;
         }
     };
@@ -100,7 +131,7 @@ AssemblerResult runAssembler(const AssemblerRequest& request,
     prepareChild(process);
     // The waits below do not return while output keeps coming, so it is read as it comes.
     QObject::connect(&process, &QProcess::readyReadStandardOutput, &process, [&] {
-        output.append(process.readAllStandardOutput());
+        take(process.readAllStandardOutput());
         stopIfAsked();
     });
     process.start(program, *texts, QIODevice::ReadOnly);
@@ -114,9 +145,13 @@ AssemblerResult runAssembler(const AssemblerRequest& request,
     }
     if (result.stopped) {
         process.waitForFinished(KillWait);
-        return result;
     }
-    output.append(process.readAllStandardOutput());
+    take(process.readAllStandardOutput());
+    messages.finish();
+    result.signal = signalOf(process);
+    result.hasOutput = messages.hasText();
+    result.errors = messages.errors();
+    result.warnings = messages.warnings();
     result.output = output.take();
     return result;
 }

@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <optional>
@@ -21,15 +22,19 @@ struct AssemblerRequest {
 /// How a run of the assembler ended.
 struct AssemblerResult {
     std::optional<std::string> startFailure; ///< why it could not be started, as a sentence
-    bool stopped = false;                    ///< killed because `mustStop` returned true
+    bool stopped = false;                    ///< ended because `mustStop` returned true
+    int signal = 0;                          ///< what ended it, unless it ended by itself
     std::optional<QString> output;           ///< nothing when it was not valid UTF-8
+    bool hasOutput = false;                  ///< whether there was any, valid or not
+    std::size_t errors = 0;                  ///< counted in the output, as MessageCounter does
+    std::size_t warnings = 0;
 };
 
 /// Starts the assembler and waits for its end on the calling thread, which must be a Qt thread. Its
 /// standard output is read while it runs; a grandchild that keeps the pipe open is not waited for.
 /// Standard error and working folder are inherited, standard input is empty. `mustStop` is called
 /// several times a second and with every piece of output; once it returns true the process group is
-/// killed.
+/// asked to end, and what is left of it after a third of a second is killed.
 AssemblerResult runAssembler(const AssemblerRequest& request,
                              const std::function<bool()>& mustStop);
 

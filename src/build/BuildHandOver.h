@@ -32,25 +32,23 @@ public:
     BuildHandOver(const BuildHandOver&) = delete;
     BuildHandOver& operator=(const BuildHandOver&) = delete;
 
-    /// Posts the delivery of `output`, if any, and then completes with `image`. True when this call
-    /// was the first.
-    bool finish(std::optional<Text> output, std::filesystem::path image) {
+    /// Posts the delivery of `output`, if any, and `report`, if not empty, and then completes with
+    /// `image`. True when this call was the first.
+    bool finish(std::optional<Text> output, std::filesystem::path image, Task report = {}) {
         if (!claim()) {
             return false;
         }
-        if (output) {
-            m_post([deliver = std::exchange(m_deliver, nullptr),
-                    text = std::make_shared<const Text>(*std::move(output))] { deliver(*text); });
-        }
+        postAll(std::move(output), std::move(report));
         call(std::move(image), std::nullopt);
         return true;
     }
 
-    /// Completes with an error. True when this call was the first.
-    bool fail(BuildError error) {
+    /// Posts the same, and then completes with an error. True when this call was the first.
+    bool fail(BuildError error, std::optional<Text> output = {}, Task report = {}) {
         if (!claim()) {
             return false;
         }
+        postAll(std::move(output), std::move(report));
         call(std::nullopt, std::move(error));
         return true;
     }
@@ -68,6 +66,16 @@ public:
 private:
     /// True for the first caller only.
     bool claim() { return !m_claimed.exchange(true, std::memory_order_acq_rel); }
+
+    void postAll(std::optional<Text> output, Task report) {
+        if (output) {
+            m_post([deliver = std::exchange(m_deliver, nullptr),
+                    text = std::make_shared<const Text>(*std::move(output))] { deliver(*text); });
+        }
+        if (report) {
+            m_post(std::move(report));
+        }
+    }
 
     void call(std::optional<std::filesystem::path> image, std::optional<BuildError> error) {
         // Destroys the handler and its captures on this thread.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "build/NESProjectBuilder.h"
 
-#include "build/AssemblerProcess.h"
+#include "build/Assembly.h"
 #include "build/BackgroundWork.h"
-#include "build/BuildHandOver.h"
+#include "build/BuildHints.h"
 #include "build/EmulatorLauncher.h"
 #include "build/MainAssemblyFile.h"
 #include "build/SourceGatherer.h"
@@ -42,29 +42,14 @@ std::optional<std::filesystem::path> absolutePath(const std::filesystem::path& p
     return error ? std::nullopt : std::optional(std::move(result));
 }
 
-/// The part of a build that runs on the background worker.
-void assemble(const AssemblerRequest& request, const std::filesystem::path& image,
-              HandOver& handOver) {
-    AssemblerResult result;
-    {
-        const LongWait wait;
-        result = runAssembler(request, [] { return QCoreApplication::closingDown(); });
-    }
-    if (result.stopped || QCoreApplication::closingDown()) {
-        handOver.abandon();
-    } else if (result.startFailure) {
-        handOver.fail(buildError(*std::move(result.startFailure)));
-    } else {
-        handOver.finish(std::move(result.output), image);
-    }
-}
-
 } // namespace
 
 NESProjectBuilder::NESProjectBuilder(std::shared_ptr<BuildSettingsConfiguration> buildSetting,
-                                     AssemblerLocator locator)
+                                     AssemblerLocator locator,
+                                     std::shared_ptr<RunningBuilds> running)
     : m_buildSetting(std::move(buildSetting))
-    , m_locator(std::move(locator)) {}
+    , m_locator(std::move(locator))
+    , m_running(std::move(running)) {}
 
 void NESProjectBuilder::setConsoleOutput(std::weak_ptr<ConsoleOutputDelegate> consoleOutput) {
     m_consoleOutput = std::move(consoleOutput);
@@ -87,27 +72,34 @@ std::optional<std::filesystem::path> NESProjectBuilder::tempPath() const {
     return project ? std::optional(joined(*project, "tmp")) : std::nullopt;
 }
 
+void NESProjectBuilder::stop() {
+    m_stopSwitch.stop();
+}
+
 void NESProjectBuilder::build(BuildHandler completionHandler) {
+    const auto requested = std::chrono::steady_clock::now();
     const auto fail = [&](const char* description) {
+        const BuildError error = buildError(description);
+        reportRefusal(error);
         if (completionHandler) {
-            completionHandler(std::nullopt, buildError(description));
+            completionHandler(std::nullopt, error);
         }
     };
     const auto plan = setUp();
     if (!plan) {
-        fail("Could not create temp folder to build project");
+        fail(SetUpFailed);
         return;
     }
     const auto mainFile = findMainAssemblyFile();
     if (!mainFile) {
-        fail("Could not find main entry point for assembly file(s)");
+        fail(NoMainFile);
         return;
     }
     if (!moveAllFilesToTempFolderToAssemble(plan->tempFolder)) {
         fail("Could not move files to temp location");
         return;
     }
-    startAssembler(*plan, *mainFile, std::move(completionHandler));
+    startAssembler(*plan, *mainFile, std::move(completionHandler), requested);
 }
 
 bool NESProjectBuilder::clean() {
@@ -167,13 +159,14 @@ bool NESProjectBuilder::moveAllFilesToTempFolderToAssemble(
 }
 
 void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& mainFile,
-                                       BuildHandler handler) {
-    AssemblerRequest request;
-    request.assembler = plan.assembler;
-    request.arguments = {"--input", mainFile, "--output", pathText(plan.image)};
-    request.arguments.insert(request.arguments.end(), m_extraArguments.begin(),
-                             m_extraArguments.end());
-    request.includeFolder = plan.tempFolder;
+                                       BuildHandler handler,
+                                       std::chrono::steady_clock::time_point requested) {
+    Assembly assembly{{}, plan.image, requested, m_stopSwitch.next(), m_running, {}, m_observer};
+    assembly.request.assembler = plan.assembler;
+    assembly.request.arguments = {"--input", mainFile, "--output", pathText(plan.image)};
+    assembly.request.arguments.insert(assembly.request.arguments.end(), m_extraArguments.begin(),
+                                      m_extraArguments.end());
+    assembly.request.includeFolder = plan.tempFolder;
 
     // The application object's destructor waits for the pool's workers, so they may post to it as
     // long as they run.
@@ -187,9 +180,26 @@ void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& main
             console->console(output);
         }
     };
-    const auto handOver = std::make_shared<HandOver>(std::move(handler), post, deliver);
-    startInBackground(
-        [request, image = plan.image, handOver] { assemble(request, image, *handOver); });
+    assembly.handOver = std::make_shared<HandOver>(std::move(handler), post, deliver);
+    m_running->start(plan.image, assembly.stop, [assembly] { carryOut(assembly); });
+}
+
+/// Tells the observer of a request that ended before the assembler was started. The hints look into
+/// files, so they are found on a background worker.
+void NESProjectBuilder::reportRefusal(const BuildError& error) const {
+    if (!m_observer) {
+        return;
+    }
+    startInBackground([observer = m_observer, settings = m_buildSetting, error,
+                       hasAssembler = m_locator && m_locator().has_value(),
+                       application = QCoreApplication::instance()] {
+        BuildResult result;
+        result.error = error;
+        result.hints = buildHintsFor(error, *settings, hasAssembler);
+        if (!QCoreApplication::closingDown()) {
+            postToMainThread(application, [observer, result] { observer(result); });
+        }
+    });
 }
 
 bool NESProjectBuilder::createFolder(const std::filesystem::path& directory) {

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "build/AssemblerLocation.h"
+#include "build/BuildResult.h"
 #include "build/ProjectBuilder.h"
+#include "build/RunningBuilds.h"
 
+#include <chrono>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,10 +19,12 @@ namespace kestrel {
 class NESProjectBuilder final : public ProjectBuilder,
                                 public std::enable_shared_from_this<NESProjectBuilder> {
 public:
-    /// `locator` is called at each build.
+    /// `locator` is called at each build. Builders that share `running` end the assembler of an
+    /// older build of the same image before they start one.
     explicit NESProjectBuilder(
         std::shared_ptr<BuildSettingsConfiguration> buildSetting,
-        AssemblerLocator locator = [] { return findAssembler(); });
+        AssemblerLocator locator = [] { return findAssembler(); },
+        std::shared_ptr<RunningBuilds> running = std::make_shared<RunningBuilds>());
 
     std::weak_ptr<ConsoleOutputDelegate> consoleOutput() const override { return m_consoleOutput; }
     void setConsoleOutput(std::weak_ptr<ConsoleOutputDelegate> consoleOutput) override;
@@ -39,6 +44,16 @@ public:
     void setExtraArguments(std::vector<std::string> arguments) {
         m_extraArguments = std::move(arguments);
     }
+
+    /// Sets who is told the result of each later request, exactly once and on the main thread:
+    /// after the console got the output, if there was any, also when the builder is gone by then.
+    /// Not called when the program quits first.
+    void setObserver(BuildObserver observer) { m_observer = std::move(observer); }
+
+    /// Ends the assembler of the running request, and what it started, within a second. Its handler
+    /// gets an error with the code 100 and the description "The build was stopped". Nothing happens
+    /// when none runs. To be called on any thread.
+    void stop();
 
     /// Assembles the project and calls the handler exactly once: before this returns, when the
     /// set-up fails, there is no main file or the files cannot be copied; otherwise on a background
@@ -69,13 +84,18 @@ private:
     std::optional<Plan> setUp();
     std::optional<std::string> findMainAssemblyFile();
     bool moveAllFilesToTempFolderToAssemble(const std::filesystem::path& tempFolder);
-    void startAssembler(const Plan& plan, const std::string& mainFile, BuildHandler handler);
+    void startAssembler(const Plan& plan, const std::string& mainFile, BuildHandler handler,
+                        std::chrono::steady_clock::time_point requested);
+    void reportRefusal(const BuildError& error) const;
     static bool createFolder(const std::filesystem::path& directory);
     std::vector<const ProjectItems*> fileLists() const;
 
     std::weak_ptr<ConsoleOutputDelegate> m_consoleOutput;
     std::shared_ptr<BuildSettingsConfiguration> m_buildSetting;
     AssemblerLocator m_locator;
+    std::shared_ptr<RunningBuilds> m_running;
+    BuildObserver m_observer;
+    StopSwitch m_stopSwitch;
     std::vector<std::string> m_extraArguments;
 };
 

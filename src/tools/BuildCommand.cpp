@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "tools/BuildCommand.h"
 
-#include "build/BackgroundWork.h"
 #include "build/NESBuildSettings.h"
 #include "build/NESProjectBuilder.h"
+#include "build/ShownPath.h"
 #include "model/BuildSettingsFile.h"
 #include "model/Paths.h"
-#include "tools/BuildHints.h"
 #include "tools/ConsolePrinter.h"
-#include "tools/ImageStamp.h"
 #include "tools/Messages.h"
 #include "tools/Relocation.h"
 
@@ -22,10 +20,8 @@ namespace kestrel {
 
 namespace fs = std::filesystem;
 
-BuildCommand::BuildCommand(QCoreApplication& application, OpenedProject project,
-                           std::vector<std::string> assemblerArguments)
-    : m_application(application)
-    , m_project(std::move(project))
+BuildCommand::BuildCommand(OpenedProject project, std::vector<std::string> assemblerArguments)
+    : m_project(std::move(project))
     , m_assemblerArguments(std::move(assemblerArguments))
     , m_printer(std::make_shared<ConsolePrinter>()) {}
 
@@ -56,16 +52,16 @@ bool BuildCommand::run() {
             return false;
         }
     }
-    fs::path image;
-    if (const auto& output = m_settings->outputFilePath(); output && !output->empty()) {
-        image = joined(*output, m_project.root->itemName() + ".nes");
-        if (relocation && relocation->leadsBack(image)) {
+    const auto& output = m_settings->outputFilePath();
+    if (relocation && output && !output->empty()) {
+        const fs::path image = joined(*output, m_project.root->itemName() + ".nes");
+        if (relocation->leadsBack(image)) {
             complain("the image " + shown(image) + " would be written into the former folder " +
                      shown(relocation->former()) + ", to which a link leads. Nothing was built.");
             return false;
         }
     }
-    return build(image) && !m_printer->hasFailed();
+    return build() && !m_printer->hasFailed();
 }
 
 /// The build settings as --relocate would write them.
@@ -83,50 +79,36 @@ BuildCommand::movedSettings(const Relocation& relocation) const {
     return settings;
 }
 
-bool BuildCommand::build(const fs::path& expectedImage) {
-    const ImageStamp before = ImageStamp::of(expectedImage);
-    const std::optional<Report> report = buildReport();
-    if (!report) {
+bool BuildCommand::build() {
+    const std::optional<BuildResult> result = buildResult();
+    if (!result) {
         return false; // ended by a signal: nothing to report
     }
-    if (report->error || !report->image) {
-        tellError(report->error.value_or(BuildError{}));
-        return false;
-    }
-    const ImageStamp after = ImageStamp::of(*report->image);
-    if (!after.present || after == before) {
+    if (result->error) {
+        complain(result->error->localizedDescription());
+        for (const std::string& hint : result->hints) {
+            complain("hint: " + hint);
+        }
+    } else if (!result->isMade()) {
         complain(m_printer->hasPrinted() ? "no image was made; see what the assembler says."
                                          : "no image was made, and the assembler said nothing.");
-        return false;
     }
-    return true;
+    return result->isMade();
 }
 
-std::optional<BuildCommand::Report> BuildCommand::buildReport() {
-    // Shared with the worker, which may report after a signal has ended the loop.
-    const auto report = std::make_shared<std::optional<Report>>();
+std::optional<BuildResult> BuildCommand::buildResult() {
+    // Shared with the observer, which may be called after a signal has ended the loop.
+    const auto result = std::make_shared<std::optional<BuildResult>>();
     const auto builder = std::make_shared<NESProjectBuilder>(m_settings);
     builder->setConsoleOutput(m_printer);
     builder->setExtraArguments(m_assemblerArguments);
-    QCoreApplication* const application = &m_application;
-    builder->build(
-        [application, report](std::optional<fs::path> image, std::optional<BuildError> error) {
-            // Queued after the assembler's output, so that that is printed first.
-            const auto take = [report, outcome = Report{std::move(image), std::move(error)}] {
-                *report = outcome;
-                QCoreApplication::exit();
-            };
-            postToMainThread(application, take);
-        });
+    builder->setObserver([result](const BuildResult& told) {
+        *result = told;
+        QCoreApplication::exit();
+    });
+    builder->build({});
     QCoreApplication::exec();
-    return *report;
-}
-
-void BuildCommand::tellError(const BuildError& error) {
-    complain(error.localizedDescription());
-    for (const std::string& hint : buildHintsFor(error, *m_settings)) {
-        complain("hint: " + hint);
-    }
+    return *result;
 }
 
 } // namespace kestrel

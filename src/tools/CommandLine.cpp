@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/CommandLine.h"
 
-#include "tools/Messages.h"
+#include "build/ShownPath.h"
 
 #include <optional>
 #include <system_error>

@@ -1,15 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <filesystem>
-#include <string>
 #include <string_view>
 
 namespace kestrel {
-
-/// A path or name in quotes, for a message. Control characters are escaped, so that the message
-/// stays on one line and cannot control the terminal.
-std::string shown(const std::filesystem::path& path);
 
 /// Makes the standard streams safe to write to. To be called first: opens closed ones to /dev/null,
 /// so that no later file gets their descriptors, and ignores SIGPIPE.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tools/ProjectArgument.h"
 
+#include "build/ShownPath.h"
 #include "model/FileReader.h"
 #include "model/Paths.h"
-#include "tools/Messages.h"
 
 #include <system_error>
 #include <unistd.h>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/ProjectRelocator.h"
 
+#include "build/ShownPath.h"
 #include "model/BuildSettingsFile.h"
 #include "model/FileReader.h"
 #include "model/FileWriter.h"

@@ -44,9 +44,9 @@ Status build(kestrel::OpenedProject project, const std::vector<std::string>& ass
         // Qt gets the program's name only, so that it takes no argument for one of its own.
         int argumentCount = 1;
         char* arguments[] = {programName, nullptr};
-        QCoreApplication application(argumentCount, arguments);
+        const QCoreApplication application(argumentCount, arguments);
         const kestrel::SignalWatcher watcher;
-        built = kestrel::BuildCommand(application, std::move(project), assemblerArguments).run();
+        built = kestrel::BuildCommand(std::move(project), assemblerArguments).run();
         signal = watcher.caught();
     } // the destructors end a running assembler
     if (signal != 0) {

@@ -92,9 +92,13 @@ std::shared_ptr<ProjectItem> BuildProject::addSource(const std::string& name,
 }
 
 std::shared_ptr<NESProjectBuilder> BuildProject::makeBuilder() {
-    auto builder =
-        std::make_shared<NESProjectBuilder>(settings, [place = assembler] { return place; });
+    auto builder = std::make_shared<NESProjectBuilder>(
+        settings, [place = assembler] { return place; }, running);
     builder->setConsoleOutput(console);
+    builder->setObserver([told = results](const BuildResult& result) {
+        told->all.push_back(result);
+        told->threads.push_back(std::this_thread::get_id());
+    });
     return builder;
 }
 

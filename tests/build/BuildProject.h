@@ -22,6 +22,12 @@ public:
     std::vector<std::thread::id> threads;
 };
 
+/// The results that builders told, in order, and on which thread.
+struct RecordingResults {
+    std::vector<BuildResult> all;
+    std::vector<std::thread::id> threads;
+};
+
 /// What a completion handler was told, and where; read it from any thread.
 class Outcome {
 public:
@@ -58,12 +64,15 @@ public:
     std::string record() const;
     std::filesystem::path fifo(const std::string& name) const;
     std::shared_ptr<ProjectItem> addSource(const std::string& name, const std::string& content);
+    /// A builder that tells `results`; all of them share their running builds.
     std::shared_ptr<NESProjectBuilder> makeBuilder();
 
     TemporaryHome home;
     std::shared_ptr<ProjectItem> project;
     std::shared_ptr<NESBuildSettings> settings;
     std::shared_ptr<RecordingConsole> console = std::make_shared<RecordingConsole>();
+    std::shared_ptr<RecordingResults> results = std::make_shared<RecordingResults>();
+    std::shared_ptr<RunningBuilds> running = std::make_shared<RunningBuilds>();
     std::optional<std::filesystem::path> assembler;
 };
 

@@ -11,6 +11,9 @@
 //   closeout        closes standard output         forever      never ends
 //   flood           prints without end             forkflood    a grandchild prints without end
 //   kill            kills itself                   exit STATUS  ends at once
+//   ignore          takes no notice of SIGTERM     tidy NAME    on SIGTERM makes file NAME and ends
+//   lock NAME       ends with 93 if another one holds file NAME; holds it until it ends
+//   count NAME      appends a line to file NAME
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -20,6 +23,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <sys/file.h>
 #include <unistd.h>
 #include <vector>
 
@@ -102,6 +106,37 @@ void forever() {
     }
 }
 
+std::string tidyFile; // set before the signal can come
+
+void tidyUp(int /*signal*/) {
+    ::close(::open(tidyFile.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+    std::_Exit(0);
+}
+
+void lock(const std::string& name) {
+    const int file = ::open((projectFolder() / name).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (file < 0 || ::flock(file, LOCK_EX | LOCK_NB) != 0) {
+        std::_Exit(93);
+    }
+}
+
+/// Commands about being ended or not being alone; false for any other.
+bool followSpecial(const std::string& word, const std::string& rest) {
+    if (word == "ignore") {
+        std::signal(SIGTERM, SIG_IGN);
+    } else if (word == "tidy") {
+        tidyFile = (projectFolder() / rest).string();
+        std::signal(SIGTERM, tidyUp);
+    } else if (word == "lock") {
+        lock(rest);
+    } else if (word == "count") {
+        std::ofstream(projectFolder() / rest, std::ios::app) << getpid() << '\n';
+    } else {
+        return false;
+    }
+    return true;
+}
+
 std::string imagePath(int argc, char** argv) {
     return argc == 5 ? argv[4] : "";
 }
@@ -141,7 +176,7 @@ void follow(const std::string& word, const std::string& rest, const std::string&
         ::raise(SIGKILL);
     } else if (word == "exit") {
         std::_Exit(std::stoi(rest));
-    } else {
+    } else if (!followSpecial(word, rest)) {
         std::_Exit(92);
     }
 }

@@ -2,7 +2,7 @@
 // Starts a build of the project folder named and quits while the assembler is running.
 //   QuittingBuild PROJECT-FOLDER ASSEMBLER
 // It quits as soon as the assembler has made the file "record". Prints one line for every call of
-// the completion handler.
+// the completion handler and of the observer.
 #include "build/NESBuildSettings.h"
 #include "build/NESProjectBuilder.h"
 #include "model/ProjectNavigationSettingItem.h"
@@ -25,6 +25,7 @@ int main(int argc, char** argv) {
         "Game", folder, FileType::project, ProjectType::nes);
     const auto builder = std::make_shared<NESProjectBuilder>(
         std::make_shared<NESBuildSettings>(project), [&] { return assembler; });
+    builder->setObserver([](const BuildResult&) { std::puts("told the result"); });
     builder->build([](const auto&, const auto&) { std::puts("completed"); });
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &application, [&] {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/ImageStamp.h"
+#include "build/ImageStamp.h"
 
 #include "model/FileReader.h"
 
@@ -22,6 +22,7 @@ ImageStamp ImageStamp::of(const std::filesystem::path& image) {
         return stamp;
     }
     stamp.present = true;
+    stamp.size = static_cast<std::uintmax_t>(status.st_size);
     stamp.device = static_cast<std::uint64_t>(status.st_dev);
     stamp.file = static_cast<std::uint64_t>(status.st_ino);
 #ifdef __APPLE__

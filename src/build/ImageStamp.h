@@ -15,6 +15,7 @@ struct ImageStamp {
     std::uint64_t file = 0;
     std::int64_t changedSeconds = 0;
     std::int64_t changedNanoseconds = 0;
+    std::uintmax_t size = 0;
     std::string content; ///< empty when it cannot be read or is implausibly large
 
     bool operator==(const ImageStamp&) const = default;

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "tools/BuildHints.h"
+#include "build/BuildHints.h"
 
-#include "build/AssemblerLocation.h"
 #include "build/MainAssemblyFile.h"
 #include "build/QtText.h"
+#include "build/ShownPath.h"
 #include "build/SourceLocation.h"
 #include "model/BuildSettingsFile.h"
 #include "model/FileReader.h"
 #include "model/Paths.h"
-#include "tools/Messages.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QString>
 
 #include <cstddef>
@@ -20,15 +21,18 @@ namespace kestrel {
 
 namespace {
 
-constexpr std::string_view SetUpFailed = "Could not create temp folder to build project";
-constexpr std::string_view NoMainFile = "Could not find main entry point for assembly file(s)";
 constexpr std::size_t MostFileHints = 5;
 
-std::optional<std::string> setUpHint(BuildSettingsConfiguration& settings) {
+/// The name of the running program's file.
+std::string programName() {
+    return QFileInfo(QCoreApplication::applicationFilePath()).fileName().toStdString();
+}
+
+std::optional<std::string> setUpHint(BuildSettingsConfiguration& settings, bool hasAssembler) {
     const ProjectItem& project = *settings.projectToBuild();
-    if (!findAssembler()) {
-        return "The assembler NESasm is neither beside kestrel-build nor in the folder "
-               "../libexec/kestrel: Kestrel is not installed completely.";
+    if (!hasAssembler) {
+        return "The assembler NESasm is neither beside " + programName() +
+               " nor in the folder ../libexec/kestrel: Kestrel is not installed completely.";
     }
     if (!settings.outputFilePath()) {
         const std::string file = shown(buildSettingsLocation(project));
@@ -95,9 +99,9 @@ std::vector<std::string> mainFileHints(BuildSettingsConfiguration& settings) {
 } // namespace
 
 std::vector<std::string> buildHintsFor(const BuildError& error,
-                                       BuildSettingsConfiguration& settings) {
+                                       BuildSettingsConfiguration& settings, bool hasAssembler) {
     if (error.description == SetUpFailed) {
-        if (auto hint = setUpHint(settings)) {
+        if (auto hint = setUpHint(settings, hasAssembler)) {
             return {std::move(*hint)};
         }
     }

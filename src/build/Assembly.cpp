@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "build/Assembly.h"
+
+#include "build/BackgroundWork.h"
+#include "build/ImageStamp.h"
+
+#include <QCoreApplication>
+
+#include <optional>
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+constexpr int BuilderErrorCode = 100;
+
+AssemblerResult runUnlessStopped(const Assembly& assembly) {
+    const auto mustStop = [&] {
+        return QCoreApplication::closingDown() || assembly.stop->isRequested();
+    };
+    if (mustStop()) {
+        AssemblerResult result;
+        result.stopped = true;
+        return result;
+    }
+    const LongWait wait;
+    return runAssembler(assembly.request, mustStop);
+}
+
+BuildResult resultOf(const Assembly& assembly, const AssemblerResult& run,
+                     const ImageStamp& before) {
+    const ImageStamp after = ImageStamp::of(assembly.image);
+    const bool madeImage = after.present && after != before;
+    BuildResult result;
+    result.image = assembly.image;
+    result.duration = std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now() - assembly.requested);
+    result.errors = run.errors;
+    result.warnings = run.warnings;
+    result.hasOutput = run.hasOutput;
+    if (run.startFailure) {
+        result.state = BuildResult::State::notStarted;
+        result.error = BuildError{"", BuilderErrorCode, *run.startFailure};
+        return result;
+    }
+    result.state = stateAfter({run.stopped, run.signal, madeImage});
+    if (result.isMade()) {
+        result.bytes = after.size;
+    } else if (result.state == BuildResult::State::crashed) {
+        result.signal = run.signal;
+    } else if (result.state == BuildResult::State::stopped) {
+        result.error = BuildError{"", BuilderErrorCode, "The build was stopped"};
+    }
+    return result;
+}
+
+} // namespace
+
+void carryOut(const Assembly& assembly) {
+    const ImageStamp before = ImageStamp::of(assembly.image);
+    AssemblerResult run = runUnlessStopped(assembly);
+    const BuildResult result = resultOf(assembly, run, before);
+    assembly.running->ended(assembly.image, assembly.stop);
+    if (QCoreApplication::closingDown()) {
+        assembly.handOver->abandon();
+        return;
+    }
+    BuildHandOver<QString>::Task report;
+    if (assembly.observer) {
+        report = [observer = assembly.observer, result] { observer(result); };
+    }
+    if (result.error) {
+        assembly.handOver->fail(*result.error, std::move(run.output), std::move(report));
+    } else {
+        assembly.handOver->finish(std::move(run.output), assembly.image, std::move(report));
+    }
+}
+
+} // namespace kestrel

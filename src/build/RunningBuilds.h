@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace kestrel {
+
+/// Whether a build is to be stopped. Set and asked on any thread.
+class StopFlag {
+public:
+    void request() { m_requested.store(true, std::memory_order_release); }
+    bool isRequested() const { return m_requested.load(std::memory_order_acquire); }
+
+private:
+    std::atomic<bool> m_requested = false;
+};
+
+/// Stops whatever is running behind it. Thread-safe.
+class StopSwitch {
+public:
+    /// A new flag, which the next call of stop() sets.
+    std::shared_ptr<StopFlag> next();
+
+    /// Sets the flags given out that are still in use.
+    void stop();
+
+private:
+    std::mutex m_mutex;
+    std::vector<std::weak_ptr<StopFlag>> m_flags;
+};
+
+/// Lets one assembler at a time work on an image: a newer build of it asks the one before to stop
+/// and starts when that has ended, so that no old build replaces or removes a newer image. Shared
+/// by the builders of a program; thread-safe.
+class RunningBuilds : public std::enable_shared_from_this<RunningBuilds> {
+public:
+    /// The assembler's part of a build. It calls ended() once the assembler has ended, and asks
+    /// `stop` before it starts one.
+    using Task = std::function<void()>;
+
+    /// Runs `task` on a background worker, at once or when the build before it has ended. Of the
+    /// builds that wait for an image only the newest goes on; another one's task runs, too, but
+    /// with its flag set.
+    void start(const std::filesystem::path& image, std::shared_ptr<StopFlag> stop, Task task);
+
+    /// The assembler of the build with this flag has ended, or was not started.
+    void ended(const std::filesystem::path& image, const std::shared_ptr<StopFlag>& stop);
+
+private:
+    struct Build {
+        std::shared_ptr<StopFlag> stop;
+        Task task;
+    };
+    struct Turn {
+        std::shared_ptr<StopFlag> running;
+        Build waiting; ///< with no flag when none waits
+    };
+
+    std::mutex m_mutex;
+    std::map<std::filesystem::path, Turn> m_turns;
+};
+
+} // namespace kestrel
