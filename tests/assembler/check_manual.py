@@ -160,14 +160,14 @@ def dot_picture():
     return bytes(header) + bytes([3, 0xC0 + 7, 0, 0xC0 + 56, 0])
 
 
-def assembled(text, program):
+def assembled(text, program, options):
     """What the assembler says of an example, and the bytes after its header."""
     with tempfile.TemporaryDirectory() as folder:
         Path(folder, "game.asm").write_text(text)
         Path(folder, "more.asm").write_text("answer: .db 42\n")
         Path(folder, "data.bin").write_bytes(bytes([1, 2, 3, 4, 5]))
         Path(folder, "dot.pcx").write_bytes(dot_picture())
-        run = subprocess.run([program, "--input", "game.asm", "--output", "game.nes"], cwd=folder, env={},
+        run = subprocess.run([program, "--input", "game.asm", "--output", "game.nes", *options], cwd=folder, env={},
                              capture_output=True, text=True, check=False)
         return run.stdout, Path(folder, "game.nes").read_bytes()[16:] if run.returncode == 0 else b""
 
@@ -176,8 +176,10 @@ def wrong_examples(manual, program):
     examples = re.findall(r"```asm\n((?:(?!```).*\n)*)```\n\n(.*)\n(?:\n```text\n((?:(?!```).*\n)*)```\n)?", manual)
     problems = [] if len(examples) >= 10 else ["there are hardly any examples"]
     for text, result, messages in examples:
-        said, image = assembled(text, program)
-        if result == "says" and messages:
+        with_options = re.fullmatch(r"says(?: with `(.*)`)?", result)
+        options = with_options[1].split() if with_options and with_options[1] else []
+        said, image = assembled(text, program, options)
+        if with_options and messages:
             if said != messages:
                 problems.append(f"the example says\n{said}instead of\n{messages}")
             continue
@@ -216,7 +218,8 @@ def self_test(manual, page, program):
               (manual.replace("| `division by zero` |", "| `division by zero` |\n| `no such message here` |"), page),
               (manual.replace("`it is a folder`", "`x`"), page), (manual.replace("not known here", "unknown"), page),
               (manual.replace("--labels takes mlb", "--labels wants mlb"), page), (manual.replace("called at game.asm:6", ""), page),
-              (manual.replace("`--max-errors", "`"), page), (manual, page.replace("Sy overwrite", "")),
+              (manual.replace("`--max-errors", "`"), page), (manual.replace('"way":[', '"path":['), page),
+              (manual, page.replace("Sy overwrite", "")),
               (manual, page.replace("Fl Fl listing", ""))]
     return [f"loss {number} was not noticed" for number, loss in enumerate(losses) if not problems_with(*loss, program)]
 

@@ -21,7 +21,7 @@ std::optional<Reading> read(const std::string& text) {
     nesasm::Arena arena;
     nesasm::Origins origins;
     nesasm::Diagnostics diagnostics(
-        origins, [](std::string_view) {}, 0, false);
+        origins, [](std::string_view) {}, 0, nesasm::MessageForm::plain);
     nesasm::SymbolTable symbols;
     nesasm::Deferred deferred;
     nesasm::Statement statement;

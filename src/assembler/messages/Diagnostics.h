@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/messages/MessageForm.h"
 #include "assembler/messages/WarningSwitches.h"
 #include "assembler/reading/Origins.h"
 #include "assembler/text/Position.h"
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -16,16 +19,12 @@
 
 namespace nesasm {
 
-/// Receives text to be shown: always valid UTF-8.
-using TextSink = std::function<void(std::string_view)>;
-
-/// Collects errors and warnings and shows them in the order of the source, each with its line, a
-/// caret and the chain of includes and macros that led there.
+/// Collects errors and warnings and shows them in the order of the source.
 class Diagnostics {
 public:
     /// `origins` must outlive this. After `largestErrorCount` errors (0: never) limitReached()
     /// holds.
-    Diagnostics(Origins& origins, TextSink sink, std::size_t largestErrorCount, bool colours,
+    Diagnostics(Origins& origins, TextSink sink, std::size_t largestErrorCount, MessageForm form,
                 const WarningSwitches& switches = {});
 
     /// In a macro expansion only the first error is kept: the others come from the same mistake. In
@@ -58,25 +57,20 @@ private:
     bool isDropped(const Position& position);
     bool isRepeated(const Position& position, bool isError);
 
-    struct Message {
-        Position position;
-        bool isError;
+    /// A message as it is to be shown, made while its line still exists.
+    struct Shown {
+        std::uint32_t order; ///< of its place
         std::string text;
-        std::string rendered; ///< source line, caret and chain, made while the line still exists
     };
 
-    void addError(const Position& position, std::string text);
-    void add(const Position& position, bool isError, std::string text);
-    std::string render(const Position& position) const;
-    std::string chain(const Position& position) const;
-    std::string step(const Origin& origin) const;
-    std::string headline(const Message& message) const;
+    void addError(const Position& position, std::string text, std::optional<Warning> warning);
+    void add(const Message& message);
     void flush();
 
     Origins& m_origins;
     TextSink m_sink;
     std::size_t m_largestErrorCount;
-    bool m_colours;
+    MessageForm m_form;
     WarningSwitches m_switches;
     std::array<std::size_t, WarningCount> m_warningsOfAKind{};
     bool m_stopped = false;
@@ -87,7 +81,7 @@ private:
     /// Reported places (line and column) inside a .rept, and whether with an error: a warning hides
     /// no error.
     std::set<std::tuple<OriginId, std::uint32_t, std::uint32_t, bool>> m_repeatedPlaces;
-    std::vector<Message> m_messages;
+    std::vector<Shown> m_messages;
 };
 
 } // namespace nesasm

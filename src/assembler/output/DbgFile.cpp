@@ -2,6 +2,7 @@
 #include "assembler/output/DbgFile.h"
 
 #include "assembler/output/DebugLabels.h"
+#include "assembler/output/ImageFile.h"
 #include "assembler/text/Text.h"
 
 #include <algorithm>
@@ -16,7 +17,6 @@ namespace nesasm {
 
 namespace {
 
-constexpr std::uint32_t HeaderSize = 16;
 /// Of every file: its first line, and the row of its one module.
 constexpr std::string_view VersionRow = "version\tmajor=2,minor=0";
 constexpr std::string_view ModuleRow = "mod\tid=0,name=\"NESasm\",file=0\n";
@@ -244,13 +244,13 @@ private:
 
     void addSegments() {
         for (const auto& [bank, id] : m_segmentIds) {
-            m_segmentTexts[id] = "seg\tid=" + number(id) + ",name=\"BANK" + number(bank) +
-                                 "\",start=" + hexNumber(m_segmentStarts[bank], 6) +
-                                 ",size=" + hexNumber(BankSize, 4) +
-                                 ",addrsize=absolute,type=ro,oname=" +
-                                 inQuotes(m_output.substr(m_output.rfind('/') + 1)) +
-                                 ",ooffs=" + number(HeaderSize + std::uint64_t{bank} * BankSize) +
-                                 ",bank=" + number(bank) + "\n";
+            m_segmentTexts[id] =
+                "seg\tid=" + number(id) + ",name=\"BANK" + number(bank) +
+                "\",start=" + hexNumber(m_segmentStarts[bank], 6) +
+                ",size=" + hexNumber(BankSize, 4) + ",addrsize=absolute,type=ro,oname=" +
+                inQuotes(m_output.substr(m_output.rfind('/') + 1)) +
+                ",ooffs=" + number(ImageHeaderSize + std::uint64_t{bank} * BankSize) +
+                ",bank=" + number(bank) + "\n";
         }
         for (const auto& [id, text] : m_segmentTexts) {
             m_segments += text;

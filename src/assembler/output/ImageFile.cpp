@@ -21,7 +21,6 @@ namespace nesasm {
 namespace {
 
 constexpr std::string_view Mark = "NES\x1A";
-constexpr std::size_t HeaderSize = 16;
 constexpr int MostLinks = 40;
 
 /// The path that `path` leads to when links are followed; the file need not exist.
@@ -64,16 +63,12 @@ mode_t permissionsFor(const std::string& path) {
     return 0666U & ~mask;
 }
 
-std::uint32_t percent(std::uint64_t part, std::uint64_t whole) {
-    return whole == 0 ? 0 : static_cast<std::uint32_t>(part * 100 / whole);
-}
-
 } // namespace
 
 std::vector<std::uint8_t> imageFile(const Image& image) {
     const std::uint32_t banks = image.bankCount();
     std::vector<std::uint8_t> bytes;
-    bytes.reserve(HeaderSize + std::size_t{banks} * BankSize);
+    bytes.reserve(ImageHeaderSize + std::size_t{banks} * BankSize);
     bytes.assign(Mark.begin(), Mark.end());
     const Header& header = image.header;
     bytes.push_back(static_cast<std::uint8_t>(header.prg));
@@ -81,7 +76,7 @@ std::vector<std::uint8_t> imageFile(const Image& image) {
     bytes.push_back(
         static_cast<std::uint8_t>((header.mirroring & 15U) | (header.mapper & 15U) << 4U));
     bytes.push_back(static_cast<std::uint8_t>(header.mapper & 0xF0U));
-    bytes.resize(HeaderSize);
+    bytes.resize(ImageHeaderSize);
     for (std::uint32_t bank = 0; bank < banks; ++bank) {
         const std::uint8_t* const content = image.bytes(bank);
         if (content != nullptr) {
@@ -157,31 +152,6 @@ std::uint32_t prgBankCount(const Image& image) {
     const std::uint32_t banks = image.bankCount();
     const Header& header = image.header;
     return header.prg != 0 ? std::min(header.prg * 2, banks) : banks - std::min(header.chr, banks);
-}
-
-std::string summaryLine(const std::string& path, const Image& image) {
-    const std::uint32_t banks = image.bankCount();
-    const Header& header = image.header;
-    const std::uint32_t prg = prgBankCount(image);
-    std::uint64_t used = 0;
-    for (std::uint32_t bank = 0; bank < prg; ++bank) {
-        used += image.bytesWritten(bank);
-    }
-    return printable(path) + ": " + std::to_string(HeaderSize + std::size_t{banks} * BankSize) +
-           " bytes, mapper " + std::to_string(header.mapper) + ", PRG " + std::to_string(prg) +
-           " x 8 KiB banks (" + std::to_string(percent(used, std::uint64_t{prg} * BankSize)) +
-           " % used), CHR " + std::to_string(banks - prg) + " x 8 KiB\n";
-}
-
-std::string bankLines(const Image& image) {
-    std::string text;
-    for (std::uint32_t bank = 0; bank < image.bankCount(); ++bank) {
-        const std::uint32_t used = image.bytesWritten(bank);
-        text += "bank " + std::to_string(bank) + ": " + std::to_string(used) + " of " +
-                std::to_string(BankSize) + " bytes (" + std::to_string(percent(used, BankSize)) +
-                " %)\n";
-    }
-    return text;
 }
 
 } // namespace nesasm

@@ -4,11 +4,15 @@
 #include "assembler/text/Problem.h"
 #include "assembler/values/Image.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace nesasm {
+
+/// The bytes before the banks.
+inline constexpr std::size_t ImageHeaderSize = 16;
 
 /// The file that an image becomes: an iNES header (source: nesdev wiki, "INES") and the banks.
 std::vector<std::uint8_t> imageFile(const Image& image);
@@ -30,12 +34,5 @@ void removeOldImage(const std::string& path);
 
 /// Banks of the file that are PRG: as the header says, or all but its CHR banks.
 std::uint32_t prgBankCount(const Image& image);
-
-/// One line that sums up the image, such as
-/// "game.nes: 24592 bytes, mapper 0, PRG 2 x 8 KiB banks (73 % used), CHR 1 x 8 KiB".
-std::string summaryLine(const std::string& path, const Image& image);
-
-/// One line for each bank: how full it is.
-std::string bankLines(const Image& image);
 
 } // namespace nesasm

@@ -25,7 +25,7 @@ namespace nesasm {
 /// The parts of one run, each made of those before it that it needs.
 struct Assembler::Run {
     Run(const Options& options, TextSink sink)
-        : diagnostics(origins, std::move(sink), options.largestErrorCount, options.colours,
+        : diagnostics(origins, std::move(sink), options.largestErrorCount, options.form,
                       options.warnings)
         , finder(options.includeFolders, options.includeList)
         , sources(options.mostWork)
@@ -93,8 +93,8 @@ Assembler::Result Assembler::assemble() {
         m_run->names.predefine(name, value);
     }
     if (const Problem problem = m_run->included.openInput(m_options.input)) {
-        m_sink(printable("error: the input '" + m_options.input + "' cannot be read: " + *problem) +
-               "\n");
+        m_sink(errorText(m_options.form,
+                         "the input '" + m_options.input + "' cannot be read: " + *problem));
         return Result::unreadable;
     }
     m_run->lines.run();

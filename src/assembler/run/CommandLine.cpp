@@ -113,13 +113,16 @@ public:
         if (name == "-W") {
             return m_line.options.warnings.apply(value);
         }
+        if (name == "--messages") {
+            return setMessages(value);
+        }
         return name == "--color" ? setColours(value) : setLimit(value);
     }
 
 private:
-    static constexpr std::array<std::string_view, 9> Names{"--input", "--output",  "-I",
-                                                           "-D",      "-W",        "--max-errors",
-                                                           "--color", "--listing", "--labels"};
+    static constexpr std::array<std::string_view, 10> Names{
+        "--messages", "--input",      "--output", "-I",        "-D",
+        "-W",         "--max-errors", "--color",  "--listing", "--labels"};
 
     static Problem setOnce(std::string_view name, std::string& target, std::string_view value) {
         if (!target.empty()) {
@@ -146,6 +149,13 @@ private:
         } else {
             return "--color takes auto, always or never, not " + quoted(value);
         }
+        return {};
+    }
+    Problem setMessages(std::string_view value) {
+        if (value != "text" && value != "json") {
+            return "--messages takes text or json, not " + quoted(value);
+        }
+        m_line.wantsJson = value == "json";
         return {};
     }
     Problem setLimit(std::string_view value) {
@@ -232,6 +242,7 @@ Assembles a program for the NES into an iNES image.
   -Werror, -Werror=NAME   all warnings, or this one, count as errors
   --max-errors NUMBER     stop after so many errors (20; 0: never)
   --color WHEN            auto, always or never; never when the output is no terminal
+  --messages FORM         text, or json for programs: one JSON object a line
   --listing FILE          write a listing: addresses, bytes, cycles, symbols
   --expand-macros         list the lines of macros and repetitions, too
   --labels FORMAT         write labels for a debugger beside the image: mlb, nl or dbg

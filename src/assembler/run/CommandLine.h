@@ -18,12 +18,13 @@ struct CommandLine {
     enum class Colours { automatic, always, never };
 
     Wish wish = Wish::assemble;
-    Options options; ///< all but includeList and colours, which depend on the environment
+    Options options; ///< all but includeList and form, which depend on the environment
     std::string output;
     LabelFormats labels;
     std::string listing; ///< "" for none
     bool listsExpansions = false;
     bool isVerbose = false;
+    bool wantsJson = false; ///< --messages json
     Colours colours = Colours::automatic;
 };
 

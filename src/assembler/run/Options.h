@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/messages/MessageForm.h"
 #include "assembler/messages/WarningSwitches.h"
 
 #include <cstddef>
@@ -19,7 +20,7 @@ struct Options {
     std::vector<std::pair<std::string, std::int32_t>> definitions; ///< of -D
     std::size_t largestErrorCount = 20;                            ///< 0: no limit
     WarningSwitches warnings;
-    bool colours = false;
+    MessageForm form = MessageForm::plain;
     bool recordsLines = false; ///< for a listing or for a debugger
     /// The bytes of source text, and 100 for each line, that macros, repetitions and files included
     /// again may come to, and what files cost that are sought and read again and again. A source

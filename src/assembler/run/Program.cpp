@@ -2,12 +2,12 @@
 #include "assembler/run/Program.h"
 
 #include "assembler/output/ImageFile.h"
+#include "assembler/output/ImageSummary.h"
 #include "assembler/output/Listing.h"
 #include "assembler/output/StaleLabels.h"
 #include "assembler/run/Assembler.h"
 #include "assembler/run/CommandLine.h"
 #include "assembler/run/SideFiles.h"
-#include "assembler/text/Text.h"
 
 #include <algorithm>
 #include <new>
@@ -19,26 +19,31 @@ namespace {
 
 constexpr std::string_view VersionLine = "NESasm " KESTREL_VERSION "\n";
 
-bool wantsColours(CommandLine::Colours colours, const Surroundings& surroundings) {
-    if (!surroundings.isTerminal || colours == CommandLine::Colours::never) {
-        return false;
+MessageForm formOf(const CommandLine& line, const Surroundings& surroundings) {
+    if (line.wantsJson) {
+        return MessageForm::json;
     }
-    return colours == CommandLine::Colours::always || !surroundings.refusesColours;
+    if (!surroundings.isTerminal || line.colours == CommandLine::Colours::never) {
+        return MessageForm::plain;
+    }
+    const bool isColoured =
+        line.colours == CommandLine::Colours::always || !surroundings.refusesColours;
+    return isColoured ? MessageForm::coloured : MessageForm::plain;
 }
 
-std::string unwritable(const std::string& path, const std::string& problem) {
-    return printable("error: the output '" + path + "' cannot be written: " + problem) + "\n";
+std::string unwritable(MessageForm form, const std::string& path, const std::string& problem) {
+    return errorText(form, "the output '" + path + "' cannot be written: " + problem);
 }
 
 /// Reports it and returns false when `path` is one of the files read.
-bool isFree(const std::string& path, const Assembler& assembler, const TextSink& sink) {
+bool isFree(const std::string& path, const Assembler& assembler, MessageForm form,
+            const TextSink& sink) {
     const auto identity = identify(path);
     if (!identity || !assembler.hasRead(*identity)) {
         return true;
     }
-    sink(printable("error: the output '" + path +
-                   "' is also an input file: it was not overwritten") +
-         "\n");
+    sink(
+        errorText(form, "the output '" + path + "' is also an input file: it was not overwritten"));
     return false;
 }
 
@@ -57,7 +62,7 @@ bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const T
     // The command line alone has been seen to.
     if (!assembler.labelFormats().empty()) {
         if (const Problem problem = sharedOutput(line, assembler.labelFormats())) {
-            sink(printable("error: " + *problem) + "\n");
+            sink(errorText(line.options.form, *problem));
             return false;
         }
     }
@@ -69,12 +74,12 @@ bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const T
         files.push_back({line.listing, listingText(program, line.listsExpansions)});
     }
     const bool isWritten = std::ranges::all_of(files, [&](const SideFile& file) {
-        if (!isFree(file.path, assembler, sink)) {
+        if (!isFree(file.path, assembler, line.options.form, sink)) {
             return false;
         }
         const Problem problem = writeImageFile(file.path, {file.text.begin(), file.text.end()});
         if (problem) {
-            sink(unwritable(file.path, *problem));
+            sink(unwritable(line.options.form, file.path, *problem));
         }
         return !problem;
     });
@@ -88,9 +93,10 @@ bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const T
 }
 
 int build(const CommandLine& line, const TextSink& sink) {
+    const MessageForm form = line.options.form;
     Assembler assembler(line.options, sink);
     const Assembler::Result result = assembler.run();
-    if (!isFree(line.output, assembler, sink)) {
+    if (!isFree(line.output, assembler, form, sink)) {
         return WrongUse;
     }
     if (result != Assembler::Result::built) {
@@ -103,12 +109,13 @@ int build(const CommandLine& line, const TextSink& sink) {
     }
     if (const Problem problem = writeImageFile(line.output, imageFile(assembler.image()))) {
         removeOldImage(line.output);
-        sink(unwritable(line.output, *problem));
+        sink(unwritable(form, line.output, *problem));
         return WrongUse;
     }
-    sink(summaryLine(line.output, assembler.image()));
+    const bool isJson = form == MessageForm::json;
+    sink(summaryLine(line.output, assembler.image(), isJson));
     if (line.isVerbose) {
-        sink(bankLines(assembler.image()));
+        sink(bankLines(assembler.image(), isJson));
     }
     return Built;
 }
@@ -131,7 +138,8 @@ void removeRefusedImage(const CommandLine& line) {
 }
 
 int refuse(const CommandLine& line, const std::string& problem, const TextSink& sink) {
-    sink(printable("error: " + problem) + "\nNESasm --help lists the options.\n");
+    sink(errorText(line.options.form, problem));
+    sink(noteText(line.options.form, "NESasm --help lists the options."));
     removeRefusedImage(line);
     return WrongUse;
 }
@@ -143,7 +151,7 @@ int buildOrRefuse(const CommandLine& line, const Problem& problem, const TextSin
         if (!problem) {
             removeOldImage(line.output);
         }
-        sink("error: there is not enough memory for this program\n");
+        sink(errorText(line.options.form, "there is not enough memory for this program"));
         return WrongUse;
     }
 }
@@ -162,7 +170,7 @@ int runProgram(std::span<const std::string_view> arguments, const Surroundings& 
         return Built;
     }
     line.options.includeList = surroundings.includeList;
-    line.options.colours = wantsColours(line.colours, surroundings);
+    line.options.form = formOf(line, surroundings);
     return buildOrRefuse(line, problem, sink);
 }
 

@@ -34,6 +34,7 @@ TEST(CommandLine, ReadsAllOptions) {
                     "--color",
                     "never",
                     "-v",
+                    "--messages=json",
                     "-W",
                     "overwrite",
                     "-Wno-odd-number",
@@ -48,6 +49,7 @@ TEST(CommandLine, ReadsAllOptions) {
     EXPECT_EQ(line.options.largestErrorCount, 0U);
     EXPECT_EQ(line.colours, CommandLine::Colours::never);
     EXPECT_TRUE(line.isVerbose);
+    EXPECT_TRUE(line.wantsJson);
     EXPECT_TRUE(line.options.warnings.isOn(Warning::overwrite));
     EXPECT_FALSE(line.options.warnings.isOn(Warning::oddNumber));
     EXPECT_TRUE(line.options.warnings.isError(Warning::fileCase));
@@ -84,6 +86,7 @@ TEST(CommandLine, WrongUseIsExplained) {
         {"--input", "a", "--output", "c", "-W", "nothing"},
         {"--input", "a", "--output", "c", "-Wno-nothing"},
         {"--input", "a", "--output", "c", "--labels", "map"},
+        {"--input", "a", "--output", "c", "--messages", "xml"},
         {"--input", "a", "--output", "c", "--listing", "x", "--listing", "y"},
         {"--input", "a", "--output", "c", "--listing="},
         {"--input", "a", "--output", "c", "--expand-macros=yes"},

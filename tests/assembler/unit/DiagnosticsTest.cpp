@@ -15,8 +15,8 @@ protected:
         }
         return {line, order, column, m_file, order};
     }
-    Diagnostics made(std::size_t limit = 0, bool colours = false) {
-        return {m_origins, [this](std::string_view text) { m_shown += text; }, limit, colours};
+    Diagnostics made(std::size_t limit = 0, MessageForm form = MessageForm::plain) {
+        return {m_origins, [this](std::string_view text) { m_shown += text; }, limit, form};
     }
 
     Origins m_origins;
@@ -82,10 +82,23 @@ TEST_F(DiagnosticsTest, ColoursAreThereOnlyOnWish) {
     plain.error(place("x\n", 0), "wrong\x1b[1m");
     plain.finish();
     EXPECT_EQ(m_shown.find('\x1b'), std::string::npos);
-    Diagnostics coloured = made(0, true);
+    Diagnostics coloured = made(0, MessageForm::coloured);
     coloured.error(place("x\n", 0), "wrong");
     coloured.finish();
     EXPECT_NE(m_shown.find("\x1b[1;31merror: \x1b[0m"), std::string::npos);
+}
+
+TEST_F(DiagnosticsTest, JsonHasAnObjectForEachMessageAndOneForTheCount) {
+    Diagnostics diagnostics = made(0, MessageForm::json);
+    diagnostics.warning(Warning::oddNumber, place("\t\xE9 \"$\"\n", 3), "a\tb; do c");
+    diagnostics.finish();
+    EXPECT_EQ(m_shown,
+              R"({"type":"message","text":"a�b; do c","severity":"warning",)"
+              R"("warning":"odd-number","hint":"do c","file":"game.asm","line":1,"column":4,)"
+              R"("endColumn":7,"source":"\t� \"$\"","sourceColumn":4})"
+              "\n"
+              R"({"type":"count","text":"1 warning","errors":0,"warnings":1})"
+              "\n");
 }
 
 TEST_F(DiagnosticsTest, EveryWarningHasANameOfItsOwnAndAText) {

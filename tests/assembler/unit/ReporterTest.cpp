@@ -36,7 +36,7 @@ protected:
     Origins m_origins;
     Line m_line;
     Diagnostics m_diagnostics{m_origins, [this](std::string_view text) { m_shown += text; }, 0,
-                              false};
+                              MessageForm::plain};
     Reporter m_reporter{m_line, m_diagnostics, m_origins, m_arena};
 };
 
