@@ -9,6 +9,7 @@
 #include "tools/ConsolePrinter.h"
 #include "tools/Messages.h"
 #include "tools/Relocation.h"
+#include "tools/SourceMap.h"
 
 #include <QCoreApplication>
 
@@ -101,7 +102,10 @@ std::optional<BuildResult> BuildCommand::buildResult() {
     const auto result = std::make_shared<std::optional<BuildResult>>();
     const auto builder = std::make_shared<NESProjectBuilder>(m_settings);
     builder->setConsoleOutput(m_printer);
-    builder->setExtraArguments(m_assemblerArguments);
+    const SourceMap map(*m_settings);
+    std::vector<std::string> arguments = map.arguments();
+    arguments.insert(arguments.end(), m_assemblerArguments.begin(), m_assemblerArguments.end());
+    builder->setExtraArguments(std::move(arguments));
     builder->setObserver([result](const BuildResult& told) {
         *result = told;
         QCoreApplication::exit();

@@ -57,6 +57,15 @@ TEST_F(KestrelBuild, AnErrorInTheSourceFailsAndLeavesNoOldImage) {
     EXPECT_FALSE(fs::exists(project.image()));
 }
 
+TEST_F(KestrelBuild, FilesForDebuggersNameTheProjectsFilesInsteadOfTheirCopies) {
+    const TestProject project(at("game"), "game");
+    project.setMain("\t.labels \"dbg\"\n" + TestProject::goodSource());
+    ASSERT_EQ(run({project.file().string()}).status, 0);
+    const std::string text = contentOf(project.image().replace_extension(".dbg"));
+    EXPECT_THAT(text, HasSubstr("name=\"../src/main.asm\""));
+    EXPECT_THAT(text, Not(HasSubstr("tmp")));
+}
+
 TEST_F(KestrelBuild, BuildingTheSameBytesAgainIsSuccess) {
     const TestProject project(at("game"), "game");
     ASSERT_EQ(run({project.file().string()}).status, 0);

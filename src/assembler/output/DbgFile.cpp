@@ -6,9 +6,7 @@
 #include "assembler/text/Text.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <map>
-#include <memory>
 #include <sys/stat.h>
 #include <tuple>
 #include <utility>
@@ -28,13 +26,6 @@ std::string number(std::uint64_t value) {
 
 std::string hexNumber(std::uint64_t value, unsigned digits) {
     return "0x" + hexText(static_cast<unsigned>(value), digits).substr(1);
-}
-
-/// The path from the root on, links followed; `path` itself when that is not possible.
-std::string absolutePath(const std::string& path) {
-    const std::unique_ptr<char, void (*)(void*)> found(
-        realpath(path.empty() ? "." : path.c_str(), nullptr), &std::free);
-    return found ? std::string(found.get()) : path;
 }
 
 /// `path` as seen from `folder`; both are absolute.
@@ -70,8 +61,9 @@ std::string inQuotes(std::string_view text) {
 /// Builds the file's lines from a run.
 class DbgWriter {
 public:
-    DbgWriter(const FinishedProgram& program, const std::string& output)
+    DbgWriter(const FinishedProgram& program, const std::string& output, const SourceNames& names)
         : m_program(program)
+        , m_names(names)
         , m_output(output)
         , m_folder(absolutePath(folderOf(output))) {}
 
@@ -194,9 +186,12 @@ private:
         const auto [known, isNew] = m_fileIds.emplace(file, m_fileCount);
         if (isNew) {
             struct stat status {};
-            stat(file->path().c_str(), &status);
+            const std::string path = m_names.originalOf(file->path());
+            if (stat(path.c_str(), &status) != 0) {
+                stat(file->path().c_str(), &status); // what was copied is gone
+            }
             m_files += "file\tid=" + number(m_fileCount++) +
-                       ",name=" + inQuotes(relativePath(absolutePath(file->path()), m_folder)) +
+                       ",name=" + inQuotes(relativePath(path, m_folder)) +
                        ",size=" + number(static_cast<std::uint64_t>(status.st_size)) +
                        ",mtime=" + hexNumber(static_cast<std::uint64_t>(status.st_mtime), 8) +
                        ",mod=0\n";
@@ -258,6 +253,7 @@ private:
     }
 
     const FinishedProgram& m_program;
+    const SourceNames& m_names;
     std::string m_output;
     std::string m_folder;
     std::map<const SourceFile*, std::uint32_t> m_fileIds;
@@ -278,8 +274,9 @@ private:
 
 } // namespace
 
-SideFile dbgFile(const FinishedProgram& program, const std::string& output) {
-    return {withEnding(output, ".dbg"), DbgWriter(program, output).text()};
+SideFile dbgFile(const FinishedProgram& program, const std::string& output,
+                 const SourceNames& names) {
+    return {withEnding(output, ".dbg"), DbgWriter(program, output, names).text()};
 }
 
 bool isDbgStart(std::string_view line) {

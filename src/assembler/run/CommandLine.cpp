@@ -107,6 +107,9 @@ public:
         if (name == "--listing") {
             return setOnce(name, m_line.listing, value);
         }
+        if (name == "--source-map") {
+            return setOnce(name, m_line.sourceMap, value);
+        }
         if (name == "--labels") {
             return addLabels(value);
         }
@@ -120,9 +123,9 @@ public:
     }
 
 private:
-    static constexpr std::array<std::string_view, 10> Names{
-        "--messages", "--input",      "--output", "-I",        "-D",
-        "-W",         "--max-errors", "--color",  "--listing", "--labels"};
+    static constexpr std::array<std::string_view, 11> Names{
+        "--input", "--output",   "-I",        "-D",       "-W",          "--max-errors",
+        "--color", "--messages", "--listing", "--labels", "--source-map"};
 
     static Problem setOnce(std::string_view name, std::string& target, std::string_view value) {
         if (!target.empty()) {
@@ -247,6 +250,8 @@ Assembles a program for the NES into an iNES image.
   --expand-macros         list the lines of macros and repetitions, too
   --labels FORMAT         write labels for a debugger beside the image: mlb, nl or dbg
                           (may be repeated)
+  --source-map FILE       of which files the sources are copies, for the labels in dbg:
+                          lines with a copy, a tab and the file that was copied
   -v                      say how full each bank is
   --help, --version       say this, or the version, and stop
 

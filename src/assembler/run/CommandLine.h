@@ -21,7 +21,8 @@ struct CommandLine {
     Options options; ///< all but includeList and form, which depend on the environment
     std::string output;
     LabelFormats labels;
-    std::string listing; ///< "" for none
+    std::string listing;   ///< "" for none
+    std::string sourceMap; ///< "" for none
     bool listsExpansions = false;
     bool isVerbose = false;
     bool wantsJson = false; ///< --messages json

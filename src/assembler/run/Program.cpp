@@ -36,14 +36,15 @@ std::string unwritable(MessageForm form, const std::string& path, const std::str
 }
 
 /// Reports it and returns false when `path` is one of the files read.
-bool isFree(const std::string& path, const Assembler& assembler, MessageForm form,
+bool isFree(const std::string& path, const Assembler& assembler, const CommandLine& line,
             const TextSink& sink) {
     const auto identity = identify(path);
-    if (!identity || !assembler.hasRead(*identity)) {
+    const bool isMap = !line.sourceMap.empty() && identity == identify(line.sourceMap);
+    if (!identity || (!assembler.hasRead(*identity) && !isMap)) {
         return true;
     }
-    sink(
-        errorText(form, "the output '" + path + "' is also an input file: it was not overwritten"));
+    sink(errorText(line.options.form,
+                   "the output '" + path + "' is also an input file: it was not overwritten"));
     return false;
 }
 
@@ -58,7 +59,8 @@ LabelFormats labelFormats(const CommandLine& line, const Assembler& assembler) {
 
 /// Writes the files beside the image, and removes those that are not wanted any more. False when
 /// one could not be written; that was reported.
-bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const TextSink& sink) {
+bool writeSideFiles(const CommandLine& line, const SourceNames& names, const Assembler& assembler,
+                    const TextSink& sink) {
     // The command line alone has been seen to.
     if (!assembler.labelFormats().empty()) {
         if (const Problem problem = sharedOutput(line, assembler.labelFormats())) {
@@ -68,13 +70,13 @@ bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const T
     }
     const FinishedProgram program = assembler.program();
     const std::vector<SideFile> labels =
-        labelFiles(program, line.output, labelFormats(line, assembler));
+        labelFiles(program, line.output, labelFormats(line, assembler), names);
     std::vector<SideFile> files = labels;
     if (!line.listing.empty()) {
         files.push_back({line.listing, listingText(program, line.listsExpansions)});
     }
     const bool isWritten = std::ranges::all_of(files, [&](const SideFile& file) {
-        if (!isFree(file.path, assembler, line.options.form, sink)) {
+        if (!isFree(file.path, assembler, line, sink)) {
             return false;
         }
         const Problem problem = writeImageFile(file.path, {file.text.begin(), file.text.end()});
@@ -92,18 +94,18 @@ bool writeSideFiles(const CommandLine& line, const Assembler& assembler, const T
     return isWritten;
 }
 
-int build(const CommandLine& line, const TextSink& sink) {
+int build(const CommandLine& line, const SourceNames& names, const TextSink& sink) {
     const MessageForm form = line.options.form;
     Assembler assembler(line.options, sink);
     const Assembler::Result result = assembler.run();
-    if (!isFree(line.output, assembler, form, sink)) {
+    if (!isFree(line.output, assembler, line, sink)) {
         return WrongUse;
     }
     if (result != Assembler::Result::built) {
         removeOldImage(line.output);
         return result == Assembler::Result::errors ? SourceErrors : WrongUse;
     }
-    if (!writeSideFiles(line, assembler, sink)) {
+    if (!writeSideFiles(line, names, assembler, sink)) {
         removeOldImage(line.output);
         return WrongUse;
     }
@@ -144,9 +146,22 @@ int refuse(const CommandLine& line, const std::string& problem, const TextSink& 
     return WrongUse;
 }
 
+int readMapAndBuild(const CommandLine& line, const TextSink& sink) {
+    SourceNames names;
+    if (!line.sourceMap.empty()) {
+        if (const Problem problem = names.read(line.sourceMap)) {
+            sink(errorText(line.options.form,
+                           "the source map '" + line.sourceMap + "' cannot be read: " + *problem));
+            removeRefusedImage(line);
+            return WrongUse;
+        }
+    }
+    return build(line, names, sink);
+}
+
 int buildOrRefuse(const CommandLine& line, const Problem& problem, const TextSink& sink) {
     try {
-        return problem ? refuse(line, *problem, sink) : build(line, sink);
+        return problem ? refuse(line, *problem, sink) : readMapAndBuild(line, sink);
     } catch (const std::bad_alloc&) {
         if (!problem) {
             removeOldImage(line.output);

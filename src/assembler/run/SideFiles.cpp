@@ -71,7 +71,7 @@ Problem sharedOutput(const CommandLine& line, const LabelFormats& ofSource) {
 }
 
 std::vector<SideFile> labelFiles(const FinishedProgram& program, const std::string& output,
-                                 const LabelFormats& formats) {
+                                 const LabelFormats& formats, const SourceNames& names) {
     std::vector<SideFile> files;
     for (const LabelFormat format : formats) {
         switch (format) {
@@ -84,7 +84,7 @@ std::vector<SideFile> labelFiles(const FinishedProgram& program, const std::stri
             break;
         }
         case LabelFormat::dbg:
-            files.push_back(dbgFile(program, output));
+            files.push_back(dbgFile(program, output, names));
             break;
         }
     }

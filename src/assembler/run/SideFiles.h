@@ -3,6 +3,7 @@
 
 #include "assembler/language/LabelFormats.h"
 #include "assembler/output/LabelFiles.h"
+#include "assembler/output/SourceNames.h"
 #include "assembler/run/CommandLine.h"
 #include "assembler/text/Problem.h"
 
@@ -15,8 +16,9 @@ namespace nesasm {
 /// one.
 Problem sharedOutput(const CommandLine& line, const LabelFormats& ofSource = {});
 
-/// The label files of these formats, of a run that has built the image at `output`.
+/// The label files of these formats, of a run that has built the image at `output`. `names` tells
+/// of which files the sources are copies.
 std::vector<SideFile> labelFiles(const FinishedProgram& program, const std::string& output,
-                                 const LabelFormats& formats);
+                                 const LabelFormats& formats, const SourceNames& names = {});
 
 } // namespace nesasm

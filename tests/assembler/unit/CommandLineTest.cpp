@@ -35,6 +35,7 @@ TEST(CommandLine, ReadsAllOptions) {
                     "never",
                     "-v",
                     "--messages=json",
+                    "--source-map=copies",
                     "-W",
                     "overwrite",
                     "-Wno-odd-number",
@@ -50,6 +51,7 @@ TEST(CommandLine, ReadsAllOptions) {
     EXPECT_EQ(line.colours, CommandLine::Colours::never);
     EXPECT_TRUE(line.isVerbose);
     EXPECT_TRUE(line.wantsJson);
+    EXPECT_EQ(line.sourceMap, "copies");
     EXPECT_TRUE(line.options.warnings.isOn(Warning::overwrite));
     EXPECT_FALSE(line.options.warnings.isOn(Warning::oddNumber));
     EXPECT_TRUE(line.options.warnings.isError(Warning::fileCase));

@@ -1,0 +1,3 @@
+	.org $8000
+	nop
+	.include "more"

@@ -1,0 +1,4 @@
+	.org $8000
+	nop
+	.include "more"
+; mine
