@@ -59,6 +59,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::size_t i = 0; i < nesasm::WarningCount; ++i) {
         options.warnings.turn(static_cast<nesasm::Warning>(i), true);
     }
+    // Both forms of messages, the same one each time that this input is run.
+    options.form = size % 2 == 0 ? nesasm::MessageForm::plain : nesasm::MessageForm::json;
     std::size_t shown = 0;
     nesasm::Assembler assembler(options, [&shown](std::string_view text) { shown += text.size(); });
     if (assembler.run() != nesasm::Assembler::Result::built && shown == 0) {

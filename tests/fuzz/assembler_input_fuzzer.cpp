@@ -39,6 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     options.input = path;
     // So much takes a program that is not instrumented a fraction of a second.
     options.mostWork = std::uint64_t{1} << 24U;
+    // Both forms of messages, the same one each time that this input is run.
+    options.form = size % 2 == 0 ? nesasm::MessageForm::plain : nesasm::MessageForm::json;
     std::size_t shown = 0;
     nesasm::Assembler assembler(options, [&shown](std::string_view text) { shown += text.size(); });
     if (assembler.run() != nesasm::Assembler::Result::built && shown == 0) {

@@ -33,7 +33,8 @@ std::optional<std::size_t> endColumnOf(const Position& position) {
     if (position.line == nullptr) {
         return std::nullopt;
     }
-    const Cursor begin(position.line + position.column);
+    const Cursor place(position.line + position.column);
+    const Cursor begin = *place == '#' ? place + 1 : place;
     Cursor end = begin;
     if (*begin == '"') {
         const QuotedText quoted = readQuoted(begin, QuotedText::Backslash::escapes);
@@ -46,7 +47,7 @@ std::optional<std::size_t> endColumnOf(const Position& position) {
     if (end == begin) {
         return std::nullopt;
     }
-    return columnOf(position) + countCharacters(begin.upTo(end));
+    return columnOf(position) + countCharacters(place.upTo(end));
 }
 
 Excerpt excerptAt(const Position& position) {

@@ -14,8 +14,8 @@ namespace nesasm {
 /// The column of a place, from 1, in characters; a tab is one.
 std::size_t columnOf(const Position& position);
 
-/// The column behind the word, number or quoted text that begins at a place; nothing when none
-/// does.
+/// The column behind the word, number or quoted text that begins at a place, perhaps with a #;
+/// nothing when none does.
 std::optional<std::size_t> endColumnOf(const Position& position);
 
 /// The part of a line that is shown: the whole line, or of a long one the neighbourhood of a place.

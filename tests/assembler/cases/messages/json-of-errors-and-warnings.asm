@@ -10,3 +10,4 @@ put .macro
 	.db 256
 	.warning "odd	\"text\"; do this"
 	.error "C:\\"
+	lda #$1234
