@@ -4,6 +4,10 @@
 #include "model/FileReader.h"
 #include "model/Paths.h"
 
+#include <QByteArray>
+#include <QtGlobal>
+
+#include <algorithm>
 #include <iterator>
 #include <map>
 #include <utility>
@@ -11,9 +15,6 @@
 namespace kestrel {
 
 namespace {
-
-/// No sensible desktop entry comes near this size.
-constexpr std::uintmax_t MaximumSize = 1024ULL * 1024;
 
 std::string_view trimmed(std::string_view text) {
     constexpr std::string_view Blanks = " \t\r";
@@ -56,9 +57,11 @@ std::string unescaped(std::string_view value) {
     return result;
 }
 
+using Keys = std::map<std::string, std::string, std::less<>>;
+
 /// The keys of the group "Desktop Entry"; the first of a repeated key counts.
-std::map<std::string, std::string, std::less<>> mainGroupOf(std::string_view text) {
-    std::map<std::string, std::string, std::less<>> keys;
+Keys mainGroupOf(std::string_view text) {
+    Keys keys;
     bool inGroup = false;
     while (!text.empty()) {
         const auto feed = text.find('\n');
@@ -78,6 +81,60 @@ std::map<std::string, std::string, std::less<>> mainGroupOf(std::string_view tex
         }
     }
     return keys;
+}
+
+/// The parts of `list` between these characters, without the empty ones.
+std::vector<std::string> partsOf(std::string_view list, char separator) {
+    std::vector<std::string> parts;
+    while (!list.empty()) {
+        const auto end = std::min(list.find(separator), list.size());
+        if (end > 0) {
+            parts.emplace_back(list.substr(0, end));
+        }
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+    return parts;
+}
+
+/// The locales of the user's messages, the best first, as gettext takes them from the environment.
+std::vector<std::string> messageLocales() {
+    std::string locale;
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (locale = qgetenv(variable).toStdString(); !locale.empty()) {
+            break;
+        }
+    }
+    const bool isPlain =
+        locale.empty() || locale == "POSIX" || locale == "C" || locale.starts_with("C.");
+    if (isPlain) {
+        return {};
+    }
+    auto preferred = partsOf(qgetenv("LANGUAGE").toStdString(), ':');
+    return preferred.empty() ? std::vector{locale} : preferred;
+}
+
+/// The suffixes under which an entry may have a value for `locale`, the best first: of
+/// "lang_COUNTRY.ENCODING@MODIFIER" all but the encoding, then with less and less of the rest.
+std::vector<std::string> suffixesFor(std::string_view locale) {
+    const auto at = std::min(locale.find('@'), locale.size());
+    const std::string modifier(locale.substr(at));
+    const std::string_view place = locale.substr(0, std::min(at, locale.find('.')));
+    const std::string territory(place);
+    const std::string language(place.substr(0, place.find('_')));
+    return {territory + modifier, territory, language + modifier, language};
+}
+
+/// The value of `key` in the user's language.
+std::string localised(const Keys& keys, const std::string& key) {
+    for (const std::string& locale : messageLocales()) {
+        for (const std::string& suffix : suffixesFor(locale)) {
+            if (const auto found = keys.find(key + "[" + suffix + "]"); found != keys.end()) {
+                return found->second;
+            }
+        }
+    }
+    const auto found = keys.find(key);
+    return found == keys.end() ? std::string() : found->second;
 }
 
 /// Whether a backslash before `character` in a quoted word stands for the character alone.
@@ -106,10 +163,12 @@ std::optional<std::string> readQuoted(std::string_view exec, std::size_t& positi
 
 std::optional<DesktopEntry> DesktopEntry::read(const std::filesystem::path& file) {
     const auto text = readFile(file, MaximumSize);
-    if (!text) {
-        return std::nullopt;
-    }
-    const auto keys = mainGroupOf(*text);
+    return text ? parse(*text, file) : std::nullopt;
+}
+
+std::optional<DesktopEntry> DesktopEntry::parse(std::string_view text,
+                                                const std::filesystem::path& file) {
+    const auto keys = mainGroupOf(text);
     const auto value = [&](std::string_view key) {
         const auto found = keys.find(key);
         return found == keys.end() ? std::string() : found->second;
@@ -120,11 +179,20 @@ std::optional<DesktopEntry> DesktopEntry::read(const std::filesystem::path& file
     DesktopEntry entry;
     entry.m_location = pathText(file);
     entry.m_exec = value("Exec");
-    entry.m_name = value("Name");
+    entry.m_name = localised(keys, "Name");
     entry.m_icon = value("Icon");
     entry.m_path = value("Path");
+    entry.m_tryExec = value("TryExec");
+    entry.m_mimeTypes = value("MimeType");
     entry.m_terminal = value("Terminal") == "true";
+    entry.m_hidden = value("Hidden") == "true" || value("NoDisplay") == "true";
     return entry;
+}
+
+bool DesktopEntry::takes(std::string_view mimeType) const {
+    const auto types = partsOf(m_mimeTypes, ';');
+    return std::any_of(types.begin(), types.end(),
+                       [&](const std::string& type) { return trimmed(type) == mimeType; });
 }
 
 std::optional<DesktopEntry::Command>

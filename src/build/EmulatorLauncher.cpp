@@ -2,6 +2,7 @@
 #include "build/EmulatorLauncher.h"
 
 #include "build/DesktopEntry.h"
+#include "build/ProgramSearch.h"
 #include "build/QtText.h"
 #include "model/Paths.h"
 
@@ -9,11 +10,22 @@
 #include <QStandardPaths>
 #include <QStringList>
 
+#include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace kestrel {
 
 namespace {
+
+/// The path of a program that is named only, when it is found; else `program` as it is.
+std::string located(const std::string& program) {
+    const bool isName = program.find('/') == program.npos;
+    const auto name = isName ? textFromUtf8(std::string_view(program)) : std::nullopt;
+    const QString found = name ? findProgram(*name) : QString();
+    return found.isEmpty() ? program : found.toStdString();
+}
 
 /// Puts a terminal before a command that wants one. Without any terminal the command starts as it
 /// is: better an emulator without its text than none.
@@ -51,13 +63,14 @@ bool openWithEmulator(const std::filesystem::path& image, const std::filesystem:
     return start({"/usr/bin/open", {"-a", pathText(emulator), pathText(image)}, {}, false});
 #else
     if (emulator.extension() != ".desktop") {
-        return start({pathText(emulator), {pathText(image)}, {}, false});
+        return start({located(pathText(emulator)), {pathText(image)}, {}, false});
     }
     const auto entry = DesktopEntry::read(emulator);
     auto command = entry ? entry->command(image) : std::nullopt;
     if (!command) {
         return false;
     }
+    command->program = located(command->program);
     if (command->inTerminal) {
         wrapInTerminal(*command);
     }

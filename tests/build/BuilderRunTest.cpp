@@ -104,6 +104,21 @@ TEST_F(BuilderRun, OpensATerminalForADesktopEntryThatWantsOne) {
                             "\nfolder " + here() + "\n");
 }
 
+TEST_F(BuilderRun, StartsAGameThatPathDoesNotNameByItsNameAlone) {
+    // Of what is installed where games are, the tests know one program. It stands in a terminal, as
+    // an argument, so that the stand-in tells by which path it would be started.
+    std::filesystem::create_directories(m_project.folder() / "output");
+    std::filesystem::create_directories(m_project.home.path() / "bin");
+    std::filesystem::create_symlink(FAKE_EMULATOR,
+                                    m_project.home.path() / "bin/x-terminal-emulator");
+    const QByteArray formerPath = qgetenv("PATH");
+    qputenv("PATH", (m_project.home.path() / "bin").c_str());
+    EXPECT_TRUE(openWithEmulator(image(), desktopEntry("fceux %f", "Terminal=true\n")));
+    qputenv("PATH", formerPath);
+    EXPECT_EQ(opened(), "argument -e\nargument /usr/games/fceux\nargument " + image().string() +
+                            "\nfolder " + here() + "\n");
+}
+
 TEST_F(BuilderRun, StartsWithoutATerminalWhereThereIsNone) {
     std::filesystem::create_directories(m_project.folder() / "output");
     const QByteArray formerPath = qgetenv("PATH");

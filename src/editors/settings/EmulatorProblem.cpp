@@ -2,12 +2,12 @@
 #include "editors/settings/EmulatorProblem.h"
 
 #include "build/DesktopEntry.h"
+#include "build/ProgramSearch.h"
 #include "model/Paths.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 namespace kestrel {
 
@@ -24,7 +24,7 @@ std::optional<QString> ofDesktopEntry(const std::filesystem::path& file) {
         return say("This emulator cannot be started: the file describes no application.");
     }
     const QString program = QFile::decodeName(QByteArray::fromStdString(command->program));
-    if (QStandardPaths::findExecutable(program).isEmpty()) {
+    if (findProgram(program).isEmpty()) {
         return say("This emulator cannot be started: its program “%1” is not installed.")
             .arg(program);
     }
@@ -36,7 +36,7 @@ std::optional<QString> ofDesktopEntry(const std::filesystem::path& file) {
 std::optional<QString> emulatorProblem(const std::filesystem::path& emulator) {
     // A bare name is looked for where the system keeps its programs.
     if (!emulator.has_parent_path() && emulator.extension() != ".desktop" &&
-        !QStandardPaths::findExecutable(QString::fromStdString(emulator.string())).isEmpty()) {
+        !findProgram(QString::fromStdString(emulator.string())).isEmpty()) {
         return std::nullopt;
     }
     if (!existsAt(emulator)) {
