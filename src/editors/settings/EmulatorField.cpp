@@ -2,6 +2,7 @@
 #include "editors/settings/EmulatorField.h"
 
 #include "build/NESProjectBuilder.h"
+#include "editors/settings/EmulatorMenu.h"
 #include "editors/settings/EmulatorProblem.h"
 #include "widgets/Contrast.h"
 
@@ -14,17 +15,28 @@ EmulatorField::EmulatorField(QWidget* parent)
     : SettingField(parent)
     , m_textField(new PathField(this))
     , m_chooseButton(new QPushButton(tr("&Choose..."), this))
+    , m_installedButton(new QToolButton(this))
+    , m_menu(new EmulatorMenu(m_installedButton))
     , m_problemLabel(new QLabel(this)) {
     m_textField->setObjectName(QStringLiteral("pathToEmulatorTextField"));
     m_textField->setAccessibleName(tr("Emulator"));
     m_chooseButton->setObjectName(QStringLiteral("chooseEmulatorButton"));
     m_chooseButton->setAccessibleName(tr("Choose emulator"));
     m_chooseButton->setAutoDefault(false);
+    m_installedButton->setObjectName(QStringLiteral("installedEmulatorsButton"));
+    m_installedButton->setAccessibleName(tr("Installed emulators"));
+    m_installedButton->setText(tr("&Installed"));
+    m_installedButton->setToolTip(tr("Choose one of the emulators that are installed"));
+    m_installedButton->setFocusPolicy(Qt::StrongFocus);
+    m_installedButton->setPopupMode(QToolButton::InstantPopup);
+    m_installedButton->setMenu(m_menu);
+    m_installedButton->setSizePolicy(m_chooseButton->sizePolicy());
     m_problemLabel->setObjectName(QStringLiteral("emulatorProblem"));
     m_problemLabel->setTextFormat(Qt::PlainText);
     m_problemLabel->setWordWrap(true);
     layOut(tr("E&mulator"), QStringLiteral("pathToEmulatorLabel"), *m_textField, *m_chooseButton)
         ->addWidget(m_problemLabel);
+    addButton(*m_installedButton);
     refresh();
 }
 
@@ -34,10 +46,12 @@ void EmulatorField::showSetting(const NESProjectBuilder& builder) {
 
 void EmulatorField::setProjectPresent(bool present) {
     m_chooseButton->setEnabled(present);
+    m_installedButton->setEnabled(present);
 }
 
 void EmulatorField::setEmulator(const std::optional<std::filesystem::path>& emulator) {
     m_emulator = emulator;
+    m_menu->setPresentEmulator(emulator);
     if (emulator) {
         m_textField->setPath(QFile::decodeName(QByteArray::fromStdString(emulator->string())));
     }

@@ -6,13 +6,17 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QToolButton>
 
 #include <filesystem>
 #include <optional>
 
 namespace kestrel {
 
-/// Shows which emulator runs the project, what is wrong with it, and a button to choose another.
+class EmulatorMenu;
+
+/// Shows which emulator runs the project, what is wrong with it, and two buttons to choose another:
+/// any file, or one of those that are installed.
 class EmulatorField final : public SettingField {
     Q_OBJECT
 
@@ -21,6 +25,9 @@ public:
 
     PathField* textField() const { return m_textField; }
     QPushButton* chooseButton() const { return m_chooseButton; }
+    QToolButton* installedButton() const { return m_installedButton; }
+    /// The menu of the second button.
+    EmulatorMenu* menu() const { return m_menu; }
     /// The line below the field: why the emulator cannot be started, or that there is none.
     QLabel* problemLabel() const { return m_problemLabel; }
 
@@ -38,6 +45,8 @@ public:
 private:
     PathField* m_textField;
     QPushButton* m_chooseButton;
+    QToolButton* m_installedButton;
+    EmulatorMenu* m_menu;
     QLabel* m_problemLabel;
     std::optional<std::filesystem::path> m_emulator;
 };

@@ -7,6 +7,7 @@
 #include "editors/settings/BuildFileTable.h"
 #include "editors/settings/BuildMembership.h"
 #include "editors/settings/EmulatorField.h"
+#include "editors/settings/EmulatorMenu.h"
 #include "editors/settings/EmulatorPanel.h"
 #include "editors/settings/OutputField.h"
 #include "editors/settings/ProjectSettingCell.h"
@@ -56,8 +57,7 @@ ProjectSettingsController::ProjectSettingsController(QWidget* parent)
     }
     buildView();
     connectLists();
-    connect(m_emulatorField->chooseButton(), &QPushButton::clicked, this,
-            [this] { setPathForEmulator(m_emulatorField->chooseButton()); });
+    connectEmulatorField();
     setCurrentProject(nullptr);
 }
 
@@ -111,6 +111,19 @@ void ProjectSettingsController::connectLists() {
         connect(list->table(), &BuildFileTable::selectedRowChanged, this,
                 [this, list] { entrySelectedForTableView(list->table()); });
     }
+}
+
+void ProjectSettingsController::connectEmulatorField() {
+    connect(m_emulatorField->chooseButton(), &QPushButton::clicked, this,
+            [this] { setPathForEmulator(m_emulatorField->chooseButton()); });
+    const EmulatorMenu* menu = m_emulatorField->menu();
+    connect(menu, &EmulatorMenu::otherProgramWanted, this,
+            [this] { setPathForEmulator(m_emulatorField->installedButton()); });
+    connect(menu, &EmulatorMenu::emulatorChosen, this, [this](const auto& emulator) {
+        if (settingsAreCurrent()) {
+            emulatorWasChosen(*m_buildSettings, emulator);
+        }
+    });
 }
 
 void ProjectSettingsController::setCurrentProject(const std::shared_ptr<ProjectItem>& project) {
@@ -326,13 +339,17 @@ void ProjectSettingsController::setPathForEmulator(const QObject* /*sender*/) {
     m_emulatorPanel(
         window(), tr("Emulator Path"), emulatorStartFolder(m_buildSettings->pathToEmulator()),
         [self, settings = m_buildSettings](const std::optional<std::filesystem::path>& emulator) {
-            if (!self || !emulator) {
-                return;
+            if (self && emulator) {
+                self->emulatorWasChosen(*settings, *emulator);
             }
-            settings->pathToEmulator() = *emulator;
-            settings->saveBuildSettings();
-            self->m_emulatorField->setEmulator(*emulator);
         });
+}
+
+void ProjectSettingsController::emulatorWasChosen(NESBuildSettings& settings,
+                                                  const std::filesystem::path& emulator) {
+    settings.pathToEmulator() = emulator;
+    settings.saveBuildSettings();
+    m_emulatorField->setEmulator(emulator);
 }
 
 /// Looks again at the disk: files, output folder and emulator may have come or gone.

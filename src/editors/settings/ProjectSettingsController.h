@@ -124,9 +124,11 @@ private:
 
     void buildView();
     void connectLists();
+    void connectEmulatorField();
     Place placeOfTable(const QAbstractItemView* tableView) const;
     bool settingsAreCurrent();
     void fileWasPicked(Place place, const std::shared_ptr<ProjectItem>& file);
+    void emulatorWasChosen(NESBuildSettings& settings, const std::filesystem::path& emulator);
     void showLists();
     void refreshFileStatus();
 

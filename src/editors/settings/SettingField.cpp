@@ -16,14 +16,19 @@ QVBoxLayout* SettingField::layOut(const QString& labelText, const QString& label
     auto* label = new QLabel(labelText, this);
     label->setObjectName(labelName);
     label->setBuddy(&field);
-    auto* row = new QHBoxLayout;
-    row->addWidget(&field, 1);
-    row->addWidget(&button);
+    m_row = new QHBoxLayout;
+    m_row->addWidget(&field, 1);
+    m_row->addWidget(&button);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(label);
-    column->addLayout(row);
+    column->addLayout(m_row);
     return column;
+}
+
+void SettingField::addButton(QWidget& button) {
+    m_row->addWidget(&button);
+    m_tabStops.push_back(&button);
 }
 
 } // namespace kestrel

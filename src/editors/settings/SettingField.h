@@ -6,6 +6,7 @@
 
 #include <vector>
 
+class QHBoxLayout;
 class QVBoxLayout;
 
 namespace kestrel {
@@ -37,7 +38,11 @@ protected:
     QVBoxLayout* layOut(const QString& labelText, const QString& labelName, QWidget& field,
                         QWidget& button);
 
+    /// Adds a further button to the row, after it was laid out.
+    void addButton(QWidget& button);
+
 private:
+    QHBoxLayout* m_row = nullptr;
     std::vector<QWidget*> m_tabStops;
 };
 

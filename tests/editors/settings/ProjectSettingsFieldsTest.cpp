@@ -205,7 +205,7 @@ TEST_F(ProjectSettingsFields, TheTabKeyGoesThroughThePaneInReadingOrder) {
               "graphicsTableView addGraphicsEntryButton "
               "paletteTableView addPaletteEntryButton "
               "outputTextField openOutputFolderButton "
-              "pathToEmulatorTextField chooseEmulatorButton");
+              "pathToEmulatorTextField chooseEmulatorButton installedEmulatorsButton");
 }
 
 TEST_F(ProjectSettingsFields, ThePaneIsWhiteOnADarkTheme) {

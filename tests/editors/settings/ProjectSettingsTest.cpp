@@ -308,6 +308,7 @@ TEST_F(ProjectSettingsTest, WithoutAProjectNothingCanBeDone) {
     EXPECT_EQ(lonely.addNewItemFromProjectController(), nullptr);
     EXPECT_EQ(lonely.buildSettings(), nullptr);
     EXPECT_FALSE(lonely.emulatorField()->chooseButton()->isEnabled());
+    EXPECT_FALSE(lonely.emulatorField()->installedButton()->isEnabled());
 }
 
 TEST_F(ProjectSettingsTest, AFileThatIsGoneIsRedUntilItIsBack) {
