@@ -25,6 +25,9 @@ using FilePanel = std::function<void(QWidget* window, const QString& prompt,
 QFileDialog* makeFilePanel(QWidget* window, const QString& prompt,
                            const std::filesystem::path& folder, FilePanelHandler handler);
 
+/// Makes a file dialog of the caller's own into such a sheet.
+void setUpFilePanel(QFileDialog& panel, const QString& prompt, FilePanelHandler handler);
+
 /// A FilePanel: opens makeFilePanel()'s dialog without a nested event loop.
 void openFilePanel(QWidget* window, const QString& prompt, const std::filesystem::path& folder,
                    FilePanelHandler handler);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "editors/settings/ProjectSettingsFixture.h"
+#include "support/ApplicationFolders.h"
 #include "widgets/PathField.h"
 
 #include <QClipboard>
@@ -40,6 +41,21 @@ protected:
         name->setText(QString::fromStdString(file.string()));
         press(panel->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    /// The names of the files in the panel's list, once there are so many.
+    static QStringList offeredBy(const QFileDialog* panel, qsizetype count) {
+        const auto* list = panel->findChild<QAbstractItemView*>(QStringLiteral("listView"));
+        QStringList offered;
+        const auto filled = [&] {
+            offered.clear();
+            for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row) {
+                offered << list->model()->index(row, 0, list->rootIndex()).data().toString();
+            }
+            return offered.size() >= count;
+        };
+        EXPECT_TRUE(QTest::qWaitFor(filled, 60000));
+        return offered;
     }
 
     std::filesystem::path program(const std::string& name) const {
@@ -91,20 +107,37 @@ TEST_F(ProjectSettingsFields, ThePanelOffersProgramsAndDesktopEntriesOnly) {
     QFileDialog* panel = openPanel();
     ASSERT_NE(panel, nullptr);
     EXPECT_EQ(panel->directory().absolutePath().toStdString(), folder.path());
-    const QAbstractItemView* list =
-        panel->findChild<QAbstractItemView*>(QStringLiteral("listView"));
-    ASSERT_NE(list, nullptr);
-    QStringList offered;
-    const auto filled = [&] {
-        offered.clear();
-        for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row) {
-            offered << list->model()->index(row, 0, list->rootIndex()).data().toString();
-        }
-        return offered.size() >= 3;
-    };
-    EXPECT_TRUE(QTest::qWaitFor(filled, 60000));
-    EXPECT_EQ(offered, QStringList({QStringLiteral("inner"), QStringLiteral("emulator"),
-                                    QStringLiteral("game.desktop")}));
+    EXPECT_EQ(offeredBy(panel, 3), QStringList({QStringLiteral("inner"), QStringLiteral("emulator"),
+                                                QStringLiteral("game.desktop")}));
+}
+
+TEST_F(ProjectSettingsFields, ThePanelShowsWhatIsForTheConsoleFirst) {
+    const ApplicationFolders folders;
+    folders.write("entries/a.desktop", "[Desktop Entry]\nType=Application\nName=A\nExec=a\n");
+    folders.emulator("entries/z.desktop", "Z");
+    folders.emulator("entries/y.desktop", "Y", "NoDisplay=true\n");
+    folders.write("entries/inner/file", "");
+    pane().buildSettings()->pathToEmulator() = folders.path() / "entries/a.desktop";
+    const QStringList shown = offeredBy(openPanel(), 4);
+    EXPECT_EQ(shown, QStringList({QStringLiteral("y.desktop"), QStringLiteral("z.desktop"),
+                                  QStringLiteral("inner"), QStringLiteral("a.desktop")}));
+}
+
+TEST_F(ProjectSettingsFields, TheNameOfAProgramFindsItFromAnyFolder) {
+    const ApplicationFolders folders;
+    pane().buildSettings()->pathToEmulator() = program("any");
+    confirm(openPanel(), "fceux"); // PATH may name the folder of games or not
+    EXPECT_EQ(savedEmulator(), "/usr/games/fceux");
+    EXPECT_EQ(emulatorText(), "/usr/games/fceux");
+
+    const auto entry = folders.emulator("user/applications/org.example.Emu.desktop", "My Emu");
+    confirm(openPanel(), "my emu");
+    EXPECT_EQ(savedEmulator(), entry);
+
+    const auto near = program("fceux");
+    pane().buildSettings()->pathToEmulator() = near;
+    confirm(openPanel(), "fceux");
+    EXPECT_EQ(savedEmulator(), near) << "the file in the folder that is shown";
 }
 
 TEST_F(ProjectSettingsFields, WhateverIsConfirmedIsSetAndALineSaysWhatIsWrongWithIt) {
