@@ -6,8 +6,22 @@ say() { printf '== %s\n' "$*" >&2; }
 fail() { printf '== %s\n' "$*" >&2; exit 1; }
 
 build_packages=(g++ cmake ninja-build qt6-base-dev libqt6svg6 nlohmann-json3-dev libgtest-dev libgmock-dev libuchardet-dev python3)
+emulator_packages=(fceux)
 test_packages=(git util-linux dbus at-spi2-core python3-gi gir1.2-atspi-2.0 xvfb xdotool openbox imagemagick fceux 64tass dasm cc65)
 check_packages=(clang clang-tidy clang-format libclang-rt-14-dev)
+
+# install_emulator: installs an emulator to play the examples with when ./run is new here and no emulator for the
+# NES is installed yet. Never fails, and never asks for a password of its own.
+install_emulator() {
+  local folder folders=() name=${emulator_packages[0]}
+  [ ! -e out/release/bin/Kestrel ] && command -v apt-get >/dev/null || return 0
+  IFS=: read -ra folders <<<"${XDG_DATA_HOME:-${HOME-}/.local/share}:${XDG_DATA_DIRS:-/usr/local/share:/usr/share}"
+  for folder in "${folders[@]}"; do
+    ! grep -qrs --include='*.desktop' application/x-nes-rom "$folder/applications" || return 0
+  done
+  [ "$(id -u)" -eq 0 ] || sudo -n true 2>/dev/null || return 0
+  (install_packages emulator) || say "Going on without the emulator $name; Kestrel itself needs none."
+}
 
 # install_packages GROUP...: installs the Debian packages of these groups that are not there yet.
 install_packages() {

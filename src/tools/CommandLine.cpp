@@ -13,12 +13,15 @@ namespace {
 constexpr std::string_view Help =
     R"(Usage: kestrel-build PROJECT.kst
        kestrel-build --relocate PROJECT.kst
+       kestrel-build --find-emulator PROJECT.kst
 
 Builds a Kestrel project as the environment does and prints what the assembler
 says. A project that was moved or copied is built where it lies now.
 
   --relocate        write the project's present folder into its files; build
                     nothing
+  --find-emulator   write the first installed emulator into its settings,
+                    unless they name one; build nothing
   --listing FILE    have the assembler write a listing, too
   --expand-macros   list the lines of macros and repetitions in it
   --labels FORMAT   have it write labels for debuggers beside the image: mlb, nl
@@ -87,6 +90,17 @@ takeAssemblerOption(const std::vector<std::string>& arguments, std::size_t& inde
     return std::vector{std::string(*name), *name == "--listing" ? absoluteText(value) : value};
 }
 
+/// The action other than a build that this argument asks for; nothing when it is none of those.
+std::optional<CommandLine::Action> otherActionAsked(std::string_view argument) {
+    if (argument == "--relocate") {
+        return CommandLine::Action::relocate;
+    }
+    if (argument == "--find-emulator") {
+        return CommandLine::Action::findEmulator;
+    }
+    return std::nullopt;
+}
+
 bool isOption(std::string_view argument) {
     return argument.size() > 1 && argument.front() == '-';
 }
@@ -122,8 +136,11 @@ CommandLine CommandLine::parse(const std::vector<std::string>& arguments) {
             projects.push_back(argument);
         } else if (argument == "--") {
             optionsEnded = true;
-        } else if (argument == "--relocate") {
-            result.action = Action::relocate;
+        } else if (const auto asked = otherActionAsked(argument)) {
+            if (result.action != Action::build && result.action != *asked) {
+                return refusal("--relocate and --find-emulator are two runs, please.");
+            }
+            result.action = *asked;
         } else if (isPlainAssemblerOption(argument) || valuedAssemblerOption(argument)) {
             const auto taken = takeAssemblerOption(arguments, i);
             if (!taken) {
@@ -133,7 +150,8 @@ CommandLine CommandLine::parse(const std::vector<std::string>& arguments) {
                                              taken->end());
         } else {
             return refusal("there is no option " + shown(argument) +
-                           "; the options are --relocate, --help and --version, and those for the "
+                           "; the options are --find-emulator, --relocate, --help and --version, "
+                           "and those for the "
                            "assembler that --help lists.");
         }
     }
@@ -147,8 +165,10 @@ CommandLine CommandLine::parse(const std::vector<std::string>& arguments) {
     if (projects.front().empty()) {
         return refusal("the name of the project file is empty.");
     }
-    if (result.action == Action::relocate && !result.assemblerArguments.empty()) {
-        return refusal("with --relocate nothing is built, so " +
+    if (result.action != Action::build && !result.assemblerArguments.empty()) {
+        const std::string option =
+            result.action == Action::relocate ? "--relocate" : "--find-emulator";
+        return refusal("with " + option + " nothing is built, so " +
                        shown(result.assemblerArguments.front()) + " has no use.");
     }
     result.project = projects.front();

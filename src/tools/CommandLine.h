@@ -11,10 +11,10 @@ namespace kestrel {
 /// The parsed command line of kestrel-build.
 struct CommandLine {
     /// What to do; `refuse` for a wrong command line.
-    enum class Action { build, relocate, showHelp, showVersion, refuse };
+    enum class Action { build, relocate, findEmulator, showHelp, showVersion, refuse };
 
     Action action = Action::refuse;
-    std::filesystem::path project;               ///< as given; for `build` and `relocate`
+    std::filesystem::path project; ///< as given; unless help, version or a refusal is to be shown
     std::vector<std::string> assemblerArguments; ///< passed on to the assembler; for `build`
     std::string problem;                         ///< a sentence for the user; for `refuse`
 

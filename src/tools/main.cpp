@@ -2,6 +2,7 @@
 #include "build/SignalWatcher.h"
 #include "tools/BuildCommand.h"
 #include "tools/CommandLine.h"
+#include "tools/EmulatorChoice.h"
 #include "tools/Messages.h"
 #include "tools/ProjectArgument.h"
 #include "tools/ProjectRelocator.h"
@@ -31,6 +32,20 @@ Status relocate(const kestrel::OpenedProject& project) {
         return refusal;
     case kestrel::RelocationOutcome::nothingToDo:
     case kestrel::RelocationOutcome::relocated:
+        break;
+    }
+    return success;
+}
+
+Status findEmulator(const kestrel::OpenedProject& project) {
+    switch (kestrel::chooseInstalledEmulator(project)) {
+    case kestrel::EmulatorChoice::noneInstalled:
+    case kestrel::EmulatorChoice::notWritten:
+        return failure;
+    case kestrel::EmulatorChoice::notUnderstood:
+        return refusal;
+    case kestrel::EmulatorChoice::hasOne:
+    case kestrel::EmulatorChoice::made:
         break;
     }
     return success;
@@ -71,6 +86,7 @@ int main(int argc, char** argv) {
         return refuse(commandLine.problem);
     case Action::build:
     case Action::relocate:
+    case Action::findEmulator:
         break;
     }
     auto project = kestrel::openProjectArgument(commandLine.project);
@@ -78,7 +94,10 @@ int main(int argc, char** argv) {
         return refuse(*problem);
     }
     auto& opened = std::get<kestrel::OpenedProject>(project);
-    return commandLine.action == Action::relocate
-               ? relocate(opened)
+    if (commandLine.action == Action::relocate) {
+        return relocate(opened);
+    }
+    return commandLine.action == Action::findEmulator
+               ? findEmulator(opened)
                : build(std::move(opened), commandLine.assemblerArguments, argv[0]);
 }

@@ -35,10 +35,19 @@ class HomeTestCase(unittest.TestCase):
         self.home = Path(folder.name)
 
     def run_in_home(self, command, home=None, **more):
-        environment = dict(os.environ, HOME=str(home or self.home), KESTREL_BUILD=str(KESTREL_BUILD))
+        environment = dict(os.environ, HOME=str(home or self.home), KESTREL_BUILD=str(KESTREL_BUILD),
+                           XDG_DATA_HOME=str(self.home / "data"), XDG_DATA_DIRS=str(self.home / "system"))
         environment.update(more)
         return subprocess.run([str(word) for word in command], env=environment, capture_output=True, text=True,
                               stdin=subprocess.DEVNULL, timeout=120, check=False)
+
+    def install_emulator(self, name):
+        """Makes an emulator that is installed for the programs that run_in_home() runs; its desktop entry."""
+        entry = self.home / "system" / "applications" / f"{name}.desktop"
+        entry.parent.mkdir(parents=True, exist_ok=True)
+        entry.write_text(f"[Desktop Entry]\nType=Application\nName={name}\nExec=sh %f\n"
+                         "MimeType=application/x-nes-rom;\n", encoding="utf-8")
+        return entry
 
     def instantiate(self, name, home=None):
         """The path of the project file that scripts/instantiate-example prints."""

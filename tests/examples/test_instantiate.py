@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """scripts/instantiate-example puts a copy of an example into the home folder and never touches the user's own."""
+import json
 import shutil
 import unittest
 
@@ -36,6 +37,27 @@ class InstantiateTest(HomeTestCase):
         (project.parent / "notes.txt").write_text("and this\n")
         before = contents(self.kestrel)
         self.instantiate("Skylark")
+        self.assertEqual(contents(self.kestrel), before)
+
+    def emulator_of(self, project):
+        settings = project.parent / ".project" / f"{project.stem}-BuildSettings.cfg"
+        return json.loads(settings.read_text(encoding="utf-8"))["emulator"]
+
+    def test_a_copy_without_an_emulator_gets_the_installed_one(self):
+        project = self.instantiate("Skylark")
+        self.assertEqual(self.emulator_of(project), "")
+        entry = self.install_emulator("emu")
+        self.assertEqual(self.emulator_of(self.instantiate("Skylark")), str(entry))
+        self.assertEqual(self.emulator_of(self.instantiate("Lanternfall")), str(entry))
+
+    def test_the_emulator_that_the_user_chose_stays(self):
+        project = self.instantiate("Skylark")
+        settings = project.parent / ".project" / "Skylark-BuildSettings.cfg"
+        settings.write_text(settings.read_text(encoding="utf-8").replace('"emulator": ""', '"emulator": "/my/own"'),
+                            encoding="utf-8")
+        self.install_emulator("emu")
+        before = contents(self.kestrel)
+        self.assertEqual(self.emulator_of(self.instantiate("Skylark")), "/my/own")
         self.assertEqual(contents(self.kestrel), before)
 
     def test_whatever_has_the_name_already_is_not_overwritten(self):

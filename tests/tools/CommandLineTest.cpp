@@ -102,6 +102,10 @@ TEST(CommandLine, AnAssemblerOptionWithoutItsValueIsRefused) {
 
 TEST(CommandLine, RelocatingHasNoUseForTheAssemblersOptions) {
     EXPECT_EQ(CommandLine::parse({"--relocate", "-v", "game.kst"}).action, Action::refuse);
+    EXPECT_EQ(CommandLine::parse({"--find-emulator", "-v", "g.kst"}).action, Action::refuse);
+    EXPECT_EQ(CommandLine::parse({"--find-emulator", "g.kst"}).action, Action::findEmulator);
+    EXPECT_EQ(CommandLine::parse({"--find-emulator", "--relocate", "g.kst"}).action,
+              Action::refuse);
 }
 
 TEST(CommandLine, AnEmptyNameIsRefused) {
