@@ -28,8 +28,10 @@ EmulatorField::EmulatorField(QWidget* parent)
     m_installedButton->setText(tr("&Installed"));
     m_installedButton->setToolTip(tr("Choose one of the emulators that are installed"));
     m_installedButton->setFocusPolicy(Qt::StrongFocus);
-    m_installedButton->setPopupMode(QToolButton::InstantPopup);
+    // In this mode the menu has its place among what assistive technology sees.
+    m_installedButton->setPopupMode(QToolButton::MenuButtonPopup);
     m_installedButton->setMenu(m_menu);
+    connect(m_installedButton, &QToolButton::clicked, m_installedButton, &QToolButton::showMenu);
     m_installedButton->setSizePolicy(m_chooseButton->sizePolicy());
     m_problemLabel->setObjectName(QStringLiteral("emulatorProblem"));
     m_problemLabel->setTextFormat(Qt::PlainText);
