@@ -30,7 +30,7 @@ std::string linesOf(BuildSettingsConfiguration& settings) {
             const std::string copy = pathText(joined(joined(base, "tmp"), entry->itemName()));
             const std::string original = pathText(*source);
             if ((copy + original).find_first_of("\t\n") == std::string::npos) {
-                lines += copy + "\t" + original + "\n";
+                lines.append(copy).append("\t").append(original).append("\n");
             }
         }
     }

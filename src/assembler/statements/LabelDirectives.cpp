@@ -28,8 +28,7 @@ void LabelDirectives::labels(Cursor p) {
 bool LabelDirectives::format(Cursor& p) {
     const Cursor start = p;
     if (*p != '"') {
-        m_reporter.error(p, "expected \"mlb\", \"nl\" or \"dbg\" in double quotes, found " +
-                                foundText(p));
+        m_reporter.error(p, "expected mlb, nl or dbg in double quotes, found " + foundText(p));
         return false;
     }
     const auto name = readQuotedOperand(QuotedKind::text, p, m_reporter);
@@ -38,8 +37,8 @@ bool LabelDirectives::format(Cursor& p) {
     }
     const auto format = findLabelFormat(name->written);
     if (!format) {
-        m_reporter.error(start,
-                         ".labels takes \"mlb\", \"nl\" or \"dbg\", not " + quoted(name->written));
+        m_reporter.error(start, ".labels takes mlb, nl or dbg in double quotes, not " +
+                                    quoted(name->written));
         return false;
     }
     addTo(m_formats, *format);
