@@ -117,6 +117,27 @@ TEST(BuildHandOver, AnErrorCompletesWithoutOutput) {
     EXPECT_EQ(queue.size(), 0U);
 }
 
+TEST(BuildHandOver, PostsAReportBehindTheOutputAndBeforeItCompletes) {
+    for (const bool succeeds : {true, false}) {
+        TaskQueue queue;
+        const auto builder = std::make_shared<Builder>();
+        std::size_t postedAtCompletion = 0;
+        int deliveriesBefore = -1;
+        HandOver handOver([&](const auto&, const auto&) { postedAtCompletion = queue.size(); },
+                          queue.post(), deliverTo(builder));
+        const HandOver::Task report = [&] { deliveriesBefore = builder->deliveries; };
+        EXPECT_TRUE(succeeds ? handOver.finish("text", "/out/Game.nes", report)
+                             : handOver.fail({"", 100, "stopped"}, "text", report));
+        EXPECT_EQ(postedAtCompletion, 2U);
+        EXPECT_FALSE(handOver.fail({"", 100, "late"}, "late", report));
+        queue.runNext();
+        queue.runNext();
+        EXPECT_EQ(deliveriesBefore, 1);
+        EXPECT_EQ(builder->received, "text");
+        EXPECT_EQ(queue.size(), 0U);
+    }
+}
+
 TEST(BuildHandOver, AnAbandonedBuildCallsNobodyAndLetsItsHandlerGo) {
     TaskQueue queue;
     const auto held = std::make_shared<int>(0);
