@@ -2,6 +2,7 @@
 #include "tools/EmulatorChoice.h"
 
 #include "build/InstalledEmulators.h"
+#include "build/ShownPath.h"
 #include "model/BuildSettingsFile.h"
 #include "model/FileReader.h"
 #include "model/FileWriter.h"
