@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "editors/settings/EmulatorMenu.h"
 
-#include "editors/settings/PathField.h"
 #include "editors/settings/ProjectSettingsFixture.h"
 #include "support/ApplicationFolders.h"
+#include "widgets/PathField.h"
 
 #include <QAction>
 #include <QDialogButtonBox>
