@@ -125,10 +125,11 @@ std::vector<std::string> suffixesFor(std::string_view locale) {
 }
 
 /// The value of `key` in the user's language.
-std::string localised(const Keys& keys, const std::string& key) {
+std::string localised(const Keys& keys, std::string_view key) {
     for (const std::string& locale : messageLocales()) {
         for (const std::string& suffix : suffixesFor(locale)) {
-            if (const auto found = keys.find(key + "[" + suffix + "]"); found != keys.end()) {
+            const auto found = keys.find(std::string(key).append("[").append(suffix).append("]"));
+            if (found != keys.end()) {
                 return found->second;
             }
         }

@@ -100,6 +100,16 @@ TEST_F(InstalledEmulators, ATestProgramThatIsMissingMeansNotInstalled) {
     EXPECT_THAT(names(), ElementsAre("By path", "In PATH"));
 }
 
+TEST_F(InstalledEmulators, ProgramsWhereGamesAreNeedNotBeInPath) {
+    entry("emu", "Type=Application\nName=Game\nMimeType=application/x-nes-rom;\n"
+                 "TryExec=fceux\nExec=fceux %f\n");
+    const QByteArray formerPath = qgetenv("PATH");
+    qputenv("PATH", "/nowhere");
+    const auto found = names();
+    qputenv("PATH", formerPath);
+    EXPECT_THAT(found, ElementsAre("Game"));
+}
+
 TEST_F(InstalledEmulators, BrokenEntriesAreSkipped) {
     const std::string program = "Exec=" + folders.program("emulator").string() + " %f\n";
     const std::string takes = "MimeType=application/x-nes-rom;\n";

@@ -7,6 +7,7 @@
 #include "widgets/Contrast.h"
 
 #include <QFile>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace kestrel {
@@ -31,7 +32,7 @@ EmulatorField::EmulatorField(QWidget* parent)
     // In this mode the menu has its place among what assistive technology sees.
     m_installedButton->setPopupMode(QToolButton::MenuButtonPopup);
     m_installedButton->setMenu(m_menu);
-    connect(m_installedButton, &QToolButton::clicked, m_installedButton, &QToolButton::showMenu);
+    connect(m_installedButton, &QToolButton::clicked, this, &EmulatorField::openMenu);
     m_installedButton->setSizePolicy(m_chooseButton->sizePolicy());
     m_problemLabel->setObjectName(QStringLiteral("emulatorProblem"));
     m_problemLabel->setTextFormat(Qt::PlainText);
@@ -40,6 +41,16 @@ EmulatorField::EmulatorField(QWidget* parent)
         ->addWidget(m_problemLabel);
     addButton(*m_installedButton);
     refresh();
+}
+
+/// Opens the menu at its button, which may be scrolled away when it is reached by its key.
+void EmulatorField::openMenu() {
+    for (QWidget* around = parentWidget(); around != nullptr; around = around->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(around)) {
+            area->ensureWidgetVisible(m_installedButton);
+        }
+    }
+    m_installedButton->showMenu();
 }
 
 void EmulatorField::showSetting(const NESProjectBuilder& builder) {

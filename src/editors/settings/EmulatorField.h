@@ -43,6 +43,8 @@ public:
     void setProjectPresent(bool present) override;
 
 private:
+    void openMenu();
+
     PathField* m_textField;
     QPushButton* m_chooseButton;
     QToolButton* m_installedButton;

@@ -68,7 +68,7 @@ private:
         if (name.isEmpty() || name.contains(QLatin1Char('/')) || directory().exists(name)) {
             return {};
         }
-        if (const QString program = findProgram(name); !program.isEmpty()) {
+        if (QString program = findProgram(name); !program.isEmpty()) {
             return program;
         }
         if (!m_emulators) {

@@ -171,6 +171,21 @@ TEST_F(EmulatorMenuTest, IsWorkedByKeysAlone) {
     EXPECT_EQ(window->focusWidget(), field().installedButton());
 }
 
+TEST_F(EmulatorMenuTest, ItsKeyBringsItsButtonIntoSight) {
+    window->resize(560, 300);
+    QApplication::processEvents();
+    QToolButton& button = *field().installedButton();
+    ASSERT_TRUE(button.visibleRegion().isEmpty());
+    EmulatorMenu& menu = *field().menu();
+    bool inSight = false;
+    QTimer::singleShot(0, &menu, [&] {
+        inSight = menu.isVisible() && button.visibleRegion().contains(button.rect().center());
+        menu.close();
+    });
+    button.click(); // as its key does
+    EXPECT_TRUE(inSight);
+}
+
 TEST_F(EmulatorMenuTest, OnlyThePresentEmulatorIsMarked) {
     folders.emulator("system/applications/one.desktop", "First");
     folders.emulator("system/applications/two.desktop", "Second");

@@ -135,6 +135,7 @@ TEST_F(ProjectSettingsFields, TheNameOfAProgramFindsItFromAnyFolder) {
     EXPECT_EQ(savedEmulator(), entry);
 
     const auto near = program("fceux");
+    ASSERT_EQ(near.parent_path(), home.path());
     pane().buildSettings()->pathToEmulator() = near;
     confirm(openPanel(), "fceux");
     EXPECT_EQ(savedEmulator(), near) << "the file in the folder that is shown";
@@ -165,6 +166,18 @@ TEST_F(ProjectSettingsFields, WhateverIsConfirmedIsSetAndALineSaysWhatIsWrongWit
     EXPECT_EQ(problem(), "") << "a bare name is found among the system's programs";
     pane().emulatorField()->setEmulator("no-such-emulator-here");
     EXPECT_EQ(problem(), "This emulator cannot be started: there is no such file.");
+}
+
+TEST_F(ProjectSettingsFields, AProgramWhereGamesAreNeedNotBeInPath) {
+    const QByteArray formerPath = qgetenv("PATH");
+    qputenv("PATH", "/nowhere");
+    pane().emulatorField()->setEmulator("fceux");
+    const std::string byName = problem();
+    pane().emulatorField()->setEmulator(
+        home.write("emu.desktop", "[Desktop Entry]\nType=Application\nName=X\nExec=fceux %f\n"));
+    qputenv("PATH", formerPath);
+    EXPECT_EQ(byName, "");
+    EXPECT_EQ(problem(), "");
 }
 
 TEST_F(ProjectSettingsFields, AProjectWithoutEmulatorLeavesTheFieldAsItWasAndSaysSo) {
