@@ -11,7 +11,7 @@ constexpr std::string_view Error = ": error: ";
 constexpr std::string_view Warning = ": warning: ";
 
 /// Of a longer line the rest is not looked at; the longest path is shorter.
-constexpr std::size_t LongestBeginning = 16 * 1024;
+constexpr std::size_t LongestBeginning = std::size_t{16} * 1024;
 
 /// Takes ":" and digits from the end of `text`. False, with it unchanged, when it ends otherwise.
 bool takeNumber(std::string_view& text) {
@@ -28,7 +28,8 @@ std::size_t placeOf(std::string_view word, std::string_view line) {
     for (std::size_t found = line.find(word); found != std::string_view::npos;
          found = line.find(word, found + 1)) {
         std::string_view place = line.substr(0, found);
-        if (takeNumber(place) && takeNumber(place) && !place.empty()) {
+        const bool hasColumn = takeNumber(place);
+        if (hasColumn && takeNumber(place) && !place.empty()) {
             return found;
         }
     }
