@@ -31,14 +31,18 @@ QString projectsFolder() {
     return QDir(kestrel).exists() ? kestrel : QDir::homePath();
 }
 
-/// The widget within `part` that its focus is passed to, or else the first one that takes the focus
-/// from the Tab key.
+/// The widget within `part` that is worked in, or that its focus is passed to, or else the first
+/// one that takes the focus from the Tab key.
 QWidget* firstFocusable(QWidget& part) {
     const auto takesFocus = [](const QWidget* widget) {
         return (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible() &&
                widget->isEnabled();
     };
-    QWidget* own = part.focusProxy() != nullptr ? part.focusProxy() : &part;
+    const auto* pane = dynamic_cast<const EditorPane*>(&part);
+    QWidget* own = pane != nullptr ? pane->workPlace() : nullptr;
+    if (own == nullptr) {
+        own = part.focusProxy() != nullptr ? part.focusProxy() : &part;
+    }
     if (takesFocus(own)) {
         return own;
     }

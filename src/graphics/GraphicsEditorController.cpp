@@ -46,7 +46,6 @@ GraphicsEditorController::GraphicsEditorController(QWidget* parent)
     tileViewer = &m_view->tileViewer();
     colorSelector = &m_view->colorSelector();
     saveButton = &m_view->saveButton();
-    setFocusProxy(pixelEditor);
     viewDidLoad();
 }
 
@@ -218,6 +217,10 @@ void GraphicsEditorController::selected(BoxSelectorProtocol& /*boxSelector*/, Pa
     if (pixelEditor) {
         pixelEditor->setCurrentColorBox(palette.box);
     }
+}
+
+QWidget* GraphicsEditorController::workPlace() const {
+    return pixelEditor;
 }
 
 void GraphicsEditorController::savePane() {

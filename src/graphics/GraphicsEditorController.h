@@ -84,6 +84,7 @@ public:
                   BoxPosition boxSelected) override;
 
     void savePane() override;
+    QWidget* workPlace() const override;
     const CommandSet* commands() const override;
     QList<QAction*> editActions() const override;
     QList<QAction*> viewActions() const override;

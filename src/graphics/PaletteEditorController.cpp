@@ -63,7 +63,6 @@ PaletteEditorController::PaletteEditorController(QWidget* parent)
     paletteSelector = m_view->paletteSelector();
     generalSelectableColors = m_view->generalSelectableColors();
     saveButton = m_view->saveButton();
-    setFocusProxy(paletteSelector);
     for (std::size_t number = 0; number < PaletteCount; ++number) {
         palettes.push_back(std::make_shared<NESPalette>());
     }
@@ -199,6 +198,10 @@ void PaletteEditorController::saveFile() {
     m_known.note(*content);
     m_fileBytes = array;
     showFileName();
+}
+
+QWidget* PaletteEditorController::workPlace() const {
+    return paletteSelector;
 }
 
 void PaletteEditorController::savePane() {

@@ -71,6 +71,7 @@ public:
                   BoxPosition boxSelected) override;
 
     void savePane() override;
+    QWidget* workPlace() const override;
     bool canPerform(EditCommand command) const override;
     void perform(EditCommand command) override;
 

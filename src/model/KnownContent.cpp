@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <system_error>
 
 namespace kestrel {
 
@@ -21,6 +22,11 @@ void KnownContent::note(std::string_view content) {
 std::optional<std::filesystem::path>
 KnownContent::keepBeforeSaving(const std::filesystem::path& path, std::string_view next, Keep keep,
                                std::string* reason) const {
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        return std::filesystem::path(); // which no save replaces
+    }
     // A larger file is another one anyway.
     const std::size_t limit = std::max(next.size(), m_known ? m_known->size : 0);
     const auto present = readFile(path, limit);

@@ -26,6 +26,10 @@ public:
     /// Saves what the pane shows, at once. Only called while the pane is the visible one.
     virtual void savePane() {}
 
+    /// The part of the pane that is worked in, which gets the focus when the pane is entered as a
+    /// whole; null where that is the first part that takes the Tab key.
+    virtual QWidget* workPlace() const { return nullptr; }
+
     /// The pane's own commands; null when it has none.
     virtual const CommandSet* commands() const { return nullptr; }
 

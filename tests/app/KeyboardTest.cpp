@@ -360,6 +360,16 @@ TEST_F(Keyboard, AClickOnSaveLeavesTheFocusWhereItWas) {
     }
 }
 
+TEST_F(Keyboard, F6GoesFromTheTreeToWhereThePaneIsWorkedIn) {
+    for (const auto& [name, place] :
+         {std::pair{"main.asm", "codeEditor"}, std::pair{"tiles.chr", "pixelEditor"},
+          std::pair{"colours.pal", "paletteSelector"}}) {
+        open(name);
+        tree().outlineView()->setFocus();
+        EXPECT_THAT(visited(1, Qt::Key_F6), ElementsAre(place));
+    }
+}
+
 TEST_F(Keyboard, TabGoesFromTheTreeToSaveAndOnIntoThePane) {
     for (const auto& [name, next] :
          {std::pair{"main.asm", "codeEditor"}, std::pair{"tiles.chr", "pencilActionButton"},

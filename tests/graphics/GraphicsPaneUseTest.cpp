@@ -324,9 +324,5 @@ TEST_F(GraphicsPaneUse, TheNameOfTheFileIsShownAsItIs) {
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
 }
 
-TEST_F(GraphicsPaneUse, ThePanePassesItsFocusToThePixelEditor) {
-    EXPECT_EQ(m_pane.focusProxy(), m_pane.pixelEditor);
-}
-
 } // namespace
 } // namespace kestrel::test

@@ -561,11 +561,5 @@ TEST_F(PaletteEditor, TheDescriptionFollowsWhatIsPastedUnderTheCursor) {
     EXPECT_EQ(description(), before);
 }
 
-TEST_F(PaletteEditor, PassesItsFocusToThePalettes) {
-    show(countingFile());
-    pane.setFocus();
-    EXPECT_EQ(QApplication::focusWidget(), pane.paletteSelector);
-}
-
 } // namespace
 } // namespace kestrel::test

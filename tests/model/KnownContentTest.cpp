@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/KnownContent.h"
 
+#include "model/FileWriter.h"
 #include "support/ChildProcess.h"
 #include "support/TemporaryFolder.h"
 
@@ -79,7 +80,10 @@ TEST_F(KnownFile, MustNotBeReplacedWhenItCannotBeKept) {
 TEST_F(KnownFile, ThatIsAFolderNowMustNotBeReplaced) {
     std::filesystem::remove(path);
     std::filesystem::create_directory(path);
-    EXPECT_EQ(backup(), "failed");
+    EXPECT_EQ(backup(), "") << "saving refuses it by itself, and says why";
+    std::string reason;
+    EXPECT_FALSE(saveBytes(path, "next", &reason));
+    EXPECT_EQ(reason, "a folder has its name");
 }
 
 } // namespace

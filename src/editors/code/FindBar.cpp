@@ -108,7 +108,9 @@ void FindBar::buildRows() {
         column->addLayout(row);
     }
     arrange();
-    for (QWidget* former = m_termEdit; QWidget* const widget : m_arrangement.front()) {
+    // However many rows there are, Tab goes as through one.
+    const Row inOneRow = arrangements().front().front();
+    for (QWidget* former = m_termEdit; QWidget* const widget : inOneRow) {
         if (widget != former && (widget->focusPolicy() & Qt::TabFocus) != 0) {
             setTabOrder(former, widget);
             former = widget;
