@@ -49,8 +49,14 @@ DraftStore::DraftStore(std::filesystem::path folder, ProcessIdentity writer, Dra
     , m_limits(limits) {}
 
 std::string DraftStore::newName(const std::filesystem::path& file, DraftKind kind) {
-    return prefixOf(file, kind) + std::to_string(m_writer.number) + '-' +
-           std::to_string(m_writer.start) + '-' + std::to_string(m_names++) + std::string(Ending);
+    const std::string start = prefixOf(file, kind) + std::to_string(m_writer.number) + '-' +
+                              std::to_string(m_writer.start) + '-';
+    while (true) {
+        std::string name = start + std::to_string(m_names++) + std::string(Ending);
+        if (!existsAt(joined(m_folder, name))) {
+            return name;
+        }
+    }
 }
 
 bool DraftStore::write(const std::string& name, Draft draft) {
