@@ -11,6 +11,7 @@ class QAction;
 namespace kestrel {
 
 class CommandSet;
+class UnsavedWork;
 
 /// A pane with a file to save, or with commands of its own for the window's menus.
 class EditorPane {
@@ -25,6 +26,9 @@ public:
 
     /// Saves what the pane shows, at once. Only called while the pane is the visible one.
     virtual void savePane() {}
+
+    /// What of the pane's content is not saved; null for a pane that saves nothing.
+    virtual UnsavedWork* unsavedWork() { return nullptr; }
 
     /// The pane's own commands; null when it has none.
     virtual const CommandSet* commands() const { return nullptr; }
