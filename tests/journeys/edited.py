@@ -73,7 +73,7 @@ class Edited:
             test.assertEqual(self.after(safe), self.saved, f"no draft of {self.path.name}")
         else:
             steps = self.steps_in(newest)
-            test.assertIsNotNone(steps, f"{self.path.name} never was as its draft is")
+            test.assertIsNotNone(steps, f"{self.path.name} never was as its draft is: {newest}, {self.base}, {self.steps}")
             test.assertGreaterEqual(steps, safe, f"steps of {self.path.name} are missing in its draft")
         self.begin(self.saved if newest is None else newest)
 

@@ -155,6 +155,8 @@ class UnsavedTest(JourneyTestCase):
         content = file.after(len(file.steps))
         wait_for_files(f"{self.shown} to be saved", lambda: file.path.read_bytes() == content)
         file.was_saved()
+        if self.shown.endswith(".asm"):
+            self.desktop.press("ctrl+Home")  # steps type before everything
 
     def begin_anew_what_is_full(self):
         """Takes files that have no room for more steps back to what they were at first, while the program is away."""
