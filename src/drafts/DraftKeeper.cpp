@@ -16,7 +16,6 @@ struct DraftKeeper::Session {
     std::optional<Fingerprint> disk;
     std::optional<Fingerprint> unedited;
     std::string name; ///< of its draft
-    bool hasDraft = false;
 };
 
 namespace {
@@ -79,28 +78,33 @@ std::shared_ptr<DraftKeeper::Session> DraftKeeper::begin(const std::filesystem::
     return session;
 }
 
-void DraftKeeper::write(Session& session, std::string content) {
-    session.hasDraft = true;
-    const bool written = m_store.write(session.name, {session.file, session.kind, session.disk,
-                                                      presentTime(), std::move(content)});
+void DraftKeeper::write(const std::string& name, Draft draft) {
+    const bool written = m_store.write(name, std::move(draft));
     if (!written && !m_failureLogged) {
         writeLog("Unsaved changes cannot be written to the state folder; they are kept in memory.");
     }
     m_failureLogged = !written;
 }
 
-void DraftKeeper::keep(const std::shared_ptr<Session>& session, Content content,
+void DraftKeeper::keep(const std::shared_ptr<Session>& session, Content content, FoundDraft origin,
                        std::function<void(const Kept&)> answerTo) {
     m_queue.add(
-        [this, session, content = std::move(content), answerTo = std::move(answerTo)] {
+        [this, session, content = std::move(content), origin = std::move(origin),
+         answerTo = std::move(answerTo)] {
             std::string bytes = content();
             Kept kept{true, fingerprintOf(bytes)};
             kept.differs = session->unedited != kept.content;
+            // At each moment one of the two is there.
             if (kept.differs) {
-                write(*session, std::move(bytes));
-            } else if (session->hasDraft) {
+                write(session->name, {session->file, session->kind, session->disk, presentTime(),
+                                      std::move(bytes)});
+            } else if (origin) {
+                write(origin->name, origin->draft);
+            }
+            if (!kept.differs) {
                 m_store.remove(session->name);
-                session->hasDraft = false;
+            } else if (origin) {
+                m_store.remove(origin->name);
             }
             answer([answerTo, kept] { answerTo(kept); });
         },
@@ -108,17 +112,17 @@ void DraftKeeper::keep(const std::shared_ptr<Session>& session, Content content,
 }
 
 void DraftKeeper::look(const std::shared_ptr<Session>& session,
-                       std::function<void(const std::shared_ptr<const Found>&)> answerTo) {
+                       std::function<void(const FoundDraft&)> answerTo) {
     m_queue.add([this, session, answerTo = std::move(answerTo)] {
         auto newest =
             m_store.newest(session->file, session->kind, {session->name}, session->unedited);
-        std::shared_ptr<const Found> found;
+        FoundDraft found;
         if (newest) {
-            const Draft& draft = newest->draft;
+            Draft& draft = newest->draft;
             const bool changed = draft.base && session->disk && draft.base != session->disk;
             const Fingerprint fingerprint = fingerprintOf(draft.content);
-            found = std::make_shared<const Found>(Found{
-                newest->name, draft.time, changed, std::move(newest->draft.content), fingerprint});
+            found = std::make_shared<const Found>(
+                Found{newest->name, std::move(draft), changed, fingerprint});
         }
         answer([answerTo, found] { answerTo(found); });
     });
@@ -128,19 +132,14 @@ void DraftKeeper::remove(const std::string& name) {
     m_queue.add([this, name] { m_store.remove(name); });
 }
 
-void DraftKeeper::saved(const std::shared_ptr<Session>& session, std::string content) {
-    m_queue.add([this, session, content = std::move(content)] {
+void DraftKeeper::saved(const std::shared_ptr<Session>& session, std::string content,
+                        FoundDraft origin) {
+    m_queue.add([this, session, content = std::move(content), origin = std::move(origin)] {
         session->disk = fingerprintOf(content);
         session->unedited = session->disk;
-        session->hasDraft = false;
-        m_store.removeAll(session->file, session->kind);
-    });
-}
-
-void DraftKeeper::supersede(const std::shared_ptr<Session>& session, const std::string& name) {
-    m_queue.add([this, session, name] {
-        if (session->hasDraft) {
-            m_store.remove(name);
+        m_store.remove(session->name);
+        if (origin) {
+            m_store.remove(origin->name);
         }
     });
 }

@@ -43,36 +43,36 @@ public:
         Fingerprint content;
     };
 
-    /// Keeps a content as the session's draft. A content that came before and is not written yet is
-    /// passed over, and so is its answer.
-    void keep(const std::shared_ptr<Session>& session, Content content,
-              std::function<void(const Kept&)> answer);
-
+    /// A draft that was found.
     struct Found {
         std::string name;
-        std::int64_t time = 0;
+        Draft draft;
         bool fileChanged = false; ///< whether the file is another one than the draft began with
-        std::string content;
         Fingerprint fingerprint;
     };
+    using FoundDraft = std::shared_ptr<const Found>;
+
+    /// Keeps a content as the session's draft. It takes the place of the draft `origin`, if that is
+    /// not null, as long as it differs from the file. A content that came before and is not written
+    /// yet is passed over, and so is its answer.
+    void keep(const std::shared_ptr<Session>& session, Content content, FoundDraft origin,
+              std::function<void(const Kept&)> answer);
 
     /// Looks for the newest draft of the session's file that is not the session's own; the answer
     /// is null when there is none.
     void look(const std::shared_ptr<Session>& session,
-              std::function<void(const std::shared_ptr<const Found>&)> answer);
+              std::function<void(const FoundDraft&)> answer);
 
     void remove(const std::string& name);
 
-    /// The session's file was saved with this content: none of its drafts is needed any more.
-    void saved(const std::shared_ptr<Session>& session, std::string content);
-
-    /// Removes the draft `name`, which the session's own one goes on from, if there is that one.
-    void supersede(const std::shared_ptr<Session>& session, const std::string& name);
+    /// The session's file was saved with this content: its draft is not needed any more, and
+    /// neither is its origin, if that is not null.
+    void saved(const std::shared_ptr<Session>& session, std::string content, FoundDraft origin);
 
 private:
     Q_INVOKABLE void deliver();
     void answer(std::function<void()> toDeliver);
-    void write(Session& session, std::string content);
+    void write(const std::string& name, Draft draft);
 
     std::mutex m_mutex;
     std::vector<std::function<void()>> m_answers;

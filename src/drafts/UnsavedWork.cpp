@@ -25,9 +25,6 @@ void UnsavedWork::leave() {
         return;
     }
     keep();
-    if (m_broughtBack) {
-        m_keeper->supersede(m_session, m_broughtBack->name);
-    }
     m_session.reset();
     m_broughtBack.reset();
     setOffered(nullptr);
@@ -66,7 +63,7 @@ void UnsavedWork::keep() {
         return;
     }
     m_edited = false;
-    m_keeper->keep(m_session, m_pane.content(),
+    m_keeper->keep(m_session, m_pane.content(), m_broughtBack,
                    [self = QPointer(this), session = m_session](const DraftKeeper::Kept& kept) {
                        if (self && self->m_session == session) {
                            self->wasKept(kept);
@@ -77,6 +74,7 @@ void UnsavedWork::keep() {
 void UnsavedWork::wasKept(const DraftKeeper::Kept& kept) {
     if (kept.differs && m_offered && kept.content == m_offered->fingerprint) {
         m_broughtBack = m_offered; // by Undo of the view itself
+        m_keeper->remove(m_broughtBack->name);
         setOffered(nullptr);
     } else if (!kept.differs && m_broughtBack && !m_offered) {
         setOffered(std::exchange(m_broughtBack, nullptr));
@@ -89,21 +87,20 @@ void UnsavedWork::saved(std::string content) {
     }
     m_timer.stop();
     m_edited = false;
-    m_broughtBack.reset();
-    m_keeper->saved(m_session, std::move(content));
-    setOffered(nullptr);
-    ++m_looks;
+    m_keeper->saved(m_session, std::move(content), std::exchange(m_broughtBack, nullptr));
+    look();
 }
 
 std::optional<UnsavedWork::Offer> UnsavedWork::offer() const {
-    return m_offered ? std::optional(Offer{m_offered->time, m_offered->fileChanged}) : std::nullopt;
+    return m_offered ? std::optional(Offer{m_offered->draft.time, m_offered->fileChanged})
+                     : std::nullopt;
 }
 
 void UnsavedWork::bringBack() {
     if (m_offered) {
         m_broughtBack = m_offered;
         setOffered(nullptr);
-        m_pane.replaceContent(m_broughtBack->content);
+        m_pane.replaceContent(m_broughtBack->draft.content);
     }
 }
 

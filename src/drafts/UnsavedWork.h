@@ -54,7 +54,7 @@ public:
     /// The content was edited, or may have been. Costs nothing but a timer's start.
     void edited();
 
-    /// The file was saved with this content.
+    /// The file was saved with this content. What was kept before and is still on offer stays.
     void saved(std::string content);
 
     /// Keeps what is not kept yet, without waiting for the timer.
@@ -80,7 +80,7 @@ Q_SIGNALS:
     void offerChanged();
 
 private:
-    using Found = std::shared_ptr<const DraftKeeper::Found>;
+    using Found = DraftKeeper::FoundDraft;
 
     void look();
     void setOffered(Found found);
@@ -92,7 +92,7 @@ private:
     std::shared_ptr<DraftKeeper::Session> m_session; ///< null when no file is shown
     QTimer m_timer;
     Found m_offered;
-    Found m_broughtBack;  ///< stays a draft until this session has one of its own and ends
+    Found m_broughtBack;  ///< what the present content goes on from
     unsigned m_looks = 0; ///< tells the answer to the latest look from older ones
     bool m_edited = false;
     bool m_touched = false;

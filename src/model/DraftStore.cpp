@@ -160,17 +160,6 @@ void DraftStore::remove(const std::string& name) {
     }
 }
 
-void DraftStore::removeAll(const std::filesystem::path& file, DraftKind kind) {
-    for (const Found& waiting : unwritten(prefixOf(file, kind))) {
-        remove(waiting.name);
-    }
-    for (const Entry& entry : entriesOf(prefixOf(file, kind))) {
-        if (read(entry.name, file, kind)) {
-            remove(entry.name);
-        }
-    }
-}
-
 void DraftStore::removeOldFiles(const std::string& but) const {
     std::vector<Entry> present = entries();
     std::sort(present.begin(), present.end(), isNewer<Entry, Entry>);

@@ -52,9 +52,6 @@ public:
 
     void remove(const std::string& name);
 
-    /// Removes all drafts of a file that are not another running process's own.
-    void removeAll(const std::filesystem::path& file, DraftKind kind);
-
 private:
     /// What a listing of the folder tells of a file there.
     struct Entry {

@@ -192,37 +192,67 @@ TEST_F(UnsavedWorkTest, EditsThatWereTakenBackLeaveNoDraft) {
     EXPECT_EQ(draftsOnDisk(), 0U);
 }
 
-TEST_F(UnsavedWorkTest, ASaveEndsAllDraftsOfTheFile) {
+TEST_F(UnsavedWorkTest, ASaveEndsTheDraftOfWhatWasSaved) {
     m_pane->show(m_one);
     m_pane->type("first");
+    m_pane->settle();
     m_pane->show(m_other);
     m_pane->type("other");
     m_pane->show(m_one);
-    m_pane->type("second");
+    EXPECT_TRUE(waitFor([&] { return m_pane->isOffered(); }));
+    m_pane->work.bringBack();
+    m_pane->save(); // before the timer has seen that it is back
     m_pane->settle();
-    ASSERT_TRUE(m_pane->isOffered());
-    ASSERT_EQ(draftsOnDisk(), 3U);
-    m_pane->save();
     EXPECT_FALSE(m_pane->isOffered());
-    m_pane->settle();
     EXPECT_EQ(draftsOnDisk(), 1U) << "that of the other file";
-    m_pane->type("third");
+    m_pane->type("second");
     m_pane->settle();
     EXPECT_EQ(draftsOnDisk(), 2U);
     m_pane->show(m_one);
     EXPECT_TRUE(waitFor([&] { return m_pane->isOffered(); }));
     EXPECT_FALSE(m_pane->work.offer()->fileChanged) << "what was saved is what it goes on from";
+    m_pane->work.bringBack();
+    m_pane->settle();
+    m_pane->save();
+    m_pane->settle();
+    EXPECT_EQ(draftsOnDisk(), 1U);
 }
 
-TEST_F(UnsavedWorkTest, ASaveRightAfterShowingOffersNothingAfterwards) {
+TEST_F(UnsavedWorkTest, ASaveLeavesWhatWasNotBroughtBackOnOffer) {
     m_pane->show(m_one);
     m_pane->type("first");
-    m_pane->show(m_other);
-    m_pane->settle();
     m_pane->show(m_one);
-    m_pane->save(); // before the keeper has answered
+    m_pane->type("second");
     m_pane->settle();
-    EXPECT_FALSE(m_pane->isOffered());
+    ASSERT_TRUE(m_pane->isOffered());
+    EXPECT_FALSE(m_pane->work.offer()->fileChanged);
+    m_pane->save();
+    m_pane->settle();
+    EXPECT_EQ(draftsOnDisk(), 1U);
+    ASSERT_TRUE(m_pane->isOffered());
+    EXPECT_TRUE(m_pane->work.offer()->fileChanged) << "by the save";
+    m_pane->work.bringBack();
+    EXPECT_EQ(m_pane->text, "one\r\nfirst");
+}
+
+TEST_F(UnsavedWorkTest, WhatWasBroughtBackIsADraftAtEachMoment) {
+    m_pane->show(m_one);
+    m_pane->type("first");
+    m_pane->show(m_one);
+    EXPECT_TRUE(waitFor([&] { return m_pane->isOffered(); }));
+    m_pane->work.bringBack();
+    EXPECT_EQ(draftsOnDisk(), 1U) << "still that from before";
+    m_pane->settle();
+    EXPECT_EQ(draftsOnDisk(), 1U) << "one in place of the other";
+    m_pane->text = "one\r\n"; // as Undo makes it
+    m_pane->work.edited();
+    m_pane->settle();
+    EXPECT_EQ(draftsOnDisk(), 1U);
+    Pane next(m_folder.path() / "drafts");
+    next.show(m_one);
+    EXPECT_TRUE(waitFor([&] { return next.isOffered(); }));
+    next.work.bringBack();
+    EXPECT_EQ(next.text, "one\r\nfirst");
 }
 
 TEST_F(UnsavedWorkTest, WithoutBringingBackNewWorkIsKeptBesideTheOld) {

@@ -65,7 +65,6 @@ protected:
 TEST_F(DraftStoreTest, MakesNothingBeforeTheFirstDraft) {
     DraftStore store(m_folder);
     EXPECT_EQ(newestIn(store), std::nullopt);
-    store.removeAll(File, Text);
     store.remove("nothing");
     EXPECT_TRUE(namesIn(m_home.path()).empty());
 }
@@ -119,8 +118,6 @@ TEST_F(DraftStoreTest, KeepsFilesAndKindsApart) {
     other.file = "/project/other.asm";
     ASSERT_TRUE(store.write(store.newName(other.file, Text), other));
     EXPECT_EQ(newestIn(store), "text");
-    store.removeAll(File, Text);
-    EXPECT_EQ(newestIn(store), std::nullopt);
     EXPECT_EQ(store.newest(File, DraftKind::tiles, {}, {})->draft.content, "tiles");
     EXPECT_EQ(store.newest(other.file, Text, {}, {})->draft.content, "other");
 }
@@ -142,9 +139,6 @@ TEST_F(DraftStoreTest, LeavesTheDraftsOfARunningProcessToIt) {
     written(store, "own");
     EXPECT_EQ(newestIn(store), "own");
     EXPECT_EQ(newestIn(other), "of the other window");
-    store.removeAll(File, Text);
-    EXPECT_EQ(newestIn(store), std::nullopt);
-    EXPECT_EQ(newestIn(other), "of the other window");
 }
 
 TEST_F(DraftStoreTest, HandsTheDraftsOfAGoneProcessToTheNext) {
@@ -152,8 +146,7 @@ TEST_F(DraftStoreTest, HandsTheDraftsOfAGoneProcessToTheNext) {
     written(gone, "left behind");
     DraftStore store(m_folder);
     EXPECT_EQ(newestIn(store), "left behind");
-    store.removeAll(File, Text);
-    EXPECT_EQ(newestIn(store), std::nullopt);
+    EXPECT_EQ(newestIn(store, {}, fingerprintOf("left behind")), std::nullopt);
     EXPECT_TRUE(namesIn(m_folder).empty());
 }
 
@@ -172,7 +165,6 @@ TEST_F(DraftStoreTest, PassesOverWhatIsNoDraft) {
     EXPECT_EQ(newestIn(store), "good");
     store.remove(good);
     EXPECT_EQ(newestIn(store), std::nullopt);
-    store.removeAll(File, Text);
     EXPECT_EQ(namesIn(m_folder).size(), 6U);
     EXPECT_TRUE(std::filesystem::exists(outside));
 }
@@ -212,8 +204,9 @@ TEST_F(DraftStoreTest, WithoutAFolderDraftsAreInMemoryOnly) {
     EXPECT_FALSE(store.write(store.newName(File, Text), draftOf("edited")));
     EXPECT_EQ(newestIn(store), "edited");
     EXPECT_EQ(newestIn(store, {}, fingerprintOf("edited")), std::nullopt);
-    EXPECT_FALSE(store.write(store.newName(File, Text), draftOf("again")));
-    store.removeAll(File, Text);
+    const std::string name = store.newName(File, Text);
+    EXPECT_FALSE(store.write(name, draftOf("again")));
+    store.remove(name);
     EXPECT_EQ(newestIn(store), std::nullopt);
 }
 
