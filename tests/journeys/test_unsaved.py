@@ -115,6 +115,7 @@ class UnsavedTest(JourneyTestCase):
             pane = self.kestrel.wait_for_pane("Palettes")
             self.colours = wait_for("all colours", lambda: [
                 item for item in pane.find("list", "All colours of the console").find_all("list item")])
+            self.chosen = pane.find("list", "Colours of the palette").find_all("list item")[0]
 
     def bring_back(self, name):
         way = self.random.choice(("button", "menu", "undo"))
@@ -141,12 +142,21 @@ class UnsavedTest(JourneyTestCase):
             left = [colour for colour in range(1, 64) if colour not in (*file.steps, file.base[0])]
             if len(left) < 5:
                 return
+            # The line that offered work may just have gone, and all below it moves up.
+            wait_for("the colours to stay where they are", lambda: self.stays(self.colours[0]))
             if not self.swallowed:  # the first choice after the program's start changes nothing
                 self.desktop.click(self.colours[left[0]])
                 self.swallowed = True
             file.steps.append(left[-1])
             self.desktop.click(self.colours[left[-1]])
+            wait_for("the colour to be chosen", lambda: f"${left[-1]:02X}" in self.chosen.name)
         file.step_was_done()
+
+    @staticmethod
+    def stays(widget):
+        place = widget.place()
+        time.sleep(0.1)
+        return widget.place() == place
 
     def save(self):
         file = self.files[self.shown]

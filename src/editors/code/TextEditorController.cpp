@@ -11,8 +11,8 @@
 #include "model/FileProcessor.h"
 #include "model/FileReader.h"
 #include "model/Log.h"
-#include "widgets/DraftLine.h"
 #include "model/Reason.h"
+#include "widgets/DraftLine.h"
 #include "widgets/ElidedLabel.h"
 #include "widgets/SavingText.h"
 
@@ -65,8 +65,8 @@ TextEditorController::~TextEditorController() {
 
 UnsavedWork* TextEditorController::makeUnsavedWork() {
     const auto content = [this] {
-        SourceText source{codeEditor ? codeEditor->source().text() : QString(), m_byteOrderMark};
-        return [source = std::move(source)] { return encodeSource(source); };
+        const auto text = codeEditor ? codeEditor->source().textLater() : [] { return QString(); };
+        return [text, hasMark = m_byteOrderMark] { return encodeSource({text(), hasMark, {}}); };
     };
     auto* work = new UnsavedWork(
         DraftKind::text, {content, [this](const std::string& kept) { bringBack(kept); }}, this);
@@ -196,9 +196,8 @@ void TextEditorController::saveFile() {
 }
 
 void TextEditorController::bringBack(const std::string& content) {
-    const std::optional<SourceText> source = decodeSource(content);
-    if (source && codeEditor) {
-        codeEditor->source().update(source->text);
+    if (codeEditor) {
+        codeEditor->source().update(decodeSavedSource(content).text);
         codeEditor->reload();
     }
 }

@@ -86,6 +86,23 @@ TEST_F(UnsavedText, KeepsLineEndsMarksAndOddCharactersExactly) {
     EXPECT_EQ(contentOf(file), expected.insert(3, "x"));
 }
 
+TEST_F(UnsavedText, KeepsBytesThatAreNoCharacters) {
+    std::string bytes;
+    for (int line = 0; line < 20; ++line) {
+        bytes += "; ein gr\xc3\xbcner Fluss\n";
+    }
+    bytes += "; \xff\n";
+    const auto file = m_folder.write("bytes.asm", bytes);
+    m_pane->loadFile(file);
+    type("x");
+    begin();
+    m_pane->loadFile(file);
+    ASSERT_TRUE(isOffered());
+    work().bringBack();
+    m_pane->saveFile();
+    EXPECT_EQ(contentOf(file), "x" + bytes);
+}
+
 TEST_F(UnsavedText, LookingAtFilesKeepsNothing) {
     const auto latin = m_folder.write("latin.asm", "; gr\xfc\xdf"
                                                    "e aus K\xf6ln\n");
