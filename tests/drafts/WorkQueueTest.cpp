@@ -41,12 +41,12 @@ TEST(WorkQueue, StartsNoThreadWithoutATask) {
 TEST(WorkQueue, ATaskTakesThePlaceOfTheLastOneOfItsKey) {
     std::string done;
     {
-        WorkQueue queue;
-        std::mutex mutex;
-        const std::lock_guard held(mutex);
         bool begun = false;
         std::condition_variable changed;
         std::mutex beginning;
+        std::mutex mutex;
+        WorkQueue queue;
+        const std::lock_guard held(mutex);
         queue.add([&] {
             {
                 const std::lock_guard lock(beginning);

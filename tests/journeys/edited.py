@@ -28,6 +28,7 @@ class Edited:
         self.begin(self.saved)
         self.saving = False
         self.former = None  # what the last save took the place of, and when
+        self.superseded = []  # drafts that a kill left beside the newer one that goes on from them
 
     def begin(self, base):
         self.base = base
@@ -68,7 +69,9 @@ class Edited:
         test.assertEqual(on_disk, self.saved, f"{self.path.name} is not what was saved")
         self.saving = False
         safe = sum(when <= end - SECONDS_AT_RISK for when in self.done)
-        newest = next(iter(drafts_of(home, self.path)), None)
+        drafts = [draft for draft in drafts_of(home, self.path) if draft not in self.superseded]
+        self.superseded += drafts[1:]
+        newest = next(iter(drafts), None)
         if newest is None or (self.is_left_over(newest, end) and not safe):
             test.assertEqual(self.after(safe), self.saved, f"no draft of {self.path.name}")
         else:
