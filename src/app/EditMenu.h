@@ -10,15 +10,17 @@
 #include <utility>
 #include <vector>
 
+class QAction;
 class QMenu;
 
 namespace kestrel {
 
 class EditorContainerController;
+class UnsavedWork;
 
 /// The Edit menu's standard commands: they act on the widget that has the focus in the main window,
 /// or that had it before a menu took it. In the navigation tree Undo brings back what was deleted
-/// last.
+/// last; in a pane whose file has just been shown, the unsaved changes that were kept of it.
 class EditMenu : public QObject {
     Q_OBJECT
 
@@ -37,6 +39,9 @@ private:
     void addCommands();
     void focusChanged(QWidget* now);
     bool treeHasFocus() const;
+    UnsavedWork* shownWork() const;
+    bool undoBringsBack() const;
+    void bringBack();
     void showAvailability();
     void enableAll();
 
@@ -44,6 +49,7 @@ private:
     QPointer<QWidget> m_focused;
     CommandSet m_commands{*this};
     std::vector<std::pair<EditCommand, QAction*>> m_actions;
+    QAction* m_bringBack = nullptr;
 };
 
 } // namespace kestrel

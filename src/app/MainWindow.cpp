@@ -8,7 +8,10 @@
 #include "app/StatusBar.h"
 #include "app/Window.h"
 #include "app/WindowCommands.h"
+#include "drafts/DraftKeeper.h"
 #include "editors/CommonEditorControllers.h"
+#include "model/Paths.h"
+#include "model/StateFolder.h"
 #include "navigation/container/EditorContainerController.h"
 #include "navigation/tree/NodeRoot.h"
 #include "navigation/tree/ProjectNavigationController.h"
@@ -24,6 +27,12 @@ namespace {
 
 constexpr QSize FirstSize(1200, 780);
 constexpr QSize SmallestSize(480, 320);
+
+std::shared_ptr<DraftKeeper> makeDraftKeeper() {
+    const std::filesystem::path state = stateFolder();
+    return std::make_shared<DraftKeeper>(
+        DraftStore(state.empty() ? state : joined(state, "drafts")));
+}
 
 /// Names the window after the project of the selected node.
 void nameAfterProject(Window& window, const EditorContainerController& editor) {
@@ -56,6 +65,7 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     auto* editor = new EditorContainerController(centre, &window);
     window.setCentralWidget(editor);
     window.setStatusBar(new StatusBar(*editor->commonController()->statusBoard(), &window));
+    editor->commonController()->setDraftKeeper(makeDraftKeeper());
     editor->viewDidLoad();
     const ProjectNavigationController* tree = editor->projectNavigationController();
     QObject::connect(tree, &ProjectNavigationController::selectedRowChanged, &window,

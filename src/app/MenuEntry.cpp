@@ -27,6 +27,7 @@ std::span<const MenuEntry> menuEntries() {
         {"quitAction", MenuTitle::file, true},
         {"undoAction", MenuTitle::edit},
         {"redoAction", MenuTitle::edit},
+        {"bringBackAction", MenuTitle::edit},
         {"cutAction", MenuTitle::edit, true},
         {"copyAction", MenuTitle::edit},
         {"pasteAction", MenuTitle::edit},

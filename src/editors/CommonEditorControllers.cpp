@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editors/CommonEditorControllers.h"
 
+#include "drafts/UnsavedWork.h"
 #include "editors/PaneKind.h"
 #include "widgets/EditorPane.h"
 #include "widgets/StatusBoard.h"
@@ -51,6 +52,14 @@ std::vector<EditorPane*> CommonEditorControllers::editorPanes() const {
         }
     }
     return found;
+}
+
+void CommonEditorControllers::setDraftKeeper(const std::shared_ptr<DraftKeeper>& keeper) {
+    for (EditorPane* pane : editorPanes()) {
+        if (UnsavedWork* work = pane->unsavedWork()) {
+            work->setKeeper(keeper);
+        }
+    }
 }
 
 EditorPane* CommonEditorControllers::shownEditorPane() const {

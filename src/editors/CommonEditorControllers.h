@@ -8,10 +8,12 @@
 #include <QHash>
 #include <QStackedWidget>
 
+#include <memory>
 #include <vector>
 
 namespace kestrel {
 
+class DraftKeeper;
 class EditorPane;
 class StatusBoard;
 
@@ -32,6 +34,9 @@ public:
     /// Takes the present children as panes and shows that nothing is selected yet. To be called
     /// once, after the children were added.
     void viewDidLoad();
+
+    /// Has the unsaved work of all panes kept. To be called before a file is shown.
+    void setDraftKeeper(const std::shared_ptr<DraftKeeper>& keeper);
 
     /// All panes with commands or files, shown or not, in the order of their tabs.
     std::vector<EditorPane*> editorPanes() const;

@@ -6,6 +6,7 @@
 #include "chrcanvas/views/ChrCanvas.h"
 #include "chrcanvas/views/ColorSelector.h"
 #include "chrcanvas/views/TileCollection.h"
+#include "drafts/UnsavedWork.h"
 #include "graphics/GraphicsActions.h"
 #include "graphics/GraphicsEditorView.h"
 #include "graphics/TileClipboard.h"
@@ -30,13 +31,32 @@ namespace {
 /// White, light grey, dark grey and black among the master colours.
 constexpr std::string_view DrawingPalette("\x30\x3D\x00\x0D", NESPalette::ColorCount);
 
+/// What has to be done to the tiles to make them others, of which there are as many.
+std::vector<TileChange> changesTo(const TileData& other, const TileData& present) {
+    std::vector<TileChange> changes;
+    for (std::size_t number = 0; number < present.tileCount(); ++number) {
+        if (present.tile(number) != other.tile(number)) {
+            changes.push_back({number, present.tile(number), other.tile(number)});
+        }
+    }
+    return changes;
+}
+
 } // namespace
 
 GraphicsEditorController::GraphicsEditorController(QWidget* parent)
     : QWidget(parent)
     , m_colors(std::make_shared<NESPalette>())
     , m_document(std::make_shared<TileDocument>())
-    , m_view(new GraphicsEditorView(this)) {
+    , m_view(new GraphicsEditorView(this))
+    , m_unsavedWork(new UnsavedWork(DraftKind::tiles,
+                                    {[this] {
+                                         return
+                                             [bytes = tileData() ? tileData()->toData().value_or("")
+                                                                 : std::string()] { return bytes; };
+                                     },
+                                     [this](const std::string& bytes) { bringBack(bytes); }},
+                                    this)) {
     setObjectName(QStringLiteral("graphicsEditor"));
     setAccessibleName(tr("Tile graphics"));
     auto* layout = new QVBoxLayout(this);
@@ -46,6 +66,7 @@ GraphicsEditorController::GraphicsEditorController(QWidget* parent)
     tileViewer = &m_view->tileViewer();
     colorSelector = &m_view->colorSelector();
     saveButton = &m_view->saveButton();
+    m_view->addDraftLine(*m_unsavedWork);
     viewDidLoad();
 }
 
@@ -75,6 +96,7 @@ void GraphicsEditorController::viewDidLoad() {
 }
 
 GraphicsEditorController::~GraphicsEditorController() {
+    m_unsavedWork->leave();
     if (tileViewer && tileViewer->delegate() == this) {
         tileViewer->setDelegate(nullptr);
     }
@@ -103,6 +125,7 @@ void GraphicsEditorController::loadFile(const std::shared_ptr<ProjectItem>& file
                                         const std::shared_ptr<ProjectItem>& project,
                                         const CompletionHandler& completionHandler) {
     m_view->setMessage({});
+    m_unsavedWork->leave();
     if (file) {
         const auto known = m_graphicFilesLoaded.find(file->itemName());
         if (known == m_graphicFilesLoaded.end()) {
@@ -125,6 +148,10 @@ void GraphicsEditorController::loadFile(const std::shared_ptr<ProjectItem>& file
         }
         return;
     }
+    showTiles();
+}
+
+void GraphicsEditorController::showTiles() {
     if (tileViewer) {
         tileViewer->setDelegate(this);
         tileViewer->setTileData(tileData());
@@ -146,7 +173,7 @@ bool GraphicsEditorController::readTiles() {
         return false;
     }
     std::string reason = "its bytes are no tiles";
-    const auto bytes = readFile(*path, ConsoleDataFactory::MaximumSize, &reason);
+    auto bytes = readFile(*path, ConsoleDataFactory::MaximumSize, &reason);
     auto generated = bytes ? ConsoleDataFactory::generate(*bytes) : std::nullopt;
     if (!generated) {
         writeLog("The file " + path->string() + " could not be read: " + reason);
@@ -154,7 +181,25 @@ bool GraphicsEditorController::readTiles() {
     }
     m_known.note(*bytes);
     m_document->setTileData(std::make_shared<TileData>(std::move(generated->second)));
+    m_unsavedWork->shown(*path, std::move(bytes));
     return true;
+}
+
+void GraphicsEditorController::bringBack(const std::string& bytes) {
+    auto generated = ConsoleDataFactory::generate(bytes);
+    if (!generated || !tileData()) {
+        return;
+    }
+    m_document->endStroke();
+    if (generated->second.tileCount() == tileData()->tileCount()) {
+        m_document->carryOut(changesTo(generated->second, *tileData()));
+        return;
+    }
+    // A step holds tiles and not their number, so this one cannot be undone: showing the file again
+    // does it.
+    m_document->setTileData(std::make_shared<TileData>(std::move(generated->second)));
+    showTiles();
+    m_unsavedWork->edited();
 }
 
 void GraphicsEditorController::saveFile() {
@@ -174,6 +219,7 @@ void GraphicsEditorController::saveFile() {
                                                                 : BackupReason::unread));
     if (isSaved) {
         m_known.note(*bytes);
+        m_unsavedWork->saved(*bytes);
     } else {
         writeLog("Could not save file");
         logReason(path->string(), reason);
@@ -188,6 +234,7 @@ std::optional<int> GraphicsEditorController::rememberedTile(const std::string& f
 
 void GraphicsEditorController::pixelDataChanged(const std::vector<int>& tileNumbers) {
     m_view->setMessage({});
+    m_unsavedWork->edited();
     if (tileViewer) {
         tileViewer->updateTiles(tileNumbers);
     }

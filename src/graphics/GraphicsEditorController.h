@@ -30,6 +30,7 @@ class ChrCanvas;
 class ColorSelector;
 class GraphicsEditorView;
 class TileCollection;
+class UnsavedWork;
 
 /// The pane for a tile graphics file: all tiles on the left, the selected ones enlarged on the
 /// right, below them the colours to paint with.
@@ -85,6 +86,7 @@ public:
 
     void savePane() override;
     QWidget* workPlace() const override;
+    UnsavedWork* unsavedWork() override { return m_unsavedWork; }
     const CommandSet* commands() const override;
     QList<QAction*> editActions() const override;
     QList<QAction*> viewActions() const override;
@@ -101,6 +103,8 @@ private:
     };
 
     bool readTiles();
+    void showTiles();
+    void bringBack(const std::string& bytes);
     void copyTiles() const;
     void pasteTiles();
 
@@ -112,6 +116,7 @@ private:
     std::shared_ptr<TileDocument> m_document;
     KnownContent m_known;
     GraphicsEditorView* m_view;
+    UnsavedWork* m_unsavedWork;
 };
 
 } // namespace kestrel

@@ -5,6 +5,7 @@
 #include "chrcanvas/views/ColorSelector.h"
 #include "chrcanvas/views/TileCollection.h"
 #include "graphics/GraphicsActions.h"
+#include "widgets/DraftLine.h"
 #include "widgets/ElidedLabel.h"
 #include "widgets/ThinFrame.h"
 
@@ -156,6 +157,12 @@ void GraphicsEditorView::keyPressEvent(QKeyEvent* event) {
 void GraphicsEditorView::showColor(int box) {
     m_colorSelector->selectBoxNumber(box);
     m_colorSelector->redraw();
+}
+
+void GraphicsEditorView::addDraftLine(UnsavedWork& work) {
+    auto* line = new DraftLine(work, *m_pixelEditor, this);
+    static_cast<QVBoxLayout*>(layout())->insertWidget(1, line);
+    line->setTabOrderAfter(m_saveButton);
 }
 
 void GraphicsEditorView::setFileName(const QString& name) {

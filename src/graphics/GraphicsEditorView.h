@@ -15,6 +15,7 @@ class ColorSelector;
 class ElidedLabel;
 class GraphicsActions;
 class TileCollection;
+class UnsavedWork;
 
 /// The widgets of the graphics pane, their layout, and the line that describes what is under the
 /// pointer.
@@ -29,6 +30,9 @@ public:
     ColorSelector& colorSelector() const { return *m_colorSelector; }
     QPushButton& saveButton() const { return *m_saveButton; }
     const GraphicsActions& actions() const { return *m_actions; }
+
+    /// Adds the line that offers unsaved work below the file's name.
+    void addDraftLine(UnsavedWork& work);
 
     void setFileName(const QString& name);
     /// A sentence for the user below the views; an empty one takes it away.

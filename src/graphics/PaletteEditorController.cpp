@@ -5,6 +5,7 @@
 #include "chrcanvas/data/MasterColors.h"
 #include "chrcanvas/data/PaletteFactory.h"
 #include "chrcanvas/views/BoxSelectorProtocol.h"
+#include "drafts/UnsavedWork.h"
 #include "graphics/PaletteEditorView.h"
 #include "graphics/PaletteText.h"
 #include "model/FileProcessor.h"
@@ -53,7 +54,12 @@ std::optional<std::vector<std::uint8_t>> bytesOnClipboard() {
 
 PaletteEditorController::PaletteEditorController(QWidget* parent)
     : QWidget(parent)
-    , m_view(new PaletteEditorView(this)) {
+    , m_view(new PaletteEditorView(this))
+    , m_unsavedWork(
+          new UnsavedWork(DraftKind::palettes,
+                          {[this] { return [content = fileContent()] { return content; }; },
+                           [this](const std::string& content) { bringBack(content); }},
+                          this)) {
     setObjectName(QStringLiteral("paletteEditor"));
     setAccessibleName(tr("Palettes"));
     auto* layout = new QVBoxLayout(this);
@@ -63,6 +69,7 @@ PaletteEditorController::PaletteEditorController(QWidget* parent)
     paletteSelector = m_view->paletteSelector();
     generalSelectableColors = m_view->generalSelectableColors();
     saveButton = m_view->saveButton();
+    m_view->addDraftLine(*m_unsavedWork);
     for (std::size_t number = 0; number < PaletteCount; ++number) {
         palettes.push_back(std::make_shared<NESPalette>());
     }
@@ -70,6 +77,7 @@ PaletteEditorController::PaletteEditorController(QWidget* parent)
 }
 
 PaletteEditorController::~PaletteEditorController() {
+    m_unsavedWork->leave();
     for (BoxSelectorView* selector : std::initializer_list<BoxSelectorView*>{
              colorSelector, paletteSelector, generalSelectableColors}) {
         if (selector != nullptr && selector->delegate() == this) {
@@ -140,12 +148,17 @@ bool PaletteEditorController::readPalettes() {
 }
 
 void PaletteEditorController::update() {
+    m_unsavedWork->leave();
     m_fileBytes.reset();
     m_known.forget();
     setStatus(StatusField::saving, {});
     if (readPalettes()) {
         m_fileBytes = bytes();
         m_history.clear();
+    }
+    if (m_filePathForPalette) {
+        m_unsavedWork->shown(*m_filePathForPalette,
+                             m_fileBytes ? std::optional(fileContent()) : std::nullopt);
     }
     showFileName();
     if (palettes.size() != PaletteCount) {
@@ -173,6 +186,10 @@ std::vector<std::uint8_t> PaletteEditorController::bytes() const {
     return bytes;
 }
 
+std::string PaletteEditorController::fileContent() const {
+    return PaletteFactory::convert(bytes(), PaletteType::nes).value_or(std::string());
+}
+
 void PaletteEditorController::saveFile() {
     if (!m_filePathForPalette) {
         return;
@@ -197,6 +214,7 @@ void PaletteEditorController::saveFile() {
     }
     m_known.note(*content);
     m_fileBytes = array;
+    m_unsavedWork->saved(*content);
     showFileName();
 }
 
@@ -270,6 +288,9 @@ void PaletteEditorController::masterColorChosen(const BoxSelectorView& grid,
         step.push_back(written(pickedColors, colorSelector->selectedBox(), entry));
     }
     colorSelector->update(0, pickedColors);
+    if (initializedGeneralColors) {
+        m_unsavedWork->edited();
+    }
     initializedGeneralColors = true;
     paletteSelector->redraw();
     m_history.record(std::move(step));
@@ -339,7 +360,24 @@ void PaletteEditorController::pastePalette() {
     afterChange();
 }
 
+void PaletteEditorController::bringBack(const std::string& content) {
+    const auto kept = PaletteFactory::generate(content);
+    if (!kept || kept->second.size() != palettes.size()) {
+        return;
+    }
+    std::vector<ColorChange> step;
+    for (std::size_t number = 0; number < palettes.size(); ++number) {
+        for (std::size_t index = 0; index < NESPalette::ColorCount; ++index) {
+            step.push_back(written(palettes[number], static_cast<int>(index),
+                                   kept->second[number]->entry(index)));
+        }
+    }
+    m_history.record(std::move(step));
+    afterChange();
+}
+
 void PaletteEditorController::afterChange() {
+    m_unsavedWork->edited();
     if (paletteSelector) {
         paletteSelector->redraw();
     }

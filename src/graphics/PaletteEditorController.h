@@ -26,6 +26,7 @@
 namespace kestrel {
 
 class PaletteEditorView;
+class UnsavedWork;
 
 /// The pane for a palette file: pick one of its eight palettes, one of the four colours in it, and
 /// give that a colour of the console.
@@ -72,6 +73,7 @@ public:
 
     void savePane() override;
     QWidget* workPlace() const override;
+    UnsavedWork* unsavedWork() override { return m_unsavedWork; }
     bool canPerform(EditCommand command) const override;
     void perform(EditCommand command) override;
 
@@ -87,11 +89,15 @@ private:
     void pastePalette();
     /// The bytes of the palettes as they are now.
     std::vector<std::uint8_t> bytes() const;
+    /// The same as a file holds them.
+    std::string fileContent() const;
+    void bringBack(const std::string& content);
     void afterChange();
     /// Names the file, and says whether the palettes differ from it.
     void showFileName();
 
     QPointer<PaletteEditorView> m_view;
+    UnsavedWork* m_unsavedWork;
     std::optional<std::filesystem::path> m_filePathForPalette;
     KnownContent m_known;
     /// The colours of the file as far as this pane knows; nothing when it was not read.

@@ -4,6 +4,7 @@
 #include "chrcanvas/views/ColorSelector.h"
 #include "chrcanvas/views/GeneralColorSelector.h"
 #include "chrcanvas/views/PaletteSelector.h"
+#include "widgets/DraftLine.h"
 #include "widgets/ElidedLabel.h"
 
 #include <QBoxLayout>
@@ -118,6 +119,12 @@ GeneralColorSelector* PaletteEditorView::generalSelectableColors() const {
 
 QPushButton* PaletteEditorView::saveButton() const {
     return m_saveButton;
+}
+
+void PaletteEditorView::addDraftLine(UnsavedWork& work) {
+    auto* line = new DraftLine(work, *m_paletteSelector, this);
+    static_cast<QVBoxLayout*>(layout())->insertWidget(1, line);
+    line->setTabOrderAfter(m_saveButton);
 }
 
 void PaletteEditorView::setFileName(const QString& name, bool changed) {

@@ -14,6 +14,7 @@ class ColorSelector;
 class ElidedLabel;
 class GeneralColorSelector;
 class PaletteSelector;
+class UnsavedWork;
 
 /// The widgets of the palette pane: the file's name, the save button, and the selectors, side by
 /// side where they fit and below one another where they do not.
@@ -27,6 +28,9 @@ public:
     PaletteSelector* paletteSelector() const;
     GeneralColorSelector* generalSelectableColors() const;
     QPushButton* saveButton() const;
+
+    /// Adds the line that offers unsaved work below the file's name.
+    void addDraftLine(UnsavedWork& work);
 
     /// The name of the file that is shown; `changed` when the palettes differ from it.
     void setFileName(const QString& name, bool changed);

@@ -11,6 +11,7 @@ class QAction;
 namespace kestrel {
 
 class CommandSet;
+class UnsavedWork;
 
 /// A pane with a file to save, or with commands of its own for the window's menus.
 class EditorPane {
@@ -29,6 +30,9 @@ public:
     /// The part of the pane that is worked in, which gets the focus when the pane is entered as a
     /// whole; null where that is the first part that takes the Tab key.
     virtual QWidget* workPlace() const { return nullptr; }
+
+    /// What of the pane's content is not saved; null for a pane that saves nothing.
+    virtual UnsavedWork* unsavedWork() { return nullptr; }
 
     /// The pane's own commands; null when it has none.
     virtual const CommandSet* commands() const { return nullptr; }

@@ -112,8 +112,8 @@ TEST_F(MainWindow, TheMenuBarHoldsEveryEntryOfItsTableInOrder) {
     EXPECT_THAT(entries("fileMenu"),
                 ElementsAre("New Project...", "Open Project...", "-", "New File...", "New Group",
                             "Import File...", "-", "Save", "-", "Delete", "-", "Quit"));
-    EXPECT_THAT(entries("editMenu"),
-                ElementsAre("Undo", "Redo", "-", "Cut", "Copy", "Paste", "-", "Select All"));
+    EXPECT_THAT(entries("editMenu"), ElementsAre("Undo", "Redo", "Bring Back Unsaved Changes", "-",
+                                                 "Cut", "Copy", "Paste", "-", "Select All"));
     EXPECT_THAT(entries("buildMenu"), ElementsAre("Build", "Run"));
     EXPECT_THAT(entries("viewMenu"), ElementsAre("Console", "Next Part of the Window"));
     EXPECT_THAT(entries("helpMenu"), ElementsAre("User Guide", "-", "About Kestrel"));

@@ -20,6 +20,9 @@ PROGRAMS = Path(os.environ["KESTREL_PROGRAMS"])
 # The lists of the build settings, one for each kind of file.
 LISTS = ("code_assembly_files", "graphic_files", "palette_files")
 
+# What a file is that is laid out without Kestrel, by the ending of its name.
+KINDS = {".chr": "graphics", ".pal": "palette"}
+
 # A whole program of the console that does nothing but stand still; it takes in tiles and colours.
 PROGRAM = """\
  .inesprg 1
@@ -67,7 +70,8 @@ class JourneyTestCase(unittest.TestCase):
                   file=sys.stderr)
 
     def lay_out_project(self, name, files):
-        """Makes a project of empty sources in the home folder without Kestrel; its project file."""
+        """Makes a project in the home folder without Kestrel; its project file. `files` are the names of empty
+        sources, or names with contents, which are of the kind that the name's ending tells."""
         folder = self.project_folder(name)
         (folder / ".project").mkdir(parents=True)
 
@@ -79,13 +83,16 @@ class JourneyTestCase(unittest.TestCase):
             (folder / path).write_text(json.dumps(value), encoding="utf-8")
             return path
 
-        for file in files:
-            (folder / file).touch()
-        sources = [node(file, "text", []) for file in files]
-        structure = write(f".project/{name}-ProjectStructure.cfg", node(name, "project", sources))
+        contents = files if isinstance(files, dict) else dict.fromkeys(files, b"")
+        for file, content in contents.items():
+            (folder / file).write_bytes(content)
+        nodes = {kind: [node(file, kind, []) for file in contents if KINDS.get(Path(file).suffix, "text") == kind]
+                 for kind in ("text", "graphics", "palette")}
+        structure = write(f".project/{name}-ProjectStructure.cfg", node(name, "project", sum(nodes.values(), [])))
         settings = write(f".project/{name}-BuildSettings.cfg", {
-            "Version": "1", "output_folder": str(folder / "output"), "emulator": "", "code_assembly_files": sources,
-            "graphic_files": [], "palette_files": []})
+            "Version": "1", "output_folder": str(folder / "output"), "emulator": "",
+            "code_assembly_files": nodes["text"], "graphic_files": nodes["graphics"],
+            "palette_files": nodes["palette"]})
         write(f"{name}.kst", {"BuildSettings": settings, "ProjectStructure": structure})
         return folder / f"{name}.kst"
 

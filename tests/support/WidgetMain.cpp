@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", QByteArrayLiteral("offscreen"));
     }
+    qunsetenv("XDG_STATE_HOME"); // so that state is in the home folder, too
     const kestrel::test::TemporaryHome home;
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();

@@ -123,4 +123,9 @@ std::string encodeSource(const SourceText& source) {
     return bytes;
 }
 
+SourceText decodeSavedSource(std::string_view bytes) {
+    const bool hasMark = bytes.starts_with(Utf8Mark);
+    return {textWithKeptBytes(hasMark ? bytes.substr(Utf8Mark.size()) : bytes), hasMark, {}};
+}
+
 } // namespace kestrel

@@ -27,4 +27,7 @@ std::optional<SourceText> decodeSource(std::string_view bytes);
 /// UTF-8 these are the same bytes.
 std::string encodeSource(const SourceText& source);
 
+/// The text that encodeSource() made these bytes of.
+SourceText decodeSavedSource(std::string_view bytes);
+
 } // namespace kestrel

@@ -83,6 +83,33 @@ CommonLines commonLines(const Lines& former, const Lines& present) {
     return common;
 }
 
+/// How the lines of a document's blocks end, one for each block; empty when all end alike.
+using Ends = std::vector<std::optional<LineEnd>>;
+
+/// A document's raw text as that of a file. Without `ends` all lines end in `usual`.
+QString withLineEnds(const QString& raw, const Ends& ends, LineEnd usual) {
+    QString result;
+    result.reserve(raw.size() + raw.size() / 16); // room for ends of two characters
+    qsizetype start = 0;
+    for (std::size_t block = 0;; ++block) {
+        const qsizetype separator = raw.indexOf(Separator, start);
+        const QStringView part =
+            QStringView(raw).sliced(start, (separator < 0 ? raw.size() : separator) - start);
+        if (hasStandIns(part)) {
+            result += fromDocumentCharacters(part.toString());
+        } else {
+            result += part;
+        }
+        if (separator < 0) {
+            return result;
+        }
+        if (const auto end = ends.empty() ? std::optional(usual) : ends[block]) {
+            result += textOf(*end);
+        }
+        start = separator + 1;
+    }
+}
+
 } // namespace
 
 SourceDocument::SourceDocument(QTextDocument& document)
@@ -184,33 +211,20 @@ void SourceDocument::insertRun(QTextCursor& cursor, QStringView text,
 }
 
 QString SourceDocument::text() const {
-    const QString raw = m_document.toRawText();
-    QString result;
-    result.reserve(raw.size() + m_document.blockCount());
-    QTextBlock line = m_document.begin();
-    qsizetype start = 0;
-    while (true) {
-        const qsizetype separator = raw.indexOf(Separator, start);
-        const QStringView part =
-            QStringView(raw).sliced(start, (separator < 0 ? raw.size() : separator) - start);
-        if (hasStandIns(part)) {
-            result += fromDocumentCharacters(part.toString());
-        } else {
-            result += part;
+    return textLater()();
+}
+
+std::function<QString()> SourceDocument::textLater() const {
+    Ends ends;
+    if (m_hasMarks) {
+        ends.reserve(static_cast<std::size_t>(m_document.blockCount()));
+        for (QTextBlock block = m_document.begin(); block.isValid(); block = block.next()) {
+            ends.push_back(lineEnd(block));
         }
-        if (separator < 0) {
-            return result;
-        }
-        if (!m_hasMarks) {
-            result += textOf(m_unmarked);
-        } else {
-            if (const auto end = lineEnd(line)) {
-                result += textOf(*end);
-            }
-            line = line.next();
-        }
-        start = separator + 1;
     }
+    return [raw = m_document.toRawText(), ends = std::move(ends), unmarked = m_unmarked] {
+        return withLineEnds(raw, ends, unmarked);
+    };
 }
 
 SourceDocument::Joined SourceDocument::joined() const {

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -33,6 +34,10 @@ public:
 
     /// The text with the line ends of a file.
     QString text() const;
+
+    /// The text as it is now, put together when it is asked for. That takes most of the time, and
+    /// may be done on another thread.
+    std::function<QString()> textLater() const;
 
     /// The document's characters without the seams between the pieces of lines.
     struct Joined {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "editors/code/TextEditorController.h"
 
+#include "drafts/UnsavedWork.h"
 #include "editors/code/CodeEditorTextView.h"
 #include "editors/code/FindBar.h"
 #include "editors/code/GoToLineBar.h"
@@ -11,6 +12,7 @@
 #include "model/FileReader.h"
 #include "model/Log.h"
 #include "model/Reason.h"
+#include "widgets/DraftLine.h"
 #include "widgets/ElidedLabel.h"
 #include "widgets/SavingText.h"
 
@@ -43,8 +45,8 @@ TextEditorController::TextEditorController(QWidget* parent)
     , m_nameLabel(new ElidedLabel(this))
     , m_findBar(new FindBar(*codeEditor, this))
     , m_goToLineBar(new GoToLineBar(*codeEditor, this))
-    , m_actions(
-          std::make_unique<TextEditorActions>(*codeEditor, *m_findBar, *m_goToLineBar, *this)) {
+    , m_actions(std::make_unique<TextEditorActions>(*codeEditor, *m_findBar, *m_goToLineBar, *this))
+    , m_unsavedWork(makeUnsavedWork()) {
     setObjectName(QStringLiteral("textEditor"));
     setAccessibleName(tr("Code editor"));
     m_nameLabel->setObjectName(QStringLiteral("textFileName"));
@@ -57,7 +59,21 @@ TextEditorController::TextEditorController(QWidget* parent)
     viewDidLoad();
 }
 
-TextEditorController::~TextEditorController() = default;
+TextEditorController::~TextEditorController() {
+    m_unsavedWork->leave();
+}
+
+UnsavedWork* TextEditorController::makeUnsavedWork() {
+    const auto content = [this] {
+        const auto text = codeEditor ? codeEditor->source().textLater() : [] { return QString(); };
+        return [text, hasMark = m_byteOrderMark] { return encodeSource({text(), hasMark, {}}); };
+    };
+    auto* work = new UnsavedWork(
+        DraftKind::text, {content, [this](const std::string& kept) { bringBack(kept); }}, this);
+    connect(codeEditor->document(), &QTextDocument::contentsChanged, work, &UnsavedWork::edited);
+    codeEditor->installEventFilter(this);
+    return work;
+}
 
 void TextEditorController::buildLayout() {
     auto* header = new QHBoxLayout;
@@ -67,11 +83,14 @@ void TextEditorController::buildLayout() {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    auto* draftLine = new DraftLine(*m_unsavedWork, *codeEditor, this);
     layout->addLayout(header);
+    layout->addWidget(draftLine);
     layout->addWidget(codeEditor, 1);
     layout->addWidget(m_findBar);
     layout->addWidget(m_goToLineBar);
     setTabOrder(saveButton, codeEditor); // no Tab goes on from the text
+    draftLine->setTabOrderAfter(saveButton);
 }
 
 void TextEditorController::viewDidLoad() {
@@ -81,7 +100,7 @@ void TextEditorController::viewDidLoad() {
 
 void TextEditorController::loadFile(const std::filesystem::path& path) {
     std::string reason;
-    const std::optional<std::string> bytes = readFile(path, MaximumSourceSize, &reason);
+    std::optional<std::string> bytes = readFile(path, MaximumSourceSize, &reason);
     if (!bytes) {
         writeLog("The file " + path.string() + " could not be read: " + reason);
         return;
@@ -91,6 +110,7 @@ void TextEditorController::loadFile(const std::filesystem::path& path) {
         writeLog("The file " + path.string() + " is no text in a known encoding.");
         return;
     }
+    m_unsavedWork->leave();
     m_byteOrderMark = source->byteOrderMark;
     m_known.note(*bytes);
     m_isConverted = !source->formerEncoding.isEmpty();
@@ -98,6 +118,7 @@ void TextEditorController::loadFile(const std::filesystem::path& path) {
     showText(path, source->text);
     m_description = sourceDescription(*source);
     showStatus();
+    m_unsavedWork->shown(path, std::move(bytes), [source] { return encodeSource(*source); });
 }
 
 void TextEditorController::showStatus() const {
@@ -169,10 +190,32 @@ void TextEditorController::saveFile() {
     m_isConverted = false;
     m_description = sourceDescription(source);
     showStatus();
+    if (contents) {
+        m_unsavedWork->saved(*std::move(contents));
+    }
+}
+
+void TextEditorController::bringBack(const std::string& content) {
+    if (codeEditor) {
+        codeEditor->source().update(decodeSavedSource(content).text);
+        codeEditor->reload();
+    }
 }
 
 const std::optional<std::filesystem::path>& TextEditorController::path() const {
     return m_path;
+}
+
+bool TextEditorController::eventFilter(QObject* watched, QEvent* event) {
+    // The text view takes the key of Undo for itself also when it has nothing to undo. Then the
+    // Edit menu shall have it, which brings back what was kept.
+    if (event->type() == QEvent::ShortcutOverride && codeEditor &&
+        m_unsavedWork->undoBringsBack() && !codeEditor->document()->isUndoAvailable() &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void TextEditorController::keyPressEvent(QKeyEvent* event) {

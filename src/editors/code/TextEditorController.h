@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string>
 
 class QAbstractScrollArea;
 class QPushButton;
@@ -20,6 +21,7 @@ class CodeEditorTextView;
 class ElidedLabel;
 class FindBar;
 class GoToLineBar;
+class UnsavedWork;
 struct TextEditorActions;
 
 /// The pane for an assembly source file.
@@ -49,6 +51,7 @@ public:
     const std::optional<std::filesystem::path>& path() const;
 
     void savePane() override;
+    UnsavedWork* unsavedWork() override { return m_unsavedWork; }
     const CommandSet* commands() const override;
     QList<QAction*> editActions() const override;
     QList<QAction*> viewActions() const override;
@@ -57,11 +60,14 @@ protected:
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildLayout();
     void viewDidLoad();
     void showStatus() const;
+    UnsavedWork* makeUnsavedWork();
+    void bringBack(const std::string& content);
     void showText(const std::filesystem::path& path, const QString& text);
 
     std::optional<std::filesystem::path> m_path;
@@ -73,6 +79,7 @@ private:
     FindBar* m_findBar;
     GoToLineBar* m_goToLineBar;
     std::unique_ptr<TextEditorActions> m_actions;
+    UnsavedWork* m_unsavedWork;
 };
 
 } // namespace kestrel
