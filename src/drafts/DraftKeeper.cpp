@@ -5,6 +5,7 @@
 
 #include <QMetaObject>
 
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -96,8 +97,9 @@ void DraftKeeper::keep(const std::shared_ptr<Session>& session, Content content,
             kept.differs = session->unedited != kept.content;
             // At each moment one of the two is there.
             if (kept.differs) {
-                write(session->name, {session->file, session->kind, session->disk, presentTime(),
-                                      std::move(bytes)});
+                m_latest = std::max(presentTime(), m_latest + 1);
+                write(session->name,
+                      {session->file, session->kind, session->disk, m_latest, std::move(bytes)});
             } else if (origin) {
                 write(origin->name, origin->draft);
             }

@@ -79,7 +79,8 @@ private:
     // On the keeper's thread alone:
     DraftStore m_store;
     bool m_failureLogged = false;
-    WorkQueue m_queue; ///< declared last: ends before what its tasks use
+    std::int64_t m_latest = 0; ///< time of the latest draft; no two have the same
+    WorkQueue m_queue;         ///< declared last: ends before what its tasks use
 };
 
 } // namespace kestrel

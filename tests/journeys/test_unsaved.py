@@ -139,7 +139,7 @@ class UnsavedTest(JourneyTestCase):
             self.desktop.press(*["Left"] * 8, *["Up"] * 8, *["Right"] * (number % 8), *["Down"] * (number // 8),
                                "space")
         else:
-            left = [colour for colour in range(1, 64) if colour not in (*file.steps, file.base[0])]
+            left = [colour for colour in range(1, 64) if colour not in (*file.steps, file.base[0], file.saved[0])]
             if len(left) < 5:
                 return
             # The line that offered work may just have gone, and all below it moves up.
