@@ -80,7 +80,7 @@ TEST_F(KnownFile, MustNotBeReplacedWhenItCannotBeKept) {
 TEST_F(KnownFile, ThatIsAFolderNowMustNotBeReplaced) {
     std::filesystem::remove(path);
     std::filesystem::create_directory(path);
-    EXPECT_EQ(backup(), "") << "saving refuses it by itself, and says why";
+    EXPECT_EQ(backup(), "none") << "saving refuses it by itself, and says why";
     std::string reason;
     EXPECT_FALSE(saveBytes(path, "next", &reason));
     EXPECT_EQ(reason, "a folder has its name");
