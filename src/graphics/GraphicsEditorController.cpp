@@ -214,9 +214,10 @@ void GraphicsEditorController::saveFile() {
     std::string reason;
     const auto backup = m_known.keepBeforeSaving(*path, *bytes, KnownContent::Keep::other, &reason);
     const bool isSaved = backup && FileProcessor::saveDataFile(*path, *bytes, &reason);
-    setStatus(StatusField::saving, savingText(*path, backup, isSaved,
-                                              m_known.isNoted() ? BackupReason::changedElsewhere
-                                                                : BackupReason::unread));
+    setStatus(StatusField::saving,
+              savingText(*path, backup, isSaved,
+                         m_known.isNoted() ? BackupReason::changedElsewhere : BackupReason::unread,
+                         reason));
     if (isSaved) {
         m_known.note(*bytes);
         m_unsavedWork->saved(*bytes);

@@ -204,9 +204,10 @@ void PaletteEditorController::saveFile() {
                                                  KnownContent::Keep::other, &reason);
     const bool isSaved =
         backup && FileProcessor::saveDataFile(*m_filePathForPalette, *content, &reason);
-    setStatus(StatusField::saving, savingText(*m_filePathForPalette, backup, isSaved,
-                                              m_known.isNoted() ? BackupReason::changedElsewhere
-                                                                : BackupReason::unread));
+    setStatus(StatusField::saving,
+              savingText(*m_filePathForPalette, backup, isSaved,
+                         m_known.isNoted() ? BackupReason::changedElsewhere : BackupReason::unread,
+                         reason));
     if (!isSaved) {
         writeLog("Could not save file");
         logReason(m_filePathForPalette->string(), reason);

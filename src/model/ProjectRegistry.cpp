@@ -162,8 +162,16 @@ std::optional<std::string> registryProblem() {
     const std::filesystem::path location = registryLocation();
     std::error_code error;
     const auto type = std::filesystem::status(location, error).type();
-    if (type == std::filesystem::file_type::not_found || readRegistry()) {
+    if (readRegistry()) {
         return std::nullopt;
+    }
+    if (type == std::filesystem::file_type::not_found) {
+        const std::filesystem::path folder = location.parent_path();
+        const auto above = std::filesystem::status(folder, error).type();
+        return above == std::filesystem::file_type::not_found ||
+                       above == std::filesystem::file_type::directory
+                   ? std::nullopt
+                   : std::optional("what has the name of its folder is no folder");
     }
     if (type == std::filesystem::file_type::none || type == std::filesystem::file_type::unknown) {
         return error.message();

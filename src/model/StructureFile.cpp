@@ -3,6 +3,7 @@
 
 #include "model/FileReader.h"
 #include "model/FileWriter.h"
+#include "model/Log.h"
 #include "model/Paths.h"
 #include "model/ProjectFiles.h"
 #include "model/ProjectItemFactory.h"
@@ -109,6 +110,16 @@ bool saveStructure(const ProjectItem& project, std::string* reason) {
            saveBytes(path, *text, reason);
 }
 
+bool saveStructureOrLog(const ProjectItem& project) {
+    std::string reason;
+    const bool isSaved = saveStructure(project, &reason);
+    if (!isSaved) {
+        writeLog("Could not save the tree of the project " + project.itemName());
+        logReason(structureLocation(project).string(), reason);
+    }
+    return isSaved;
+}
+
 bool adoptStructureFile(const std::shared_ptr<ProjectItem>& project) {
     if (!project) {
         return false;
@@ -136,7 +147,7 @@ void uniteWithStructureFile(const std::shared_ptr<ProjectItem>& project) {
     }
     const auto stored = structureTree(*project);
     if (stored && stored->toDictionary() != project->toDictionary()) {
-        saveStructure(*project);
+        saveStructureOrLog(*project);
     }
 }
 

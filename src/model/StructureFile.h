@@ -33,6 +33,9 @@ bool understandsStructureFile(const std::filesystem::path& path);
 /// replaced. True when it was written; `reason` as for giveReason.
 bool saveStructure(const ProjectItem& project, std::string* reason = nullptr);
 
+/// The same; a failure goes into the log.
+bool saveStructureOrLog(const ProjectItem& project);
+
 /// Adds the nodes of an existing structure file to `project`, for a new project that is added over
 /// an old one. The file's nodes come first. A node that both have (same name and kind, for files
 /// also the same path) stays the one in `project`; groups are merged. True when `project` then has

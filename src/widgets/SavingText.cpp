@@ -11,21 +11,27 @@ struct Texts {
     Q_DECLARE_TR_FUNCTIONS(kestrel::SavingText)
 };
 
+/// Short enough that the sentence is seen, too; the whole name stands at the head of the pane.
 QString nameOf(const std::filesystem::path& path) {
-    return QString::fromStdString(path.filename().string());
+    constexpr qsizetype Longest = 40;
+    const QString name = QString::fromStdString(path.filename().string());
+    constexpr qsizetype Kept = (Longest - 1) / 2;
+    return name.size() > Longest ? name.first(Kept) + QChar(0x2026) + name.last(Kept) : name;
 }
 
 } // namespace
 
 QString savingText(const std::filesystem::path& file,
                    const std::optional<std::filesystem::path>& backup, bool isSaved,
-                   BackupReason reason) {
+                   BackupReason reason, const std::string& failure) {
     if (!backup) {
         return Texts::tr("%1 was not saved: the file on the disk could not be kept as a backup")
             .arg(nameOf(file));
     }
     if (!isSaved) {
-        return Texts::tr("%1 could not be saved").arg(nameOf(file));
+        return failure.empty() ? Texts::tr("%1 could not be saved").arg(nameOf(file))
+                               : Texts::tr("%1 could not be saved: %2")
+                                     .arg(nameOf(file), QString::fromStdString(failure));
     }
     if (backup->empty()) {
         return {};
@@ -39,8 +45,7 @@ QString savingText(const std::filesystem::path& file,
     case BackupReason::changedElsewhere:
         break;
     }
-    return Texts::tr("Another program had changed %1; its file was kept as %2")
-        .arg(nameOf(file), nameOf(*backup));
+    return Texts::tr("What another program had written was kept as %1").arg(nameOf(*backup));
 }
 
 } // namespace kestrel

@@ -363,7 +363,7 @@ TEST_F(GraphicsEditor, WhatAnotherProgramWroteMeanwhileIsKept) {
     EXPECT_EQ(content("a.chr"), std::string(16, '\0') + countingBytes(32).substr(16));
     EXPECT_EQ(content("a.chr.bak"), other);
     EXPECT_EQ(status.text(StatusField::saving),
-              QStringLiteral("Another program had changed a.chr; its file was kept as a.chr.bak"));
+              QStringLiteral("What another program had written was kept as a.chr.bak"));
     m_pane.saveFile();
     EXPECT_EQ(status.text(StatusField::saving), QString());
     EXPECT_FALSE(std::filesystem::exists(m_folder.path() / "a.chr.bak1"));

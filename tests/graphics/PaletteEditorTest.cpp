@@ -245,8 +245,7 @@ TEST_F(PaletteEditor, WhatAnotherProgramWroteMeanwhileIsKept) {
     EXPECT_EQ(onDisk(), countingFile());
     EXPECT_EQ(contentOf(folder.path() / "game.pal.bak"), other);
     EXPECT_EQ(status.text(StatusField::saving),
-              QStringLiteral("Another program had changed game.pal; its file was kept as "
-                             "game.pal.bak"));
+              QStringLiteral("What another program had written was kept as game.pal.bak"));
     save();
     EXPECT_EQ(status.text(StatusField::saving), QString());
 }

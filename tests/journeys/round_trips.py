@@ -17,7 +17,7 @@ CHINESE_SIMPLE = "; 显示玩家的得分和剩余生命"
 CHINESE_FULL = "; 顯示玩家的得分和剩餘生命"
 KOREAN = "; 플레이어의 점수를 표시한다"
 BOXES = "; ╔════════╗ ║ score  ║ ╚════════╝"
-DOS_WESTERN = "; GRÖSSE IN BYTES: é è ê ü"
+DOS_WESTERN = "; GRÖSSE IN BYTES, für Überläufe geprüft"
 
 # Name, codec of Python, comment.
 LEGACY = (("cp1252", "cp1252", WESTERN), ("cp1252-quote", "cp1252", TYPOGRAPHIC), ("latin1", "latin-1", WESTERN),

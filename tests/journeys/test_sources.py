@@ -57,7 +57,7 @@ class SourcesTest(JourneyTestCase):
         path.write_bytes(b"\tnop\n\trts\n")
         self.desktop.press("ctrl+s")
         self.wait_for_file(path, b"; new\trts\n")
-        self.wait_for_status("Saving", "Another program had changed main.asm; its file was kept as main.asm.bak")
+        self.wait_for_status("Saving", "What another program had written was kept as main.asm.bak")
         self.assertEqual((path.parent / "main.asm.bak").read_bytes(), b"\tnop\n\trts\n")
         self.kestrel.select("Demo")
         wait_for("the line to go", lambda: not [label for label in self.kestrel.main_window().find_all("label")

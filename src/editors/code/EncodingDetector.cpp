@@ -73,6 +73,23 @@ std::string sampleOf(std::string_view bytes) {
     return sample;
 }
 
+/// Whether each byte that is not ASCII is a sign alone among spaces, digits and punctuation, and
+/// one of Windows-1252. That says nothing of any encoding, and the usual one is taken. What is
+/// above the digits and their neighbours may be the second half of a character.
+bool holdsSingleSignsAlone(std::string_view sample) {
+    // Unassigned ones, accents without a letter, a letter that is no word.
+    constexpr std::string_view Unlikely = "\x81\x8d\x8f\x90\x9d\xa8\xaf\xb4\xb8\xf8";
+    const auto isApart = [](char byte) { return !isHigh(byte) && byte < '@'; };
+    for (std::size_t i = 0; i < sample.size(); ++i) {
+        if (isHigh(sample[i]) && ((i > 0 && !isApart(sample[i - 1])) ||
+                                  (i + 1 < sample.size() && !isApart(sample[i + 1])) ||
+                                  Unlikely.find(sample[i]) != std::string_view::npos)) {
+            return false;
+        }
+    }
+    return true;
+}
+
 /// How well the text reads as UTF-8 with bytes that are none. Characters hardly come about by
 /// chance, those of three bytes even less.
 std::optional<double> ratedAsUtf8(std::string_view sample) {
@@ -141,7 +158,11 @@ std::vector<EncodingCandidate> encodingCandidates(std::string_view bytes) {
             candidates.push_back({*name, QString::fromStdString(*name)});
         }
     };
-    for (RatedCandidate& known : ratedCandidates(sampleOf(bytes))) {
+    const std::string sample = sampleOf(bytes);
+    if (holdsSingleSignsAlone(sample)) {
+        return {{"windows-1252", QStringLiteral("Windows-1252")}};
+    }
+    for (RatedCandidate& known : ratedCandidates(sample)) {
         if (known.rating < 0) {
             askLibrary();
         }

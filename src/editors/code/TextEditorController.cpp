@@ -180,7 +180,8 @@ void TextEditorController::saveFile() {
     const bool isSaved = backup && FileProcessor::saveTextFile(*m_path, contents, &reason);
     setStatus(StatusField::saving,
               savingText(*m_path, backup, isSaved,
-                         m_isConverted ? BackupReason::converted : BackupReason::changedElsewhere));
+                         m_isConverted ? BackupReason::converted : BackupReason::changedElsewhere,
+                         reason));
     if (!isSaved) {
         writeLog("Could not save file");
         logReason(m_path->string(), reason);

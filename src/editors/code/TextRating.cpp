@@ -69,7 +69,10 @@ double ratedBox(const Place& place) {
     const bool continues =
         goTogether(place.before, place.self) || goTogether(place.self, place.after);
     if (place.before.isLetter() || place.after.isLetter()) {
-        return continues ? Perhaps : Never;
+        // The side of a frame stands close to what is in it, on one side.
+        const bool isSide = isOneOf(place.self, u"\u2502\u2551") &&
+                            !(place.before.isLetter() && place.after.isLetter());
+        return continues || isSide ? Perhaps : Never;
     }
     const bool isAlone = !isBox(place.before) && !isBox(place.after) &&
                          (isStraight(place.self) || isBlock(place.self));

@@ -47,13 +47,13 @@ TextSearch::TextSearch(const SourceDocument& document, const SearchTerm& term) {
             !splitsPair && (!term.wholeWords || isWholeWord(text, place, place + length));
         if (counts) {
             // In the document every seam before a place moves it on by one.
-            const auto inDocument = [&](qsizetype offset) {
-                return static_cast<int>(offset + (seam - seams.begin()));
+            const auto inDocument = [](qsizetype offset, qsizetype before) {
+                return static_cast<int>(offset + before);
             };
             seam = std::upper_bound(seam, seams.end(), place);
-            m_positions.push_back(inDocument(place));
+            m_positions.push_back(inDocument(place, seam - seams.begin()));
             seam = std::lower_bound(seam, seams.end(), place + length);
-            m_ends.push_back(inDocument(place + length));
+            m_ends.push_back(inDocument(place + length, seam - seams.begin()));
         }
         place = matcher.indexIn(text, place + (counts ? length : 1));
     }

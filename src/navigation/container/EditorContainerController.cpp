@@ -428,7 +428,7 @@ void EditorContainerController::undoDelete() {
 
 void EditorContainerController::saveProjectStructure() {
     if (const std::shared_ptr<ProjectItem> project = selectedProject()) {
-        saveStructure(*project);
+        saveStructureOrLog(*project);
     }
 }
 

@@ -5,7 +5,9 @@
 #include "chrcanvas/data/ConsoleDataFactory.h"
 #include "model/FileProcessor.h"
 #include "model/FileWriter.h"
+#include "model/Log.h"
 #include "model/Paths.h"
+#include "model/Reason.h"
 
 #include <cstddef>
 #include <filesystem>
@@ -86,7 +88,10 @@ std::optional<WrittenFile> keepingTheOldFile(const fs::path& location, Save save
     if (!old.isKept()) {
         return std::nullopt;
     }
-    if (!save()) {
+    std::string reason;
+    if (!save(&reason)) {
+        writeLog("Could not make the new file");
+        logReason(location.string(), reason);
         old.discard();
         return std::nullopt;
     }
@@ -94,7 +99,9 @@ std::optional<WrittenFile> keepingTheOldFile(const fs::path& location, Save save
 }
 
 std::optional<WrittenFile> saveData(const fs::path& location, std::string_view data) {
-    return keepingTheOldFile(location, [&] { return FileProcessor::saveDataFile(location, data); });
+    return keepingTheOldFile(location, [&](std::string* reason) {
+        return FileProcessor::saveDataFile(location, data, reason);
+    });
 }
 
 } // namespace
@@ -112,8 +119,9 @@ std::optional<WrittenFile> writeNewFile(const std::shared_ptr<ProjectItem>& newI
         return FileProcessor::createFilesForNewProject(newItem) ? std::optional(WrittenFile{})
                                                                 : std::nullopt;
     case FileType::text:
-        return keepingTheOldFile(
-            location, [&] { return FileProcessor::saveTextFile(location, std::nullopt); });
+        return keepingTheOldFile(location, [&](std::string* reason) {
+            return FileProcessor::saveTextFile(location, std::nullopt, reason);
+        });
     case FileType::palette:
         return saveData(location, std::string(PaletteFileSize, '\0'));
     case FileType::graphics: {

@@ -36,7 +36,7 @@ ProjectItemDeletion::carryOut(ProjectNavigationController& tree) {
     NESBuildSettings settings(deletion.m_project);
     deletion.m_settingsEntry = takeOffList(item, settings);
     deletion.m_removed = tree.delete_();
-    saveStructure(*deletion.m_project);
+    saveStructureOrLog(*deletion.m_project);
     return deletion;
 }
 
@@ -62,7 +62,7 @@ std::shared_ptr<ProjectItem> ProjectItemDeletion::undo(ProjectNavigationControll
         NESBuildSettings settings(m_project);
         putBackOnList(*m_settingsEntry, settings);
     }
-    saveStructure(*m_project);
+    saveStructureOrLog(*m_project);
     return m_removed.front().node;
 }
 

@@ -54,6 +54,16 @@ TEST(EncodingDetector, TakesCharactersAndFewOtherBytesForUtf8) {
     EXPECT_EQ(guess("; 初期\xe5\x8c"s), "UTF-8") << "cut off";
 }
 
+TEST(EncodingDetector, ASignAloneIsOfWindows1252) {
+    for (const char* sign : {"\x80", "\xa3", "\xb0", "\xf7", "\x91", "\x94", "\x99", "\xdf", "\xf1",
+                             "\xc4", "\xd6", "\xb2"}) {
+        EXPECT_EQ(guess("\tlda #0\r\n; load "s + sign + " here\r\n"), "windows-1252") << sign;
+        EXPECT_EQ(guess("; price 5 "s + sign), "windows-1252") << sign;
+    }
+    EXPECT_EQ(guess("; \x93_\n"s), "Shift_JIS") << "a kanji whose second half is ASCII";
+    EXPECT_EQ(guess("; \xda\xc4\xbf \xb3x\xb3 \xc0\xc4\xd9\n"), "IBM437") << "a frame in one line";
+}
+
 TEST(EncodingDetector, HalfWidthKanaThatLookLikeUtf8InPlacesAreShiftJis) {
     // The second word begins with C3 B0 and C4 B1, each a character in UTF-8.
     EXPECT_EQ(guess("; \xbd\xcc\xdf\xd7\xb2\xc4\n; \xc3\xb0\xcc\xde\xd9 \xb6\xb3\xdd\xc4\n"),

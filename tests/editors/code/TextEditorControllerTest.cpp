@@ -293,8 +293,7 @@ TEST_F(TextEditorPane, WhatAnotherProgramWroteMeanwhileIsKept) {
     pane.saveFile();
     EXPECT_EQ(contentOf(path), "xone\n");
     EXPECT_EQ(contentOf(folder.path() / "a.asm.bak"), "two\n");
-    EXPECT_EQ(told(StatusField::saving),
-              "Another program had changed a.asm; its file was kept as a.asm.bak");
+    EXPECT_EQ(told(StatusField::saving), "What another program had written was kept as a.asm.bak");
     QTest::keyClicks(&editor(), QStringLiteral("y"));
     std::filesystem::remove(path);
     pane.saveFile();
@@ -330,7 +329,8 @@ TEST_F(TextEditorPane, AFailedSaveIsToldUntilTheNextFile) {
     QTest::keyClicks(&editor(), QStringLiteral("x"));
     EXPECT_TRUE(holdsWithFileSizeLimit(2, [this] {
         pane.saveFile();
-        const bool wasTold = told(StatusField::saving) == "a.asm could not be saved";
+        const bool wasTold =
+            told(StatusField::saving) == "a.asm could not be saved: File too large";
         pane.loadFile(folder.path() / "a.asm");
         return wasTold && told(StatusField::saving).empty();
     }));
