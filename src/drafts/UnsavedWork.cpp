@@ -21,6 +21,9 @@ void UnsavedWork::setKeeper(std::shared_ptr<DraftKeeper> keeper) {
 }
 
 void UnsavedWork::leave() {
+    m_mayDiffer = false;
+    m_file.clear();
+    m_unchanged = nullptr;
     if (!m_session) {
         return;
     }
@@ -36,11 +39,13 @@ void UnsavedWork::shown(const std::filesystem::path& file, std::optional<std::st
     leave();
     m_edited = false;
     m_touched = false;
-    if (!m_keeper) {
-        return;
-    }
     if (!unedited && disk) {
         unedited = [content = *disk] { return content; };
+    }
+    m_file = file;
+    m_unchanged = unedited;
+    if (!m_keeper) {
+        return;
     }
     m_session = m_keeper->begin(file, m_kind, std::move(disk), std::move(unedited));
     look();
@@ -48,6 +53,7 @@ void UnsavedWork::shown(const std::filesystem::path& file, std::optional<std::st
 
 void UnsavedWork::edited() {
     m_touched = true;
+    m_mayDiffer = true;
     if (!m_session) {
         return;
     }
@@ -82,6 +88,8 @@ void UnsavedWork::wasKept(const DraftKeeper::Kept& kept) {
 }
 
 void UnsavedWork::saved(std::string content) {
+    m_mayDiffer = false;
+    m_unchanged = [content] { return content; };
     if (!m_session) {
         return;
     }
@@ -89,6 +97,10 @@ void UnsavedWork::saved(std::string content) {
     m_edited = false;
     m_keeper->saved(m_session, std::move(content), std::exchange(m_broughtBack, nullptr));
     look();
+}
+
+bool UnsavedWork::hasChanges() const {
+    return m_mayDiffer && !m_file.empty() && (!m_unchanged || m_pane.content()() != m_unchanged());
 }
 
 std::optional<UnsavedWork::Offer> UnsavedWork::offer() const {

@@ -60,6 +60,13 @@ public:
     /// Keeps what is not kept yet, without waiting for the timer.
     void keep();
 
+    /// Whether saving would change what the file held when it was shown or last saved. Puts the
+    /// content together, unless nothing was edited since then.
+    bool hasChanges() const;
+
+    /// The file that is shown; empty when there is none.
+    const std::filesystem::path& file() const { return m_file; }
+
     /// What was kept of the file that is shown, and is neither taken back nor dropped.
     struct Offer {
         std::int64_t time = 0; ///< milliseconds since 1970
@@ -94,8 +101,11 @@ private:
     Found m_offered;
     Found m_broughtBack;  ///< what the present content goes on from
     unsigned m_looks = 0; ///< tells the answer to the latest look from older ones
+    std::filesystem::path m_file;
+    DraftKeeper::Content m_unchanged; ///< gives what the file held when it was shown or saved
     bool m_edited = false;
     bool m_touched = false;
+    bool m_mayDiffer = false; ///< the content was edited since then
 };
 
 } // namespace kestrel

@@ -106,6 +106,29 @@ protected:
     std::unique_ptr<Pane> m_pane = std::make_unique<Pane>(m_folder.path() / "drafts");
 };
 
+TEST_F(UnsavedWorkTest, HasChangesFromAnEditUntilItIsSavedOrTakenBack) {
+    const auto file = m_folder.write("file", "disk");
+    Pane pane(m_folder.path() / "drafts");
+    EXPECT_FALSE(pane.work.hasChanges());
+    EXPECT_EQ(pane.work.file(), "");
+    pane.show(file);
+    EXPECT_FALSE(pane.work.hasChanges());
+    EXPECT_EQ(pane.work.file(), file);
+    pane.type("!");
+    EXPECT_TRUE(pane.work.hasChanges());
+    pane.text = "disk";
+    pane.work.edited();
+    EXPECT_FALSE(pane.work.hasChanges()) << "the edit was taken back";
+    pane.type("!");
+    pane.save();
+    EXPECT_FALSE(pane.work.hasChanges());
+    pane.text = "disk";
+    pane.work.edited();
+    EXPECT_TRUE(pane.work.hasChanges()) << "what counts now is what was saved";
+    pane.show(file);
+    EXPECT_FALSE(pane.work.hasChanges());
+}
+
 TEST_F(UnsavedWorkTest, NothingIsKeptWithoutAnEdit) {
     m_pane->show(m_one);
     m_pane->show(m_other);
