@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/ConsoleWindow.h"
 
+#include "app/BuildStrip.h"
 #include "app/ConsoleOutput.h"
+
+#include <QVBoxLayout>
 
 namespace kestrel {
 
@@ -14,8 +17,16 @@ constexpr QSize SmallestSize(320, 120);
 
 ConsoleWindow::ConsoleWindow(QWidget* parent)
     : SecondaryWindow(QStringLiteral("ConsoleOutputWindow"), tr("Console"), parent)
+    , m_buildStrip(new BuildStrip(this))
     , m_consoleOutput(new ConsoleOutput(this)) {
-    setCentralWidget(m_consoleOutput);
+    auto* content = new QWidget(this);
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_buildStrip);
+    column->addWidget(m_consoleOutput, 1);
+    content->setFocusProxy(m_consoleOutput);
+    setCentralWidget(content);
     setMinimumSize(SmallestSize);
     resize(FirstSize);
 }

@@ -5,6 +5,7 @@
 
 namespace kestrel {
 
+class BuildStrip;
 class ConsoleOutput;
 
 /// The window of the console. There is one, however much is written; closing it only hides it.
@@ -14,10 +15,14 @@ class ConsoleWindow : public SecondaryWindow {
 public:
     explicit ConsoleWindow(QWidget* parent = nullptr);
 
-    /// What the window shows.
+    /// The strip above the text: what became of the build.
+    BuildStrip* buildStrip() const { return m_buildStrip; }
+
+    /// The text.
     ConsoleOutput* consoleOutput() const { return m_consoleOutput; }
 
 private:
+    BuildStrip* m_buildStrip;
     ConsoleOutput* m_consoleOutput;
 };
 

@@ -48,6 +48,20 @@ void nameAfterProject(Window& window, const EditorContainerController& editor) {
     window.setWindowTitle(QObject::tr("%1 - Kestrel").arg(name));
 }
 
+/// Shows how the latest build stands in the status bar, and lets `stop` be given while one runs.
+void followBuilds(BuildSession& session, StatusBoard& board, StatusBar& bar, QAction& stop) {
+    QObject::connect(&session, &BuildSession::newsChanged, &bar,
+                     [&board, &bar](const BuildNews& news) {
+                         bar.setBuildMark(news.mark);
+                         board.setText(StatusField::build,
+                                       news.elapsed.isEmpty()
+                                           ? news.text
+                                           : QObject::tr("%1 %2").arg(news.text, news.elapsed));
+                     });
+    stop.setEnabled(false);
+    QObject::connect(&session, &BuildSession::runningChanged, &stop, &QAction::setEnabled);
+}
+
 } // namespace
 
 std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
@@ -64,7 +78,9 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     new ButtonKeys(&window);
     auto* editor = new EditorContainerController(centre, &window);
     window.setCentralWidget(editor);
-    window.setStatusBar(new StatusBar(*editor->commonController()->statusBoard(), &window));
+    StatusBoard& board = *editor->commonController()->statusBoard();
+    auto* statusBar = new StatusBar(board, &window);
+    window.setStatusBar(statusBar);
     editor->commonController()->setDraftKeeper(makeDraftKeeper());
     editor->viewDidLoad();
     const ProjectNavigationController* tree = editor->projectNavigationController();
@@ -81,6 +97,10 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     // Closed by the user, the window takes the console and everything else with it.
     QObject::connect(controller.get(), &MainWindowController::windowClosed, commands,
                      &WindowCommands::quit, Qt::QueuedConnection);
+    QObject::connect(controller.get(), &MainWindowController::saveAndBuildRequested, commands,
+                     &WindowCommands::saveAndBuild);
+    followBuilds(controller->buildSession(), board, *statusBar,
+                 *commands->commands().action("stopAction"));
     const auto* menu = new MainMenu(*bar, *editor, commands->commands(), &window);
     delegate.setBuildMenuItem(menu->action("buildAction"));
     delegate.setRunMenuItem(menu->action("runAction"));

@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "app/MainWindowController.h"
 
+#include "app/BuildStrip.h"
 #include "app/ConsoleOutput.h"
 #include "app/ConsoleWindow.h"
 #include "app/Window.h"
 #include "build/BackgroundWork.h"
 #include "build/NESBuildSettings.h"
 #include "build/NESProjectBuilder.h"
+#include "drafts/UnsavedWork.h"
+#include "editors/CommonEditorControllers.h"
 #include "model/OpenedProject.h"
 #include "navigation/container/EditorContainerController.h"
 #include "navigation/tree/ProjectNavigationController.h"
+#include "widgets/EditorPane.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -44,8 +48,8 @@ void withController(const std::weak_ptr<MainWindowController>& controller,
     }
 }
 
-QString textOf(const BuildError& error) {
-    return QString::fromStdString(error.localizedDescription());
+QString messageOf(const BuildError& error) {
+    return QString::fromStdString(textOf(error));
 }
 
 } // namespace
@@ -115,27 +119,49 @@ std::shared_ptr<ProjectItem> MainWindowController::selectedProject() const {
     return tree != nullptr ? tree->currentlySelectedProject() : nullptr;
 }
 
+/// The name of the shown file if it was edited and not saved since.
+QString MainWindowController::unsavedFile() const {
+    EditorPane* pane =
+        m_editorController ? m_editorController->commonController()->shownEditorPane() : nullptr;
+    const UnsavedWork* work = pane != nullptr ? pane->unsavedWork() : nullptr;
+    return work != nullptr && work->hasChanges()
+               ? QString::fromStdString(work->file().filename().string())
+               : QString();
+}
+
+BuildSession::Number MainWindowController::begin(BuildSession::Kind kind) {
+    return m_session.begin(kind, selectedProject(), unsavedFile());
+}
+
 std::shared_ptr<NESProjectBuilder>
-MainWindowController::makeBuilder(const std::shared_ptr<ProjectItem>& project) {
+MainWindowController::makeBuilder(const std::shared_ptr<ProjectItem>& project,
+                                  BuildSession::Number command) {
     auto settings = std::make_shared<NESBuildSettings>();
     settings->projectToBuild() = project;
     settings->populateProperties(*project);
     settings->projectPath() = project->itemPath();
     m_projectBuilder = m_builderFactory(std::move(settings));
+    m_session.watch(command, *m_projectBuilder);
     return m_projectBuilder;
 }
 
 void MainWindowController::buildProject(const BuildHandler& completionHandler) {
+    buildPart(begin(BuildSession::Kind::build), completionHandler);
+}
+
+void MainWindowController::buildPart(BuildSession::Number command,
+                                     const BuildHandler& completionHandler) {
     const std::shared_ptr<ProjectItem> project = selectedProject();
     if (!project) {
+        const BuildError error{"", 100, "Please select a project to build"};
         if (completionHandler) {
-            completionHandler(std::nullopt,
-                              BuildError{"", 100, "Please select a project to build"});
+            completionHandler(std::nullopt, error);
         }
+        m_session.refused(command, error);
         return;
     }
     // Held while it works: what its handler does may replace it.
-    const std::shared_ptr<NESProjectBuilder> builder = makeBuilder(project);
+    const std::shared_ptr<NESProjectBuilder> builder = makeBuilder(project, command);
     builder->setConsoleOutput(weak_from_this());
     builder->build([completionHandler](std::optional<std::filesystem::path> image,
                                        std::optional<BuildError> error) {
@@ -151,7 +177,7 @@ void MainWindowController::build() {
     buildProject([self](const std::optional<std::filesystem::path>& /*image*/,
                         const std::optional<BuildError>& error) {
         const QString text =
-            error ? textOf(*error) : QStringLiteral("Internal Error when building");
+            error ? messageOf(*error) : QStringLiteral("Internal Error when building");
         withController(self, [text](MainWindowController& present) { present.console(text); });
     });
 }
@@ -159,43 +185,50 @@ void MainWindowController::build() {
 void MainWindowController::buildAndRun() {
     clearConsole();
     const std::weak_ptr<MainWindowController> self = weak_from_this();
-    buildProject([self](const std::optional<std::filesystem::path>& image,
-                        const std::optional<BuildError>& error) {
+    const BuildSession::Number command = begin(BuildSession::Kind::run);
+    buildPart(command, [self, command](const std::optional<std::filesystem::path>& image,
+                                       const std::optional<BuildError>& error) {
         // After the assembler's output: running replaces the builder that it comes from.
-        withController(self, [image, error](MainWindowController& present) {
-            present.buildToRunEnded(image, error);
+        withController(self, [command, image, error](MainWindowController& present) {
+            present.buildToRunEnded(command, image, error);
         });
     });
 }
 
-void MainWindowController::buildToRunEnded(const std::optional<std::filesystem::path>& image,
+void MainWindowController::buildToRunEnded(BuildSession::Number command,
+                                           const std::optional<std::filesystem::path>& image,
                                            const std::optional<BuildError>& error) {
     if (error) {
-        console(textOf(*error));
+        console(messageOf(*error));
         return;
     }
     if (!image) {
-        console(QStringLiteral(
-            "Internal Error: Successfully built project but output was not available"));
+        const BuildError missing{
+            "", 100, "Internal Error: Successfully built project but output was not available"};
+        console(messageOf(missing));
+        m_session.refused(command, missing);
         return;
     }
-    runProject(*image, [this](const std::optional<BuildError>& runError) {
-        if (runError) {
-            console(textOf(*runError));
-        }
-    });
+    const std::shared_ptr<ProjectItem> project = selectedProject();
+    if (m_session.goesOn(command, project)) {
+        runPart(command);
+    } else if (project) {
+        console(QLatin1String(BuildStopped));
+    }
 }
 
 void MainWindowController::runProject(const std::filesystem::path& /*romFile*/,
                                       const RunHandler& /*completionHandler*/) {
-    const std::shared_ptr<ProjectItem> project = selectedProject();
-    if (!project) {
-        return;
+    if (selectedProject()) {
+        runPart(begin(BuildSession::Kind::run));
     }
+}
+
+void MainWindowController::runPart(BuildSession::Number command) {
     const std::weak_ptr<MainWindowController> self = weak_from_this();
-    const std::shared_ptr<NESProjectBuilder> builder = makeBuilder(project);
+    const std::shared_ptr<NESProjectBuilder> builder = makeBuilder(selectedProject(), command);
     builder->run([self](const std::optional<BuildError>& error) {
-        const QString text = error ? textOf(*error) : QStringLiteral("Running Project");
+        const QString text = error ? messageOf(*error) : QStringLiteral("Running Project");
         withController(self, [text](MainWindowController& present) { present.console(text); });
     });
 }
@@ -223,6 +256,11 @@ void MainWindowController::makeConsole() {
     if (!m_windowController) {
         m_windowController = std::make_unique<ConsoleWindow>();
         m_consoleOutputController = m_windowController->consoleOutput();
+        BuildStrip* strip = m_windowController->buildStrip();
+        strip->showNews(m_session.news());
+        connect(&m_session, &BuildSession::newsChanged, strip, &BuildStrip::showNews);
+        connect(strip, &BuildStrip::saveAndBuildRequested, this,
+                &MainWindowController::saveAndBuildRequested);
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/BuildSession.h"
 #include "build/BuildError.h"
 #include "build/ConsoleOutputDelegate.h"
 #include "model/ProjectItem.h"
@@ -85,6 +86,9 @@ public:
     /// Brings the console to the front as it is.
     void showConsole();
 
+    /// What became of the commands to build and to run, and what stops them.
+    BuildSession& buildSession() { return m_session; }
+
     /// The console's window and its view; null before the first text.
     ConsoleWindow* windowController() const { return m_windowController.get(); }
     ConsoleOutput* consoleOutputController() const;
@@ -101,12 +105,21 @@ Q_SIGNALS:
     /// The main window was closed by the user, and with it the program is over.
     void windowClosed();
 
+    /// The strip in the console was asked to save what is on the screen and to build that.
+    void saveAndBuildRequested();
+
 private:
     std::shared_ptr<ProjectItem> selectedProject() const;
-    std::shared_ptr<NESProjectBuilder> makeBuilder(const std::shared_ptr<ProjectItem>& project);
+    QString unsavedFile() const;
+    BuildSession::Number begin(BuildSession::Kind kind);
+    std::shared_ptr<NESProjectBuilder> makeBuilder(const std::shared_ptr<ProjectItem>& project,
+                                                   BuildSession::Number command);
+    void buildPart(BuildSession::Number command, const BuildHandler& completionHandler);
+    void runPart(BuildSession::Number command);
     void makeConsole();
     void clearConsole();
-    void buildToRunEnded(const std::optional<std::filesystem::path>& image,
+    void buildToRunEnded(BuildSession::Number command,
+                         const std::optional<std::filesystem::path>& image,
                          const std::optional<BuildError>& error);
 
     std::vector<Dictionary> m_projects;
@@ -118,6 +131,7 @@ private:
     QPointer<QAction> m_runMenuItem;
     QMetaObject::Connection m_buildConnection;
     QMetaObject::Connection m_runConnection;
+    BuildSession m_session;
     std::shared_ptr<NESProjectBuilder> m_projectBuilder;
     BuilderFactory m_builderFactory;
 };

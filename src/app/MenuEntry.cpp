@@ -34,6 +34,8 @@ std::span<const MenuEntry> menuEntries() {
         {"selectAllAction", MenuTitle::edit, true},
         {"buildAction", MenuTitle::build},
         {"runAction", MenuTitle::build},
+        {"saveAndBuildAction", MenuTitle::build},
+        {"stopAction", MenuTitle::build},
         {"consoleAction", MenuTitle::view},
         {"nextPaneAction", MenuTitle::view},
         {"userGuideAction", MenuTitle::help},

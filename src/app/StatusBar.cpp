@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/StatusBar.h"
 
+#include "app/BuildMark.h"
 #include "widgets/ElidedLabel.h"
 
 #include <QEvent>
@@ -14,12 +15,14 @@ namespace {
 
 constexpr int Margin = 8;
 constexpr int Gap = 24;
+constexpr int MarkGap = 6;
 constexpr int VerticalMargin = 3;
 
 } // namespace
 
 StatusBar::StatusBar(const StatusBoard& board, QWidget* parent)
-    : QStatusBar(parent) {
+    : QStatusBar(parent)
+    , m_buildMark(new BuildMark(this)) {
     setObjectName(QStringLiteral("statusBar"));
     setAccessibleName(tr("Status bar"));
     setSizeGripEnabled(false);
@@ -43,10 +46,20 @@ void StatusBar::showText(const StatusRow& row, const QString& text) {
     label->setAccessibleName(StatusBoard::tr("%1: %2").arg(StatusBoard::tr(row.name), text));
 }
 
+void StatusBar::setBuildMark(BuildMarkKind kind) {
+    m_buildMark->setKind(kind);
+}
+
 /// Gives each field the room that those before it leave.
 void StatusBar::placeLabels() {
     int left = Margin;
     int right = width() - Margin;
+    const QSize mark = m_buildMark->sizeHint();
+    m_buildMark->setGeometry({{left, (height() - mark.height()) / 2}, mark});
+    m_buildMark->setVisible(!m_labels.front()->text().isEmpty());
+    if (m_buildMark->isVisibleTo(this)) {
+        left += mark.width() + MarkGap;
+    }
     for (const StatusRow& row : statusRows()) {
         ElidedLabel* label = m_labels.at(static_cast<std::size_t>(row.field));
         const int wanted = label->sizeHint().width();

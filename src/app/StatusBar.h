@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/BuildMarkKind.h"
 #include "widgets/StatusBoard.h"
 
 #include <QStatusBar>
@@ -9,6 +10,7 @@
 
 namespace kestrel {
 
+class BuildMark;
 class ElidedLabel;
 
 /// The status bar of the main window: the fields of a board that have a text, in one line. Where
@@ -19,6 +21,9 @@ class StatusBar : public QStatusBar {
 public:
     /// `board` must outlive the bar or go together with it.
     explicit StatusBar(const StatusBoard& board, QWidget* parent = nullptr);
+
+    /// Shows this mark before the result of the build, as long as that has a text.
+    void setBuildMark(BuildMarkKind kind);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -32,6 +37,7 @@ private:
     void showText(const StatusRow& row, const QString& text);
     void placeLabels();
 
+    BuildMark* m_buildMark;
     std::vector<ElidedLabel*> m_labels; ///< in the order of statusRows()
 };
 

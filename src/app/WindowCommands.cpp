@@ -92,6 +92,10 @@ void WindowCommands::addCommands() {
     add("buildAction", QT_TRANSLATE_NOOP("Command", "&Build"), {Qt::CTRL | Qt::Key_B}, Everywhere,
         {});
     add("runAction", QT_TRANSLATE_NOOP("Command", "&Run"), {Qt::CTRL | Qt::Key_R}, Everywhere, {});
+    add("saveAndBuildAction", QT_TRANSLATE_NOOP("Command", "Sa&ve and Build"),
+        {Qt::CTRL | Qt::SHIFT | Qt::Key_B}, Everywhere, [this] { saveAndBuild(); });
+    add("stopAction", QT_TRANSLATE_NOOP("Command", "&Stop"),
+        {Qt::CTRL | Qt::Key_Period, Qt::SHIFT | Qt::Key_F5}, Everywhere, [this] { stop(); });
     add("consoleAction", QT_TRANSLATE_NOOP("Command", "&Console"),
         {Qt::CTRL | Qt::SHIFT | Qt::Key_C}, Here, [this] { showConsole(); });
     add("nextPaneAction", QT_TRANSLATE_NOOP("Command", "&Next Part of the Window"), {Qt::Key_F6},
@@ -106,6 +110,19 @@ void WindowCommands::addCommands() {
 void WindowCommands::save() {
     if (EditorPane* pane = m_editor.commonController()->shownEditorPane()) {
         pane->savePane();
+    }
+}
+
+void WindowCommands::saveAndBuild() {
+    save();
+    if (const auto controller = m_controller.lock()) {
+        controller->build();
+    }
+}
+
+void WindowCommands::stop() {
+    if (const auto controller = m_controller.lock()) {
+        controller->buildSession().stop();
     }
 }
 

@@ -29,6 +29,12 @@ public:
     /// Saves the pane that is shown.
     void save();
 
+    /// Saves the pane that is shown, then builds.
+    void saveAndBuild();
+
+    /// Stops the builds and runs that are under way.
+    void stop();
+
     /// Asks for a project file in a sheet and adds its project.
     void openProject();
 

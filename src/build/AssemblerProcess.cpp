@@ -4,6 +4,7 @@
 #include "build/MessageCounter.h"
 #include "build/OutputText.h"
 #include "build/QtText.h"
+#include "build/StartFailure.h"
 #include "model/Paths.h"
 
 #include <QProcess>
@@ -34,13 +35,6 @@ constexpr int KillWait = 5000;
 
 std::string startSentence(const std::filesystem::path& assembler, const std::string& reason) {
     return "Could not start the assembler " + pathText(assembler) + ": " + reason;
-}
-
-/// The system's reason in Qt's text, which names the failed call first.
-std::string reasonOf(const QProcess& process) {
-    const QString text = process.errorString();
-    const qsizetype colon = text.lastIndexOf(QLatin1String(": "));
-    return (colon < 0 ? text : text.mid(colon + 2)).toStdString();
 }
 
 void prepareChild(QProcess& process) {

@@ -2,6 +2,7 @@
 #include "build/Assembly.h"
 
 #include "build/BackgroundWork.h"
+#include "build/BuildError.h"
 #include "build/ImageStamp.h"
 
 #include <QCoreApplication>
@@ -50,7 +51,7 @@ BuildResult resultOf(const Assembly& assembly, const AssemblerResult& run,
     } else if (result.state == BuildResult::State::crashed) {
         result.signal = run.signal;
     } else if (result.state == BuildResult::State::stopped) {
-        result.error = BuildError{"", BuilderErrorCode, "The build was stopped"};
+        result.error = BuildError{"", BuilderErrorCode, BuildStopped};
     }
     return result;
 }

@@ -4,6 +4,7 @@
 #include "build/DesktopEntry.h"
 #include "build/ProgramSearch.h"
 #include "build/QtText.h"
+#include "build/StartFailure.h"
 #include "model/Paths.h"
 
 #include <QProcess>
@@ -18,6 +19,8 @@
 namespace kestrel {
 
 namespace {
+
+constexpr const char* NotUtf8 = "a name is not valid UTF-8";
 
 /// The path of a program that is named only, when it is found; else `program` as it is.
 std::string located(const std::string& program) {
@@ -42,40 +45,79 @@ void wrapInTerminal(DesktopEntry::Command& command) {
     }
 }
 
-bool start(const DesktopEntry::Command& command) {
+/// Gives the reason why the command could not be started; nothing when it was.
+std::optional<std::string> start(const DesktopEntry::Command& command) {
     const auto program = textFromUtf8(std::string_view(command.program));
     const auto folder = textFromPath(command.workingFolder);
     QStringList arguments;
     for (const auto& argument : command.arguments) {
         const auto text = textFromUtf8(std::string_view(argument));
         if (!text) {
-            return false;
+            return NotUtf8;
         }
         arguments.append(*text);
     }
-    return program && folder && QProcess::startDetached(*program, arguments, *folder);
+    if (!program || !folder) {
+        return NotUtf8;
+    }
+    if (program->isEmpty()) {
+        return "no program is named";
+    }
+    QProcess process;
+    process.setProgram(*program);
+    process.setArguments(arguments);
+    process.setWorkingDirectory(*folder);
+    if (process.startDetached()) {
+        return std::nullopt;
+    }
+    return reasonOf(process);
 }
 
-} // namespace
+EmulatorLaunch launched(std::string name, const std::optional<std::string>& failure) {
+    using State = EmulatorLaunch::State;
+    return {failure ? State::failed : State::started, std::move(name), failure.value_or("")};
+}
 
-bool openWithEmulator(const std::filesystem::path& image, const std::filesystem::path& emulator) {
-#ifdef Q_OS_MACOS
-    return start({"/usr/bin/open", {"-a", pathText(emulator), pathText(image)}, {}, false});
-#else
-    if (emulator.extension() != ".desktop") {
-        return start({located(pathText(emulator)), {pathText(image)}, {}, false});
+EmulatorLaunch openWithEntry(const std::filesystem::path& image,
+                             const std::filesystem::path& file) {
+    const auto entry = DesktopEntry::read(file);
+    if (!entry) {
+        return launched(pathText(file.stem()), pathText(file) + " describes no application");
     }
-    const auto entry = DesktopEntry::read(emulator);
-    auto command = entry ? entry->command(image) : std::nullopt;
+    const std::string name = entry->name().empty() ? pathText(file.stem()) : entry->name();
+    auto command = entry->command(image);
     if (!command) {
-        return false;
+        return launched(name, "the line Exec in " + pathText(file) + " is not correct");
     }
     command->program = located(command->program);
     if (command->inTerminal) {
         wrapInTerminal(*command);
     }
-    return start(*command);
+    return launched(name, start(*command));
+}
+
+EmulatorLaunch open(const std::filesystem::path& image, const std::filesystem::path& emulator) {
+#ifdef Q_OS_MACOS
+    return launched(
+        pathText(emulator.stem()),
+        start({"/usr/bin/open", {"-a", pathText(emulator), pathText(image)}, {}, false}));
+#else
+    if (emulator.extension() == ".desktop") {
+        return openWithEntry(image, emulator);
+    }
+    return launched(pathText(emulator.filename()),
+                    start({located(pathText(emulator)), {pathText(image)}, {}, false}));
 #endif
+}
+
+} // namespace
+
+EmulatorLaunch openWithEmulator(const std::filesystem::path& image,
+                                const std::filesystem::path& emulator) {
+    const bool hasImage = existsAt(image);
+    EmulatorLaunch launch = open(image, emulator);
+    launch.hasImage = hasImage;
+    return launch;
 }
 
 } // namespace kestrel

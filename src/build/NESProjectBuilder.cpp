@@ -4,7 +4,6 @@
 #include "build/Assembly.h"
 #include "build/BackgroundWork.h"
 #include "build/BuildHints.h"
-#include "build/EmulatorLauncher.h"
 #include "build/MainAssemblyFile.h"
 #include "build/SourceGatherer.h"
 #include "model/Log.h"
@@ -23,6 +22,15 @@ using HandOver = BuildHandOver<QString>;
 
 BuildError buildError(std::string description) {
     return {"", 100, std::move(description)};
+}
+
+/// Tells the observer on the main thread. Called on a worker, for which the application object's
+/// destructor waits.
+void report(const LaunchObserver& observer, EmulatorLaunch launch) {
+    if (observer && !QCoreApplication::closingDown()) {
+        postToMainThread(QCoreApplication::instance(),
+                         [observer, launch = std::move(launch)] { observer(launch); });
+    }
 }
 
 /// Whether the image of a project with this name is directly in the output folder. An empty name
@@ -73,7 +81,7 @@ std::optional<std::filesystem::path> NESProjectBuilder::tempPath() const {
 }
 
 void NESProjectBuilder::stop() {
-    m_stopSwitch.stop();
+    m_stopSwitch->stop();
 }
 
 void NESProjectBuilder::build(BuildHandler completionHandler) {
@@ -109,12 +117,20 @@ bool NESProjectBuilder::clean() {
 }
 
 void NESProjectBuilder::run(RunHandler completionHandler) {
-    build([settings = m_buildSetting, handler = std::move(completionHandler)](
+    build([settings = m_buildSetting, handler = std::move(completionHandler),
+           observer = m_launchObserver, stopSwitch = m_stopSwitch, stops = m_stopSwitch->stops()](
               const std::optional<std::filesystem::path>& image, std::optional<BuildError> error) {
-        if (!error && image && settings->pathToEmulator()) {
-            openWithEmulator(*image, *settings->pathToEmulator());
-        } else if (!error) {
-            error = BuildError{"2", 0, std::nullopt};
+        if (!error) {
+            EmulatorLaunch launch;
+            if (stopSwitch->stops() != stops) {
+                launch.state = EmulatorLaunch::State::stopped;
+                error = buildError(BuildStopped);
+            } else if (image && settings->pathToEmulator()) {
+                launch = openWithEmulator(*image, *settings->pathToEmulator());
+            } else {
+                error = BuildError{"2", 0, std::nullopt};
+            }
+            report(observer, std::move(launch));
         }
         if (handler) {
             handler(std::move(error));
@@ -161,7 +177,7 @@ bool NESProjectBuilder::moveAllFilesToTempFolderToAssemble(
 void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& mainFile,
                                        BuildHandler handler,
                                        std::chrono::steady_clock::time_point requested) {
-    Assembly assembly{{}, plan.image, requested, m_stopSwitch.next(), m_running, {}, m_observer};
+    Assembly assembly{{}, plan.image, requested, m_stopSwitch->next(), m_running, {}, m_observer};
     assembly.request.assembler = plan.assembler;
     assembly.request.arguments = {"--input", mainFile, "--output", pathText(plan.image)};
     assembly.request.arguments.insert(assembly.request.arguments.end(), m_extraArguments.begin(),

@@ -3,6 +3,7 @@
 
 #include "build/AssemblerLocation.h"
 #include "build/BuildResult.h"
+#include "build/EmulatorLauncher.h"
 #include "build/ProjectBuilder.h"
 #include "build/RunningBuilds.h"
 
@@ -50,10 +51,18 @@ public:
     /// Not called when the program quits first.
     void setObserver(BuildObserver observer) { m_observer = std::move(observer); }
 
-    /// Ends the assembler of the running request, and what it started, within a second. Its handler
-    /// gets an error with the code 100 and the description "The build was stopped". Nothing happens
-    /// when none runs. To be called on any thread.
+    /// Sets who is told what became of the image of each later run whose build ended without an
+    /// error, exactly once and on the main thread: after the build's result, before the text that
+    /// the run's handler posts there. Not called when the program quits first.
+    void setLaunchObserver(LaunchObserver observer) { m_launchObserver = std::move(observer); }
+
+    /// Ends the assembler of the running request, and what it started, within a second, and drops
+    /// the rest of a run. Its handler gets an error with the code 100 and the description "The
+    /// build was stopped". Nothing happens when none runs. To be called on any thread.
     void stop();
+
+    /// What stop() works with; outlives the builder as long as it is held.
+    const std::shared_ptr<StopSwitch>& stopSwitch() const { return m_stopSwitch; }
 
     /// Assembles the project and calls the handler exactly once: before this returns, when the
     /// set-up fails, there is no main file or the files cannot be copied; otherwise on a background
@@ -95,7 +104,8 @@ private:
     AssemblerLocator m_locator;
     std::shared_ptr<RunningBuilds> m_running;
     BuildObserver m_observer;
-    StopSwitch m_stopSwitch;
+    LaunchObserver m_launchObserver;
+    std::shared_ptr<StopSwitch> m_stopSwitch = std::make_shared<StopSwitch>();
     std::vector<std::string> m_extraArguments;
 };
 

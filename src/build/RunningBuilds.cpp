@@ -17,6 +17,7 @@ std::shared_ptr<StopFlag> StopSwitch::next() {
 
 void StopSwitch::stop() {
     const std::lock_guard lock(m_mutex);
+    m_stops.fetch_add(1, std::memory_order_acq_rel);
     for (const auto& weak : m_flags) {
         if (const auto flag = weak.lock()) {
             flag->request();

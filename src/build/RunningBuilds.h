@@ -30,9 +30,13 @@ public:
     /// Sets the flags given out that are still in use.
     void stop();
 
+    /// How often stop() was called: tells what comes after a build whether it is to be dropped.
+    unsigned stops() const { return m_stops.load(std::memory_order_acquire); }
+
 private:
     std::mutex m_mutex;
     std::vector<std::weak_ptr<StopFlag>> m_flags;
+    std::atomic<unsigned> m_stops = 0;
 };
 
 /// Lets one assembler at a time work on an image: a newer build of it asks the one before to stop

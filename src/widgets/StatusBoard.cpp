@@ -10,6 +10,8 @@ namespace kestrel {
 namespace {
 
 constexpr std::array Rows = {
+    StatusRow{StatusField::build, StatusSide::left, "buildStatus",
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Result of the build")},
     StatusRow{StatusField::saving, StatusSide::left, "savingStatus",
               QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Saving")},
     StatusRow{StatusField::encoding, StatusSide::right, "encodingStatus",

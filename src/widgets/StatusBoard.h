@@ -13,11 +13,12 @@ namespace kestrel {
 /// What the status bar can tell, the most important first: where there is no room for all, the
 /// last ones go. A new field needs a row in statusRows(), too.
 enum class StatusField {
+    build,    ///< how the latest build stands
     saving,   ///< what became of a file at the last save, if that is worth telling
     encoding, ///< the shown file's encoding and line ends
 };
 
-inline constexpr std::size_t StatusFieldCount = 2;
+inline constexpr std::size_t StatusFieldCount = 3;
 
 /// What just happened stands on the left; what is so, at the right edge, where it does not move
 /// when a message comes.

@@ -155,11 +155,11 @@ TEST_F(BuildCommands, RunningOpensTheSecondImageAndShowsTheOutputOfTheFirstBuild
               std::string::npos);
 }
 
-TEST_F(BuildCommands, RunningWithoutAnEmulatorShowsTheFirstOutputAndTheGenericError) {
+TEST_F(BuildCommands, RunningWithoutAnEmulatorShowsTheFirstOutputAndWhereToChooseOne) {
     startWith("Game");
     script("Game", "print assembled\n");
     run();
-    const std::string generic = ErrorValue{"2", 0, std::nullopt}.localizedDescription();
+    const std::string generic = textOf(BuildError{"2", 0, std::nullopt});
     ASSERT_TRUE(consoleEndsWith("\n" + generic));
     EXPECT_EQ(consoleText(), "\nassembled\n\n" + generic);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/StatusBar.h"
 
+#include "app/BuildMark.h"
 #include "app/WindowFixture.h"
 #include "editors/CommonEditorControllers.h"
 #include "widgets/ElidedLabel.h"
@@ -66,6 +67,24 @@ TEST_F(StatusBarOnItsOwn, KeepsTheHeightOfOneLine) {
     EXPECT_GT(empty, bar.fontMetrics().height());
     board.setText(StatusField::encoding, QStringLiteral("UTF-8"));
     EXPECT_EQ(bar.sizeHint().height(), empty);
+}
+
+TEST_F(StatusBarOnItsOwn, TheResultOfTheBuildComesFirstWithAMark) {
+    auto* mark = bar.findChild<BuildMark*>();
+    EXPECT_FALSE(mark->isVisible());
+    board.setText(StatusField::saving, QStringLiteral("Not saved"));
+    bar.setBuildMark(BuildMarkKind::failed);
+    board.setText(StatusField::build, QStringLiteral("1 error: no image"));
+    EXPECT_TRUE(mark->isVisible());
+    EXPECT_EQ(mark->x(), 8);
+    EXPECT_EQ(mark->kind(), BuildMarkKind::failed);
+    EXPECT_GT(label("buildStatus").x(), mark->geometry().right());
+    EXPECT_GT(label("savingStatus").x(), label("buildStatus").geometry().right());
+    EXPECT_EQ(label("buildStatus").accessibleName(),
+              QStringLiteral("Result of the build: 1 error: no image"));
+    board.clear(StatusField::build);
+    EXPECT_FALSE(mark->isVisible());
+    EXPECT_EQ(label("savingStatus").x(), 8);
 }
 
 class MainWindowStatusBar : public WindowTest {

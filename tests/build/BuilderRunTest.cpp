@@ -5,6 +5,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <QCoreApplication>
+#include <QThread>
+
+#include <vector>
 
 namespace kestrel {
 namespace {
@@ -70,6 +74,55 @@ TEST_F(BuilderRun, WithAnEmulatorThatCannotBeStartedReportsSuccessAndGoesOn) {
     EXPECT_FALSE(openWithEmulator(image(), m_project.home.path() / "gone"));
     EXPECT_FALSE(openWithEmulator(image(), m_project.home.path()));
     EXPECT_FALSE(openWithEmulator(image(), ""));
+}
+
+TEST_F(BuilderRun, TellsWhichEmulatorCouldNotBeStartedAndWhy) {
+    const auto reason = [this](const std::filesystem::path& emulator) {
+        return openWithEmulator(image(), emulator).reason;
+    };
+    EXPECT_EQ(reason(m_project.home.write("emulator", "#!/bin/sh\n")), "Permission denied");
+    EXPECT_EQ(reason(m_project.home.path() / "gone"), "No such file or directory");
+    EXPECT_EQ(reason(""), "no program is named");
+    const auto missing = m_project.home.path() / "missing.desktop";
+    EXPECT_EQ(reason(missing), missing.string() + " describes no application");
+    const auto malformed = desktopEntry("\"unclosed %f");
+    EXPECT_EQ(reason(malformed), "the line Exec in " + malformed.string() + " is not correct");
+    EXPECT_EQ(openWithEmulator(image(), malformed).emulator, "Emu");
+    EXPECT_EQ(openWithEmulator(image(), "/nowhere/fceux").emulator, "fceux");
+}
+
+TEST_F(BuilderRun, TellsTheObserverOnTheMainThreadWhatBecameOfTheImage) {
+    using State = EmulatorLaunch::State;
+    std::vector<EmulatorLaunch> launches;
+    const auto runAndObserve = [&] {
+        Outcome outcome;
+        auto builder = m_project.makeBuilder();
+        builder->setLaunchObserver([&launches](const EmulatorLaunch& launch) {
+            EXPECT_EQ(QThread::currentThread(), QCoreApplication::instance()->thread());
+            launches.push_back(launch);
+        });
+        const std::size_t before = launches.size();
+        builder->run(outcome.runHandler());
+        EXPECT_TRUE(waitUntil([&] { return outcome.calls() == 1 && launches.size() > before; }));
+    };
+    m_project.script("image made\n");
+    runAndObserve();
+    m_project.settings->pathToEmulator() = m_project.home.path() / "gone";
+    runAndObserve();
+    m_project.settings->pathToEmulator() = desktopEntry(FAKE_EMULATOR);
+    runAndObserve();
+    m_project.script("exit 1\n");
+    std::filesystem::remove(image());
+    runAndObserve();
+    ASSERT_EQ(launches.size(), 4);
+    EXPECT_EQ(launches.at(0).state, State::noEmulator);
+    EXPECT_EQ(launches.at(1).state, State::failed);
+    EXPECT_EQ(launches.at(1).reason, "No such file or directory");
+    EXPECT_EQ(launches.at(2).state, State::started);
+    EXPECT_EQ(launches.at(2).emulator, "Emu");
+    EXPECT_TRUE(launches.at(2).hasImage);
+    EXPECT_EQ(launches.at(3).state, State::started);
+    EXPECT_FALSE(launches.at(3).hasImage) << "it is started all the same";
 }
 
 TEST_F(BuilderRun, StartsADesktopEntryAsItSays) {

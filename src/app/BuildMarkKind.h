@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace kestrel {
+
+/// What the mark before a sentence about a build stands for.
+enum class BuildMarkKind { notice, running, made, failed, stopped };
+
+} // namespace kestrel

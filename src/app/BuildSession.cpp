@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "app/BuildSession.h"
+
+#include "build/NESProjectBuilder.h"
+
+#include <QPointer>
+
+#include <algorithm>
+#include <utility>
+
+namespace kestrel {
+
+struct BuildSession::Command {
+    Kind kind = Kind::build;
+    std::weak_ptr<ProjectItem> project;
+    std::shared_ptr<StopSwitch> stopSwitch; ///< of its present part
+    bool stopped = false;
+    bool hasFirst = false;
+    BuildStory story;
+};
+
+BuildSession::BuildSession(QObject* parent)
+    : QObject(parent) {
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &BuildSession::tellElapsed);
+}
+
+BuildSession::~BuildSession() = default;
+
+BuildSession::Number BuildSession::begin(Kind kind, const std::shared_ptr<ProjectItem>& project,
+                                         const QString& unsaved) {
+    Command command;
+    command.kind = kind;
+    command.project = project;
+    command.story.unsaved = unsaved;
+    m_commands.emplace(++m_latest, std::move(command));
+    m_projectName = project ? QString::fromStdString(project->itemName()) : QString();
+    m_began.start();
+    m_timer.start(QuietMilliseconds);
+    if (m_commands.size() == 1) {
+        Q_EMIT runningChanged(true);
+    }
+    return m_latest;
+}
+
+void BuildSession::watch(Number number, NESProjectBuilder& builder) {
+    const auto found = m_commands.find(number);
+    if (found == m_commands.end()) {
+        return;
+    }
+    found->second.stopSwitch = builder.stopSwitch();
+    const QPointer<BuildSession> self = this;
+    builder.setObserver([self, number](const BuildResult& result) {
+        if (self) {
+            self->buildEnded(number, result);
+        }
+    });
+    builder.setLaunchObserver([self, number](const EmulatorLaunch& launch) {
+        if (self) {
+            self->launchEnded(number, launch);
+        }
+    });
+}
+
+void BuildSession::refused(Number number, const BuildError& error) {
+    BuildResult result;
+    result.error = error;
+    buildEnded(number, result);
+}
+
+void BuildSession::buildEnded(Number number, const BuildResult& result) {
+    const auto found = m_commands.find(number);
+    if (found == m_commands.end()) {
+        return;
+    }
+    Command& command = found->second;
+    if (command.hasFirst && !result.error) {
+        command.story.second = result;
+        return; // the emulator comes next
+    }
+    // An error ends the command, and the silent build's is all that is left to be said.
+    command.hasFirst = true;
+    command.story.first = result;
+    if (command.kind == Kind::build || result.error) {
+        end(number);
+    }
+}
+
+void BuildSession::launchEnded(Number number, const EmulatorLaunch& launch) {
+    const auto found = m_commands.find(number);
+    if (found != m_commands.end()) {
+        found->second.story.launch = launch;
+        end(number);
+    }
+}
+
+bool BuildSession::goesOn(Number number, const std::shared_ptr<ProjectItem>& project) {
+    const auto found = m_commands.find(number);
+    if (found == m_commands.end()) {
+        return false;
+    }
+    const bool isOvertaken =
+        std::any_of(std::next(found), m_commands.end(),
+                    [&](const auto& newer) { return newer.second.project.lock() == project; });
+    if (!found->second.stopped && !isOvertaken && project) {
+        return true;
+    }
+    if (found->second.stopped) {
+        found->second.story.launch = EmulatorLaunch{EmulatorLaunch::State::stopped, {}, {}, false};
+    }
+    end(number);
+    return false;
+}
+
+void BuildSession::stop() {
+    for (auto& [number, command] : m_commands) {
+        command.stopped = true;
+        if (command.stopSwitch) {
+            command.stopSwitch->stop();
+        }
+    }
+}
+
+void BuildSession::end(Number number) {
+    const BuildStory story = std::move(m_commands.at(number).story);
+    m_commands.erase(number);
+    if (number == m_latest) {
+        m_timer.stop();
+        tell(newsOf(story));
+    }
+    if (m_commands.empty()) {
+        Q_EMIT runningChanged(false);
+    }
+}
+
+void BuildSession::tell(const BuildNews& news) {
+    m_news = news;
+    Q_EMIT newsChanged(m_news);
+}
+
+void BuildSession::tellElapsed() {
+    m_timer.setInterval(TickMilliseconds);
+    BuildNews news;
+    news.mark = BuildMarkKind::running;
+    news.text = tr("Building %1...").arg(m_projectName);
+    news.elapsed = secondsText(m_began.elapsed());
+    tell(news);
+}
+
+} // namespace kestrel

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/BuildNews.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <map>
+#include <memory>
+
+namespace kestrel {
+
+class NESProjectBuilder;
+class ProjectItem;
+class StopSwitch;
+
+/// Knows what the commands to build and to run are about, which may overlap: tells what there is to
+/// say about the latest one, and stops them. For the user-interface thread.
+class BuildSession : public QObject {
+    Q_OBJECT
+
+public:
+    /// One command of the user.
+    using Number = unsigned;
+
+    /// How long a build may take before anything is said about it, and how often it is said then.
+    static constexpr int QuietMilliseconds = 300;
+    static constexpr int TickMilliseconds = 100;
+
+    enum class Kind { build, run };
+
+    explicit BuildSession(QObject* parent = nullptr);
+    ~BuildSession() override;
+
+    /// Begins a command for this project, null when none is selected. `unsaved` names the file on
+    /// the screen whose changes are not on the disk, if there is one.
+    Number begin(Kind kind, const std::shared_ptr<ProjectItem>& project, const QString& unsaved);
+
+    /// Has the builder of one part of the command tell what becomes of it. To be called before that
+    /// builds. The second part of a run is its silent build, at whose end the emulator is started.
+    void watch(Number number, NESProjectBuilder& builder);
+
+    /// The command ended before it had a builder.
+    void refused(Number number, const BuildError& error);
+
+    /// Whether the rest of a run is to be carried out, for the project that is selected now: it was
+    /// not stopped, and there is no newer command for the project. If not, the command is over.
+    bool goesOn(Number number, const std::shared_ptr<ProjectItem>& project);
+
+    /// Stops everything that runs.
+    void stop();
+
+    bool isRunning() const { return !m_commands.empty(); }
+
+    const BuildNews& news() const { return m_news; }
+
+Q_SIGNALS:
+    void newsChanged(const BuildNews& news);
+    void runningChanged(bool running);
+
+private:
+    struct Command;
+
+    void buildEnded(Number number, const BuildResult& result);
+    void launchEnded(Number number, const EmulatorLaunch& launch);
+    void end(Number number);
+    void tell(const BuildNews& news);
+    void tellElapsed();
+
+    std::map<Number, Command> m_commands; ///< those that are not over
+    Number m_latest = 0;
+    BuildNews m_news;
+    QString m_projectName; ///< of the latest command
+    QElapsedTimer m_began;
+    QTimer m_timer;
+};
+
+} // namespace kestrel

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "app/BuildStrip.h"
+
+#include "app/BuildMark.h"
+#include "widgets/WrappedLabel.h"
+
+#include <QAccessibleWidget>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace kestrel {
+
+namespace {
+
+constexpr QMargins Margins(8, 6, 8, 7);
+constexpr int LineGap = 2;
+/// The text's part of a strip with its button beside it, in average characters; in a narrower strip
+/// the button is below.
+constexpr int LeastTextBesideButton = 40;
+
+/// The strip as assistive technology sees it: an alert, whose name is what it last said.
+QAccessibleInterface* makeAccessible(const QString& className, QObject* object) {
+    if (className != QLatin1String(BuildStrip::staticMetaObject.className())) {
+        return nullptr;
+    }
+    // Qt owns it.
+    return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::AlertMessage);
+}
+
+WrappedLabel* makeLabel(const char* objectName, QWidget* parent) {
+    auto* label = new WrappedLabel(parent);
+    label->setObjectName(QLatin1String(objectName));
+    label->hide();
+    return label;
+}
+
+} // namespace
+
+BuildStrip::BuildStrip(QWidget* parent)
+    : QWidget(parent)
+    , m_mark(new BuildMark(this))
+    , m_text(makeLabel("buildText", this))
+    , m_hint(makeLabel("buildHint", this))
+    , m_notice(makeLabel("buildNotice", this))
+    , m_saveAndBuild(new QPushButton(tr("Save and Build Again"), this)) {
+    // Before the first name is told; only the first of several times.
+    QAccessible::installFactory(makeAccessible);
+    setObjectName(QStringLiteral("buildStrip"));
+    setAccessibleName(tr("Result of the build"));
+    const QString toolTip = tr("Save what is on the screen, then build");
+    m_saveAndBuild->setObjectName(QStringLiteral("saveAndBuildButton"));
+    m_saveAndBuild->setAccessibleName(m_saveAndBuild->text());
+    m_saveAndBuild->setAccessibleDescription(toolTip);
+    m_saveAndBuild->setToolTip(toolTip);
+    m_saveAndBuild->setFocusPolicy(Qt::TabFocus); // clicked, it leaves the focus where it is
+    m_saveAndBuild->hide();
+    connect(m_saveAndBuild, &QPushButton::clicked, this, &BuildStrip::saveAndBuildRequested);
+    layOut();
+    hide();
+}
+
+void BuildStrip::layOut() {
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(LineGap);
+    for (WrappedLabel* label : {m_text, m_hint, m_notice}) {
+        texts->addWidget(label);
+    }
+    auto* marked = new QHBoxLayout;
+    marked->addWidget(m_mark, 0, Qt::AlignTop);
+    marked->addLayout(texts, 1);
+    m_layout = new QBoxLayout(QBoxLayout::LeftToRight, this);
+    m_layout->setContentsMargins(Margins);
+    m_layout->addLayout(marked, 1);
+    m_layout->addWidget(m_saveAndBuild, 0, Qt::AlignLeft | Qt::AlignTop);
+    // As high as its texts need in its width, and no higher.
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+}
+
+void BuildStrip::showNews(const BuildNews& news) {
+    const BuildNews before = std::exchange(m_news, news);
+    m_mark->setKind(news.mark);
+    setText(*m_text, news.text);
+    if (!news.elapsed.isEmpty()) {
+        m_text->setText(tr("%1 %2").arg(news.text, news.elapsed));
+    }
+    setText(*m_hint, news.hint);
+    setText(*m_notice, QString());
+    m_saveAndBuild->setVisible(news.offersSaving);
+    setVisible(!news.text.isEmpty());
+    const bool isSaid = news.text == before.text && news.mark == before.mark;
+    if (!news.text.isEmpty() && (!isSaid || news.elapsed.isEmpty())) {
+        announce(news.hint.isEmpty() ? news.text : tr("%1. %2").arg(news.text, news.hint));
+    }
+}
+
+void BuildStrip::showNotice(const QString& notice) {
+    if (m_text->isHidden()) {
+        m_mark->setKind(BuildMarkKind::notice);
+    }
+    setText(*m_notice, notice);
+    setVisible(!m_text->isHidden() || !notice.isEmpty());
+    if (!notice.isEmpty()) {
+        announce(notice);
+    }
+}
+
+/// The accessible name of a label stands in place of its text, so it is without the time.
+void BuildStrip::setText(WrappedLabel& label, const QString& text) {
+    label.setText(text);
+    label.setAccessibleName(text);
+    label.setVisible(!text.isEmpty());
+}
+
+/// Screen readers speak an alert when it is shown, so that is what they are told every time.
+void BuildStrip::announce(const QString& text) {
+    setAccessibleName(text);
+    m_isUnheard = !isVisible();
+    if (m_isUnheard) {
+        return;
+    }
+    for (const auto kind : {QAccessible::Alert, QAccessible::ObjectShow}) {
+        QAccessibleEvent event(this, kind);
+        QAccessible::updateAccessibility(&event);
+    }
+    Q_EMIT announced(text);
+}
+
+void BuildStrip::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (m_isUnheard) {
+        announce(accessibleName());
+    }
+}
+
+/// A line parts it from the console's text.
+void BuildStrip::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(QRect(0, height() - 1, width(), 1), palette().mid());
+}
+
+void BuildStrip::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const int beside = width() - m_saveAndBuild->sizeHint().width();
+    m_layout->setDirection(beside < LeastTextBesideButton * fontMetrics().averageCharWidth()
+                               ? QBoxLayout::TopToBottom
+                               : QBoxLayout::LeftToRight);
+}
+
+} // namespace kestrel

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/BuildNews.h"
+
+#include <QWidget>
+
+class QBoxLayout;
+class QPushButton;
+
+namespace kestrel {
+
+class BuildMark;
+class WrappedLabel;
+
+/// The strip above the console's text: what became of the latest build, and notices of others. It
+/// is hidden as long as there is nothing to say.
+class BuildStrip : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit BuildStrip(QWidget* parent = nullptr);
+
+    /// Shows this in place of what was said before, and no notice any more.
+    void showNews(const BuildNews& news);
+
+    /// Adds a notice below what is said about the build, in place of an earlier one. An empty one
+    /// takes it away.
+    void showNotice(const QString& notice);
+
+Q_SIGNALS:
+    void saveAndBuildRequested();
+
+    /// Assistive technology was told this.
+    void announced(const QString& text);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void layOut();
+    static void setText(WrappedLabel& label, const QString& text);
+    void announce(const QString& text);
+
+    BuildNews m_news;
+    QBoxLayout* m_layout = nullptr;
+    BuildMark* m_mark;
+    WrappedLabel* m_text;
+    WrappedLabel* m_hint;
+    WrappedLabel* m_notice;
+    QPushButton* m_saveAndBuild;
+    bool m_isUnheard = false; ///< to be announced as soon as the strip can be seen
+};
+
+} // namespace kestrel

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "app/BuildNews.h"
+
+#include <gtest/gtest.h>
+
+namespace kestrel {
+namespace {
+
+using State = BuildResult::State;
+using Launch = EmulatorLaunch::State;
+
+BuildResult made() {
+    BuildResult result;
+    result.state = State::made;
+    result.image = "/home/Game/output/Game.nes";
+    result.bytes = 24592;
+    result.duration = std::chrono::milliseconds(40);
+    return result;
+}
+
+BuildResult notMade() {
+    BuildResult result;
+    result.state = State::notMade;
+    result.hasOutput = true;
+    result.errors = 2;
+    result.warnings = 1;
+    return result;
+}
+
+EmulatorLaunch launch(Launch state, bool hasImage = true) {
+    return {state, "FCEUX", state == Launch::failed ? "Permission denied" : "", hasImage};
+}
+
+constexpr const char* MadeText = "Game.nes built in 0.04 s: 24,592 bytes, no warnings";
+
+TEST(BuildNews, OfABuildAreItsSentence) {
+    const BuildNews good = newsOf({made(), {}, {}, {}});
+    EXPECT_EQ(good, (BuildNews{BuildMarkKind::made, QLatin1String(MadeText), {}, {}, false}));
+    const BuildNews bad = newsOf({notMade(), {}, {}, {}});
+    EXPECT_EQ(bad, (BuildNews{BuildMarkKind::failed,
+                              QStringLiteral("2 errors, 1 warning: no image"),
+                              {},
+                              {},
+                              false}));
+}
+
+TEST(BuildNews, OfABuildThatWasStoppedHaveAMarkOfTheirOwn) {
+    BuildResult result;
+    result.state = State::stopped;
+    EXPECT_EQ(newsOf({result, {}, {}, {}}).mark, BuildMarkKind::stopped);
+    result.state = State::crashed;
+    EXPECT_EQ(newsOf({result, {}, {}, {}}).mark, BuildMarkKind::failed);
+}
+
+TEST(BuildNews, HoldEveryHint) {
+    BuildResult result;
+    result.error = BuildError{"", 100, "Could not"};
+    result.hints = {"One.", "Two."};
+    const BuildNews news = newsOf({result, {}, {}, {}});
+    EXPECT_EQ(news.text, QStringLiteral("Could not"));
+    EXPECT_EQ(news.hint, QStringLiteral("One.\nTwo."));
+    EXPECT_EQ(news.mark, BuildMarkKind::failed);
+}
+
+TEST(BuildNews, NameTheFileThatIsNotSavedAndOfferToSaveIt) {
+    const BuildNews news = newsOf({made(), {}, {}, QStringLiteral("player.asm")});
+    EXPECT_TRUE(news.offersSaving);
+    EXPECT_TRUE(news.hint.contains(QStringLiteral("with unsaved changes in player.asm")));
+    EXPECT_EQ(news.text, QLatin1String(MadeText));
+}
+
+TEST(BuildNews, OfARunNameTheEmulatorThatWasStarted) {
+    const BuildNews news = newsOf({made(), made(), launch(Launch::started), {}});
+    EXPECT_EQ(news.text, QLatin1String(MadeText) + QStringLiteral("; started in FCEUX"));
+    EXPECT_EQ(news.mark, BuildMarkKind::made);
+    EXPECT_EQ(news.hint, QString());
+}
+
+TEST(BuildNews, OfARunWithoutAnImageOfItsOwnSayWhoseImageIsShown) {
+    const BuildNews old = newsOf({notMade(), notMade(), launch(Launch::started), {}});
+    EXPECT_EQ(old.text, QStringLiteral("2 errors, 1 warning: no image"));
+    EXPECT_EQ(old.hint, QStringLiteral("FCEUX was started with the image of an earlier build; this "
+                                       "build made none."));
+    EXPECT_EQ(old.mark, BuildMarkKind::failed);
+    const BuildNews none = newsOf({notMade(), notMade(), launch(Launch::started, false), {}});
+    EXPECT_EQ(none.hint, QStringLiteral("FCEUX was started, but there is no image for it."));
+}
+
+TEST(BuildNews, OfARunWhoseEmulatorDoesNotStartSayWhy) {
+    const BuildNews news = newsOf({made(), made(), launch(Launch::failed), {}});
+    EXPECT_EQ(news.mark, BuildMarkKind::failed);
+    EXPECT_EQ(news.text, QLatin1String(MadeText) + QStringLiteral("; FCEUX could not be started"));
+    EXPECT_EQ(news.hint, QStringLiteral("FCEUX could not be started: Permission denied."));
+}
+
+TEST(BuildNews, OfARunWithoutAnEmulatorSayWhereToChooseOne) {
+    const BuildNews news = newsOf({made(), made(), launch(Launch::noEmulator), {}});
+    EXPECT_EQ(news.text, QLatin1String(MadeText) + QStringLiteral("; no emulator is set"));
+    EXPECT_EQ(news.hint, QString::fromStdString(textOf(BuildError{"2", 0, std::nullopt})));
+    EXPECT_TRUE(news.hint.contains(QStringLiteral("choose one")));
+}
+
+TEST(BuildNews, OfARunTellTheSecondBuildOnlyWhenItCameToSomethingElse) {
+    BuildResult slower = made();
+    slower.duration = std::chrono::seconds(9);
+    EXPECT_TRUE(newsOf({made(), slower, launch(Launch::started), {}})
+                    .text.startsWith(QLatin1String(MadeText)));
+    const BuildNews lost = newsOf({made(), notMade(), launch(Launch::started), {}});
+    EXPECT_EQ(lost.mark, BuildMarkKind::failed);
+    EXPECT_EQ(lost.text, QStringLiteral("2 errors, 1 warning: no image"));
+    EXPECT_TRUE(lost.hint.contains(QStringLiteral("The first one made an image.")));
+    const BuildNews found = newsOf({notMade(), made(), launch(Launch::started), {}});
+    EXPECT_EQ(found.mark, BuildMarkKind::made);
+    EXPECT_TRUE(found.hint.contains(QStringLiteral("whose output is below, made no image.")));
+}
+
+TEST(BuildNews, TellTimeWithOnePlace) {
+    EXPECT_EQ(secondsText(300), QStringLiteral("0.3 s"));
+    EXPECT_EQ(secondsText(61'240), QStringLiteral("61.2 s"));
+}
+
+} // namespace
+} // namespace kestrel
