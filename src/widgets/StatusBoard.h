@@ -15,10 +15,11 @@ namespace kestrel {
 enum class StatusField {
     build,    ///< how the latest build stands
     saving,   ///< what became of a file at the last save, if that is worth telling
+    place,    ///< the caret's line and column in the code editor
     encoding, ///< the shown file's encoding and line ends
 };
 
-inline constexpr std::size_t StatusFieldCount = 3;
+inline constexpr std::size_t StatusFieldCount = 4;
 
 /// What just happened stands on the left; what is so, at the right edge, where it does not move
 /// when a message comes.

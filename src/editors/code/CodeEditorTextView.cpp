@@ -55,8 +55,10 @@ CodeEditorTextView::CodeEditorTextView(QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setFont(codeFont());
     updateTabWidth();
-    connect(document(), &QTextDocument::contentsChange, this,
-            [this](int position) { m_lineCount.changedFrom(position); });
+    connect(document(), &QTextDocument::contentsChange, this, [this](int position) {
+        m_lineCount.changedFrom(position);
+        m_columnCount.changedFrom(position);
+    });
 }
 
 void CodeEditorTextView::insertTab() {
@@ -104,6 +106,10 @@ int CodeEditorTextView::startOfLine(int line) const {
 
 int CodeEditorTextView::lineCount() const {
     return m_lineCount.lines();
+}
+
+int CodeEditorTextView::charactersBefore(const QTextBlock& piece) const {
+    return m_columnCount.before(piece);
 }
 
 void CodeEditorTextView::zoomBy(int steps) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "editors/code/ColumnCount.h"
 #include "editors/code/LineCount.h"
 #include "editors/code/LineNumberedTextView.h"
 #include "editors/code/SourceDocument.h"
@@ -36,6 +37,9 @@ public:
     int startOfLine(int line) const;
     int lineCount() const;
 
+    /// How many characters of its line are before a piece of it, as messages count them.
+    int charactersBefore(const QTextBlock& piece) const;
+
     /// How often a tab left the caret at the very start, which inserting one never does.
     int tabCounter = 0;
 
@@ -62,6 +66,7 @@ private:
 
     SourceDocument m_source;
     mutable LineCount m_lineCount;
+    mutable ColumnCount m_columnCount;
     int m_wheelRest = 0;
 };
 

@@ -7,6 +7,7 @@
 #include "editors/code/GoToLineBar.h"
 #include "editors/code/SourceCodec.h"
 #include "editors/code/SourceDescription.h"
+#include "editors/code/SourceMarks.h"
 #include "editors/code/TextEditorActions.h"
 #include "model/FileProcessor.h"
 #include "model/FileReader.h"
@@ -45,6 +46,7 @@ TextEditorController::TextEditorController(QWidget* parent)
     , m_nameLabel(new ElidedLabel(this))
     , m_findBar(new FindBar(*codeEditor, this))
     , m_goToLineBar(new GoToLineBar(*codeEditor, this))
+    , m_marks(new SourceMarks(*codeEditor, this))
     , m_actions(std::make_unique<TextEditorActions>(*codeEditor, *m_findBar, *m_goToLineBar, *this))
     , m_unsavedWork(makeUnsavedWork()) {
     setObjectName(QStringLiteral("textEditor"));
@@ -96,6 +98,10 @@ void TextEditorController::buildLayout() {
 void TextEditorController::viewDidLoad() {
     connect(saveButton, &QPushButton::clicked, this, &TextEditorController::saveFile);
     codeEditor->lnv_setUpLineNumberView();
+    connect(codeEditor, &QPlainTextEdit::cursorPositionChanged, this,
+            &TextEditorController::showPlace);
+    // A line end in place of a letter moves the caret's line, not its position.
+    connect(codeEditor, &QPlainTextEdit::textChanged, this, &TextEditorController::showPlace);
 }
 
 void TextEditorController::loadFile(const std::filesystem::path& path) {
@@ -111,6 +117,7 @@ void TextEditorController::loadFile(const std::filesystem::path& path) {
         return;
     }
     m_unsavedWork->leave();
+    const bool isOther = m_path != path;
     m_byteOrderMark = source->byteOrderMark;
     m_known.note(*bytes);
     m_isConverted = !source->formerEncoding.isEmpty();
@@ -119,11 +126,20 @@ void TextEditorController::loadFile(const std::filesystem::path& path) {
     m_description = sourceDescription(*source);
     showStatus();
     m_unsavedWork->shown(path, std::move(bytes), [source] { return encodeSource(*source); });
+    Q_EMIT fileShown(isOther);
 }
 
 void TextEditorController::showStatus() const {
     if (isVisible()) {
         setStatus(StatusField::encoding, m_description);
+        showPlace();
+    }
+}
+
+void TextEditorController::showPlace() const {
+    if (isVisible() && m_path && codeEditor) {
+        const SourcePlace place = placeAt(*codeEditor, codeEditor->textCursor().position());
+        setStatus(StatusField::place, tr("Line %1, Column %2").arg(place.line).arg(place.column));
     }
 }
 
@@ -136,6 +152,7 @@ void TextEditorController::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     if (!event->spontaneous()) {
         setStatus(StatusField::encoding, {});
+        setStatus(StatusField::place, {});
     }
 }
 
@@ -150,6 +167,7 @@ void TextEditorController::showText(const std::filesystem::path& path, const QSt
     if (shownAlready) {
         codeEditor->source().update(text);
     } else {
+        m_marks->clear();
         codeEditor->source().load(text);
         codeEditor->moveCursor(QTextCursor::Start);
         codeEditor->verticalScrollBar()->setValue(0);
@@ -194,6 +212,7 @@ void TextEditorController::saveFile() {
     if (contents) {
         m_unsavedWork->saved(*std::move(contents));
     }
+    Q_EMIT fileSaved();
 }
 
 void TextEditorController::bringBack(const std::string& content) {

@@ -21,6 +21,7 @@ class CodeEditorTextView;
 class ElidedLabel;
 class FindBar;
 class GoToLineBar;
+class SourceMarks;
 class UnsavedWork;
 struct TextEditorActions;
 
@@ -50,11 +51,20 @@ public:
     /// The file shown; nothing before the first.
     const std::optional<std::filesystem::path>& path() const;
 
+    /// The marks in the text. Another file begins without any.
+    SourceMarks& marks() const { return *m_marks; }
+
     void savePane() override;
     UnsavedWork* unsavedWork() override { return m_unsavedWork; }
     const CommandSet* commands() const override;
     QList<QAction*> editActions() const override;
     QList<QAction*> viewActions() const override;
+
+Q_SIGNALS:
+    /// A file has been read and is shown, whether it is another one or the same again.
+    void fileShown(bool isOther);
+    /// The text has been written to the file.
+    void fileSaved();
 
 protected:
     void hideEvent(QHideEvent* event) override;
@@ -66,6 +76,7 @@ private:
     void buildLayout();
     void viewDidLoad();
     void showStatus() const;
+    void showPlace() const;
     UnsavedWork* makeUnsavedWork();
     void bringBack(const std::string& content);
     void showText(const std::filesystem::path& path, const QString& text);
@@ -78,6 +89,7 @@ private:
     ElidedLabel* m_nameLabel;
     FindBar* m_findBar;
     GoToLineBar* m_goToLineBar;
+    SourceMarks* m_marks;
     std::unique_ptr<TextEditorActions> m_actions;
     UnsavedWork* m_unsavedWork;
 };

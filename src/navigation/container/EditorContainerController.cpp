@@ -22,6 +22,7 @@
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QScopedValueRollback>
 #include <QSplitter>
 
 #include <algorithm>
@@ -90,7 +91,7 @@ void EditorContainerController::prepare(QWidget* destination) {
             m_projectNavigationController = tree;
             tree->setProjectNavigationDelegate(this);
             connect(tree, &ProjectNavigationController::selectedRowChosenAgain, this,
-                    &EditorContainerController::selectedRowWasChosenAgain);
+                    &EditorContainerController::showSelectedAgain);
         } else if (auto* panes = qobject_cast<CommonEditorControllers*>(split->widget(i))) {
             m_commonController = panes;
         }
@@ -163,33 +164,20 @@ void EditorContainerController::projectNavigation(
     if (m_commonController->projectSettings) {
         m_commonController->projectSettings->setCurrentProject(project);
     }
-    switch (itemSelected->itemFileType()) {
-    case FileType::unknown:
-        m_commonController->displayError(QStringLiteral(
-            "File type unspecified.\n Please set file to appropriate type in project settings"));
-        break;
-    case FileType::group:
-        m_commonController->displayError(QStringLiteral("Folder selected"));
-        break;
-    case FileType::project:
-        m_commonController->displayProjectSettings(project);
-        break;
-    case FileType::text:
-    case FileType::palette:
-    case FileType::graphics:
-        m_commonController->displayFile(itemSelected, project);
-        break;
-    case FileType::empty:
-        break;
+    if (!m_isShownAlready) {
+        ShownPane::show(itemSelected, project, *m_commonController);
     }
     if (itemSelected == m_projectNavigationController->selectedItem()) {
         m_shownPane.noteSelection(itemSelected, *m_commonController);
     }
 }
 
-/// Shows the selected row's pane again if a message hides it, such as that of an imported file,
-/// which is shown without being selected.
-void EditorContainerController::selectedRowWasChosenAgain() {
+void EditorContainerController::selectShown(const std::shared_ptr<ProjectItem>& item) {
+    const QScopedValueRollback keepsPane(m_isShownAlready, true);
+    m_projectNavigationController->select(item);
+}
+
+void EditorContainerController::showSelectedAgain() {
     if (!m_commonController ||
         m_commonController->currentWidget() != m_commonController->emptyController) {
         return;
@@ -386,7 +374,7 @@ bool EditorContainerController::addProjectToEditor(const std::shared_ptr<Project
         const bool wasSelected = m_projectNavigationController->selectedItem() == present;
         m_projectNavigationController->select(present);
         if (wasSelected) {
-            selectedRowWasChosenAgain(); // hides the message that its file is missing
+            showSelectedAgain(); // hides the message that its file is missing
         }
         return true;
     }

@@ -70,6 +70,13 @@ public:
     void projectNavigation(const std::shared_ptr<ProjectItem>& itemSelected) override;
     void projectNavigationMenuSelected(const std::any& object);
 
+    /// Selects the row of a node whose file the shown pane has already; nothing is read.
+    void selectShown(const std::shared_ptr<ProjectItem>& item);
+
+    /// Shows the selected row's pane again if a message hides it, such as that of an imported file,
+    /// which is shown without being selected.
+    void showSelectedAgain();
+
     /// Writes the file of a new node; see writeNewFile.
     bool createNewFile(const std::shared_ptr<ProjectItem>& newItem,
                        const std::shared_ptr<ProjectItem>& currentProject);
@@ -124,7 +131,6 @@ private:
                      const std::shared_ptr<ProjectItem>& parent,
                      const std::shared_ptr<ProjectItem>& project);
     void fileWasChosen(const std::filesystem::path& file);
-    void selectedRowWasChosenAgain();
     void saveWithContainerAsParent(const std::shared_ptr<ProjectItem>& inserted);
 
     NotificationCentre& m_centre;
@@ -134,6 +140,7 @@ private:
     std::unique_ptr<CreateNewProjectController> m_newProjectController;
     FilePanel m_filePanel = openFilePanel;
     ShownPane m_shownPane;
+    bool m_isShownAlready = false; ///< of what is being selected: the pane stays as it is
     std::vector<ProjectItemDeletion> m_deletions;
     SheetQueue m_afterSheets{*this};
     NotificationCentre::Connection m_commands; ///< declared last: destroyed first

@@ -16,6 +16,10 @@ class CommonEditorControllers;
 /// message without loading, which would lose what was typed. (The palette pane always reloads.)
 class ShownPane {
 public:
+    /// Shows the pane for a node of `project`, or a message for one without a pane.
+    static void show(const std::shared_ptr<ProjectItem>& item,
+                     const std::shared_ptr<ProjectItem>& project, CommonEditorControllers& panes);
+
     /// To be called after `panes` has shown the selected node.
     void noteSelection(const std::shared_ptr<ProjectItem>& item, CommonEditorControllers& panes);
 
