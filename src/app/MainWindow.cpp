@@ -5,6 +5,7 @@
 #include "app/ButtonKeys.h"
 #include "app/MainMenu.h"
 #include "app/MainWindowController.h"
+#include "app/PlaceWalk.h"
 #include "app/StatusBar.h"
 #include "app/Window.h"
 #include "app/WindowCommands.h"
@@ -15,6 +16,7 @@
 #include "navigation/container/EditorContainerController.h"
 #include "navigation/tree/NodeRoot.h"
 #include "navigation/tree/ProjectNavigationController.h"
+#include "widgets/StatusBoard.h"
 
 #include <QAction>
 #include <QGuiApplication>
@@ -102,6 +104,14 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     followBuilds(controller->buildSession(), board, *statusBar,
                  *commands->commands().action("stopAction"));
     const auto* menu = new MainMenu(*bar, *editor, commands->commands(), &window);
+    auto* walk = new PlaceWalk(*controller, *editor, &window);
+    QObject::connect(menu->action("nextProblemAction"), &QAction::triggered, walk,
+                     &PlaceWalk::goToNext);
+    QObject::connect(menu->action("previousProblemAction"), &QAction::triggered, walk,
+                     &PlaceWalk::goToPrevious);
+    StatusBoard* const board = editor->commonController()->statusBoard();
+    QObject::connect(walk, &PlaceWalk::notice, board,
+                     [board](const QString& text) { board->setText(StatusField::saving, text); });
     delegate.setBuildMenuItem(menu->action("buildAction"));
     delegate.setRunMenuItem(menu->action("runAction"));
     return controller;

@@ -261,6 +261,7 @@ void MainWindowController::makeConsole() {
         connect(&m_session, &BuildSession::newsChanged, strip, &BuildStrip::showNews);
         connect(strip, &BuildStrip::saveAndBuildRequested, this,
                 &MainWindowController::saveAndBuildRequested);
+        Q_EMIT consoleMade();
     }
 }
 

@@ -104,6 +104,8 @@ public:
 Q_SIGNALS:
     /// The main window was closed by the user, and with it the program is over.
     void windowClosed();
+    /// consoleOutputController() is there now, still without a text.
+    void consoleMade();
 
     /// The strip in the console was asked to save what is on the screen and to build that.
     void saveAndBuildRequested();

@@ -36,6 +36,8 @@ std::span<const MenuEntry> menuEntries() {
         {"runAction", MenuTitle::build},
         {"saveAndBuildAction", MenuTitle::build},
         {"stopAction", MenuTitle::build},
+        {"nextProblemAction", MenuTitle::build, true},
+        {"previousProblemAction", MenuTitle::build},
         {"consoleAction", MenuTitle::view},
         {"nextPaneAction", MenuTitle::view},
         {"userGuideAction", MenuTitle::help},

@@ -96,6 +96,11 @@ void WindowCommands::addCommands() {
         {Qt::CTRL | Qt::SHIFT | Qt::Key_B}, Everywhere, [this] { saveAndBuild(); });
     add("stopAction", QT_TRANSLATE_NOOP("Command", "&Stop"),
         {Qt::CTRL | Qt::Key_Period, Qt::SHIFT | Qt::Key_F5}, Everywhere, [this] { stop(); });
+    // The walk through places carries out these.
+    add("nextProblemAction", QT_TRANSLATE_NOOP("Command", "&Next Problem"), {Qt::Key_F4},
+        Everywhere, {});
+    add("previousProblemAction", QT_TRANSLATE_NOOP("Command", "&Previous Problem"),
+        {Qt::SHIFT | Qt::Key_F4}, Everywhere, {});
     add("consoleAction", QT_TRANSLATE_NOOP("Command", "&Console"),
         {Qt::CTRL | Qt::SHIFT | Qt::Key_C}, Here, [this] { showConsole(); });
     add("nextPaneAction", QT_TRANSLATE_NOOP("Command", "&Next Part of the Window"), {Qt::Key_F6},

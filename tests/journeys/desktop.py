@@ -114,6 +114,16 @@ class Widget:
         length = Atspi.Text.get_character_count(self.accessible)
         return Atspi.Text.get_text(self.accessible, 0, length)
 
+    def caret(self):
+        """The line and the column of a text widget's caret, from 1."""
+        before = self.text()[:Atspi.Text.get_caret_offset(self.accessible)]
+        return before.count("\n") + 1, len(before) - (before.rfind("\n") + 1) + 1
+
+    def place_of(self, text):
+        """The middle of the first character of a text that a text widget shows."""
+        area = Atspi.Text.get_character_extents(self.accessible, self.text().index(text), Atspi.CoordType.SCREEN)
+        return area.x + area.width // 2, area.y + area.height // 2
+
 
 class Desktop:
     """Xvfb with openbox. start() and stop() go together."""
@@ -214,6 +224,11 @@ class Desktop:
             x += min(8, widget.place()[2] // 4)
         self.xdotool("mousemove", "--sync", x, y, "click", 1)
         self.clicked = (x, y)
+
+    def double_click(self, place):
+        """Clicks twice on a place of the screen."""
+        self.xdotool("mousemove", "--sync", *place, "click", "--repeat", "2", "--delay", "20", "1")
+        self.clicked = None
 
     def point_at(self, widget):
         self.xdotool("mousemove", "--sync", *widget.centre())

@@ -71,12 +71,13 @@ class JourneyTestCase(unittest.TestCase):
 
     def lay_out_project(self, name, files):
         """Makes a project in the home folder without Kestrel; its project file. `files` are the names of empty
-        sources, or names with contents, which are of the kind that the name's ending tells."""
+        sources, or names with contents, which are of the kind that the name's ending tells; they may have a folder."""
         folder = self.project_folder(name)
         (folder / ".project").mkdir(parents=True)
 
         def node(name, kind, children):
-            return {"name": name, "path": str(folder), "path_type": "absolute_path", "type": kind,
+            place = folder if kind == "project" else (folder / name).parent
+            return {"name": Path(name).name, "path": str(place), "path_type": "absolute_path", "type": kind,
                     "project_type": "nes", "sub_items": children}
 
         def write(path, value):
@@ -85,6 +86,7 @@ class JourneyTestCase(unittest.TestCase):
 
         contents = files if isinstance(files, dict) else dict.fromkeys(files, b"")
         for file, content in contents.items():
+            (folder / file).parent.mkdir(exist_ok=True)
             (folder / file).write_bytes(content)
         nodes = {kind: [node(file, kind, []) for file in contents if KINDS.get(Path(file).suffix, "text") == kind]
                  for kind in ("text", "graphics", "palette")}

@@ -2,7 +2,6 @@
 #include "editors/code/ColumnCount.h"
 
 #include "editors/code/LinePieces.h"
-#include "editors/code/SourcePlace.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
@@ -10,6 +9,20 @@
 #include <algorithm>
 
 namespace kestrel {
+
+qsizetype unitsAt(QStringView text, qsizetype index) {
+    const bool isPair = text[index].isHighSurrogate() && index + 1 < text.size() &&
+                        text[index + 1].isLowSurrogate();
+    return isPair ? 2 : 1;
+}
+
+int charactersIn(QStringView text) {
+    int count = 0;
+    for (qsizetype units = 0; units < text.size(); units += unitsAt(text, units)) {
+        ++count;
+    }
+    return count;
+}
 
 int ColumnCount::before(const QTextBlock& piece) {
     if (!continuesLine(piece)) {

@@ -12,13 +12,6 @@ namespace kestrel {
 
 namespace {
 
-/// How many units of UTF-16 the character at `index` has; a lone surrogate counts as one.
-qsizetype unitsAt(QStringView text, qsizetype index) {
-    const bool isPair = text[index].isHighSurrogate() && index + 1 < text.size() &&
-                        text[index + 1].isLowSurrogate();
-    return isPair ? 2 : 1;
-}
-
 bool isWordPart(QChar c) {
     return c.unicode() > 0x7F || c.isLetterOrNumber() || c == u'_' || c == u'.' || c == u'@';
 }
@@ -29,14 +22,6 @@ qsizetype endOfName(QStringView text, qsizetype begin) {
 }
 
 } // namespace
-
-int charactersIn(QStringView text) {
-    int count = 0;
-    for (qsizetype units = 0; units < text.size(); units += unitsAt(text, units)) {
-        ++count;
-    }
-    return count;
-}
 
 int positionOf(const CodeEditorTextView& view, const SourcePlace& place) {
     const int line = std::clamp(place.line, 1, view.lineCount()) - 1;

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QStringView>
-
 class QTextBlock;
 
 namespace kestrel {
@@ -17,9 +15,6 @@ struct SourcePlace {
 
     bool operator==(const SourcePlace&) const = default;
 };
-
-/// How many characters a text has, counted in this way.
-int charactersIn(QStringView text);
 
 /// The position of a place in the view's document: at the end of the line when that is shorter, in
 /// the last line when there are fewer.

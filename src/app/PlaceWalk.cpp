@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "app/PlaceWalk.h"
+
+#include "app/ConsoleOutput.h"
+#include "app/ConsolePlaces.h"
+#include "app/MainWindowController.h"
+#include "app/ProblemMarks.h"
+#include "build/NESProjectBuilder.h"
+#include "editors/code/CodeEditorTextView.h"
+#include "editors/CommonEditorControllers.h"
+#include "navigation/container/EditorContainerController.h"
+
+#include <utility>
+
+namespace kestrel {
+
+PlaceWalk::PlaceWalk(MainWindowController& controller, EditorContainerController& editor,
+                     QObject* parent)
+    : QObject(parent)
+    , m_controller(&controller)
+    , m_editor(editor)
+    , m_jump(editor) {
+    if (TextEditorController* pane = editor.commonController()->textEditor) {
+        m_marks = std::make_unique<ProblemMarks>(*pane);
+    }
+    connect(&controller, &MainWindowController::consoleMade, this, &PlaceWalk::consoleWasMade);
+    connect(&m_jump, &PlaceJump::notice, this, &PlaceWalk::notice);
+}
+
+PlaceWalk::~PlaceWalk() = default;
+
+void PlaceWalk::consoleWasMade() {
+    ConsoleOutput* const output = m_controller->consoleOutputController();
+    if (output == nullptr || output->console() == nullptr) {
+        return;
+    }
+    m_console = new ConsolePlaces(*output->console(), output);
+    connect(m_console, &ConsolePlaces::cleared, this, [this] {
+        m_hasProblems = false;
+        m_list.clear(PlaceList::Content::problems);
+        if (m_marks) {
+            m_marks->begin(nullptr);
+        }
+    });
+    connect(m_console, &ConsolePlaces::found, this, &PlaceWalk::problemsWereFound);
+    connect(m_console, &ConsolePlaces::chosen, this, &PlaceWalk::choose);
+}
+
+/// The project of the latest build, whose output the console shows.
+std::shared_ptr<ProjectItem> PlaceWalk::builtProject() const {
+    const auto builder = m_controller ? m_controller->projectBuilder() : nullptr;
+    return builder && builder->buildSetting() ? builder->buildSetting()->projectToBuild() : nullptr;
+}
+
+void PlaceWalk::problemsWereFound(std::vector<Place> problems) {
+    const bool isFirst = !std::exchange(m_hasProblems, true);
+    const auto project = builtProject();
+    if (m_marks) {
+        if (isFirst) {
+            m_marks->begin(project);
+        }
+        m_marks->add(problems);
+    }
+    if (isFirst) {
+        m_list.fill(PlaceList::Content::problems, project, std::move(problems));
+    } else {
+        m_list.add(PlaceList::Content::problems, std::move(problems));
+    }
+}
+
+void PlaceWalk::goToNext() {
+    step(&PlaceList::next);
+}
+
+void PlaceWalk::goToPrevious() {
+    step(&PlaceList::previous);
+}
+
+void PlaceWalk::step(bool (PlaceList::*move)()) {
+    const ConsoleOutput* const output =
+        m_controller ? m_controller->consoleOutputController() : nullptr;
+    if (m_console && output != nullptr && !output->isBusy()) {
+        m_console->readLastLine();
+    }
+    if ((m_list.*move)()) {
+        goToCurrent();
+    } else {
+        Q_EMIT notice(tr("There is no problem to go to"));
+    }
+}
+
+bool PlaceWalk::goToCurrent() {
+    const Place* const current = m_list.current();
+    if (current == nullptr) {
+        return false;
+    }
+    Place place = *current;
+    const bool isProblem = m_list.content() == PlaceList::Content::problems && m_marks;
+    const std::size_t number = *m_list.currentIndex();
+    const auto present = [&] {
+        return (isProblem ? m_marks->placeOf(number) : std::nullopt)
+            .value_or(SourcePlace{place.line, place.column});
+    };
+    const SourcePlace before = present();
+    place.line = before.line;
+    place.column = before.column;
+    if (isProblem && m_console) {
+        m_console->showProblem(number);
+    }
+    if (!m_jump.goTo(m_list.project(), place)) {
+        return false;
+    }
+    // Reading the file may have moved what is marked in it.
+    if (const SourcePlace after = present(); after != before) {
+        moveCaretTo(*m_editor.commonController()->textEditor->codeEditor, after);
+    }
+    return true;
+}
+
+/// Goes to the place of a line of the console.
+void PlaceWalk::choose(const Place& place, std::optional<std::size_t> problem) {
+    if (problem && m_list.content() == PlaceList::Content::problems) {
+        m_list.setCurrentIndex(*problem);
+        goToCurrent();
+        return;
+    }
+    Place found = place;
+    if (m_marks && m_hasProblems) {
+        m_marks->findFile(found);
+    }
+    m_jump.goTo(builtProject(), found);
+}
+
+} // namespace kestrel

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "build/Place.h"
+#include "navigation/container/PlaceJump.h"
+#include "navigation/container/PlaceList.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace kestrel {
+
+class ConsolePlaces;
+class EditorContainerController;
+class MainWindowController;
+class ProblemMarks;
+
+/// Goes from place to place: has the window's list of places, enters the problems in it that the
+/// console shows, and carries out the commands for the next and the previous one.
+class PlaceWalk : public QObject {
+    Q_OBJECT
+
+public:
+    /// `editor`, which must have its panes, must outlive this.
+    PlaceWalk(MainWindowController& controller, EditorContainerController& editor, QObject* parent);
+    ~PlaceWalk() override;
+
+    /// Whoever fills it last is walked through.
+    PlaceList& list() { return m_list; }
+    PlaceJump& jump() { return m_jump; }
+
+    void goToNext();
+    void goToPrevious();
+
+    /// Goes to the list's current place. False when there is none or it cannot be shown.
+    bool goToCurrent();
+
+Q_SIGNALS:
+    /// What the user is to be told, as a sentence.
+    void notice(const QString& text);
+
+private:
+    void consoleWasMade();
+    void step(bool (PlaceList::*move)());
+    void problemsWereFound(std::vector<Place> problems);
+    void choose(const Place& place, std::optional<std::size_t> problem);
+    std::shared_ptr<ProjectItem> builtProject() const;
+
+    QPointer<MainWindowController> m_controller;
+    EditorContainerController& m_editor;
+    PlaceList m_list;
+    PlaceJump m_jump;
+    std::unique_ptr<ProblemMarks> m_marks; ///< null without a code editor
+    QPointer<ConsolePlaces> m_console;
+    bool m_hasProblems = false; ///< of what the console shows some were found
+};
+
+} // namespace kestrel

@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+#include "app/PlaceWalk.h"
+
+#include "app/WindowFixture.h"
+#include "editors/code/CodeEditorTextView.h"
+#include "editors/code/SourceMarks.h"
+#include "editors/code/SourcePlace.h"
+#include "editors/code/TextEditorController.h"
+#include "editors/CommonEditorControllers.h"
+#include "model/StructureFile.h"
+#include "widgets/StatusBoard.h"
+
+#include <QTextBlock>
+
+namespace kestrel {
+namespace {
+
+using namespace test;
+
+/// A built project with two sources, and an assembler that complains of both.
+class PlaceWalkTest : public WindowTest {
+protected:
+    void startAndBuild(const std::string& output) {
+        layOut("Game");
+        const auto inc = makeNode("inc.asm", FileType::text, {}, folder("Game") / "code");
+        home.write("Kestrel/Game/code/inc.asm", "first\n\tlda wrong\nthird\n");
+        home.write("Kestrel/Game/main.asm", "\t.org $FFFA\n\tjmp nowhere\n");
+        const auto main = makeNode("main.asm", FileType::text, {}, folder("Game"));
+        const auto root = makeNode("Game", FileType::project, {main, inc}, folder("Game"));
+        NESBuildSettings::add(inc, root);
+        ASSERT_TRUE(saveStructure(*root));
+        ASSERT_TRUE(FileProcessor::saveToRecentlyConfiguredProjects(root));
+        start();
+        build(output);
+    }
+
+    void build(const std::string& output) {
+        script("Game", output);
+        QTest::keyClick(&window(), Qt::Key_B, Qt::ControlModifier);
+        ASSERT_TRUE(consoleEndsWith("Internal Error when building"));
+    }
+
+    PlaceWalk& walk() const { return *window().findChild<PlaceWalk*>(); }
+    TextEditorController& pane() const { return *editor().commonController()->textEditor; }
+    CodeEditorTextView& text() const { return *pane().codeEditor; }
+    void next() const { action("nextProblemAction")->trigger(); }
+    void previous() const { action("previousProblemAction")->trigger(); }
+
+    /// The shown file's name and the caret's place in it.
+    std::string place() const {
+        const SourcePlace caret = placeAt(text(), text().textCursor().position());
+        return pane().path().value_or("").filename().string() + ":" + std::to_string(caret.line) +
+               ":" + std::to_string(caret.column);
+    }
+
+    std::string marked() const {
+        std::string words;
+        for (const auto& selection : text().extraSelections()) {
+            words += selection.cursor.selectedText().toStdString() + " ";
+        }
+        return words;
+    }
+
+    void insert(int line, const char* typed) const {
+        QTextCursor cursor(text().document());
+        cursor.setPosition(positionOf(text(), {line, 1}));
+        text().source().insert(cursor, QString::fromLatin1(typed));
+    }
+};
+
+constexpr const char* Complaints = "print main.asm:2:6: warning: jumps away\n"
+                                   "print code/inc:2:6: error: no such name\n"
+                                   "print inc.asm:3:1: error: what is this\n";
+
+TEST_F(PlaceWalkTest, TheFirstStepGoesToTheFirstErrorAndTheNextOnesRound) {
+    startAndBuild(Complaints);
+    next();
+    EXPECT_EQ(place(), "inc.asm:2:6");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return text().hasFocus(); }));
+    EXPECT_EQ(tree().selectedItem()->itemName(), "inc.asm");
+    next();
+    EXPECT_EQ(place(), "inc.asm:3:1");
+    next();
+    EXPECT_EQ(place(), "main.asm:2:6");
+    previous();
+    EXPECT_EQ(place(), "inc.asm:3:1");
+}
+
+TEST_F(PlaceWalkTest, TheCommandsActEverywhereByTheirKeys) {
+    startAndBuild("");
+    EXPECT_EQ(action("nextProblemAction")->shortcut(), QKeySequence(Qt::Key_F4));
+    EXPECT_EQ(action("previousProblemAction")->shortcut(), QKeySequence(Qt::SHIFT | Qt::Key_F4));
+    for (const char* const name : {"nextProblemAction", "previousProblemAction"}) {
+        EXPECT_EQ(action(name)->shortcutContext(), Qt::ApplicationShortcut);
+        EXPECT_TRUE(menu("buildMenu")->actions().contains(action(name)));
+    }
+}
+
+TEST_F(PlaceWalkTest, ALineOfTheConsoleIsGoneToAndTheWalkGoesOnFromThere) {
+    startAndBuild(Complaints);
+    QPlainTextEdit* console = controller->consoleOutputController()->console();
+    QTextCursor caret(console->document()->find(QStringLiteral("inc.asm:3")));
+    console->setTextCursor(caret);
+    QTest::keyClick(console, Qt::Key_Return);
+    EXPECT_EQ(place(), "inc.asm:3:1");
+    next();
+    EXPECT_EQ(place(), "main.asm:2:6");
+    EXPECT_EQ(console->textCursor().block().text(), u"main.asm:2:6: warning: jumps away");
+}
+
+TEST_F(PlaceWalkTest, AChainIsFollowedAndAFileInNoTreeIsNamed) {
+    startAndBuild("print code/inc:2:6: error: x\nprint   included at main.asm:2\n"
+                  "print   included at lost.asm:7\n");
+    QPlainTextEdit* console = controller->consoleOutputController()->console();
+    console->setTextCursor(console->document()->find(QStringLiteral("included at main")));
+    QTest::keyClick(console, Qt::Key_Return);
+    EXPECT_EQ(place(), "main.asm:2:1");
+    console->setTextCursor(console->document()->find(QStringLiteral("included at lost")));
+    QTest::keyClick(console, Qt::Key_Return);
+    EXPECT_EQ(place(), "main.asm:2:1");
+    EXPECT_EQ(editor().commonController()->statusBoard()->text(StatusField::saving),
+              QStringLiteral("“lost.asm” is in no project of the tree"));
+}
+
+TEST_F(PlaceWalkTest, TheShownFileIsMarkedUntilTheNextBuild) {
+    startAndBuild(Complaints);
+    next();
+    EXPECT_EQ(marked(), "wrong third ");
+    previous();
+    EXPECT_EQ(marked(), "nowhere ");
+    build(Complaints); // marked at once
+    EXPECT_EQ(marked(), "nowhere ");
+    build("");
+    EXPECT_EQ(marked(), "");
+    EXPECT_TRUE(walk().list().places().empty());
+}
+
+TEST_F(PlaceWalkTest, StepsFollowWhatWasEditedAndKeepUnsavedText) {
+    startAndBuild(Complaints);
+    next();
+    insert(1, "new\nlines\n");
+    previous();
+    next();
+    next(); // read anew from the disk, so nothing has moved
+    EXPECT_EQ(place(), "inc.asm:3:1");
+    insert(1, "new\nlines\n");
+    previous();
+    EXPECT_EQ(place(), "inc.asm:4:6");
+    EXPECT_TRUE(text().toPlainText().startsWith(QStringLiteral("new\nlines\nfirst")));
+}
+
+TEST_F(PlaceWalkTest, OnceSavedMovedAndMendedLinesStaySo) {
+    startAndBuild(Complaints);
+    next();
+    insert(1, "new\n");
+    insert(4, ";"); // the third line, which is mended
+    pane().saveFile();
+    previous();
+    ASSERT_EQ(place(), "main.asm:2:6");
+    next();
+    EXPECT_EQ(place(), "inc.asm:3:6");
+    EXPECT_EQ(marked(), "wrong ");
+}
+
+TEST_F(PlaceWalkTest, WhoeverFillsTheListIsWalkedThrough) {
+    startAndBuild(Complaints);
+    next();
+    walk().list().fill(PlaceList::Content::uses, tree().allItems().at(0),
+                       {{QStringLiteral("main.asm"), 1, 2, Place::Kind::use, {}}});
+    next();
+    EXPECT_EQ(place(), "main.asm:1:2");
+    EXPECT_EQ(marked(), "nowhere ");
+    build(Complaints);
+    next();
+    EXPECT_EQ(place(), "inc.asm:2:6");
+}
+
+TEST_F(PlaceWalkTest, WithoutAProblemThatIsSaid) {
+    startAndBuild("print all is well\n");
+    next();
+    EXPECT_EQ(editor().commonController()->statusBoard()->text(StatusField::saving),
+              QStringLiteral("There is no problem to go to"));
+}
+
+} // namespace
+} // namespace kestrel
