@@ -120,9 +120,13 @@ class Widget:
         return before.count("\n") + 1, len(before) - (before.rfind("\n") + 1) + 1
 
     def place_of(self, text):
-        """The middle of the first character of a text that a text widget shows."""
-        area = Atspi.Text.get_character_extents(self.accessible, self.text().index(text), Atspi.CoordType.SCREEN)
-        return area.x + area.width // 2, area.y + area.height // 2
+        """The middle of the first character of a text that a text widget shows, with nothing wrapped or scrolled out
+        above it. Qt tells the rows of a plain text as if each paragraph were the first one."""
+        offset = self.text().index(text)
+        first = Atspi.Text.get_character_extents(self.accessible, 0, Atspi.CoordType.SCREEN)
+        there = Atspi.Text.get_character_extents(self.accessible, offset, Atspi.CoordType.SCREEN)
+        row = self.text()[:offset].count("\n")
+        return there.x + there.width // 2, first.y + row * there.height + there.height // 2
 
 
 class Desktop:
