@@ -109,9 +109,6 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
                      &PlaceWalk::goToNext);
     QObject::connect(menu->action("previousProblemAction"), &QAction::triggered, walk,
                      &PlaceWalk::goToPrevious);
-    StatusBoard* const board = editor->commonController()->statusBoard();
-    QObject::connect(walk, &PlaceWalk::notice, board,
-                     [board](const QString& text) { board->setText(StatusField::saving, text); });
     delegate.setBuildMenuItem(menu->action("buildAction"));
     delegate.setRunMenuItem(menu->action("runAction"));
     return controller;

@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "app/PlaceWalk.h"
 
+#include "app/BuildStrip.h"
 #include "app/ConsoleOutput.h"
 #include "app/ConsolePlaces.h"
+#include "app/ConsoleWindow.h"
 #include "app/MainWindowController.h"
 #include "app/ProblemMarks.h"
 #include "build/NESProjectBuilder.h"
 #include "editors/code/CodeEditorTextView.h"
 #include "editors/CommonEditorControllers.h"
 #include "navigation/container/EditorContainerController.h"
+#include "widgets/StatusBoard.h"
 
 #include <utility>
 
@@ -24,7 +27,8 @@ PlaceWalk::PlaceWalk(MainWindowController& controller, EditorContainerController
         m_marks = std::make_unique<ProblemMarks>(*pane);
     }
     connect(&controller, &MainWindowController::consoleMade, this, &PlaceWalk::consoleWasMade);
-    connect(&m_jump, &PlaceJump::notice, this, &PlaceWalk::notice);
+    connect(&m_jump, &PlaceJump::notice, this, &PlaceWalk::tell);
+    connect(&m_jump, &PlaceJump::arrived, this, [this] { tell({}); });
 }
 
 PlaceWalk::~PlaceWalk() = default;
@@ -85,7 +89,7 @@ void PlaceWalk::step(bool (PlaceList::*move)()) {
     if ((m_list.*move)()) {
         goToCurrent();
     } else {
-        Q_EMIT notice(tr("There is no problem to go to"));
+        tell(tr("There is no problem to go to"));
     }
 }
 
@@ -115,6 +119,20 @@ bool PlaceWalk::goToCurrent() {
         moveCaretTo(*m_editor.commonController()->textEditor->codeEditor, after);
     }
     return true;
+}
+
+/// Tells the user something, in the strip of the console and in the status bar, since either may be
+/// out of sight; nothing any more when it is empty.
+void PlaceWalk::tell(const QString& text) {
+    StatusBoard* const board = m_editor.commonController()->statusBoard();
+    if (!text.isEmpty() || board->text(StatusField::saving) == m_notice) {
+        board->setText(StatusField::saving, text);
+    }
+    m_notice = text;
+    const ConsoleWindow* const console = m_controller ? m_controller->windowController() : nullptr;
+    if (console != nullptr) {
+        console->buildStrip()->showNotice(text);
+    }
 }
 
 /// Goes to the place of a line of the console.

@@ -40,16 +40,13 @@ public:
     /// Goes to the list's current place. False when there is none or it cannot be shown.
     bool goToCurrent();
 
-Q_SIGNALS:
-    /// What the user is to be told, as a sentence.
-    void notice(const QString& text);
-
 private:
     void consoleWasMade();
     void step(bool (PlaceList::*move)());
     void problemsWereFound(std::vector<Place> problems);
     void choose(const Place& place, std::optional<std::size_t> problem);
     std::shared_ptr<ProjectItem> builtProject() const;
+    void tell(const QString& text);
 
     QPointer<MainWindowController> m_controller;
     EditorContainerController& m_editor;
@@ -57,6 +54,7 @@ private:
     PlaceJump m_jump;
     std::unique_ptr<ProblemMarks> m_marks; ///< null without a code editor
     QPointer<ConsolePlaces> m_console;
+    QString m_notice;           ///< what was told last and still holds
     bool m_hasProblems = false; ///< of what the console shows some were found
 };
 

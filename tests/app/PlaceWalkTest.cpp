@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/PlaceWalk.h"
 
+#include "app/BuildStrip.h"
 #include "app/WindowFixture.h"
 #include "editors/code/CodeEditorTextView.h"
 #include "editors/code/SourceMarks.h"
@@ -10,6 +11,7 @@
 #include "model/StructureFile.h"
 #include "widgets/StatusBoard.h"
 
+#include <QLabel>
 #include <QTextBlock>
 
 namespace kestrel {
@@ -59,6 +61,11 @@ protected:
             words += selection.cursor.selectedText().toStdString() + " ";
         }
         return words;
+    }
+
+    /// What the status bar tells of the last step.
+    QString told() const {
+        return editor().commonController()->statusBoard()->text(StatusField::saving);
     }
 
     void insert(int line, const char* typed) const {
@@ -118,8 +125,16 @@ TEST_F(PlaceWalkTest, AChainIsFollowedAndAFileInNoTreeIsNamed) {
     console->setTextCursor(console->document()->find(QStringLiteral("included at lost")));
     QTest::keyClick(console, Qt::Key_Return);
     EXPECT_EQ(place(), "main.asm:2:1");
-    EXPECT_EQ(editor().commonController()->statusBoard()->text(StatusField::saving),
-              QStringLiteral("“lost.asm” is in no project of the tree"));
+    const QString notice = QStringLiteral("“lost.asm” is in no project of the tree");
+    EXPECT_EQ(told(), notice);
+    const auto* label = controller->windowController()->buildStrip()->findChild<QLabel*>(
+        QStringLiteral("buildNotice"));
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->text(), notice);
+    EXPECT_TRUE(label->isVisible());
+    next();
+    EXPECT_EQ(told(), QString());
+    EXPECT_FALSE(label->isVisible());
 }
 
 TEST_F(PlaceWalkTest, TheShownFileIsMarkedUntilTheNextBuild) {
@@ -178,8 +193,7 @@ TEST_F(PlaceWalkTest, WhoeverFillsTheListIsWalkedThrough) {
 TEST_F(PlaceWalkTest, WithoutAProblemThatIsSaid) {
     startAndBuild("print all is well\n");
     next();
-    EXPECT_EQ(editor().commonController()->statusBoard()->text(StatusField::saving),
-              QStringLiteral("There is no problem to go to"));
+    EXPECT_EQ(told(), QStringLiteral("There is no problem to go to"));
 }
 
 } // namespace

@@ -114,9 +114,8 @@ TEST_F(MainWindow, TheMenuBarHoldsEveryEntryOfItsTableInOrder) {
                             "Import File...", "-", "Save", "-", "Delete", "-", "Quit"));
     EXPECT_THAT(entries("editMenu"), ElementsAre("Undo", "Redo", "Bring Back Unsaved Changes", "-",
                                                  "Cut", "Copy", "Paste", "-", "Select All"));
-    EXPECT_THAT(entries("buildMenu"),
-                ElementsAre("Build", "Run", "Save and Build", "Stop", "-", "Next Problem",
-                            "Previous Problem"));
+    EXPECT_THAT(entries("buildMenu"), ElementsAre("Build", "Run", "Save and Build", "Stop", "-",
+                                                  "Next Problem", "Previous Problem"));
     EXPECT_THAT(entries("viewMenu"), ElementsAre("Console", "Next Part of the Window"));
     EXPECT_THAT(entries("helpMenu"), ElementsAre("User Guide", "-", "About Kestrel"));
     EXPECT_EQ(menu("fileMenu")->actions().front(),
