@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "facts/ProgramFacts.h"
+
+#include <QObject>
+
+#include <filesystem>
+#include <memory>
+
+namespace kestrel {
+
+/// What the window knows about the program that it built last. Whoever shows some of it watches
+/// changed(). It is of the last build that made an image and could be looked at: later edits, and
+/// builds that failed, leave it.
+class ProgramKnowledge : public QObject {
+    Q_OBJECT
+
+public:
+    using Facts = std::shared_ptr<const ProgramFacts>;
+
+    using QObject::QObject;
+
+    /// nullptr when nothing is known.
+    const Facts& facts() const { return m_facts; }
+    /// The facts that facts() replaced; nullptr when those were of another image, or none.
+    const Facts& before() const { return m_before; }
+    /// The image that facts() tells of; empty when nothing is known.
+    const std::filesystem::path& image() const { return m_image; }
+
+    void set(const std::filesystem::path& image, Facts facts);
+
+    /// Forgets everything, as for another project.
+    void clear();
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    Facts m_facts;
+    Facts m_before;
+    std::filesystem::path m_image;
+};
+
+} // namespace kestrel
