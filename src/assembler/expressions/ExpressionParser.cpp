@@ -224,7 +224,7 @@ bool ExpressionParser::word() {
                                "; there are LOW, HIGH, BANK, PAGE and SIZEOF");
     }
     const SymbolId id = m_names.intern(name);
-    ++m_names[id].uses;
+    m_names.use(id, begin);
     return push(OpCode::value, id, begin);
 }
 
@@ -255,7 +255,7 @@ bool ExpressionParser::sizeOfLabel() {
     }
     m_p = begin.wordEnd();
     const SymbolId id = m_names.intern(begin.upTo(m_p));
-    ++m_names[id].uses;
+    m_names.use(id, begin);
     m_p.skipBlanks();
     if (*m_p != ')') {
         return fail(m_p, "expected ')', found " + foundText(m_p));

@@ -70,4 +70,15 @@ std::string cyclesText(std::uint8_t opcode) {
     return std::to_string(cycles) + (mayBeMore ? "+" : "");
 }
 
+CycleRange cycleRange(std::uint8_t opcode) {
+    Mode mode{};
+    const Instruction* const instruction = findOpcode(opcode, mode);
+    if (instruction == nullptr) {
+        return {};
+    }
+    const auto [cycles, mayBeMore] = cyclesOf(*instruction, mode);
+    const unsigned more = mode == Mode::relative ? 2 : 1;
+    return {cycles, mayBeMore ? cycles + more : cycles};
+}
+
 } // namespace nesasm

@@ -3,6 +3,7 @@
 
 #include "assembler/reading/LineRecords.h"
 #include "assembler/reading/Origins.h"
+#include "assembler/reading/ProgramNotes.h"
 #include "assembler/values/Image.h"
 #include "assembler/values/SymbolTable.h"
 
@@ -17,6 +18,7 @@ struct FinishedProgram {
     const SymbolTable& symbols;
     const Origins& origins;
     const std::vector<LineRecord>& lines; ///< empty unless they were to be recorded
+    const ProgramNotes& notes;            ///< empty unless they were to be taken
 };
 
 } // namespace nesasm

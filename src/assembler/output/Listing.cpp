@@ -2,7 +2,7 @@
 #include "assembler/output/Listing.h"
 
 #include "assembler/language/Cycles.h"
-#include "assembler/language/InstructionTable.h"
+#include "assembler/output/RecordedBytes.h"
 #include "assembler/text/Characters.h"
 #include "assembler/text/Text.h"
 
@@ -38,7 +38,6 @@ public:
         , m_showsExpansions(showsExpansions) {}
 
     std::string text() {
-        findOwners();
         for (std::size_t i = 0; i < m_records.size(); ++i) {
             const LineRecord& record = m_records[i];
             if (record.isListed && (m_showsExpansions || !isExpansion(record))) {
@@ -50,35 +49,7 @@ public:
     }
 
 private:
-    /// The bytes of a line as they are in the image; nullopt for those that a later line
-    /// overwrote.
-    using Bytes = std::vector<std::optional<std::uint8_t>>;
-
-    /// Calls `use` with the bank and the offset of each byte that the line made.
-    template<typename Use> static void forEachByte(const LineRecord& record, const Use& use) {
-        if (!record.isStatement || record.isRam) {
-            return;
-        }
-        std::uint32_t bank = record.bank;
-        std::uint32_t offset = record.offset;
-        for (std::uint32_t left = record.size; left != 0; --left, ++offset) {
-            if (offset == BankSize) {
-                ++bank;
-                offset = 0;
-            }
-            use(bank, offset);
-        }
-    }
-
-    void findOwners() {
-        m_owners.resize(m_program.image.bankCount());
-        for (std::size_t i = 0; i < m_records.size(); ++i) {
-            forEachByte(m_records[i], [&](std::uint32_t bank, std::uint32_t offset) {
-                m_owners[bank].resize(BankSize);
-                m_owners[bank][offset] = static_cast<std::uint32_t>(i);
-            });
-        }
-    }
+    using Bytes = RecordedBytes::Bytes;
 
     bool isExpansion(const LineRecord& record) const {
         return m_program.origins[record.origin].kind != Origin::Kind::file;
@@ -89,12 +60,11 @@ private:
         addFileLine(record);
         const Bytes bytes = bytesOf(index);
         std::string cycles;
-        // One instruction is at most three bytes; longer data just may look like one.
-        if (record.isStatement && isInstruction(record) && !bytes.empty() && bytes[0]) {
-            cycles = cyclesText(*bytes[0]);
+        if (const auto opcode = m_bytes.opcodeOf(index)) {
+            cycles = cyclesText(*opcode);
         }
         const LineRecord& place = placeOf(index);
-        const bool hasPlace = !bytes.empty() || (record.isStatement && !isBlankLine(record.text));
+        const bool hasPlace = !bytes.empty() || (record.isStatement && !isBlankLine(record));
         const std::size_t rows =
             std::max<std::size_t>(1, (bytes.size() + BytesInRow - 1) / BytesInRow);
         for (std::size_t row = 0; row < std::min(rows, MostRows); ++row) {
@@ -131,12 +101,12 @@ private:
     /// The bytes of a line and, where expansions are not shown, of those that it led to.
     Bytes bytesOf(std::size_t index) const {
         Bytes bytes;
-        append(index, bytes);
+        m_bytes.append(index, bytes);
         if (m_showsExpansions) {
             return bytes;
         }
         for (std::size_t i = index + 1; i < m_records.size() && isExpansion(m_records[i]); ++i) {
-            append(i, bytes);
+            m_bytes.append(i, bytes);
         }
         return bytes;
     }
@@ -152,37 +122,6 @@ private:
             }
         }
         return m_records[index];
-    }
-
-    void append(std::size_t index, Bytes& bytes) const {
-        forEachByte(m_records[index], [&](std::uint32_t bank, std::uint32_t offset) {
-            if (m_owners[bank][offset] == index) {
-                bytes.emplace_back(m_program.image.bytes(bank)[offset]);
-            } else {
-                bytes.emplace_back();
-            }
-        });
-    }
-
-    static bool isBlankLine(Cursor text) { return text.afterBlanks().isAtStatementEnd(); }
-
-    /// True when the statement of the line is an instruction.
-    bool isInstruction(const LineRecord& record) const {
-        if (record.size == 0 || record.size > 3) {
-            return false;
-        }
-        Cursor p = record.text.afterBlanks();
-        for (bool isFirst = p == record.text; p.isAtName(); isFirst = false) {
-            const Cursor end = p.wordEnd();
-            if (*end != ':' && findInstruction(p.upTo(end)) != nullptr) {
-                return true;
-            }
-            if (*end != ':' && !isFirst) {
-                return false;
-            }
-            p = (*end == ':' ? end + 1 : end).afterBlanks();
-        }
-        return false;
     }
 
     std::string placeText(const LineRecord& record, bool hasPlace, std::size_t distance) const {
@@ -250,8 +189,7 @@ private:
     const FinishedProgram& m_program;
     const std::vector<LineRecord>& m_records;
     bool m_showsExpansions;
-    /// For each byte of each bank the line that wrote it last; empty where nothing was written.
-    std::vector<std::vector<std::uint32_t>> m_owners;
+    RecordedBytes m_bytes{m_program};
     OriginId m_file = NoOrigin;
     std::string m_text;
 };

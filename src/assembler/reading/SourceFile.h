@@ -17,6 +17,8 @@ public:
     const std::string& path() const { return m_path; }
     /// The text without a byte-order mark, followed by a line feed.
     std::string_view text() const { return m_text; }
+    /// All bytes of the file, the mark too.
+    std::string_view bytes() const { return m_contents.view(); }
     bool hasCarriageReturns() const { return m_hasCarriageReturns; }
 
 private:

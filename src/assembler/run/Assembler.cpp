@@ -29,7 +29,8 @@ struct Assembler::Run {
                       options.warnings)
         , finder(options.includeFolders, options.includeList)
         , sources(options.mostWork)
-        , records(arena, origins, options.recordsLines) {}
+        , records(arena, origins, options.recordsLines)
+        , names(statement.line, symbols, arena, options.takesNotes ? &notes : nullptr) {}
 
     Arena arena;
     Origins origins;
@@ -41,10 +42,11 @@ struct Assembler::Run {
     SourceStack sources;
     Conditionals conditionals;
     LineRecords records;
+    ProgramNotes notes{origins};
 
     Statement statement;
     Reporter reporter{statement.line, diagnostics, origins, arena};
-    Names names{statement.line, symbols, arena};
+    Names names;
     ImageWriter writer{reporter};
     Image& image = writer.image();
     Frames frames{sources, origins, conditionals, diagnostics, statement, arena};
@@ -161,7 +163,7 @@ const Image& Assembler::image() const {
 }
 
 FinishedProgram Assembler::program() const {
-    return {m_run->image, m_run->symbols, m_run->origins, m_run->records.all()};
+    return {m_run->image, m_run->symbols, m_run->origins, m_run->records.all(), m_run->notes};
 }
 
 const LabelFormats& Assembler::labelFormats() const {

@@ -22,6 +22,7 @@ struct Options {
     WarningSwitches warnings;
     MessageForm form = MessageForm::plain;
     bool recordsLines = false; ///< for a listing or for a debugger
+    bool takesNotes = false;   ///< of uses of names and of reserved memory
     /// The bytes of source text, and 100 for each line, that macros, repetitions and files included
     /// again may come to, and what files cost that are sought and read again and again. A source
     /// that asks for more would run for long and fill no more image.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "assembler/reading/ProgramNotes.h"
 #include "assembler/reading/SourceStack.h"
 #include "assembler/text/Arena.h"
 #include "assembler/values/SymbolTable.h"
@@ -13,10 +14,12 @@ namespace nesasm {
 /// last label that is not local.
 class Names {
 public:
-    Names(const Line& line, SymbolTable& symbols, Arena& arena)
+    /// Uses are noted in `notes` unless that is null.
+    Names(const Line& line, SymbolTable& symbols, Arena& arena, ProgramNotes* notes = nullptr)
         : m_line(line)
         , m_symbols(symbols)
-        , m_arena(arena) {}
+        , m_arena(arena)
+        , m_notes(notes) {}
 
     /// The symbol of this name, made when it is new.
     SymbolId intern(std::string_view name) {
@@ -24,6 +27,16 @@ public:
     }
     /// The symbol of this name, or 0.
     SymbolId find(std::string_view name) const { return m_symbols.find(name, m_scope); }
+
+    /// Counts that the symbol is used at `place`.
+    void use(SymbolId id, Cursor place) {
+        ++m_symbols[id].uses;
+        if (m_notes != nullptr) {
+            m_notes->addUse(id, m_line, place);
+        }
+    }
+    /// Where what the run does not need is noted; null when nobody asks for it.
+    ProgramNotes* notes() const { return m_notes; }
 
     Symbol& operator[](SymbolId id) { return m_symbols[id]; }
     const Symbol& operator[](SymbolId id) const { return m_symbols[id]; }
@@ -52,6 +65,7 @@ private:
     const Line& m_line;
     SymbolTable& m_symbols;
     Arena& m_arena;
+    ProgramNotes* m_notes;
     SymbolId m_scope = 0;
 };
 

@@ -86,6 +86,10 @@ void Definitions::reserve(std::string_view name, Cursor at, Cursor p) {
     if (m_reserveCounter + *count > 0x10000) {
         m_reporter.error(at, "the variables reserved with .rs go beyond the address $FFFF");
     } else {
+        if (ProgramNotes* const notes = m_names.notes()) {
+            notes->addReservation(static_cast<std::uint32_t>(m_reserveCounter),
+                                  static_cast<std::uint32_t>(*count));
+        }
         m_reserveCounter += *count;
     }
 }

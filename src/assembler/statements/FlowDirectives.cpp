@@ -76,8 +76,8 @@ bool FlowDirectives::isDefined(Cursor p) {
     if (id == 0) {
         return false;
     }
-    Symbol& symbol = m_names[id];
-    ++symbol.uses;
+    m_names.use(id, p);
+    const Symbol& symbol = m_names[id];
     return symbol.isDefined || symbol.macro != None;
 }
 

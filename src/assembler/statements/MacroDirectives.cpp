@@ -66,6 +66,9 @@ void MacroDirectives::define(std::string_view name, Cursor at, Cursor p) {
     }
     const SymbolId id = m_names.intern(name);
     m_names[id].macro = static_cast<std::uint32_t>(m_macros.size());
+    if (ProgramNotes* const notes = m_names.notes()) {
+        notes->addMacro(id, m_reporter.line());
+    }
     m_macros.push_back(macro);
     if (m_vocabulary.find(name).kind != Keyword::Kind::none) {
         m_hidesKeywords = true;
@@ -220,6 +223,9 @@ void MacroDirectives::call(std::uint32_t macro, Cursor at, Cursor p) {
     if (!arguments.read(p)) {
         m_reporter.error(p, "a macro takes at most nine arguments; this is the tenth");
         return;
+    }
+    if (ProgramNotes* const notes = m_names.notes()) {
+        notes->addUse(m_names.find(m_macros[macro].name), m_reporter.line(), at);
     }
     Frame& frame = enter(Origin::Kind::macro, m_macros[macro].body, m_macros[macro].name);
     frame.arguments = arguments;

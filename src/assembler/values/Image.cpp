@@ -216,4 +216,21 @@ std::uint32_t Image::bytesWritten(std::uint32_t bank) const {
     return static_cast<std::uint32_t>(count);
 }
 
+std::vector<std::pair<std::uint32_t, std::uint32_t>> Image::rowsWritten(std::uint32_t bank) const {
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> rows;
+    if (!m_banks[bank]) {
+        return rows;
+    }
+    const WrittenMap& map = m_banks[bank]->written;
+    for (std::uint32_t begin = nextWritten(map, 0); begin < BankSize;) {
+        std::uint32_t end = begin;
+        while (end < BankSize && isWritten(map, end)) {
+            ++end;
+        }
+        rows.emplace_back(begin, end);
+        begin = nextWritten(map, end);
+    }
+    return rows;
+}
+
 } // namespace nesasm

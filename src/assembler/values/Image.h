@@ -89,6 +89,8 @@ public:
     /// The bytes of a bank, nullptr for one in which nothing was written.
     const std::uint8_t* bytes(std::uint32_t bank) const;
     std::uint32_t bytesWritten(std::uint32_t bank) const;
+    /// Where those are: first offset and end of each row of them, ascending.
+    std::vector<std::pair<std::uint32_t, std::uint32_t>> rowsWritten(std::uint32_t bank) const;
 
     Header header;
 
