@@ -185,23 +185,32 @@ private:
             const Symbol& symbol = symbols[id];
             if (symbol.origin != NoOrigin) {
                 places[id].definitions.insert(
-                    m_lines.placeOf(symbol.name, symbol.line, symbol.origin));
+                    m_lines.placesOf(symbol.name, symbol.line, symbol.origin).front());
             }
         }
         for (const ProgramNotes::MacroPlace& macro : m_program.notes.macros()) {
             places[macro.symbol].definitions.insert(
-                m_lines.placeOf(symbols[macro.symbol].name, macro.line, macro.origin));
+                m_lines.placesOf(symbols[macro.symbol].name, macro.line, macro.origin).front());
         }
         for (const ProgramNotes::Use& use : m_program.notes.uses()) {
-            if (use.column == None) {
-                places[use.symbol].uses.insert(
-                    m_lines.placeOf(symbols[use.symbol].name, use.line, use.origin));
-            } else {
-                const SourceFile* const file = m_program.origins[use.origin].source;
-                places[use.symbol].uses.insert({m_lines.indexOf(file), use.line, use.column + 1});
-            }
+            addUse(use, places[use.symbol]);
         }
         return places;
+    }
+
+    void addUse(const ProgramNotes::Use& use, Places& places) const {
+        if (use.column != None) {
+            const SourceFile* const file = m_program.origins[use.origin].source;
+            places.uses.insert({m_lines.indexOf(file), use.line, use.column + 1});
+            return;
+        }
+        // Which of several on the line it is cannot be told; all are uses but for a definition.
+        for (const SourcePlace& place :
+             m_lines.placesOf(m_program.symbols[use.symbol].name, use.line, use.origin)) {
+            if (!places.definitions.contains(place)) {
+                places.uses.insert(place);
+            }
+        }
     }
 
     static std::string_view kindOf(const Symbol& symbol) {

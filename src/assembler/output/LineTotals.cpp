@@ -87,8 +87,8 @@ LineTotals lineTotals(const FinishedProgram& program) {
             total.address = time.place->address;
             total.bank = time.place->isRam ? LineTotal::NoBank : time.place->bank;
         }
-        total.leastCycles = total.times == 0 ? time.cycles.least
-                                             : std::min(total.leastCycles, time.cycles.least);
+        total.leastCycles =
+            total.times == 0 ? time.cycles.least : std::min(total.leastCycles, time.cycles.least);
         total.mostCycles = std::max(total.mostCycles, time.cycles.most);
         total.bytes += time.bytes;
         ++total.times;

@@ -7,26 +7,20 @@ namespace nesasm {
 
 namespace {
 
-/// Where `name` stands as a whole word before the comment, or npos.
-std::size_t findWord(std::string_view text, std::string_view name) {
-    char quote = '\0';
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool isStart = i == 0 || !isWordPart(text[i - 1]);
+/// The columns at which `name` stands as a whole word before the comment and outside of texts.
+std::vector<std::uint32_t> columnsOf(std::string_view text, std::string_view name) {
+    std::vector<std::uint32_t> columns;
+    bool isQuoted = false;
+    for (std::size_t i = 0; i < text.size() && (isQuoted || text[i] != ';'); ++i) {
+        isQuoted = isQuoted != (text[i] == '"');
         const std::size_t end = i + name.size();
-        if (quote == '\0' && isStart && text.substr(i, name.size()) == name &&
-            (end >= text.size() || !isWordPart(text[end]))) {
-            return i;
-        }
-        if (quote == '\0' && text[i] == ';') {
-            break;
-        }
-        if (text[i] == quote) {
-            quote = '\0';
-        } else if (quote == '\0' && text[i] == '"') {
-            quote = '"';
+        const bool isWord =
+            (i == 0 || !isWordPart(text[i - 1])) && (end >= text.size() || !isWordPart(text[end]));
+        if (!isQuoted && isWord && text.substr(i, name.size()) == name) {
+            columns.push_back(static_cast<std::uint32_t>(i) + 1);
         }
     }
-    return std::string_view::npos;
+    return columns;
 }
 
 std::uint32_t firstColumn(std::string_view text) {
@@ -61,14 +55,18 @@ SourceLines::SourceLines(const FinishedProgram& program)
     }
 }
 
-SourcePlace SourceLines::placeOf(std::string_view name, std::uint32_t line, OriginId origin) const {
+std::vector<SourcePlace> SourceLines::placesOf(std::string_view name, std::uint32_t line,
+                                               OriginId origin) const {
     const Origin* const innermost = &m_program.origins[origin];
     const Origin* now = innermost;
     std::uint32_t number = line;
     for (;;) {
-        const std::size_t found = findWord(text(now->source, number), name);
-        if (found != std::string_view::npos) {
-            return {indexOf(now->source), number, static_cast<std::uint32_t>(found) + 1};
+        std::vector<SourcePlace> places;
+        for (const std::uint32_t column : columnsOf(text(now->source, number), name)) {
+            places.push_back({indexOf(now->source), number, column});
+        }
+        if (!places.empty()) {
+            return places;
         }
         if (now->kind == Origin::Kind::file || now->parent == NoOrigin) {
             break;
@@ -76,7 +74,7 @@ SourcePlace SourceLines::placeOf(std::string_view name, std::uint32_t line, Orig
         number = now->callLine;
         now = &m_program.origins[now->parent];
     }
-    return {indexOf(innermost->source), line, firstColumn(text(innermost->source, line))};
+    return {{indexOf(innermost->source), line, firstColumn(text(innermost->source, line))}};
 }
 
 std::string_view SourceLines::text(const SourceFile* file, std::uint32_t line) const {

@@ -30,11 +30,12 @@ public:
     const std::vector<const SourceFile*>& files() const { return m_files; }
     std::size_t indexOf(const SourceFile* file) const { return m_indices.at(file); }
 
-    /// Where a name was defined or used that stands on this line. Of a line of a macro it is the
-    /// body's line when the name stands there; else it came with an argument, and it is the call's
-    /// line, of a call in a macro again that one's. Where it is nowhere to be found it was put
-    /// together, and the place is the line's first word.
-    SourcePlace placeOf(std::string_view name, std::uint32_t line, OriginId origin) const;
+    /// Where a name stands that was defined or used on this line. Of a line of a macro it is the
+    /// body's line when the name stands there, each time it does; else it came with an argument,
+    /// and it is the call's line, of a call in a macro again that one's. Where it is nowhere to be
+    /// found it was put together, and the place is the line's first word. Never empty.
+    std::vector<SourcePlace> placesOf(std::string_view name, std::uint32_t line,
+                                      OriginId origin) const;
 
 private:
     std::string_view text(const SourceFile* file, std::uint32_t line) const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// kestrel-facts: assembles a program in memory and prints what is known of it.
+// kestrel-facts: assembles a program in memory and prints what is known of it; it says nothing else.
 #include "assembler/output/Facts.h"
+
 #include "assembler/run/Assembler.h"
 
 #include <cstdio>
@@ -39,7 +40,6 @@ int printFacts(std::string_view input) {
 
 int main(int argumentCount, char** arguments) {
     if (argumentCount != 3 || std::string_view(arguments[1]) != "--input") {
-        std::fputs("Usage: kestrel-facts --input FILE\n", stderr);
         return WrongUse;
     }
     try {
