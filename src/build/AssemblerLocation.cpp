@@ -5,17 +5,20 @@
 
 #include <QCoreApplication>
 
+#include <string>
 #include <system_error>
 
 namespace kestrel {
 
-std::optional<std::filesystem::path> findAssembler() {
-    return findAssembler(
-        std::filesystem::path(QCoreApplication::applicationDirPath().toStdString()));
+namespace {
+
+std::filesystem::path ownFolder() {
+    return QCoreApplication::applicationDirPath().toStdString();
 }
 
-std::optional<std::filesystem::path> findAssembler(const std::filesystem::path& programFolder) {
-    for (const char* place : {"NESasm", "../libexec/kestrel/NESasm"}) {
+std::optional<std::filesystem::path> find(const std::string& program,
+                                          const std::filesystem::path& programFolder) {
+    for (const std::string& place : {program, "../libexec/kestrel/" + program}) {
         auto candidate = joined(programFolder, place);
         std::error_code error;
         if (std::filesystem::is_regular_file(candidate, error)) {
@@ -23,6 +26,20 @@ std::optional<std::filesystem::path> findAssembler(const std::filesystem::path& 
         }
     }
     return std::nullopt;
+}
+
+} // namespace
+
+std::optional<std::filesystem::path> findAssembler() {
+    return findAssembler(ownFolder());
+}
+
+std::optional<std::filesystem::path> findAssembler(const std::filesystem::path& programFolder) {
+    return find("NESasm", programFolder);
+}
+
+std::optional<std::filesystem::path> findFactsProgram() {
+    return find("kestrel-facts", ownFolder());
 }
 
 } // namespace kestrel

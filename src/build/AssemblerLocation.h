@@ -10,6 +10,9 @@ namespace kestrel {
 /// Finds the assembler at the start of each build. Tests replace it.
 using AssemblerLocator = std::function<std::optional<std::filesystem::path>()>;
 
+/// The kestrel-facts that belongs to the running program, found as NESasm is.
+std::optional<std::filesystem::path> findFactsProgram();
+
 /// The NESasm that belongs to the running program.
 std::optional<std::filesystem::path> findAssembler();
 

@@ -35,6 +35,8 @@ BuildResult resultOf(const Assembly& assembly, const AssemblerResult& run,
     const bool madeImage = after.present && after != before;
     BuildResult result;
     result.image = assembly.image;
+    result.mainFile = assembly.mainFile;
+    result.includeFolder = assembly.request.includeFolder;
     result.duration = std::chrono::duration_cast<std::chrono::milliseconds>(
         std::chrono::steady_clock::now() - assembly.requested);
     result.errors = run.errors;

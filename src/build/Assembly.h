@@ -11,6 +11,7 @@
 #include <chrono>
 #include <filesystem>
 #include <memory>
+#include <string>
 
 namespace kestrel {
 
@@ -18,6 +19,7 @@ namespace kestrel {
 struct Assembly {
     AssemblerRequest request;
     std::filesystem::path image;
+    std::string mainFile; ///< among the request's arguments
     std::chrono::steady_clock::time_point requested;
     std::shared_ptr<StopFlag> stop;
     std::shared_ptr<RunningBuilds> running; ///< where its turn has come

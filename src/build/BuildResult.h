@@ -26,8 +26,10 @@ struct BuildResult {
     };
 
     State state = State::refused;
-    std::filesystem::path image; ///< where it is, or would be; empty when that is not known
-    std::uintmax_t bytes = 0;    ///< the size of the image that was made
+    std::filesystem::path image;         ///< where it is, or would be; empty when that is not known
+    std::string mainFile;                ///< as the assembler was given it; empty with `image`
+    std::filesystem::path includeFolder; ///< the same: the folder with the gathered files
+    std::uintmax_t bytes = 0;            ///< the size of the image that was made
     std::chrono::milliseconds duration{0}; ///< from the request to the end of the assembler
     std::size_t errors = 0;                ///< counted in the assembler's output, as are warnings
     std::size_t warnings = 0;

@@ -177,7 +177,8 @@ bool NESProjectBuilder::moveAllFilesToTempFolderToAssemble(
 void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& mainFile,
                                        BuildHandler handler,
                                        std::chrono::steady_clock::time_point requested) {
-    Assembly assembly{{}, plan.image, requested, m_stopSwitch->next(), m_running, {}, m_observer};
+    Assembly assembly{{},        plan.image, mainFile,  requested, m_stopSwitch->next(),
+                      m_running, {},         m_observer};
     assembly.request.assembler = plan.assembler;
     assembly.request.arguments = {"--input", mainFile, "--output", pathText(plan.image)};
     assembly.request.arguments.insert(assembly.request.arguments.end(), m_extraArguments.begin(),

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// kestrel-facts: assembles a program in memory and prints what is known of it; it says nothing else.
+// kestrel-facts: assembles a program in memory and prints what is known of it; it says nothing
+// else.
 #include "assembler/output/Facts.h"
 
 #include "assembler/run/Assembler.h"
