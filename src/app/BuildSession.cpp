@@ -43,16 +43,19 @@ BuildSession::Number BuildSession::begin(Kind kind, const std::shared_ptr<Projec
     return m_latest;
 }
 
-void BuildSession::watch(Number number, NESProjectBuilder& builder) {
+void BuildSession::watch(Number number, NESProjectBuilder& builder, BuildObserver also) {
     const auto found = m_commands.find(number);
     if (found == m_commands.end()) {
         return;
     }
     found->second.stopSwitch = builder.stopSwitch();
     const QPointer<BuildSession> self = this;
-    builder.setObserver([self, number](const BuildResult& result) {
+    builder.setObserver([self, number, also = std::move(also)](const BuildResult& result) {
         if (self) {
             self->buildEnded(number, result);
+        }
+        if (also) {
+            also(result);
         }
     });
     builder.setLaunchObserver([self, number](const EmulatorLaunch& launch) {

@@ -40,7 +40,8 @@ public:
 
     /// Has the builder of one part of the command tell what becomes of it. To be called before that
     /// builds. The second part of a run is its silent build, at whose end the emulator is started.
-    void watch(Number number, NESProjectBuilder& builder);
+    /// `also`, unless it is empty, is told the result, too.
+    void watch(Number number, NESProjectBuilder& builder, BuildObserver also = {});
 
     /// The command ended before it had a builder.
     void refused(Number number, const BuildError& error);

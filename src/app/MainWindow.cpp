@@ -13,6 +13,7 @@
 #include "editors/CommonEditorControllers.h"
 #include "model/Paths.h"
 #include "model/StateFolder.h"
+#include "navigation/container/AddressStatus.h"
 #include "navigation/container/EditorContainerController.h"
 #include "navigation/tree/NodeRoot.h"
 #include "navigation/tree/ProjectNavigationController.h"
@@ -92,6 +93,7 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
 
     auto controller = std::make_shared<MainWindowController>(std::move(ownedWindow));
     controller->awakeFromNib();
+    new AddressStatus(*editor, controller->knowledge(), editor);
     auto* bar = window.menuBar();
     bar->setObjectName(QStringLiteral("menuBar"));
     bar->setAccessibleName(QObject::tr("Menu bar"));

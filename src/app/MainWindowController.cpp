@@ -8,8 +8,10 @@
 #include "build/BackgroundWork.h"
 #include "build/NESBuildSettings.h"
 #include "build/NESProjectBuilder.h"
+#include "build/ProgramInquiry.h"
 #include "drafts/UnsavedWork.h"
 #include "editors/CommonEditorControllers.h"
+#include "facts/ProgramKnowledge.h"
 #include "model/OpenedProject.h"
 #include "navigation/container/EditorContainerController.h"
 #include "navigation/tree/ProjectNavigationController.h"
@@ -55,12 +57,14 @@ QString messageOf(const BuildError& error) {
 } // namespace
 
 MainWindowController::MainWindowController(std::unique_ptr<Window> window)
-    : m_window(std::move(window))
+    : m_knowledge(std::make_unique<ProgramKnowledge>())
+    , m_window(std::move(window))
     , m_builderFactory([running = std::make_shared<RunningBuilds>()](
                            std::shared_ptr<BuildSettingsConfiguration> settings) {
         return std::make_shared<NESProjectBuilder>(
             std::move(settings), [] { return findAssembler(); }, running);
-    }) {
+    })
+    , m_inquiry(std::make_unique<ProgramInquiry>(*m_knowledge)) {
     if (m_window) {
         m_window->installEventFilter(this);
     }
@@ -141,7 +145,7 @@ MainWindowController::makeBuilder(const std::shared_ptr<ProjectItem>& project,
     settings->populateProperties(*project);
     settings->projectPath() = project->itemPath();
     m_projectBuilder = m_builderFactory(std::move(settings));
-    m_session.watch(command, *m_projectBuilder);
+    m_session.watch(command, *m_projectBuilder, m_inquiry->nextBuild());
     return m_projectBuilder;
 }
 

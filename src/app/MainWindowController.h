@@ -24,6 +24,8 @@ class ConsoleOutput;
 class ConsoleWindow;
 class EditorContainerController;
 class NESProjectBuilder;
+class ProgramInquiry;
+class ProgramKnowledge;
 class Window;
 
 /// Owns the main window; carries out the build and run commands and writes their results to the
@@ -96,6 +98,9 @@ public:
     /// The builder of the latest request; null before the first.
     const std::shared_ptr<NESProjectBuilder>& projectBuilder() const { return m_projectBuilder; }
 
+    /// What is known about the program that was built last.
+    ProgramKnowledge& knowledge() const { return *m_knowledge; }
+
     /// Replaces how builders are made; for tests.
     void setBuilderFactory(BuilderFactory factory);
 
@@ -125,6 +130,7 @@ private:
                          const std::optional<BuildError>& error);
 
     std::vector<Dictionary> m_projects;
+    std::unique_ptr<ProgramKnowledge> m_knowledge; ///< outlives the window, which shows it
     std::unique_ptr<Window> m_window;
     std::unique_ptr<ConsoleWindow> m_windowController;
     QPointer<ConsoleOutput> m_consoleOutputController;
@@ -136,6 +142,7 @@ private:
     BuildSession m_session;
     std::shared_ptr<NESProjectBuilder> m_projectBuilder;
     BuilderFactory m_builderFactory;
+    std::unique_ptr<ProgramInquiry> m_inquiry;
 };
 
 } // namespace kestrel

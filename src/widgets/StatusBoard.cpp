@@ -18,6 +18,8 @@ constexpr std::array Rows = {
               QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Place in the text")},
     StatusRow{StatusField::encoding, StatusSide::right, "encodingStatus",
               QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Encoding and line ends")},
+    StatusRow{StatusField::address, StatusSide::right, "addressStatus",
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Address, bytes and cycles")},
 };
 
 constexpr bool areInOrder() {

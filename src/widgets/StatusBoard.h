@@ -17,6 +17,7 @@ enum class StatusField {
     saving,   ///< what became of a file at the last save, if that is worth telling
     place,    ///< the caret's line and column in the code editor
     encoding, ///< the shown file's encoding and line ends
+    address,  ///< what the caret's line came to in the last build
 };
 
 inline constexpr std::size_t StatusFieldCount = 4;

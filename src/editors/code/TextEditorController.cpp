@@ -120,6 +120,7 @@ void TextEditorController::loadFile(const std::filesystem::path& path) {
     const bool isOther = m_path != path;
     m_byteOrderMark = source->byteOrderMark;
     m_known.note(*bytes);
+    m_fingerprint = fingerprintOf(*bytes);
     m_isConverted = !source->formerEncoding.isEmpty();
     setStatus(StatusField::saving, {});
     showText(path, source->text);
@@ -206,6 +207,7 @@ void TextEditorController::saveFile() {
         return;
     }
     m_known.note(bytes);
+    m_fingerprint = fingerprintOf(bytes);
     m_isConverted = false;
     m_description = sourceDescription(source);
     showStatus();

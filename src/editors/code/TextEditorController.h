@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "model/Fingerprint.h"
 #include "model/KnownContent.h"
 #include "widgets/EditorPane.h"
 
@@ -54,6 +55,9 @@ public:
     /// The marks in the text. Another file begins without any.
     SourceMarks& marks() const { return *m_marks; }
 
+    /// Of the file's bytes as they were read or saved last; nothing before the first file.
+    const std::optional<Fingerprint>& fingerprint() const { return m_fingerprint; }
+
     void savePane() override;
     UnsavedWork* unsavedWork() override { return m_unsavedWork; }
     const CommandSet* commands() const override;
@@ -84,6 +88,7 @@ private:
     std::optional<std::filesystem::path> m_path;
     bool m_byteOrderMark = false;
     KnownContent m_known;
+    std::optional<Fingerprint> m_fingerprint;
     bool m_isConverted = false; ///< the file on the disk is in another encoding than it is saved in
     QString m_description;      ///< of the file, as it was read or saved last
     ElidedLabel* m_nameLabel;
