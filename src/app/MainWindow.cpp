@@ -7,6 +7,7 @@
 #include "app/MainWindowController.h"
 #include "app/PlaceWalk.h"
 #include "app/StatusBar.h"
+#include "app/UsesWindow.h"
 #include "app/Window.h"
 #include "app/WindowCommands.h"
 #include "drafts/DraftKeeper.h"
@@ -15,6 +16,7 @@
 #include "model/StateFolder.h"
 #include "navigation/container/AddressStatus.h"
 #include "navigation/container/EditorContainerController.h"
+#include "navigation/container/NameCommands.h"
 #include "navigation/tree/NodeRoot.h"
 #include "navigation/tree/ProjectNavigationController.h"
 #include "widgets/StatusBoard.h"
@@ -65,6 +67,16 @@ void followBuilds(BuildSession& session, StatusBoard& board, StatusBar& bar, QAc
     QObject::connect(&session, &BuildSession::runningChanged, &stop, &QAction::setEnabled);
 }
 
+/// What the window does with its knowledge of the program.
+void watchProgram(EditorContainerController& editor, const MainWindowController& controller,
+                  PlaceWalk& walk) {
+    new AddressStatus(editor, controller.knowledge(), &editor);
+    auto* names =
+        new NameCommands(editor, controller.knowledge(), walk.jump(), walk.list(), &walk);
+    auto* uses = new UsesWindow(walk.list(), walk.jump(), editor.window());
+    QObject::connect(names, &NameCommands::usesFound, uses, &UsesWindow::showUsesOf);
+}
+
 } // namespace
 
 std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
@@ -93,7 +105,6 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
 
     auto controller = std::make_shared<MainWindowController>(std::move(ownedWindow));
     controller->awakeFromNib();
-    new AddressStatus(*editor, controller->knowledge(), editor);
     auto* bar = window.menuBar();
     bar->setObjectName(QStringLiteral("menuBar"));
     bar->setAccessibleName(QObject::tr("Menu bar"));
@@ -107,6 +118,7 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
                  *commands->commands().action("stopAction"));
     const auto* menu = new MainMenu(*bar, *editor, commands->commands(), &window);
     auto* walk = new PlaceWalk(*controller, *editor, &window);
+    watchProgram(*editor, *controller, *walk);
     QObject::connect(menu->action("nextProblemAction"), &QAction::triggered, walk,
                      &PlaceWalk::goToNext);
     QObject::connect(menu->action("previousProblemAction"), &QAction::triggered, walk,

@@ -14,6 +14,8 @@ constexpr std::array Rows = {
               QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Result of the build")},
     StatusRow{StatusField::saving, StatusSide::left, "savingStatus",
               QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Saving")},
+    StatusRow{StatusField::name, StatusSide::left, "nameStatus",
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Search for a name")},
     StatusRow{StatusField::place, StatusSide::right, "placeStatus",
               QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Place in the text")},
     StatusRow{StatusField::encoding, StatusSide::right, "encodingStatus",

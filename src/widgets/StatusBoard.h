@@ -15,12 +15,13 @@ namespace kestrel {
 enum class StatusField {
     build,    ///< how the latest build stands
     saving,   ///< what became of a file at the last save, if that is worth telling
+    name,     ///< what the search for a name came to, if that is nothing
     place,    ///< the caret's line and column in the code editor
     encoding, ///< the shown file's encoding and line ends
     address,  ///< what the caret's line came to in the last build
 };
 
-inline constexpr std::size_t StatusFieldCount = 4;
+inline constexpr std::size_t StatusFieldCount = 5;
 
 /// What just happened stands on the left; what is so, at the right edge, where it does not move
 /// when a message comes.

@@ -4,12 +4,14 @@
 #include "editors/code/CodeEditorTextView.h"
 #include "editors/code/FindBar.h"
 #include "editors/code/GoToLineBar.h"
+#include "editors/code/TextEditorController.h"
 
 namespace kestrel {
 
 namespace {
 
-std::vector<Command> editCommands(FindBar& findBar, GoToLineBar& goToLineBar) {
+std::vector<Command> editCommands(FindBar& findBar, GoToLineBar& goToLineBar,
+                                  TextEditorController& owner) {
     const auto find = [&findBar, &goToLineBar] {
         goToLineBar.hide();
         findBar.open();
@@ -35,6 +37,16 @@ std::vector<Command> editCommands(FindBar& findBar, GoToLineBar& goToLineBar) {
          .title = QT_TRANSLATE_NOOP("Command", "Go to Line..."),
          .shortcuts = {Qt::CTRL | Qt::Key_L},
          .handler = goToLine},
+        {.id = "goToDefinitionAction",
+         .title = QT_TRANSLATE_NOOP("Command", "Go to Definition"),
+         .shortcuts = {Qt::Key_F12},
+         .handler = [&owner] { Q_EMIT owner.definitionWanted(); },
+         .autoRepeat = false},
+        {.id = "findUsesAction",
+         .title = QT_TRANSLATE_NOOP("Command", "Find Uses"),
+         .shortcuts = {Qt::SHIFT | Qt::Key_F12},
+         .handler = [&owner] { Q_EMIT owner.usesWanted(); },
+         .autoRepeat = false},
     };
 }
 
@@ -58,9 +70,9 @@ std::vector<Command> viewCommands(CodeEditorTextView& editor) {
 } // namespace
 
 TextEditorActions::TextEditorActions(CodeEditorTextView& editor, FindBar& findBar,
-                                     GoToLineBar& goToLineBar, QObject& owner)
+                                     GoToLineBar& goToLineBar, TextEditorController& owner)
     : commands(owner) {
-    for (Command& command : editCommands(findBar, goToLineBar)) {
+    for (Command& command : editCommands(findBar, goToLineBar, owner)) {
         edit.append(commands.add(std::move(command)));
     }
     for (Command& command : viewCommands(editor)) {

@@ -10,12 +10,13 @@ namespace kestrel {
 class CodeEditorTextView;
 class FindBar;
 class GoToLineBar;
+class TextEditorController;
 
 /// The code editor's own commands for the window's menus.
 struct TextEditorActions {
     /// Makes the actions as children of `owner`; the widgets must live as long as it.
     TextEditorActions(CodeEditorTextView& editor, FindBar& findBar, GoToLineBar& goToLineBar,
-                      QObject& owner);
+                      TextEditorController& owner);
 
     CommandSet commands;
     /// The actions for the Edit and for the View menu.

@@ -65,6 +65,9 @@ public:
     QList<QAction*> viewActions() const override;
 
 Q_SIGNALS:
+    /// The definition, or all uses, of the name at the caret are asked for.
+    void definitionWanted();
+    void usesWanted();
     /// A file has been read and is shown, whether it is another one or the same again.
     void fileShown(bool isOther);
     /// The text has been written to the file.

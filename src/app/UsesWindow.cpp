@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "app/UsesWindow.h"
+
+#include "navigation/container/PlaceJump.h"
+#include "navigation/container/PlaceList.h"
+
+#include <QListWidget>
+
+namespace kestrel {
+
+namespace {
+
+constexpr QSize FirstSize(680, 320);
+
+} // namespace
+
+UsesWindow::UsesWindow(PlaceList& places, PlaceJump& jump, QWidget* parent)
+    : SecondaryWindow(QStringLiteral("usesWindow"), tr("Uses"), parent)
+    , m_places(places)
+    , m_jump(jump)
+    , m_rows(new QListWidget(this)) {
+    m_rows->setObjectName(QStringLiteral("usesList"));
+    m_rows->setAccessibleName(tr("Uses"));
+    m_rows->setUniformItemSizes(true);
+    setCentralWidget(m_rows);
+    resize(FirstSize);
+    connect(m_rows, &QListWidget::itemActivated, this,
+            [this](QListWidgetItem* item) { goTo(m_rows->row(item)); });
+    connect(&m_places, &PlaceList::filled, this, &UsesWindow::fill);
+    connect(&m_places, &PlaceList::currentChanged, this, &UsesWindow::showCurrent);
+}
+
+void UsesWindow::showUsesOf(const QString& name) {
+    const QString title = tr("Uses of %1 (%2)").arg(name).arg(m_rows->count());
+    setWindowTitle(title);
+    setAccessibleName(title);
+    m_rows->setCurrentRow(0);
+    comeToFront();
+}
+
+/// What else the window's list of places is filled with leaves the uses here.
+void UsesWindow::fill() {
+    if (m_places.content() != PlaceList::Content::uses) {
+        return;
+    }
+    m_rows->clear();
+    for (const Place& place : m_places.places()) {
+        m_rows->addItem(
+            QStringLiteral("%1:%2: %3").arg(place.file).arg(place.line).arg(place.text));
+    }
+}
+
+void UsesWindow::showCurrent() {
+    if (m_places.content() == PlaceList::Content::uses && m_places.currentIndex()) {
+        m_rows->setCurrentRow(static_cast<int>(*m_places.currentIndex()));
+    }
+}
+
+void UsesWindow::goTo(int row) {
+    const auto index = static_cast<std::size_t>(row);
+    if (m_places.content() == PlaceList::Content::uses && row >= 0 &&
+        index < m_places.places().size()) {
+        m_places.setCurrentIndex(index);
+        m_jump.goTo(m_places.project(), m_places.places()[index]);
+    }
+}
+
+} // namespace kestrel

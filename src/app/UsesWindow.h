@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/SecondaryWindow.h"
+
+class QListWidget;
+
+namespace kestrel {
+
+class PlaceJump;
+class PlaceList;
+
+/// The list of the places where a name is used, one a row; choosing one goes there.
+class UsesWindow : public SecondaryWindow {
+    Q_OBJECT
+
+public:
+    /// Shows the uses in `places`, which must outlive this, as must `jump`.
+    UsesWindow(PlaceList& places, PlaceJump& jump, QWidget* parent = nullptr);
+
+    /// Shows the uses of this name, which the list has been filled with.
+    void showUsesOf(const QString& name);
+
+private:
+    void fill();
+    void showCurrent();
+    void goTo(int row);
+
+    PlaceList& m_places;
+    PlaceJump& m_jump;
+    QListWidget* m_rows;
+};
+
+} // namespace kestrel
