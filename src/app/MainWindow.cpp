@@ -71,8 +71,7 @@ void followBuilds(BuildSession& session, StatusBoard& board, StatusBar& bar, QAc
 void watchProgram(EditorContainerController& editor, const MainWindowController& controller,
                   PlaceWalk& walk) {
     new AddressStatus(editor, controller.knowledge(), &editor);
-    auto* names =
-        new NameCommands(editor, controller.knowledge(), walk.jump(), walk.list(), &walk);
+    auto* names = new NameCommands(editor, controller.knowledge(), walk.jump(), walk.list(), &walk);
     auto* uses = new UsesWindow(walk.list(), walk.jump(), editor.window());
     QObject::connect(names, &NameCommands::usesFound, uses, &UsesWindow::showUsesOf);
 }

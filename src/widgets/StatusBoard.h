@@ -21,7 +21,7 @@ enum class StatusField {
     address,  ///< what the caret's line came to in the last build
 };
 
-inline constexpr std::size_t StatusFieldCount = 5;
+inline constexpr std::size_t StatusFieldCount = 6;
 
 /// What just happened stands on the left; what is so, at the right edge, where it does not move
 /// when a message comes.

@@ -4,14 +4,13 @@
 #include "editors/code/CodeEditorTextView.h"
 #include "editors/code/FindBar.h"
 #include "editors/code/GoToLineBar.h"
-#include "editors/code/TextEditorController.h"
 
 namespace kestrel {
 
 namespace {
 
 std::vector<Command> editCommands(FindBar& findBar, GoToLineBar& goToLineBar,
-                                  TextEditorController& owner) {
+                                  const NameWishes& names) {
     const auto find = [&findBar, &goToLineBar] {
         goToLineBar.hide();
         findBar.open();
@@ -40,12 +39,12 @@ std::vector<Command> editCommands(FindBar& findBar, GoToLineBar& goToLineBar,
         {.id = "goToDefinitionAction",
          .title = QT_TRANSLATE_NOOP("Command", "Go to Definition"),
          .shortcuts = {Qt::Key_F12},
-         .handler = [&owner] { Q_EMIT owner.definitionWanted(); },
+         .handler = names.definition,
          .autoRepeat = false},
         {.id = "findUsesAction",
          .title = QT_TRANSLATE_NOOP("Command", "Find Uses"),
          .shortcuts = {Qt::SHIFT | Qt::Key_F12},
-         .handler = [&owner] { Q_EMIT owner.usesWanted(); },
+         .handler = names.uses,
          .autoRepeat = false},
     };
 }
@@ -70,9 +69,10 @@ std::vector<Command> viewCommands(CodeEditorTextView& editor) {
 } // namespace
 
 TextEditorActions::TextEditorActions(CodeEditorTextView& editor, FindBar& findBar,
-                                     GoToLineBar& goToLineBar, TextEditorController& owner)
+                                     GoToLineBar& goToLineBar, QObject& owner,
+                                     const NameWishes& names)
     : commands(owner) {
-    for (Command& command : editCommands(findBar, goToLineBar, owner)) {
+    for (Command& command : editCommands(findBar, goToLineBar, names)) {
         edit.append(commands.add(std::move(command)));
     }
     for (Command& command : viewCommands(editor)) {

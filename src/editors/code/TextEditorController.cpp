@@ -47,7 +47,9 @@ TextEditorController::TextEditorController(QWidget* parent)
     , m_findBar(new FindBar(*codeEditor, this))
     , m_goToLineBar(new GoToLineBar(*codeEditor, this))
     , m_marks(new SourceMarks(*codeEditor, this))
-    , m_actions(std::make_unique<TextEditorActions>(*codeEditor, *m_findBar, *m_goToLineBar, *this))
+    , m_actions(std::make_unique<TextEditorActions>(
+          *codeEditor, *m_findBar, *m_goToLineBar, *this,
+          NameWishes{[this] { Q_EMIT definitionWanted(); }, [this] { Q_EMIT usesWanted(); }}))
     , m_unsavedWork(makeUnsavedWork()) {
     setObjectName(QStringLiteral("textEditor"));
     setAccessibleName(tr("Code editor"));
