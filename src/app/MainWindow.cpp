@@ -12,6 +12,7 @@
 #include "app/WindowCommands.h"
 #include "drafts/DraftKeeper.h"
 #include "editors/CommonEditorControllers.h"
+#include "facts/ProgramKnowledge.h"
 #include "model/Paths.h"
 #include "model/StateFolder.h"
 #include "navigation/container/AddressStatus.h"
@@ -107,7 +108,9 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     auto* bar = window.menuBar();
     bar->setObjectName(QStringLiteral("menuBar"));
     bar->setAccessibleName(QObject::tr("Menu bar"));
-    auto* commands = new WindowCommands(controller, *editor, &window);
+    auto* knowledge = new ProgramKnowledge(&window);
+    knowledge->setObjectName(QStringLiteral("programKnowledge"));
+    auto* commands = new WindowCommands(controller, *editor, *knowledge, &window);
     // Closed by the user, the window takes the console and everything else with it.
     QObject::connect(controller.get(), &MainWindowController::windowClosed, commands,
                      &WindowCommands::quit, Qt::QueuedConnection);

@@ -39,6 +39,7 @@ std::span<const MenuEntry> menuEntries() {
         {"nextProblemAction", MenuTitle::build, true},
         {"previousProblemAction", MenuTitle::build},
         {"consoleAction", MenuTitle::view},
+        {"memoryAction", MenuTitle::view},
         {"nextPaneAction", MenuTitle::view},
         {"userGuideAction", MenuTitle::help},
         {"aboutAction", MenuTitle::help, true},

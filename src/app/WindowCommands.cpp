@@ -2,6 +2,7 @@
 #include "app/WindowCommands.h"
 
 #include "app/MainWindowController.h"
+#include "app/MemoryWindow.h"
 #include "app/UserGuideWindow.h"
 #include "editors/CommonEditorControllers.h"
 #include "icons/Icons.h"
@@ -58,10 +59,12 @@ QWidget* firstFocusable(QWidget& part) {
 } // namespace
 
 WindowCommands::WindowCommands(std::weak_ptr<MainWindowController> controller,
-                               EditorContainerController& editor, QObject* parent)
+                               EditorContainerController& editor, const ProgramKnowledge& knowledge,
+                               QObject* parent)
     : QObject(parent)
     , m_controller(std::move(controller))
-    , m_editor(editor) {
+    , m_editor(editor)
+    , m_knowledge(knowledge) {
     addCommands();
 }
 
@@ -103,6 +106,8 @@ void WindowCommands::addCommands() {
         {Qt::SHIFT | Qt::Key_F4}, Everywhere, {});
     add("consoleAction", QT_TRANSLATE_NOOP("Command", "&Console"),
         {Qt::CTRL | Qt::SHIFT | Qt::Key_C}, Here, [this] { showConsole(); });
+    add("memoryAction", QT_TRANSLATE_NOOP("Command", "&Memory"), {Qt::CTRL | Qt::SHIFT | Qt::Key_M},
+        Here, [this] { showMemory(); });
     add("nextPaneAction", QT_TRANSLATE_NOOP("Command", "&Next Part of the Window"), {Qt::Key_F6},
         Here, [this] { focusNextPart(); });
     add("userGuideAction", QT_TRANSLATE_NOOP("Command", "&User Guide"),
@@ -162,6 +167,13 @@ void WindowCommands::showConsole() {
     if (const auto controller = m_controller.lock()) {
         controller->showConsole();
     }
+}
+
+void WindowCommands::showMemory() {
+    if (!m_memory) {
+        m_memory = std::make_unique<MemoryWindow>(m_knowledge);
+    }
+    m_memory->comeToFront();
 }
 
 void WindowCommands::focusNextPart() {

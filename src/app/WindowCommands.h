@@ -11,6 +11,8 @@ namespace kestrel {
 
 class EditorContainerController;
 class MainWindowController;
+class MemoryWindow;
+class ProgramKnowledge;
 class UserGuideWindow;
 
 /// Carries out the commands of the menu bar that belong to no project and no pane.
@@ -18,10 +20,11 @@ class WindowCommands : public QObject {
     Q_OBJECT
 
 public:
-    /// `editor` must outlive this; the controller is held weakly, since it owns the window that
-    /// owns this.
+    /// `editor` and `knowledge` must outlive this; the controller is held weakly, since it owns the
+    /// window that owns this.
     WindowCommands(std::weak_ptr<MainWindowController> controller,
-                   EditorContainerController& editor, QObject* parent);
+                   EditorContainerController& editor, const ProgramKnowledge& knowledge,
+                   QObject* parent);
     ~WindowCommands() override;
 
     const CommandSet& commands() const { return m_commands; }
@@ -43,6 +46,9 @@ public:
 
     void showConsole();
 
+    /// Opens the window that shows how full banks and memory are, of which there is one.
+    void showMemory();
+
     /// Moves the focus from the tree to the pane that is shown, and back.
     void focusNextPart();
 
@@ -57,6 +63,8 @@ private:
 
     std::weak_ptr<MainWindowController> m_controller;
     EditorContainerController& m_editor;
+    const ProgramKnowledge& m_knowledge;
+    std::unique_ptr<MemoryWindow> m_memory;
     std::unique_ptr<UserGuideWindow> m_userGuide;
     CommandSet m_commands{*this};
 };

@@ -116,7 +116,7 @@ TEST_F(MainWindow, TheMenuBarHoldsEveryEntryOfItsTableInOrder) {
                                                  "Cut", "Copy", "Paste", "-", "Select All"));
     EXPECT_THAT(entries("buildMenu"), ElementsAre("Build", "Run", "Save and Build", "Stop", "-",
                                                   "Next Problem", "Previous Problem"));
-    EXPECT_THAT(entries("viewMenu"), ElementsAre("Console", "Next Part of the Window"));
+    EXPECT_THAT(entries("viewMenu"), ElementsAre("Console", "Memory", "Next Part of the Window"));
     EXPECT_THAT(entries("helpMenu"), ElementsAre("User Guide", "-", "About Kestrel"));
     EXPECT_EQ(menu("fileMenu")->actions().front(),
               tree().menu()->action(ProjectNavigationMenuClickedOptions::newProject));
