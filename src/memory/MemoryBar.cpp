@@ -15,6 +15,12 @@ namespace kestrel {
 namespace {
 
 constexpr double HatchDistance = 6;
+constexpr double LeastRangeWidth = 2;
+
+/// The part of a bar within its frame.
+QRectF inside(const QRectF& bar, double line) {
+    return bar.adjusted(line, line, -line, -line);
+}
 
 /// Places the bytes of an area in its bar.
 class Scale {
@@ -24,19 +30,20 @@ public:
         , m_bar(bar)
         , m_area(area) {}
 
-    /// Whole device pixels, at least one wide.
+    /// Of whole device pixels, however few bytes it is for.
     QRectF rectOf(const ByteRange& range) const {
         QRectF rect = m_bar;
         rect.setLeft(xOf(range.begin));
         rect.setRight(xOf(range.end));
         const QRectF whole = fitted(m_painter, rect);
-        if (whole.width() > 0) {
+        const double least = fittedWidth(m_painter, LeastRangeWidth);
+        if (whole.width() >= least) {
             return whole;
         }
-        // The pixel in which the range is, of which it fills less than all.
-        const double pixel = fittedWidth(m_painter, 0);
-        rect = fitted(m_painter, rect.translated(-pixel / 2, 0));
-        rect.setWidth(pixel);
+        // From the pixel on in which the range begins, but within the bar.
+        rect = fitted(m_painter, rect.translated(-fittedWidth(m_painter, 0) / 2, 0));
+        rect.setWidth(least);
+        rect.moveRight(std::min(rect.right(), m_bar.right()));
         return rect;
     }
 
@@ -100,7 +107,7 @@ void drawMemoryBar(QPainter& painter, const QRectF& bar, const MemoryArea& area,
                    const ByteRange& gap, const MemoryBarColors& colors) {
     const QRectF outside = fitted(painter, bar);
     const double line = fittedWidth(painter, 1);
-    const Scale scale(painter, outside, area);
+    const Scale scale(painter, inside(outside, line), area);
     painter.fillRect(outside, colors.background);
     if (gap.size() > 0) {
         const QRectF rect = scale.rectOf(gap);
@@ -110,15 +117,15 @@ void drawMemoryBar(QPainter& painter, const QRectF& bar, const MemoryArea& area,
     drawUsed(painter, scale, area.used, colors.used);
     drawFrame(painter, outside, line, colors.frame);
     for (const ByteRange& range : area.named) {
-        // Only half as high as what is used, and two pixels wide, so that the shape tells it, too.
+        // Only half as high as what is used, so that the shape tells it, too.
         QRectF tick = scale.rectOf(range);
         tick.setTop(tick.top() + tick.height() / 2);
-        tick.setWidth(std::max(tick.width(), 2 * line));
         painter.fillRect(fitted(painter, tick), colors.named);
     }
 }
 
-ByteRange bytesAt(const QRectF& bar, const MemoryArea& area, double x) {
+ByteRange bytesAt(const QRectF& wholeBar, const MemoryArea& area, double x) {
+    const QRectF bar = inside(wholeBar, 1);
     if (x < bar.left() || x >= bar.right() || area.size() == 0) {
         return {};
     }

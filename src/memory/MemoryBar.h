@@ -23,12 +23,13 @@ struct MemoryBarColors {
 };
 
 /// Draws what of an area is used, each range where it is, so that gaps are seen as such; `gap` is
-/// hatched and outlined. A range is at least one device pixel wide. The painter is fresh and counts
-/// in device-independent pixels.
+/// hatched and outlined. A range is at least two pixels wide. The painter is fresh and counts in
+/// device-independent pixels.
 void drawMemoryBar(QPainter& painter, const QRectF& bar, const MemoryArea& area,
                    const ByteRange& gap, const MemoryBarColors& colors);
 
-/// The bytes of the area that are drawn between `x` and one pixel further; none outside of the bar.
+/// The bytes of the area whose place is between `x` and one pixel further; none on the frame and
+/// outside of the bar.
 ByteRange bytesAt(const QRectF& bar, const MemoryArea& area, double x);
 
 } // namespace kestrel

@@ -31,7 +31,7 @@ QVariant MemoryModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
         return MemoryReport::sentenceOf(row);
     case Qt::AccessibleDescriptionRole:
-        return MemoryReport::rangesOf(row);
+        return m_report.rangesOf(row);
     default:
         return {};
     }

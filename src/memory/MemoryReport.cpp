@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <bit>
 #include <cstdlib>
-#include <map>
 #include <utility>
 
 namespace kestrel {
@@ -42,55 +41,6 @@ bool overlap(const ByteRange& one, const ByteRange& other) {
     return one.begin < other.end && other.begin < one.end;
 }
 
-/// The addresses at which the source has the banks, by their numbers; nothing for a bank that it
-/// has at several.
-using BankAddresses = std::map<std::uint32_t, std::optional<std::uint32_t>>;
-
-BankAddresses bankAddresses(const ProgramFacts& facts) {
-    std::map<std::uint32_t, std::uint32_t> sizes;
-    for (const MemoryArea& area : facts.areas) {
-        if (area.isBank() && area.whole.begin == 0 && std::has_single_bit(area.size())) {
-            sizes.emplace(area.number, area.size());
-        }
-    }
-    BankAddresses addresses;
-    for (const FileFacts& file : facts.files) {
-        for (const LineFacts& line : file.lines) {
-            if (line.bytes == 0 || line.isInMemory() || !sizes.contains(line.bank)) {
-                continue;
-            }
-            const std::uint32_t address = line.address & ~(sizes[line.bank] - 1);
-            const auto [known, isFirst] = addresses.emplace(line.bank, address);
-            if (!isFirst && known->second != address) {
-                known->second.reset();
-            }
-        }
-    }
-    return addresses;
-}
-
-/// "$C000-$D459", or where the bytes are in their bank when they have no address of their own.
-QString rangeText(const MemoryRow& row, const ByteRange& range) {
-    const bool isOffset = row.area.isBank() && !row.address;
-    const std::uint32_t base = row.address.value_or(0);
-    const QString first = hexadecimal(base + range.begin);
-    const QString text =
-        range.size() == 1 ? first : first + QLatin1Char('-') + hexadecimal(base + range.end - 1);
-    return isOffset ? MemoryReport::tr("offset %1").arg(text) : text;
-}
-
-QString listText(const MemoryRow& row, const std::vector<ByteRange>& ranges) {
-    QStringList texts;
-    for (std::size_t i = 0; i < std::min(ranges.size(), RangesTold); ++i) {
-        texts += rangeText(row, ranges[i]);
-    }
-    const QString text = texts.join(QStringLiteral(", "));
-    return ranges.size() <= RangesTold
-               ? text
-               : MemoryReport::tr("%1 and %2 more")
-                     .arg(text, grouped(static_cast<std::int64_t>(ranges.size() - RangesTold)));
-}
-
 QString usageText(std::uint32_t used, std::uint32_t size, std::uint32_t free, std::uint32_t gap) {
     return MemoryReport::tr("%1 of %2 bytes used, %3 free, largest gap %4")
         .arg(grouped(used), grouped(size), grouped(free), grouped(gap));
@@ -103,31 +53,28 @@ QString bytesText(std::int64_t count) {
 
 } // namespace
 
-MemoryReport::MemoryReport(const ProgramFacts& facts, const ProgramFacts* before, QString imageName)
-    : m_image(std::move(imageName))
+MemoryReport::MemoryReport(std::shared_ptr<const ProgramFacts> facts, const ProgramFacts* before,
+                           QString imageName)
+    : m_facts(std::move(facts))
+    , m_image(std::move(imageName))
     , m_hasBefore(before != nullptr) {
-    const BankAddresses addresses = bankAddresses(facts);
-    for (const MemoryArea& area : facts.areas) {
+    for (const MemoryArea& area : m_facts->areas) {
         MemoryRow row;
-        row.area = area;
+        row.area = &area;
         row.used = area.usedBytes();
         row.gap = area.largestGap();
-        if (const auto found = addresses.find(area.number);
-            area.isBank() && found != addresses.end()) {
-            row.address = found->second;
-        }
         if (const MemoryArea* old = before != nullptr ? areaLike(*before, area) : nullptr) {
             row.change = std::int64_t{row.used} - std::int64_t{old->usedBytes()};
         } else {
             row.isNew = before != nullptr;
         }
-        m_rows.push_back(std::move(row));
+        m_rows.push_back(row);
     }
 }
 
 bool MemoryReport::hasRowsLike(const MemoryReport& other) const {
     return std::ranges::equal(m_rows, other.m_rows, [](const MemoryRow& a, const MemoryRow& b) {
-        return a.area.kind == b.area.kind && a.area.number == b.area.number;
+        return a.area->kind == b.area->kind && a.area->number == b.area->number;
     });
 }
 
@@ -139,9 +86,9 @@ QString MemoryReport::summary() const {
         std::int64_t size = 0;
         std::int64_t change = 0;
         for (const MemoryRow& row : m_rows) {
-            if (row.area.kind == kind) {
+            if (row.area->kind == kind) {
                 used += row.used;
-                size += row.area.size();
+                size += row.area->size();
                 change += row.isNew ? row.used : row.change.value_or(0);
                 hasChanged = hasChanged || row.isNew || row.change.value_or(0) != 0;
             }
@@ -161,11 +108,11 @@ QString MemoryReport::summary() const {
 }
 
 QString MemoryReport::nameOf(const MemoryRow& row) {
-    switch (row.area.kind) {
+    switch (row.area->kind) {
     case MemoryArea::Kind::prg:
-        return tr("PRG bank %1").arg(row.area.number);
+        return tr("PRG bank %1").arg(row.area->number);
     case MemoryArea::Kind::chr:
-        return tr("CHR bank %1").arg(row.area.number);
+        return tr("CHR bank %1").arg(row.area->number);
     case MemoryArea::Kind::zeroPage:
         return tr("Zero page");
     case MemoryArea::Kind::ram:
@@ -175,7 +122,7 @@ QString MemoryReport::nameOf(const MemoryRow& row) {
 }
 
 QString MemoryReport::usageOf(const MemoryRow& row) {
-    return usageText(row.used, row.area.size(), row.free(), row.gap.size());
+    return usageText(row.used, row.area->size(), row.free(), row.gap.size());
 }
 
 QString MemoryReport::widestUsage(std::uint32_t size) {
@@ -208,21 +155,81 @@ QString MemoryReport::sentenceOf(const MemoryRow& row) {
                       : tr("%1; %2 less than in the build before").arg(text, count);
 }
 
-QString MemoryReport::rangesOf(const MemoryRow& row) {
+MemoryReport::BankAddresses MemoryReport::findBankAddresses() const {
+    // The sizes of the banks whose addresses tell offsets.
+    std::vector<std::uint32_t> sizes(m_facts->areas.size());
+    for (const MemoryArea& area : m_facts->areas) {
+        if (area.isBank() && area.number < sizes.size() && area.whole.begin == 0 &&
+            std::has_single_bit(area.size())) {
+            sizes[area.number] = area.size();
+        }
+    }
+    BankAddresses addresses(sizes.size());
+    std::vector<bool> seen(sizes.size());
+    for (const FileFacts& file : m_facts->files) {
+        for (const LineFacts& line : file.lines) {
+            if (line.bytes == 0 || line.bank >= sizes.size() || sizes[line.bank] == 0) {
+                continue;
+            }
+            const std::uint32_t address = line.address & ~(sizes[line.bank] - 1);
+            if (!seen[line.bank]) {
+                seen[line.bank] = true;
+                addresses[line.bank] = address;
+            } else if (addresses[line.bank] != address) {
+                addresses[line.bank].reset();
+            }
+        }
+    }
+    return addresses;
+}
+
+std::optional<std::uint32_t> MemoryReport::addressOf(const MemoryRow& row) const {
+    if (!m_bankAddresses) {
+        m_bankAddresses = findBankAddresses();
+    }
+    const std::uint32_t bank = row.area->number;
+    return row.area->isBank() && bank < m_bankAddresses->size() ? (*m_bankAddresses)[bank]
+                                                                : std::nullopt;
+}
+
+/// "$C000-$D459", or where the bytes are in their bank when they have no address of their own.
+QString MemoryReport::rangeText(const MemoryRow& row, const ByteRange& range) const {
+    const auto address = addressOf(row);
+    const std::uint32_t base = address.value_or(0);
+    const QString first = hexadecimal(base + range.begin);
+    const QString text =
+        range.size() == 1 ? first : first + QLatin1Char('-') + hexadecimal(base + range.end - 1);
+    return row.area->isBank() && !address ? tr("offset %1").arg(text) : text;
+}
+
+QString MemoryReport::listText(const MemoryRow& row, const std::vector<ByteRange>& ranges) const {
+    QStringList texts;
+    for (std::size_t i = 0; i < std::min(ranges.size(), RangesTold); ++i) {
+        texts += rangeText(row, ranges[i]);
+    }
+    const QString text = texts.join(QStringLiteral(", "));
+    if (ranges.size() <= RangesTold) {
+        return text;
+    }
+    const QString more = grouped(static_cast<std::int64_t>(ranges.size() - RangesTold));
+    return tr("%1 and %2 more").arg(text, more);
+}
+
+QString MemoryReport::rangesOf(const MemoryRow& row) const {
     QStringList sentences;
-    if (!row.area.used.empty()) {
-        sentences += tr("Used: %1.").arg(listText(row, row.area.used));
+    if (!row.area->used.empty()) {
+        sentences += tr("Used: %1.").arg(listText(row, row.area->used));
     }
     if (row.gap.size() > 0) {
         sentences += tr("Largest gap: %1.").arg(rangeText(row, row.gap));
     }
-    if (!row.area.named.empty()) {
-        sentences += tr("Named by a constant: %1.").arg(listText(row, row.area.named));
+    if (!row.area->named.empty()) {
+        sentences += tr("Named by a constant: %1.").arg(listText(row, row.area->named));
     }
     return sentences.join(QLatin1Char(' '));
 }
 
-QString MemoryReport::textOf(const MemoryRow& row, const MemoryPlace& place) {
+QString MemoryReport::textOf(const MemoryRow& row, const MemoryPlace& place) const {
     const QString range = rangeText(row, place.range);
     const QString count = bytesText(place.range.size());
     switch (place.state) {
@@ -239,16 +246,16 @@ QString MemoryReport::textOf(const MemoryRow& row, const MemoryPlace& place) {
 
 MemoryPlace MemoryReport::placeAt(const MemoryRow& row, const ByteRange& bytes) {
     const auto isThere = [&](const ByteRange& range) { return overlap(range, bytes); };
-    const auto used = std::ranges::find_if(row.area.used, isThere);
-    if (used != row.area.used.end()) {
+    const auto used = std::ranges::find_if(row.area->used, isThere);
+    if (used != row.area->used.end()) {
         return {MemoryPlace::State::used, *used};
     }
-    const auto named = std::ranges::find_if(row.area.named, isThere);
-    if (named != row.area.named.end()) {
+    const auto named = std::ranges::find_if(row.area->named, isThere);
+    if (named != row.area->named.end()) {
         return {MemoryPlace::State::named, *named};
     }
-    ByteRange gap = row.area.whole;
-    for (const ByteRange& range : row.area.used) {
+    ByteRange gap = row.area->whole;
+    for (const ByteRange& range : row.area->used) {
         if (range.end <= bytes.begin) {
             gap.begin = range.end;
         } else {

@@ -15,17 +15,15 @@ namespace kestrel {
 
 /// One bank, the zero page or RAM, as the memory window tells of it.
 struct MemoryRow {
-    MemoryArea area;
-    std::uint32_t used = 0; ///< bytes
-    ByteRange gap;          ///< the largest one
+    const MemoryArea* area = nullptr; ///< of the report's facts
+    std::uint32_t used = 0;           ///< bytes
+    ByteRange gap;                    ///< the largest one
     /// Bytes that are used now and were not in the build before, less than 0 when it were more;
     /// nothing when that build is not known, or had no such bank.
     std::optional<std::int64_t> change;
     bool isNew = false; ///< the build before is known and had no such bank
-    /// In a bank, what is added to an offset to get the address that the source gave the byte;
-    /// nothing when the source gave it none, or several.
-    std::optional<std::uint32_t> address;
-    std::uint32_t free() const { return area.size() - used; }
+
+    std::uint32_t free() const { return area->size() - used; }
 };
 
 /// What is where in a row, for a place that somebody points at.
@@ -45,7 +43,8 @@ public:
     MemoryReport() = default;
 
     /// `before` is nullptr when nothing is known of the build before.
-    MemoryReport(const ProgramFacts& facts, const ProgramFacts* before, QString imageName);
+    MemoryReport(std::shared_ptr<const ProgramFacts> facts, const ProgramFacts* before,
+                 QString imageName);
 
     const std::vector<MemoryRow>& rows() const { return m_rows; }
 
@@ -66,15 +65,29 @@ public:
     /// All of that for whoever listens, the change in words.
     static QString sentenceOf(const MemoryRow& row);
     /// "Used: $C000-$D459. Largest gap: $D45A-$DFFF."
-    static QString rangesOf(const MemoryRow& row);
+    QString rangesOf(const MemoryRow& row) const;
     /// "$C000-$D459 used, 5,210 bytes".
-    static QString textOf(const MemoryRow& row, const MemoryPlace& place);
+    QString textOf(const MemoryRow& row, const MemoryPlace& place) const;
 
     /// What is used in these bytes of the row; where nothing is, the free bytes around them.
     static MemoryPlace placeAt(const MemoryRow& row, const ByteRange& bytes);
 
+    /// In a bank, what is added to an offset to get the address that the source gave the byte;
+    /// nothing when the source gave it none, or several.
+    std::optional<std::uint32_t> addressOf(const MemoryRow& row) const;
+
 private:
+    /// The addresses of the banks by their numbers.
+    using BankAddresses = std::vector<std::optional<std::uint32_t>>;
+
+    BankAddresses findBankAddresses() const;
+    QString rangeText(const MemoryRow& row, const ByteRange& range) const;
+    QString listText(const MemoryRow& row, const std::vector<ByteRange>& ranges) const;
+
+    std::shared_ptr<const ProgramFacts> m_facts;
     std::vector<MemoryRow> m_rows;
+    /// Found when somebody asks for an address, since all lines of the program are looked at.
+    mutable std::optional<BankAddresses> m_bankAddresses;
     QString m_image;
     bool m_hasBefore = false;
 };

@@ -11,6 +11,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <optional>
 
 namespace kestrel {
 
@@ -27,6 +28,26 @@ QRect nameRect(const QRect& row, const QFontMetrics& metrics) {
 
 int barHeight(const QFontMetrics& metrics) {
     return std::max(LeastBarHeight, metrics.height());
+}
+
+/// What is drawn at a place of a bar; nothing beside it.
+std::optional<MemoryPlace> placeUnder(const MemoryRow& row, const QRect& bar, int x) {
+    const auto placeAt = [&](int place) -> std::optional<MemoryPlace> {
+        const ByteRange bytes = bytesAt(bar, *row.area, place);
+        return bytes.size() > 0 ? std::optional(MemoryReport::placeAt(row, bytes)) : std::nullopt;
+    };
+    const auto exact = placeAt(x);
+    if (exact && exact->state == MemoryPlace::State::free) {
+        // A range that is narrower than what it is drawn as may be what is pointed at.
+        const std::uint32_t pixel = bytesAt(bar, *row.area, x).size();
+        for (const int near : {x - 1, x + 1}) {
+            const auto place = placeAt(near);
+            if (place && place->state != MemoryPlace::State::free && place->range.size() < pixel) {
+                return place;
+            }
+        }
+    }
+    return exact;
 }
 
 QFont bold(QFont font) {
@@ -49,7 +70,7 @@ void MemoryRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
                               const QModelIndex& index) const {
     const MemoryRow& row = m_model.report().rows().at(static_cast<std::size_t>(index.row()));
     const QRect bar = barRect(option.rect, option.fontMetrics);
-    drawMemoryBar(*painter, bar, row.area, row.gap, MemoryBarColors(option.palette));
+    drawMemoryBar(*painter, bar, *row.area, row.gap, MemoryBarColors(option.palette));
 
     painter->save();
     painter->setPen(option.palette.color(QPalette::Text));
@@ -81,7 +102,7 @@ QSize MemoryRowDelegate::sizeHint(const QStyleOptionViewItem& option,
     const int width = view != nullptr ? view->viewport()->width() : option.rect.width();
     std::uint32_t size = 0;
     for (const MemoryRow& row : m_model.report().rows()) {
-        size = std::max(size, row.area.size());
+        size = std::max(size, row.area->size());
     }
     const QRect room(0, 0, width - 2 * Margin, 0x10000);
     const int numbers = option.fontMetrics
@@ -100,17 +121,16 @@ bool MemoryRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     }
     const MemoryRow& row = m_model.report().rows().at(static_cast<std::size_t>(index.row()));
     const QRect bar = barRect(option.rect, option.fontMetrics);
-    const ByteRange bytes = bytesAt(bar, row.area, event->pos().x());
-    if (!bar.contains(event->pos()) || bytes.size() == 0) {
+    const auto place = placeUnder(row, bar, event->pos().x());
+    if (!bar.contains(event->pos()) || !place) {
         QToolTip::hideText();
         event->ignore();
         return false;
     }
     // It stays as long as the pointer is on this pixel of the bar: the next one may be elsewhere.
     const QRect pixel(event->pos().x(), bar.top(), 1, bar.height());
-    QToolTip::showText(event->globalPos(),
-                       MemoryReport::textOf(row, MemoryReport::placeAt(row, bytes)),
-                       view->viewport(), pixel);
+    QToolTip::showText(event->globalPos(), m_model.report().textOf(row, *place), view->viewport(),
+                       pixel);
     return true;
 }
 

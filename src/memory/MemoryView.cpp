@@ -67,7 +67,7 @@ void MemoryView::refresh() {
     }
     const auto& facts = m_knowledge->facts();
     m_model->setReport(
-        facts ? MemoryReport(*facts, m_knowledge->before().get(),
+        facts ? MemoryReport(facts, m_knowledge->before().get(),
                              QString::fromStdString(m_knowledge->image().filename().string()))
               : MemoryReport());
     const std::vector<MemoryRow>& rows = m_model->report().rows();
@@ -75,7 +75,7 @@ void MemoryView::refresh() {
     m_summary->setVisible(!rows.empty());
     m_legend->setVisible(!rows.empty());
     m_legend->setHasNamed(
-        std::ranges::any_of(rows, [](const MemoryRow& row) { return !row.area.named.empty(); }));
+        std::ranges::any_of(rows, [](const MemoryRow& row) { return !row.area->named.empty(); }));
 }
 
 } // namespace kestrel

@@ -17,20 +17,22 @@ namespace {
 using Kind = MemoryArea::Kind;
 
 MemoryReport reportOf(const ProgramFacts& facts, const ProgramFacts* before = nullptr) {
-    return {facts, before, QStringLiteral("Game.nes")};
+    return {std::make_shared<const ProgramFacts>(facts), before, QStringLiteral("Game.nes")};
 }
 
-/// All that is said of one row that had `before` bytes and has `now`.
-MemoryRow rowAfterChange(std::uint32_t before, std::uint32_t now) {
+/// Of one bank that had `before` bytes and has `now`.
+MemoryReport reportOfChange(std::uint32_t before, std::uint32_t now) {
     ProgramFacts one;
     ProgramFacts other;
     one.areas = {makeBank(Kind::prg, 0, {{0, before}})};
     other.areas = {makeBank(Kind::prg, 0, {{0, now}})};
-    return reportOf(other, &one).rows().at(0);
+    return reportOf(other, &one);
 }
 
-QString placeText(const MemoryRow& row, std::uint32_t begin, std::uint32_t end) {
-    return MemoryReport::textOf(row, MemoryReport::placeAt(row, {begin, end}));
+QString placeText(const MemoryReport& report, std::size_t number, std::uint32_t begin,
+                  std::uint32_t end) {
+    const MemoryRow& row = report.rows().at(number);
+    return report.textOf(row, MemoryReport::placeAt(row, {begin, end}));
 }
 
 } // namespace
@@ -69,7 +71,7 @@ TEST(MemoryReport, KnowsNoChangeWithoutABuildBefore) {
 
 TEST(MemoryReport, TellsChangesWithTheirSign) {
     const auto text = [](std::uint32_t before, std::uint32_t now) {
-        return MemoryReport::changeOf(rowAfterChange(before, now));
+        return MemoryReport::changeOf(reportOfChange(before, now).rows()[0]);
     };
     EXPECT_EQ(text(100, 124), QStringLiteral("+24 bytes"));
     EXPECT_EQ(text(100, 101), QStringLiteral("+1 byte"));
@@ -80,7 +82,7 @@ TEST(MemoryReport, TellsChangesWithTheirSign) {
 
 TEST(MemoryReport, SaysChangesInWords) {
     const auto text = [](std::uint32_t before, std::uint32_t now) {
-        return MemoryReport::sentenceOf(rowAfterChange(before, now));
+        return MemoryReport::sentenceOf(reportOfChange(before, now).rows()[0]);
     };
     EXPECT_TRUE(
         text(100, 124).endsWith(QStringLiteral("; 24 bytes more than in the build before")));
@@ -124,33 +126,30 @@ TEST(MemoryReport, SaysWhenNothingChanged) {
 
 TEST(MemoryReport, NamesPlacesByTheirAddress) {
     const MemoryReport report = reportOf(sampleProgram());
-    const MemoryRow& code = report.rows()[0];
-    EXPECT_EQ(placeText(code, 0x10, 0x20), QStringLiteral("$C000-$D459 used, 5,210 bytes"));
-    EXPECT_EQ(placeText(code, 0x1F00, 0x1F10),
+    EXPECT_EQ(placeText(report, 0, 0x10, 0x20), QStringLiteral("$C000-$D459 used, 5,210 bytes"));
+    EXPECT_EQ(placeText(report, 0, 0x1F00, 0x1F10),
               QStringLiteral("$D45A-$DFF9 free, 2,976 bytes: the largest gap"));
-    EXPECT_EQ(placeText(code, 0x1FFF, 0x2000), QStringLiteral("$DFFA-$DFFF used, 6 bytes"));
-    const MemoryRow& zeroPage = report.rows()[2];
-    EXPECT_EQ(placeText(zeroPage, 12, 13), QStringLiteral("$000C-$000F free, 4 bytes"));
-    EXPECT_EQ(placeText(zeroPage, 16, 17), QStringLiteral("$0010 used, 1 byte"));
-    const MemoryRow& ram = report.rows()[3];
-    EXPECT_EQ(placeText(ram, 0x200, 0x202),
+    EXPECT_EQ(placeText(report, 0, 0x1FFF, 0x2000), QStringLiteral("$DFFA-$DFFF used, 6 bytes"));
+    EXPECT_EQ(placeText(report, 2, 12, 13), QStringLiteral("$000C-$000F free, 4 bytes"));
+    EXPECT_EQ(placeText(report, 2, 16, 17), QStringLiteral("$0010 used, 1 byte"));
+    EXPECT_EQ(placeText(report, 3, 0x200, 0x202),
               QStringLiteral("$0200 named by a constant; how far it reaches is not known"));
-    EXPECT_EQ(placeText(ram, 0x201, 0x204),
+    EXPECT_EQ(placeText(report, 3, 0x201, 0x204),
               QStringLiteral("$0200-$07FF free, 1,536 bytes: the largest gap"));
 }
 
 TEST(MemoryReport, PrefersWhatIsUsedWhereOnePixelShowsBoth) {
     const MemoryReport report = reportOf(sampleProgram());
-    EXPECT_EQ(placeText(report.rows()[2], 13, 18), QStringLiteral("$0010 used, 1 byte"));
+    EXPECT_EQ(placeText(report, 2, 13, 18), QStringLiteral("$0010 used, 1 byte"));
 }
 
 TEST(MemoryReport, NamesPlacesByTheirOffsetWhereAddressesDiffer) {
     ProgramFacts facts = sampleProgram();
     facts.files[0].lines.push_back(makeLine(0x8000, 0));
-    EXPECT_EQ(placeText(reportOf(facts).rows()[0], 0, 1),
+    EXPECT_EQ(placeText(reportOf(facts), 0, 0, 1),
               QStringLiteral("offset $0000-$1459 used, 5,210 bytes"));
     facts.files.clear();
-    EXPECT_EQ(placeText(reportOf(facts).rows()[0], 0, 1),
+    EXPECT_EQ(placeText(reportOf(facts), 0, 0, 1),
               QStringLiteral("offset $0000-$1459 used, 5,210 bytes"));
 }
 
@@ -160,16 +159,18 @@ TEST(MemoryReport, LooksForAddressesOnlyAtLinesWithBytesInBanks) {
     label.bytes = 0;
     LineFacts variable = makeLine(0x10, LineFacts::NoBank);
     facts.files[0].lines.insert(facts.files[0].lines.end(), {label, variable});
-    EXPECT_EQ(reportOf(facts).rows()[0].address, 0xC000U);
-    EXPECT_EQ(reportOf(facts).rows()[1].address, 0U);
+    const MemoryReport report = reportOf(facts);
+    EXPECT_EQ(report.addressOf(report.rows()[0]), 0xC000U);
+    EXPECT_EQ(report.addressOf(report.rows()[1]), 0U);
+    EXPECT_EQ(report.addressOf(report.rows()[2]), std::nullopt);
 }
 
 TEST(MemoryReport, ListsTheRangesOfARow) {
     const MemoryReport report = reportOf(sampleProgram());
-    EXPECT_EQ(MemoryReport::rangesOf(report.rows()[0]),
+    EXPECT_EQ(report.rangesOf(report.rows()[0]),
               QStringLiteral("Used: $C000-$D459, $DFFA-$DFFF. Largest gap: $D45A-$DFF9."));
-    EXPECT_EQ(MemoryReport::rangesOf(report.rows()[1]), QStringLiteral("Used: $0000-$1FFF."));
-    EXPECT_EQ(MemoryReport::rangesOf(report.rows()[3]),
+    EXPECT_EQ(report.rangesOf(report.rows()[1]), QStringLiteral("Used: $0000-$1FFF."));
+    EXPECT_EQ(report.rangesOf(report.rows()[3]),
               QStringLiteral("Largest gap: $0200-$07FF. Named by a constant: $0200."));
 }
 
@@ -180,7 +181,8 @@ TEST(MemoryReport, ListsOnlyTheFirstOfManyRanges) {
         used.push_back({2 * i, 2 * i + 1});
     }
     facts.areas = {makeBank(Kind::chr, 0, used)};
-    const QString text = MemoryReport::rangesOf(reportOf(facts).rows()[0]);
+    const MemoryReport report = reportOf(facts);
+    const QString text = report.rangesOf(report.rows()[0]);
     EXPECT_TRUE(text.contains(QStringLiteral("$0016 and 8 more."))) << text.toStdString();
     EXPECT_FALSE(text.contains(QStringLiteral("$0018")));
 }

@@ -178,6 +178,11 @@ TEST_F(MemoryViewTest, TellsThePlaceUnderThePointer) {
     EXPECT_EQ(toolTipAt(0, bar.left() + 20), QStringLiteral("$C000-$D459 used, 5,210 bytes"));
     EXPECT_EQ(toolTipAt(0, bar.right() - 20),
               QStringLiteral("$D45A-$DFF9 free, 2,976 bytes: the largest gap"));
+    EXPECT_EQ(toolTipAt(0, bar.right() - 1), QStringLiteral("$DFFA-$DFFF used, 6 bytes"));
+    EXPECT_EQ(toolTipAt(0, bar.right() - 2), QStringLiteral("$DFFA-$DFFF used, 6 bytes"))
+        << "drawn, but wider than it is";
+    EXPECT_EQ(toolTipAt(0, bar.right() - 4),
+              QStringLiteral("$D45A-$DFF9 free, 2,976 bytes: the largest gap"));
     EXPECT_EQ(toolTipAt(0, bar.left() - 4), QString()) << "beside the bar";
     EXPECT_EQ(toolTipAt(1, bar.left() + 20), QStringLiteral("$0000-$1FFF used, 8,192 bytes"));
 }
