@@ -12,7 +12,6 @@
 #include "app/WindowCommands.h"
 #include "drafts/DraftKeeper.h"
 #include "editors/CommonEditorControllers.h"
-#include "facts/ProgramKnowledge.h"
 #include "model/Paths.h"
 #include "model/StateFolder.h"
 #include "navigation/container/AddressStatus.h"
@@ -108,9 +107,7 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
     auto* bar = window.menuBar();
     bar->setObjectName(QStringLiteral("menuBar"));
     bar->setAccessibleName(QObject::tr("Menu bar"));
-    auto* knowledge = new ProgramKnowledge(&window);
-    knowledge->setObjectName(QStringLiteral("programKnowledge"));
-    auto* commands = new WindowCommands(controller, *editor, *knowledge, &window);
+    auto* commands = new WindowCommands(controller, *editor, &window);
     // Closed by the user, the window takes the console and everything else with it.
     QObject::connect(controller.get(), &MainWindowController::windowClosed, commands,
                      &WindowCommands::quit, Qt::QueuedConnection);

@@ -59,12 +59,10 @@ QWidget* firstFocusable(QWidget& part) {
 } // namespace
 
 WindowCommands::WindowCommands(std::weak_ptr<MainWindowController> controller,
-                               EditorContainerController& editor, const ProgramKnowledge& knowledge,
-                               QObject* parent)
+                               EditorContainerController& editor, QObject* parent)
     : QObject(parent)
     , m_controller(std::move(controller))
-    , m_editor(editor)
-    , m_knowledge(knowledge) {
+    , m_editor(editor) {
     addCommands();
 }
 
@@ -170,8 +168,12 @@ void WindowCommands::showConsole() {
 }
 
 void WindowCommands::showMemory() {
+    const auto controller = m_controller.lock();
+    if (!controller) {
+        return;
+    }
     if (!m_memory) {
-        m_memory = std::make_unique<MemoryWindow>(m_knowledge);
+        m_memory = std::make_unique<MemoryWindow>(controller->knowledge());
     }
     m_memory->comeToFront();
 }

@@ -12,7 +12,6 @@ namespace kestrel {
 class EditorContainerController;
 class MainWindowController;
 class MemoryWindow;
-class ProgramKnowledge;
 class UserGuideWindow;
 
 /// Carries out the commands of the menu bar that belong to no project and no pane.
@@ -20,11 +19,10 @@ class WindowCommands : public QObject {
     Q_OBJECT
 
 public:
-    /// `editor` and `knowledge` must outlive this; the controller is held weakly, since it owns the
-    /// window that owns this.
+    /// `editor` must outlive this; the controller is held weakly, since it owns the window that
+    /// owns this.
     WindowCommands(std::weak_ptr<MainWindowController> controller,
-                   EditorContainerController& editor, const ProgramKnowledge& knowledge,
-                   QObject* parent);
+                   EditorContainerController& editor, QObject* parent);
     ~WindowCommands() override;
 
     const CommandSet& commands() const { return m_commands; }
@@ -63,7 +61,6 @@ private:
 
     std::weak_ptr<MainWindowController> m_controller;
     EditorContainerController& m_editor;
-    const ProgramKnowledge& m_knowledge;
     std::unique_ptr<MemoryWindow> m_memory;
     std::unique_ptr<UserGuideWindow> m_userGuide;
     CommandSet m_commands{*this};

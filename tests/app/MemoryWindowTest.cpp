@@ -24,10 +24,6 @@ protected:
         return found;
     }
 
-    ProgramKnowledge& knowledge() const {
-        return *window().findChild<ProgramKnowledge*>(QStringLiteral("programKnowledge"));
-    }
-
     /// The sentences of the window's rows.
     static QStringList told() {
         const auto* list = memoryWindows().at(0)->findChild<QAbstractItemView*>();
@@ -71,12 +67,13 @@ TEST_F(MemoryWindow, ShowsWhatIsKnownOfTheProgramWheneverThatComes) {
     start();
     action("memoryAction")->trigger();
     EXPECT_EQ(told(), QStringList());
-    knowledge().set("/p/Game.nes", std::make_shared<const ProgramFacts>(test::sampleProgram()));
+    controller->knowledge().set("/p/Game.nes",
+                                std::make_shared<const ProgramFacts>(test::sampleProgram()));
     ASSERT_EQ(told().size(), 4);
     EXPECT_EQ(told()[1],
               QStringLiteral("CHR bank 1: 8,192 of 8,192 bytes used, 0 free, largest gap 0"));
     QTest::keyClick(memoryWindows().at(0), Qt::Key_Escape);
-    knowledge().clear();
+    controller->knowledge().clear();
     action("memoryAction")->trigger();
     EXPECT_EQ(told(), QStringList());
 }

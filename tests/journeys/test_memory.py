@@ -146,7 +146,7 @@ class MemoryTest(JourneyTestCase):
         source.write_text(text.replace(label[0], f"  .db 1, 2, 3, 4, 5, 6, 7, 8\n{label[0]}", 1), encoding="utf-8")
         self.build_in_window("Skylark")
         self.assertTrue(bank_0().endswith("; 8 bytes more than in the build before"), bank_0())
-        source.write_text("  no such statement\n", encoding="utf-8")
+        source.write_text(text + "\n  no such statement\n", encoding="utf-8")
         kept = self.told()
         kestrel.build()
         self.assertIn("error", kestrel.console_text())
