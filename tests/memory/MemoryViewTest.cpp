@@ -164,6 +164,7 @@ TEST_F(MemoryViewTest, PaintsOnlyTheRowsInSight) {
     counting->painted = 0;
     picture();
     const int height = list().visualRect(list().model()->index(0, 0)).height();
+    ASSERT_GT(height, 0);
     EXPECT_GT(counting->painted, 2);
     EXPECT_LE(counting->painted, list().viewport()->height() / height + 2);
     EXPECT_GT(list().verticalScrollBar()->maximum(), 200 * height);
