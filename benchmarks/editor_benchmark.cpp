@@ -98,7 +98,7 @@ void save(benchmark::State& state) {
     EditorView view;
     view.load(bigSource(state.range(0) == 2));
     for (auto _ : state) {
-        benchmark::DoNotOptimize(encodeSource({view.source().text(), false}));
+        benchmark::DoNotOptimize(encodeSource({view.source().text(), false, {}}));
     }
 }
 

@@ -24,7 +24,7 @@ namespace {
 /// One path for all ways to a file.
 std::filesystem::path identityOf(const std::filesystem::path& file) {
     std::error_code error;
-    const std::filesystem::path real = std::filesystem::canonical(file, error);
+    std::filesystem::path real = std::filesystem::canonical(file, error);
     if (!error) {
         return real;
     }

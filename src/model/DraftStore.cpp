@@ -20,7 +20,7 @@ namespace {
 constexpr std::string_view Ending = ".draft";
 /// What a writer that was killed leaves of a file that it had not finished.
 constexpr std::string_view UnfinishedStart = ".k";
-constexpr std::int64_t UnfinishedAge = 60 * 60 * 1000;
+constexpr std::int64_t UnfinishedAge = 3'600'000; // an hour in milliseconds
 /// No pane shows a larger file.
 constexpr std::uintmax_t LargestDraft = 256ULL * 1024 * 1024;
 

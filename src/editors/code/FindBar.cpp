@@ -139,8 +139,8 @@ void FindBar::arrange() {
         return;
     }
     m_arrangement = *fitting;
-    for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        while (const QLayoutItem* item = m_rows.at(i)->takeAt(0)) {
+    for (QHBoxLayout* row : m_rows) {
+        while (const QLayoutItem* item = row->takeAt(0)) {
             delete item; // not its widget
         }
     }

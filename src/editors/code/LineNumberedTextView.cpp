@@ -84,8 +84,8 @@ std::vector<ScreenLine> LineNumberedTextView::visibleScreenLines() const {
     const qreal bottom = viewport()->height();
     qreal top = blockBoundingGeometry(block).translated(contentOffset()).top();
     int number = startNumber(block);
+    bool beginsLine = !continuesLine(block);
     while (block.isValid() && top < bottom) {
-        const bool beginsLine = !continuesLine(block);
         const qreal height = blockBoundingRect(block).height(); // lays the block out
         const QTextLayout& layout = *block.layout();
         for (int i = firstLineBelow(layout, -top); i < layout.lineCount(); ++i) {
@@ -97,7 +97,8 @@ std::vector<ScreenLine> LineNumberedTextView::visibleScreenLines() const {
         }
         top += height;
         block = block.next();
-        number += continuesLine(block) ? 0 : 1;
+        beginsLine = !continuesLine(block);
+        number += beginsLine ? 1 : 0;
     }
     return lines;
 }

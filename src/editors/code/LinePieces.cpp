@@ -85,8 +85,9 @@ public:
             place += pieceLength(QStringView(line).sliced(place));
         }
         const int start = block.position();
-        for (auto it = places.rbegin(); it != places.rend(); ++it) {
-            m_cursor.setPosition(start + static_cast<int>(*it));
+        std::ranges::reverse(places); // the last first, so that those before it stay where they are
+        for (const qsizetype seam : places) {
+            m_cursor.setPosition(start + static_cast<int>(seam));
             m_cursor.insertBlock(QTextBlockFormat(), seamFormat());
         }
         m_madeSeams = true;
