@@ -10,9 +10,10 @@ namespace kestrel {
 
 namespace {
 
-QString translated(const char* text) {
-    return QCoreApplication::translate("BuildNews", text);
-}
+/// The texts in the user's language.
+struct Text {
+    Q_DECLARE_TR_FUNCTIONS(BuildNews)
+};
 
 BuildMarkKind markOf(const BuildResult& result) {
     switch (result.state) {
@@ -42,29 +43,29 @@ void addLaunch(BuildNews& news, QStringList& hints, const EmulatorLaunch& launch
     switch (launch.state) {
     case EmulatorLaunch::State::started:
         if (isMade) {
-            news.text = translated("%1; started in %2").arg(news.text, emulator);
+            news.text = Text::tr("%1; started in %2").arg(news.text, emulator);
         } else if (launch.hasImage) {
-            hints += translated("%1 was started with the image of an earlier build; this build "
-                                "made none.")
+            hints += Text::tr("%1 was started with the image of an earlier build; this build "
+                              "made none.")
                          .arg(emulator);
         } else {
-            hints += translated("%1 was started, but there is no image for it.").arg(emulator);
+            hints += Text::tr("%1 was started, but there is no image for it.").arg(emulator);
         }
         break;
     case EmulatorLaunch::State::failed:
         news.mark = BuildMarkKind::failed;
-        news.text = translated("%1; %2 could not be started").arg(news.text, emulator);
-        hints += translated("%1 could not be started: %2.")
+        news.text = Text::tr("%1; %2 could not be started").arg(news.text, emulator);
+        hints += Text::tr("%1 could not be started: %2.")
                      .arg(emulator, QString::fromStdString(launch.reason));
         break;
     case EmulatorLaunch::State::noEmulator:
         news.mark = BuildMarkKind::failed;
-        news.text = translated("%1; no emulator is set").arg(news.text);
+        news.text = Text::tr("%1; no emulator is set").arg(news.text);
         hints += QString::fromStdString(textOf(BuildError{"2", 0, std::nullopt}));
         break;
     case EmulatorLaunch::State::stopped:
         news.mark = BuildMarkKind::stopped;
-        news.text = translated("%1; stopped before the emulator was started").arg(news.text);
+        news.text = Text::tr("%1; stopped before the emulator was started").arg(news.text);
         break;
     }
 }
@@ -85,13 +86,13 @@ BuildNews newsOf(const BuildStory& story) {
     }
     if (&result != &story.first) {
         hints += result.isMade()
-                     ? translated("That was the second build of this run. The first one, whose "
-                                  "output is below, made no image.")
-                     : translated("That was the second build of this run, whose output is not "
-                                  "shown. The first one made an image.");
+                     ? Text::tr("That was the second build of this run. The first one, whose "
+                                "output is below, made no image.")
+                     : Text::tr("That was the second build of this run, whose output is not "
+                                "shown. The first one made an image.");
     }
     if (!story.unsaved.isEmpty()) {
-        hints += translated("Built as it is on the disk, with unsaved changes in %1 on the screen.")
+        hints += Text::tr("Built as it is on the disk, with unsaved changes in %1 on the screen.")
                      .arg(story.unsaved);
         news.offersSaving = true;
     }
@@ -100,7 +101,7 @@ BuildNews newsOf(const BuildStory& story) {
 }
 
 QString secondsText(qint64 milliseconds) {
-    return translated("%1 s").arg(static_cast<double>(milliseconds) / 1000.0, 0, 'f', 1);
+    return Text::tr("%1 s").arg(static_cast<double>(milliseconds) / 1000.0, 0, 'f', 1);
 }
 
 } // namespace kestrel

@@ -146,6 +146,7 @@ TEST_F(BuildStripTest, LosesNothingInTheNarrowestWindow) {
         EXPECT_GE(shown.height(), shown.heightForWidth(shown.width())) << name;
         EXPECT_LE(shown.mapTo(&strip(), shown.rect().bottomRight()).x(), strip().width()) << name;
     }
+    EXPECT_GT(label("buildHint").height(), 2 * label("buildHint").fontMetrics().height());
     EXPECT_GE(button().y(),
               label("buildHint").mapTo(&strip(), label("buildHint").rect().bottomLeft()).y())
         << "the button is below the text";

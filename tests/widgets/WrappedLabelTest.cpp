@@ -31,7 +31,7 @@ TEST(WrappedLabel, TakesOneLineWhereItHasTheRoom) {
 
 TEST(WrappedLabel, BreaksAWordThatIsWiderThanItself) {
     WrappedLabel label;
-    label.setText(QStringLiteral("/a/path/of/one/very/long/word").repeated(4));
+    label.setText(QStringLiteral("averylongfoldersname").repeated(6));
     const int line = label.heightForWidth(10000);
     EXPECT_LT(label.minimumSizeHint().width(), 200);
     EXPECT_GE(label.heightForWidth(100), 5 * line);
