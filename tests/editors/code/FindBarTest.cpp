@@ -69,7 +69,9 @@ TEST_F(EditorBars, TheCommandsStandInOrderWithTheirKeys) {
     }
     EXPECT_EQ(edit, (QStringList{QStringLiteral("Find... Ctrl+F"), QStringLiteral("Find Next F3"),
                                  QStringLiteral("Find Previous Shift+F3"),
-                                 QStringLiteral("Go to Line... Ctrl+L")}));
+                                 QStringLiteral("Go to Line... Ctrl+L"),
+                                 QStringLiteral("Go to Definition F12"),
+                                 QStringLiteral("Find Uses Shift+F12")}));
     QStringList view;
     for (const QAction* action : pane.viewActions()) {
         view += action->text() + u' ' +
