@@ -13,9 +13,36 @@
 #include "navigation/container/EditorContainerController.h"
 #include "widgets/StatusBoard.h"
 
+#include <QTextBlock>
+
 #include <utility>
 
 namespace kestrel {
+
+namespace {
+
+/// What the list says of its current place, and the how manieth of all it is.
+QString sentenceAbout(const PlaceList& list) {
+    const Place& place = *list.current();
+    const QString number = QString::number(*list.currentIndex() + 1);
+    const QString count = QString::number(list.places().size());
+    const QString text = place.text.trimmed();
+    switch (place.kind) {
+    case Place::Kind::error:
+        return PlaceWalk::tr("Error (%1 of %2): %3").arg(number, count, text);
+    case Place::Kind::warning:
+        return PlaceWalk::tr("Warning (%1 of %2): %3").arg(number, count, text);
+    case Place::Kind::note:
+        return PlaceWalk::tr("Note (%1 of %2): %3").arg(number, count, text);
+    case Place::Kind::use:
+        return PlaceWalk::tr("Use (%1 of %2): %3").arg(number, count, text);
+    case Place::Kind::found:
+        return PlaceWalk::tr("Found (%1 of %2): %3").arg(number, count, text);
+    }
+    return {};
+}
+
+} // namespace
 
 PlaceWalk::PlaceWalk(MainWindowController& controller, EditorContainerController& editor,
                      QObject* parent)
@@ -29,6 +56,13 @@ PlaceWalk::PlaceWalk(MainWindowController& controller, EditorContainerController
     connect(&controller, &MainWindowController::consoleMade, this, &PlaceWalk::consoleWasMade);
     connect(&m_jump, &PlaceJump::notice, this, &PlaceWalk::tell);
     connect(&m_jump, &PlaceJump::arrived, this, [this] { tell({}); });
+    if (const QPlainTextEdit* const text = codeEditor()) {
+        connect(text, &QPlainTextEdit::cursorPositionChanged, this, [this] {
+            if (!m_told.isEmpty() && caretBlock() != m_toldBlock) {
+                showInStatusBar({});
+            }
+        });
+    }
 }
 
 PlaceWalk::~PlaceWalk() = default;
@@ -42,6 +76,7 @@ void PlaceWalk::consoleWasMade() {
     connect(m_console, &ConsolePlaces::cleared, this, [this] {
         m_hasProblems = false;
         m_list.clear(PlaceList::Content::problems);
+        showInStatusBar({});
         if (m_marks) {
             m_marks->begin(nullptr);
         }
@@ -118,21 +153,38 @@ bool PlaceWalk::goToCurrent() {
     if (const SourcePlace after = present(); after != before) {
         moveCaretTo(*m_editor.commonController()->textEditor->codeEditor, after);
     }
+    showInStatusBar(sentenceAbout(m_list));
     return true;
 }
 
 /// Tells the user something, in the strip of the console and in the status bar, since either may be
 /// out of sight; nothing any more when it is empty.
 void PlaceWalk::tell(const QString& text) {
-    StatusBoard* const board = m_editor.commonController()->statusBoard();
-    if (!text.isEmpty() || board->text(StatusField::saving) == m_notice) {
-        board->setText(StatusField::saving, text);
-    }
-    m_notice = text;
+    showInStatusBar(text);
     const ConsoleWindow* const console = m_controller ? m_controller->windowController() : nullptr;
     if (console != nullptr) {
         console->buildStrip()->showNotice(text);
     }
+}
+
+/// Shows this while the caret stays in its line. Nothing takes back only what this showed.
+void PlaceWalk::showInStatusBar(const QString& text) {
+    StatusBoard* const board = m_editor.commonController()->statusBoard();
+    if (!text.isEmpty() || board->text(StatusField::jump) == m_told) {
+        board->setText(StatusField::jump, text);
+    }
+    m_told = text;
+    m_toldBlock = caretBlock();
+}
+
+const QPlainTextEdit* PlaceWalk::codeEditor() const {
+    const TextEditorController* const pane = m_editor.commonController()->textEditor;
+    return pane != nullptr ? pane->codeEditor : nullptr;
+}
+
+int PlaceWalk::caretBlock() const {
+    const QPlainTextEdit* const text = codeEditor();
+    return text != nullptr ? text->textCursor().blockNumber() : 0;
 }
 
 /// Goes to the place of a line of the console.

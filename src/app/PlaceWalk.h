@@ -7,11 +7,14 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QString>
 
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <vector>
+
+class QPlainTextEdit;
 
 namespace kestrel {
 
@@ -47,6 +50,9 @@ private:
     void choose(const Place& place, std::optional<std::size_t> problem);
     std::shared_ptr<ProjectItem> builtProject() const;
     void tell(const QString& text);
+    void showInStatusBar(const QString& text);
+    const QPlainTextEdit* codeEditor() const;
+    int caretBlock() const;
 
     QPointer<MainWindowController> m_controller;
     EditorContainerController& m_editor;
@@ -54,7 +60,8 @@ private:
     PlaceJump m_jump;
     std::unique_ptr<ProblemMarks> m_marks; ///< null without a code editor
     QPointer<ConsolePlaces> m_console;
-    QString m_notice;           ///< what was told last and still holds
+    QString m_told;             ///< what stands in the status bar, if it is of this
+    int m_toldBlock = 0;        ///< where the caret stood then
     bool m_hasProblems = false; ///< of what the console shows some were found
 };
 

@@ -49,7 +49,7 @@ QString nameInMessages(std::string_view name) {
         const auto character = firstCharacter(name);
         const bool isShown = character && character->at(0).category() != QChar::Other_Control;
         text += isShown ? *character : QString(QChar::ReplacementCharacter);
-        name.remove_prefix(character ? character->toUtf8().size() : 1);
+        name.remove_prefix(character ? static_cast<std::size_t>(character->toUtf8().size()) : 1);
     }
     return text;
 }

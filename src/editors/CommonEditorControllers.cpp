@@ -13,8 +13,10 @@ CommonEditorControllers::CommonEditorControllers(QWidget* parent)
     , m_statusBoard(new StatusBoard(this)) {
     setObjectName(QStringLiteral("commonEditorControllers"));
     setAccessibleName(tr("Editor"));
-    connect(this, &QStackedWidget::currentChanged, m_statusBoard,
-            [this] { m_statusBoard->clear(StatusField::saving); });
+    connect(this, &QStackedWidget::currentChanged, m_statusBoard, [this] {
+        m_statusBoard->clear(StatusField::saving);
+        m_statusBoard->clear(StatusField::jump);
+    });
 }
 
 void CommonEditorControllers::addPanes() {

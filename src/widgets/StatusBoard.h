@@ -15,7 +15,7 @@ namespace kestrel {
 enum class StatusField {
     build,    ///< how the latest build stands
     saving,   ///< what became of a file at the last save, if that is worth telling
-    name,     ///< what the search for a name came to, if that is nothing
+    jump,     ///< what is said of the place gone to, or why none was
     place,    ///< the caret's line and column in the code editor
     encoding, ///< the shown file's encoding and line ends
     address,  ///< what the caret's line came to in the last build

@@ -65,7 +65,7 @@ protected:
 
     /// What the status bar tells of the last step.
     QString told() const {
-        return editor().commonController()->statusBoard()->text(StatusField::saving);
+        return editor().commonController()->statusBoard()->text(StatusField::jump);
     }
 
     void insert(int line, const char* typed) const {
@@ -83,6 +83,7 @@ TEST_F(PlaceWalkTest, TheFirstStepGoesToTheFirstErrorAndTheNextOnesRound) {
     startAndBuild(Complaints);
     next();
     EXPECT_EQ(place(), "inc.asm:2:6");
+    EXPECT_EQ(told(), "Error (2 of 3): no such name");
     EXPECT_TRUE(QTest::qWaitFor([this] { return text().hasFocus(); }));
     EXPECT_EQ(tree().selectedItem()->itemName(), "inc.asm");
     next();
@@ -91,6 +92,20 @@ TEST_F(PlaceWalkTest, TheFirstStepGoesToTheFirstErrorAndTheNextOnesRound) {
     EXPECT_EQ(place(), "main.asm:2:6");
     previous();
     EXPECT_EQ(place(), "inc.asm:3:1");
+}
+
+TEST_F(PlaceWalkTest, TheStatusBarTellsTheProblemWhileTheCaretIsInItsLine) {
+    startAndBuild(Complaints);
+    previous();
+    EXPECT_EQ(told(), "Error (3 of 3): what is this");
+    QTest::keyClick(&text(), Qt::Key_End);
+    EXPECT_EQ(told(), "Error (3 of 3): what is this");
+    QTest::keyClick(&text(), Qt::Key_Up);
+    EXPECT_EQ(told(), "");
+    next();
+    EXPECT_EQ(told(), "Warning (1 of 3): jumps away");
+    QTest::keyClick(&window(), Qt::Key_B, Qt::ControlModifier);
+    EXPECT_EQ(told(), "");
 }
 
 TEST_F(PlaceWalkTest, TheCommandsActEverywhereByTheirKeys) {
@@ -133,7 +148,7 @@ TEST_F(PlaceWalkTest, AChainIsFollowedAndAFileInNoTreeIsNamed) {
     EXPECT_EQ(label->text(), notice);
     EXPECT_TRUE(label->isVisible());
     next();
-    EXPECT_EQ(told(), QString());
+    EXPECT_EQ(told(), "Error (1 of 1): x");
     EXPECT_FALSE(label->isVisible());
 }
 

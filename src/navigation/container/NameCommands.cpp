@@ -62,7 +62,7 @@ NameCommands::NameCommands(EditorContainerController& editor, const ProgramKnowl
     connect(&m_pane, &TextEditorController::definitionWanted, this, &NameCommands::goToDefinition);
     connect(&m_pane, &TextEditorController::usesWanted, this, &NameCommands::findUses);
     connect(m_pane.codeEditor, &QPlainTextEdit::cursorPositionChanged, this,
-            [this] { tell(QString()); });
+            [this] { clearTold(); });
 }
 
 NameCommands::~NameCommands() = default;
@@ -176,7 +176,7 @@ NameCommands::sourcesOf(const std::shared_ptr<ProjectItem>& project) {
 
 /// Finds places on a worker and uses them on this thread, unless something newer is asked for.
 void NameCommands::work(std::function<Places()> find, std::function<void(const Places&)> use) {
-    tell(QString());
+    clearTold();
     m_request = std::make_shared<int>();
     startInBackground([find = std::move(find), use = std::move(use),
                        request = std::weak_ptr<int>(m_request),
@@ -192,8 +192,17 @@ void NameCommands::work(std::function<Places()> find, std::function<void(const P
     });
 }
 
-void NameCommands::tell(const QString& text) const {
-    m_editor.commonController()->statusBoard()->setText(StatusField::name, text);
+void NameCommands::tell(const QString& text) {
+    m_editor.commonController()->statusBoard()->setText(StatusField::jump, text);
+    m_told = text;
+}
+
+/// Takes back what tell() told; others tell of their jumps there, too.
+void NameCommands::clearTold() {
+    StatusBoard* const board = m_editor.commonController()->statusBoard();
+    if (board->text(StatusField::jump) == std::exchange(m_told, QString())) {
+        board->clear(StatusField::jump);
+    }
 }
 
 } // namespace kestrel

@@ -55,7 +55,8 @@ private:
     static std::vector<std::filesystem::path>
     sourcesOf(const std::shared_ptr<ProjectItem>& project);
     void work(std::function<Places()> find, std::function<void(const Places&)> use);
-    void tell(const QString& text) const;
+    void tell(const QString& text);
+    void clearTold();
 
     EditorContainerController& m_editor;
     const ProgramKnowledge& m_knowledge;
@@ -66,6 +67,7 @@ private:
     /// Belongs to the latest request; what an older one, or one of a window that is gone, found is
     /// dropped.
     std::shared_ptr<int> m_request;
+    QString m_told; ///< what stands in the status bar, if it is of this
 };
 
 } // namespace kestrel
