@@ -88,6 +88,9 @@ BuildMark::BuildMark(QWidget* parent)
 }
 
 void BuildMark::setKind(BuildMarkKind kind) {
+    if (kind == m_kind) {
+        return;
+    }
     m_kind = kind;
     setAccessibleName(nameOf(kind));
     update();

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/BuildNews.h"
 
-#include "build/BuildError.h"
-
 #include <QCoreApplication>
 #include <QStringList>
+
+#include <algorithm>
 
 namespace kestrel {
 
@@ -39,7 +39,7 @@ const BuildResult& resultOf(const BuildStory& story) {
 
 /// What became of the emulator, as it ends the sentence about a build that made the image.
 void addLaunch(BuildNews& news, QStringList& hints, const EmulatorLaunch& launch, bool isMade) {
-    const QString emulator = QString::fromStdString(launch.emulator);
+    const QString emulator = isolated(QString::fromStdString(launch.emulator));
     switch (launch.state) {
     case EmulatorLaunch::State::started:
         if (isMade) {
@@ -55,13 +55,12 @@ void addLaunch(BuildNews& news, QStringList& hints, const EmulatorLaunch& launch
     case EmulatorLaunch::State::failed:
         news.mark = BuildMarkKind::failed;
         news.text = Text::tr("%1; %2 could not be started").arg(news.text, emulator);
-        hints += Text::tr("%1 could not be started: %2.")
-                     .arg(emulator, QString::fromStdString(launch.reason));
+        hints += QString::fromStdString(launch.reason) + QLatin1Char('.');
         break;
     case EmulatorLaunch::State::noEmulator:
         news.mark = BuildMarkKind::failed;
         news.text = Text::tr("%1; no emulator is set").arg(news.text);
-        hints += QString::fromStdString(textOf(BuildError{"2", 0, std::nullopt}));
+        hints += Text::tr("Select the project in the tree and choose one at “Emulator”.");
         break;
     case EmulatorLaunch::State::stopped:
         news.mark = BuildMarkKind::stopped;
@@ -70,13 +69,52 @@ void addLaunch(BuildNews& news, QStringList& hints, const EmulatorLaunch& launch
     }
 }
 
+QString sentenceOf(const BuildResult& result) {
+    QString text = QString::fromStdString(result.sentence());
+    const QString image = QString::fromStdString(result.image.filename().string());
+    if (!image.isEmpty() && text.startsWith(image)) {
+        text.replace(0, image.size(), isolated(image));
+    }
+    return text;
+}
+
+bool turnsText(QChar character) {
+    switch (character.direction()) {
+    case QChar::DirR:
+    case QChar::DirAL:
+    case QChar::DirAN:
+    case QChar::DirLRE:
+    case QChar::DirLRO:
+    case QChar::DirRLE:
+    case QChar::DirRLO:
+    case QChar::DirPDF:
+    case QChar::DirLRI:
+    case QChar::DirRLI:
+    case QChar::DirFSI:
+    case QChar::DirPDI:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
+
+QString isolated(const QString& name) {
+    constexpr QChar FirstStrongIsolate(0x2068);
+    constexpr QChar PopIsolate(0x2069);
+    // A name may leave embeddings open: they end with the isolate. One that it closes itself would
+    // end this one, so those are left out.
+    return std::any_of(name.begin(), name.end(), turnsText)
+               ? FirstStrongIsolate + QString(name).remove(PopIsolate) + PopIsolate
+               : name;
+}
 
 BuildNews newsOf(const BuildStory& story) {
     const BuildResult& result = resultOf(story);
     BuildNews news;
     news.mark = markOf(result);
-    news.text = QString::fromStdString(result.sentence());
+    news.text = sentenceOf(result);
     QStringList hints;
     for (const std::string& hint : result.hints) {
         hints += QString::fromStdString(hint);
@@ -92,9 +130,13 @@ BuildNews newsOf(const BuildStory& story) {
                                 "shown. The first one made an image.");
     }
     if (!story.unsaved.isEmpty()) {
-        hints += Text::tr("Built as it is on the disk, with unsaved changes in %1 on the screen.")
-                     .arg(story.unsaved);
-        news.offersSaving = true;
+        const bool ran = result.isMade() || result.state == BuildResult::State::notMade;
+        hints += (ran ? Text::tr("Built as it was on the disk, with unsaved changes in %1 on the "
+                                 "screen.")
+                      : Text::tr("A build reads the disk; there were unsaved changes in %1 on the "
+                                 "screen."))
+                     .arg(isolated(story.unsaved));
+        news.again = story.isRun ? BuildNews::Again::run : BuildNews::Again::build;
     }
     news.hint = hints.join(QLatin1Char('\n'));
     return news;

@@ -13,6 +13,7 @@ namespace kestrel {
 struct BuildSession::Command {
     Kind kind = Kind::build;
     std::weak_ptr<ProjectItem> project;
+    QString name;                           ///< of the project
     std::shared_ptr<StopSwitch> stopSwitch; ///< of its present part
     bool stopped = false;
     bool hasFirst = false;
@@ -33,8 +34,12 @@ BuildSession::Number BuildSession::begin(Kind kind, const std::shared_ptr<Projec
     command.kind = kind;
     command.project = project;
     command.story.unsaved = unsaved;
+    command.story.isRun = kind == Kind::run;
+    command.name = project ? isolated(QString::fromStdString(project->itemName())) : QString();
+    m_projectName = command.name;
+    m_end.reset();
+    m_others.clear();
     m_commands.emplace(++m_latest, std::move(command));
-    m_projectName = project ? QString::fromStdString(project->itemName()) : QString();
     m_began.start();
     m_timer.start(QuietMilliseconds);
     if (m_commands.size() == 1) {
@@ -125,20 +130,50 @@ void BuildSession::stop() {
 }
 
 void BuildSession::end(Number number) {
-    const BuildStory story = std::move(m_commands.at(number).story);
+    const Command command = std::move(m_commands.at(number));
     m_commands.erase(number);
+    const BuildNews news = newsOf(command.story);
     if (number == m_latest) {
         m_timer.stop();
-        tell(newsOf(story));
+        m_end = news;
+    } else if (command.name != m_projectName) { // otherwise the latest one ended it
+        m_others += tr("%1: %2.").arg(command.name, news.text);
+    }
+    if (m_end) {
+        tellEnd();
     }
     if (m_commands.empty()) {
         Q_EMIT runningChanged(false);
     }
 }
 
+void BuildSession::withdrawOffer() {
+    m_news.again = BuildNews::Again::nothing;
+    if (m_end) {
+        m_end->again = BuildNews::Again::nothing;
+    }
+    Q_EMIT offerWithdrawn();
+}
+
 void BuildSession::tell(const BuildNews& news) {
     m_news = news;
     Q_EMIT newsChanged(m_news);
+}
+
+/// Says what came of the latest command and, below that, of those for other projects.
+void BuildSession::tellEnd() {
+    BuildNews news = *m_end;
+    QStringList lines = m_others;
+    for (const auto& [number, command] : m_commands) {
+        if (command.name != m_projectName) {
+            lines += tr("%1 is still being built.").arg(command.name);
+        }
+    }
+    if (!news.hint.isEmpty()) {
+        lines.prepend(news.hint);
+    }
+    news.hint = lines.join(QLatin1Char('\n'));
+    tell(news);
 }
 
 void BuildSession::tellElapsed() {

@@ -5,10 +5,12 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 
 #include <map>
 #include <memory>
+#include <optional>
 
 namespace kestrel {
 
@@ -27,7 +29,7 @@ public:
 
     /// How long a build may take before anything is said about it, and how often it is said then.
     static constexpr int QuietMilliseconds = 300;
-    static constexpr int TickMilliseconds = 100;
+    static constexpr int TickMilliseconds = 1000;
 
     enum class Kind { build, run };
 
@@ -57,8 +59,12 @@ public:
 
     const BuildNews& news() const { return m_news; }
 
+    /// What was offered to be saved is saved, or on the screen no more.
+    void withdrawOffer();
+
 Q_SIGNALS:
     void newsChanged(const BuildNews& news);
+    void offerWithdrawn();
     void runningChanged(bool running);
 
 private:
@@ -68,12 +74,16 @@ private:
     void launchEnded(Number number, const EmulatorLaunch& launch);
     void end(Number number);
     void tell(const BuildNews& news);
+    void tellEnd();
     void tellElapsed();
 
     std::map<Number, Command> m_commands; ///< those that are not over
     Number m_latest = 0;
     BuildNews m_news;
     QString m_projectName; ///< of the latest command
+    std::optional<BuildNews>
+        m_end;            ///< what there is to say about the latest command once it is over
+    QStringList m_others; ///< what became of commands for other projects since it began
     QElapsedTimer m_began;
     QTimer m_timer;
 };

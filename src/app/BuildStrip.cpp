@@ -24,11 +24,17 @@ constexpr int LeastTextBesideButton = 40;
 
 /// The strip as assistive technology sees it: an alert, whose name is what it last said.
 QAccessibleInterface* makeAccessible(const QString& className, QObject* object) {
-    if (className != QLatin1String(BuildStrip::staticMetaObject.className())) {
-        return nullptr;
+    const auto isOf = [&className](const QMetaObject& metaObject) {
+        return className == QLatin1String(metaObject.className());
+    };
+    auto* widget = qobject_cast<QWidget*>(object);
+    if (isOf(BuildStrip::staticMetaObject)) {
+        return new QAccessibleWidget(widget, QAccessible::AlertMessage); // Qt owns it
     }
-    // Qt owns it.
-    return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::AlertMessage);
+    if (isOf(BuildMark::staticMetaObject)) {
+        return new QAccessibleWidget(widget, QAccessible::Graphic);
+    }
+    return nullptr;
 }
 
 WrappedLabel* makeLabel(const char* objectName, QWidget* parent) {
@@ -46,19 +52,22 @@ BuildStrip::BuildStrip(QWidget* parent)
     , m_text(makeLabel("buildText", this))
     , m_hint(makeLabel("buildHint", this))
     , m_notice(makeLabel("buildNotice", this))
-    , m_saveAndBuild(new QPushButton(tr("Save and Build Again"), this)) {
+    , m_saveAndBuild(new QPushButton(this)) {
     // Before the first name is told; only the first of several times.
     QAccessible::installFactory(makeAccessible);
     setObjectName(QStringLiteral("buildStrip"));
     setAccessibleName(tr("Result of the build"));
-    const QString toolTip = tr("Save what is on the screen, then build");
     m_saveAndBuild->setObjectName(QStringLiteral("saveAndBuildButton"));
-    m_saveAndBuild->setAccessibleName(m_saveAndBuild->text());
-    m_saveAndBuild->setAccessibleDescription(toolTip);
-    m_saveAndBuild->setToolTip(toolTip);
     m_saveAndBuild->setFocusPolicy(Qt::TabFocus); // clicked, it leaves the focus where it is
-    m_saveAndBuild->hide();
-    connect(m_saveAndBuild, &QPushButton::clicked, this, &BuildStrip::saveAndBuildRequested);
+    offer(BuildNews::Again::nothing);
+    connect(m_saveAndBuild, &QPushButton::clicked, this, [this] {
+        m_saveAndBuild->hide(); // the second click of a double one shall not build again
+        if (m_news.again == BuildNews::Again::run) {
+            Q_EMIT saveAndRunRequested();
+        } else {
+            Q_EMIT saveAndBuildRequested();
+        }
+    });
     layOut();
     hide();
 }
@@ -89,12 +98,28 @@ void BuildStrip::showNews(const BuildNews& news) {
     }
     setText(*m_hint, news.hint);
     setText(*m_notice, QString());
-    m_saveAndBuild->setVisible(news.offersSaving);
+    offer(news.again);
     setVisible(!news.text.isEmpty());
     const bool isSaid = news.text == before.text && news.mark == before.mark;
     if (!news.text.isEmpty() && (!isSaid || news.elapsed.isEmpty())) {
         announce(news.hint.isEmpty() ? news.text : tr("%1. %2").arg(news.text, news.hint));
     }
+}
+
+void BuildStrip::withdrawOffer() {
+    offer(BuildNews::Again::nothing);
+}
+
+void BuildStrip::offer(BuildNews::Again again) {
+    const bool isRun = again == BuildNews::Again::run;
+    const QString text = isRun ? tr("Save and Run Again") : tr("Save and Build Again");
+    const QString toolTip = isRun ? tr("Save what is on the screen, then build and run")
+                                  : tr("Save what is on the screen, then build");
+    m_saveAndBuild->setText(text);
+    m_saveAndBuild->setAccessibleName(text);
+    m_saveAndBuild->setAccessibleDescription(toolTip);
+    m_saveAndBuild->setToolTip(toolTip);
+    m_saveAndBuild->setVisible(again != BuildNews::Again::nothing);
 }
 
 void BuildStrip::showNotice(const QString& notice) {
@@ -111,7 +136,9 @@ void BuildStrip::showNotice(const QString& notice) {
 /// The accessible name of a label stands in place of its text, so it is without the time.
 void BuildStrip::setText(WrappedLabel& label, const QString& text) {
     label.setText(text);
-    label.setAccessibleName(text);
+    if (label.accessibleName() != text) { // a name is announced each time it is set
+        label.setAccessibleName(text);
+    }
     label.setVisible(!text.isEmpty());
 }
 

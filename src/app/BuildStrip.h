@@ -28,8 +28,12 @@ public:
     /// takes it away.
     void showNotice(const QString& notice);
 
+    /// No longer offers to save and to build again.
+    void withdrawOffer();
+
 Q_SIGNALS:
     void saveAndBuildRequested();
+    void saveAndRunRequested();
 
     /// Assistive technology was told this.
     void announced(const QString& text);
@@ -40,6 +44,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void offer(BuildNews::Again again);
     void layOut();
     static void setText(WrappedLabel& label, const QString& text);
     void announce(const QString& text);

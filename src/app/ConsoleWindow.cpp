@@ -28,7 +28,7 @@ ConsoleWindow::ConsoleWindow(QWidget* parent)
     content->setFocusProxy(m_consoleOutput);
     setCentralWidget(content);
     setMinimumSize(SmallestSize);
-    resize(FirstSize);
+    resizeWithinScreen(FirstSize);
 }
 
 } // namespace kestrel

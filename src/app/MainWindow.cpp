@@ -11,6 +11,7 @@
 #include "app/Window.h"
 #include "app/WindowCommands.h"
 #include "drafts/DraftKeeper.h"
+#include "drafts/UnsavedWork.h"
 #include "editors/CommonEditorControllers.h"
 #include "model/Paths.h"
 #include "model/StateFolder.h"
@@ -19,6 +20,7 @@
 #include "navigation/container/NameCommands.h"
 #include "navigation/tree/NodeRoot.h"
 #include "navigation/tree/ProjectNavigationController.h"
+#include "widgets/EditorPane.h"
 #include "widgets/StatusBoard.h"
 
 #include <QAction>
@@ -67,6 +69,19 @@ void followBuilds(BuildSession& session, StatusBoard& board, StatusBar& bar, QAc
     QObject::connect(&session, &BuildSession::runningChanged, &stop, &QAction::setEnabled);
 }
 
+/// Withdraws the offer to save and build again once the file that it is about is saved or left.
+void offerToSaveWhileUnsaved(BuildSession& session, const CommonEditorControllers& panes) {
+    QObject::connect(&panes, &CommonEditorControllers::currentChanged, &session,
+                     &BuildSession::withdrawOffer);
+    for (int index = 0; index < panes.count(); ++index) {
+        auto* pane = dynamic_cast<EditorPane*>(panes.widget(index));
+        const UnsavedWork* const work = pane != nullptr ? pane->unsavedWork() : nullptr;
+        if (work != nullptr) {
+            QObject::connect(work, &UnsavedWork::settled, &session, &BuildSession::withdrawOffer);
+        }
+    }
+}
+
 /// What the window does with its knowledge of the program.
 void watchProgram(EditorContainerController& editor, const MainWindowController& controller,
                   PlaceWalk& walk) {
@@ -74,6 +89,7 @@ void watchProgram(EditorContainerController& editor, const MainWindowController&
     auto* names = new NameCommands(editor, controller.knowledge(), walk.jump(), walk.list(), &walk);
     auto* uses = new UsesWindow(walk.list(), walk.jump(), editor.window());
     QObject::connect(names, &NameCommands::usesFound, uses, &UsesWindow::showUsesOf);
+    QObject::connect(uses, &UsesWindow::closed, &walk, &PlaceWalk::returnToProblems);
 }
 
 } // namespace
@@ -113,6 +129,9 @@ std::shared_ptr<MainWindowController> makeMainWindow(AppDelegate& delegate,
                      &WindowCommands::quit, Qt::QueuedConnection);
     QObject::connect(controller.get(), &MainWindowController::saveAndBuildRequested, commands,
                      &WindowCommands::saveAndBuild);
+    QObject::connect(controller.get(), &MainWindowController::saveAndRunRequested, commands,
+                     &WindowCommands::saveAndRun);
+    offerToSaveWhileUnsaved(controller->buildSession(), *editor->commonController());
     followBuilds(controller->buildSession(), board, *statusBar,
                  *commands->commands().action("stopAction"));
     const auto* menu = new MainMenu(*bar, *editor, commands->commands(), &window);

@@ -263,8 +263,11 @@ void MainWindowController::makeConsole() {
         BuildStrip* strip = m_windowController->buildStrip();
         strip->showNews(m_session.news());
         connect(&m_session, &BuildSession::newsChanged, strip, &BuildStrip::showNews);
+        connect(&m_session, &BuildSession::offerWithdrawn, strip, &BuildStrip::withdrawOffer);
         connect(strip, &BuildStrip::saveAndBuildRequested, this,
                 &MainWindowController::saveAndBuildRequested);
+        connect(strip, &BuildStrip::saveAndRunRequested, this,
+                &MainWindowController::saveAndRunRequested);
         Q_EMIT consoleMade();
     }
 }

@@ -114,6 +114,7 @@ Q_SIGNALS:
 
     /// The strip in the console was asked to save what is on the screen and to build that.
     void saveAndBuildRequested();
+    void saveAndRunRequested();
 
 private:
     std::shared_ptr<ProjectItem> selectedProject() const;

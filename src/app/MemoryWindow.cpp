@@ -16,7 +16,7 @@ MemoryWindow::MemoryWindow(const ProgramKnowledge& knowledge, QWidget* parent)
     : SecondaryWindow(QStringLiteral("memoryWindow"), tr("Memory"), parent) {
     setCentralWidget(new MemoryView(knowledge, this));
     setMinimumSize(SmallestSize);
-    resize(FirstSize);
+    resizeWithinScreen(FirstSize);
 }
 
 } // namespace kestrel

@@ -15,6 +15,7 @@
 
 #include <QTextBlock>
 
+#include <algorithm>
 #include <utility>
 
 namespace kestrel {
@@ -75,6 +76,7 @@ void PlaceWalk::consoleWasMade() {
     m_console = new ConsolePlaces(*output->console(), output);
     connect(m_console, &ConsolePlaces::cleared, this, [this] {
         m_hasProblems = false;
+        m_problems.clear();
         m_list.clear(PlaceList::Content::problems);
         showInStatusBar({});
         if (m_marks) {
@@ -100,10 +102,20 @@ void PlaceWalk::problemsWereFound(std::vector<Place> problems) {
         }
         m_marks->add(problems);
     }
+    const std::size_t room = PlaceList::Limit - std::min(m_problems.size(), PlaceList::Limit);
+    m_problems.insert(m_problems.end(), problems.begin(),
+                      problems.begin() +
+                          static_cast<std::ptrdiff_t>(std::min(room, problems.size())));
     if (isFirst) {
         m_list.fill(PlaceList::Content::problems, project, std::move(problems));
     } else {
         m_list.add(PlaceList::Content::problems, std::move(problems));
+    }
+}
+
+void PlaceWalk::returnToProblems() {
+    if (m_list.content() != PlaceList::Content::problems) {
+        m_list.fill(PlaceList::Content::problems, builtProject(), m_problems);
     }
 }
 
@@ -189,7 +201,8 @@ int PlaceWalk::caretBlock() const {
 
 /// Goes to the place of a line of the console.
 void PlaceWalk::choose(const Place& place, std::optional<std::size_t> problem) {
-    if (problem && m_list.content() == PlaceList::Content::problems) {
+    if (problem && *problem < m_problems.size()) {
+        returnToProblems();
         m_list.setCurrentIndex(*problem);
         goToCurrent();
         return;

@@ -40,6 +40,9 @@ public:
     void goToNext();
     void goToPrevious();
 
+    /// Walks through the problems again after other places.
+    void returnToProblems();
+
     /// Goes to the list's current place. False when there is none or it cannot be shown.
     bool goToCurrent();
 
@@ -60,9 +63,10 @@ private:
     PlaceJump m_jump;
     std::unique_ptr<ProblemMarks> m_marks; ///< null without a code editor
     QPointer<ConsolePlaces> m_console;
-    QString m_told;             ///< what stands in the status bar, if it is of this
-    int m_toldBlock = 0;        ///< where the caret stood then
-    bool m_hasProblems = false; ///< of what the console shows some were found
+    QString m_told;                ///< what stands in the status bar, if it is of this
+    int m_toldBlock = 0;           ///< where the caret stood then
+    bool m_hasProblems = false;    ///< of what the console shows some were found
+    std::vector<Place> m_problems; ///< as many of them as the list takes
 };
 
 } // namespace kestrel

@@ -2,6 +2,7 @@
 #include "app/SecondaryWindow.h"
 
 #include <QAction>
+#include <QScreen>
 
 namespace kestrel {
 
@@ -17,6 +18,11 @@ SecondaryWindow::SecondaryWindow(const QString& objectName, const QString& title
     hide->setShortcuts({QKeySequence(QKeySequence::Close), QKeySequence(Qt::Key_Escape)});
     connect(hide, &QAction::triggered, this, &QWidget::close);
     addAction(hide);
+}
+
+void SecondaryWindow::resizeWithinScreen(QSize size) {
+    // Room for the frame, and for what the desktop may have at the edges.
+    resize(size.boundedTo(screen()->availableSize() * 9 / 10));
 }
 
 void SecondaryWindow::comeToFront() {

@@ -17,6 +17,9 @@ public:
 protected:
     /// Named `objectName`; `title` is its accessible name, too, until another is set.
     SecondaryWindow(const QString& objectName, const QString& title, QWidget* parent);
+
+    /// Gives the window this size, or what a small screen has room for.
+    void resizeWithinScreen(QSize size);
 };
 
 } // namespace kestrel

@@ -26,7 +26,7 @@ UserGuideWindow::UserGuideWindow(QWidget* parent)
         text->setMarkdown(QString::fromUtf8(guide.readAll()));
     }
     setCentralWidget(text);
-    resize(720, 640);
+    resizeWithinScreen({720, 640});
 }
 
 } // namespace kestrel

@@ -4,6 +4,7 @@
 #include "navigation/container/PlaceJump.h"
 #include "navigation/container/PlaceList.h"
 
+#include <QHideEvent>
 #include <QListWidget>
 
 namespace kestrel {
@@ -23,7 +24,7 @@ UsesWindow::UsesWindow(PlaceList& places, PlaceJump& jump, QWidget* parent)
     m_rows->setAccessibleName(tr("Uses"));
     m_rows->setUniformItemSizes(true);
     setCentralWidget(m_rows);
-    resize(FirstSize);
+    resizeWithinScreen(FirstSize);
     connect(m_rows, &QListWidget::itemActivated, this,
             [this](QListWidgetItem* item) { goTo(m_rows->row(item)); });
     connect(&m_places, &PlaceList::filled, this, &UsesWindow::fill);
@@ -43,8 +44,13 @@ void UsesWindow::fill() {
     if (m_places.content() != PlaceList::Content::uses) {
         return;
     }
+    m_project = m_places.project();
+    if (m_uses == m_places.places()) {
+        return;
+    }
+    m_uses = m_places.places();
     m_rows->clear();
-    for (const Place& place : m_places.places()) {
+    for (const Place& place : m_uses) {
         m_rows->addItem(
             QStringLiteral("%1:%2: %3").arg(place.file).arg(place.line).arg(place.text));
     }
@@ -58,10 +64,20 @@ void UsesWindow::showCurrent() {
 
 void UsesWindow::goTo(int row) {
     const auto index = static_cast<std::size_t>(row);
-    if (m_places.content() == PlaceList::Content::uses && row >= 0 &&
-        index < m_places.places().size()) {
-        m_places.setCurrentIndex(index);
-        m_jump.goTo(m_places.project(), m_places.places()[index]);
+    if (row < 0 || index >= m_uses.size()) {
+        return;
+    }
+    if (m_places.content() != PlaceList::Content::uses) { // the walk goes on from here
+        m_places.fill(PlaceList::Content::uses, m_project.lock(), m_uses);
+    }
+    m_places.setCurrentIndex(index);
+    m_jump.goTo(m_places.project(), m_uses[index]);
+}
+
+void UsesWindow::hideEvent(QHideEvent* event) {
+    SecondaryWindow::hideEvent(event);
+    if (!event->spontaneous()) {
+        Q_EMIT closed();
     }
 }
 

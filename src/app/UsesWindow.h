@@ -2,6 +2,10 @@
 #pragma once
 
 #include "app/SecondaryWindow.h"
+#include "build/Place.h"
+
+#include <memory>
+#include <vector>
 
 class QListWidget;
 
@@ -9,6 +13,7 @@ namespace kestrel {
 
 class PlaceJump;
 class PlaceList;
+class ProjectItem;
 
 /// The list of the places where a name is used, one a row; choosing one goes there.
 class UsesWindow : public SecondaryWindow {
@@ -21,6 +26,12 @@ public:
     /// Shows the uses of this name, which the list has been filled with.
     void showUsesOf(const QString& name);
 
+Q_SIGNALS:
+    void closed();
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+
 private:
     void fill();
     void showCurrent();
@@ -28,6 +39,8 @@ private:
 
     PlaceList& m_places;
     PlaceJump& m_jump;
+    std::vector<Place> m_uses;
+    std::weak_ptr<ProjectItem> m_project;
     QListWidget* m_rows;
 };
 

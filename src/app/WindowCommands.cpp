@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/WindowCommands.h"
 
+#include "app/BuildStrip.h"
+#include "app/ConsoleWindow.h"
 #include "app/MainWindowController.h"
 #include "app/MemoryWindow.h"
 #include "app/UserGuideWindow.h"
+#include "drafts/UnsavedWork.h"
 #include "editors/CommonEditorControllers.h"
 #include "icons/Icons.h"
 #include "navigation/container/EditorContainerController.h"
@@ -11,6 +14,7 @@
 #include "navigation/tree/ProjectNavigationController.h"
 #include "widgets/EditorPane.h"
 #include "widgets/Sheet.h"
+#include "widgets/StatusBoard.h"
 
 #include <QApplication>
 #include <QDir>
@@ -122,10 +126,32 @@ void WindowCommands::save() {
 }
 
 void WindowCommands::saveAndBuild() {
-    save();
-    if (const auto controller = m_controller.lock()) {
+    if (const auto controller = m_controller.lock(); controller && saveToBuild(*controller)) {
         controller->build();
     }
+}
+
+void WindowCommands::saveAndRun() {
+    if (const auto controller = m_controller.lock(); controller && saveToBuild(*controller)) {
+        controller->buildAndRun();
+    }
+}
+
+/// False, after saying so, when the file on the screen could not be saved: building what is on the
+/// disk is not what was asked for.
+bool WindowCommands::saveToBuild(MainWindowController& controller) {
+    save();
+    EditorPane* const pane = m_editor.commonController()->shownEditorPane();
+    const UnsavedWork* const work = pane != nullptr ? pane->unsavedWork() : nullptr;
+    if (work == nullptr || !work->hasChanges()) {
+        return true;
+    }
+    controller.showConsole();
+    const QString reason = m_editor.commonController()->statusBoard()->text(StatusField::saving);
+    controller.windowController()->buildStrip()->showNotice(
+        reason.isEmpty() ? tr("Nothing was built: the file on the screen could not be saved.")
+                         : tr("Nothing was built: %1.").arg(reason));
+    return false;
 }
 
 void WindowCommands::stop() {

@@ -32,6 +32,7 @@ public:
 
     /// Saves the pane that is shown, then builds.
     void saveAndBuild();
+    void saveAndRun();
 
     /// Stops the builds and runs that are under way.
     void stop();
@@ -58,6 +59,7 @@ public:
 
 private:
     void addCommands();
+    bool saveToBuild(MainWindowController& controller);
 
     std::weak_ptr<MainWindowController> m_controller;
     EditorContainerController& m_editor;

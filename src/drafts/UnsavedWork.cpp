@@ -24,14 +24,14 @@ void UnsavedWork::leave() {
     m_mayDiffer = false;
     m_file.clear();
     m_unchanged = nullptr;
-    if (!m_session) {
-        return;
+    if (m_session) {
+        keep();
+        m_session.reset();
+        m_broughtBack.reset();
+        setOffered(nullptr);
+        ++m_looks;
     }
-    keep();
-    m_session.reset();
-    m_broughtBack.reset();
-    setOffered(nullptr);
-    ++m_looks;
+    Q_EMIT settled();
 }
 
 void UnsavedWork::shown(const std::filesystem::path& file, std::optional<std::string> disk,
@@ -90,13 +90,13 @@ void UnsavedWork::wasKept(const DraftKeeper::Kept& kept) {
 void UnsavedWork::saved(std::string content) {
     m_mayDiffer = false;
     m_unchanged = [content] { return content; };
-    if (!m_session) {
-        return;
+    if (m_session) {
+        m_timer.stop();
+        m_edited = false;
+        m_keeper->saved(m_session, std::move(content), std::exchange(m_broughtBack, nullptr));
+        look();
     }
-    m_timer.stop();
-    m_edited = false;
-    m_keeper->saved(m_session, std::move(content), std::exchange(m_broughtBack, nullptr));
-    look();
+    Q_EMIT settled();
 }
 
 bool UnsavedWork::hasChanges() const {

@@ -85,6 +85,8 @@ public:
 
 Q_SIGNALS:
     void offerChanged();
+    /// The content was saved, or left for another file's: there may be no changes any more.
+    void settled();
 
 private:
     using Found = DraftKeeper::FoundDraft;

@@ -76,8 +76,10 @@ QString LineSummary::ofLines(const FileFacts& file, std::uint32_t first, std::ui
     const bool isAny = line != file.lines.end() && line->line <= last;
     for (; line != file.lines.end() && line->line <= last; ++line) {
         bytes += line->bytes;
-        least += line->leastCycles;
-        most += line->mostCycles;
+        // Bytes are those of all places that the line was assembled at, cycles those of one.
+        const std::uint64_t places = std::max<std::uint64_t>(line->times, 1);
+        least += places * line->leastCycles;
+        most += places * line->mostCycles;
     }
     if (!isAny) {
         return {};

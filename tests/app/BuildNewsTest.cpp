@@ -35,13 +35,11 @@ constexpr const char* MadeText = "Game.nes built in 0.04 s: 24,592 bytes, no war
 
 TEST(BuildNews, OfABuildAreItsSentence) {
     const BuildNews good = newsOf({made(), {}, {}, {}});
-    EXPECT_EQ(good, (BuildNews{BuildMarkKind::made, QLatin1String(MadeText), {}, {}, false}));
+    EXPECT_EQ(good, (BuildNews{BuildMarkKind::made, QLatin1String(MadeText), {}, {}}));
     const BuildNews bad = newsOf({notMade(), {}, {}, {}});
-    EXPECT_EQ(bad, (BuildNews{BuildMarkKind::failed,
-                              QStringLiteral("2 errors, 1 warning: no image"),
-                              {},
-                              {},
-                              false}));
+    EXPECT_EQ(bad,
+              (BuildNews{
+                  BuildMarkKind::failed, QStringLiteral("2 errors, 1 warning: no image"), {}, {}}));
 }
 
 TEST(BuildNews, OfABuildThatWasStoppedHaveAMarkOfTheirOwn) {
@@ -64,7 +62,7 @@ TEST(BuildNews, HoldEveryHint) {
 
 TEST(BuildNews, NameTheFileThatIsNotSavedAndOfferToSaveIt) {
     const BuildNews news = newsOf({made(), {}, {}, QStringLiteral("player.asm")});
-    EXPECT_TRUE(news.offersSaving);
+    EXPECT_TRUE(news.again == BuildNews::Again::build);
     EXPECT_TRUE(news.hint.contains(QStringLiteral("with unsaved changes in player.asm")));
     EXPECT_EQ(news.text, QLatin1String(MadeText));
 }
@@ -90,14 +88,14 @@ TEST(BuildNews, OfARunWhoseEmulatorDoesNotStartSayWhy) {
     const BuildNews news = newsOf({made(), made(), launch(Launch::failed), {}});
     EXPECT_EQ(news.mark, BuildMarkKind::failed);
     EXPECT_EQ(news.text, QLatin1String(MadeText) + QStringLiteral("; FCEUX could not be started"));
-    EXPECT_EQ(news.hint, QStringLiteral("FCEUX could not be started: Permission denied."));
+    EXPECT_EQ(news.hint, QStringLiteral("Permission denied."));
 }
 
 TEST(BuildNews, OfARunWithoutAnEmulatorSayWhereToChooseOne) {
     const BuildNews news = newsOf({made(), made(), launch(Launch::noEmulator), {}});
     EXPECT_EQ(news.text, QLatin1String(MadeText) + QStringLiteral("; no emulator is set"));
-    EXPECT_EQ(news.hint, QString::fromStdString(textOf(BuildError{"2", 0, std::nullopt})));
-    EXPECT_TRUE(news.hint.contains(QStringLiteral("choose one")));
+    EXPECT_EQ(news.hint,
+              QStringLiteral("Select the project in the tree and choose one at “Emulator”."));
 }
 
 TEST(BuildNews, OfARunTellTheSecondBuildOnlyWhenItCameToSomethingElse) {
@@ -112,6 +110,24 @@ TEST(BuildNews, OfARunTellTheSecondBuildOnlyWhenItCameToSomethingElse) {
     const BuildNews found = newsOf({notMade(), made(), launch(Launch::started), {}});
     EXPECT_EQ(found.mark, BuildMarkKind::made);
     EXPECT_TRUE(found.hint.contains(QStringLiteral("whose output is below, made no image.")));
+}
+
+TEST(BuildNews, OfARunOfferToRunAgain) {
+    BuildStory story{made(), made(), launch(Launch::started), QStringLiteral("player.asm")};
+    story.isRun = true;
+    EXPECT_EQ(newsOf(story).again, BuildNews::Again::run);
+}
+
+TEST(BuildNews, KeepNamesFromTurningTheSentence) {
+    EXPECT_EQ(isolated(QStringLiteral("Game")), QStringLiteral("Game"));
+    const QString hebrew = QStringLiteral("\u05de\u05e9\u05d7\u05e7");
+    EXPECT_EQ(isolated(hebrew), QStringLiteral("\u2068%1\u2069").arg(hebrew));
+    EXPECT_EQ(isolated(QStringLiteral("a\u202eb")), QStringLiteral("\u2068a\u202eb\u2069"));
+    EXPECT_EQ(isolated(QStringLiteral("a\u2069\u202eb")), QStringLiteral("\u2068a\u202eb\u2069"));
+    BuildResult result = made();
+    result.image = "/home/" + (hebrew + QStringLiteral(".nes")).toStdString();
+    EXPECT_TRUE(newsOf({result, {}, {}, {}})
+                    .text.startsWith(QStringLiteral("\u2068%1.nes\u2069 built in").arg(hebrew)));
 }
 
 TEST(BuildNews, TellTimeWithOnePlace) {

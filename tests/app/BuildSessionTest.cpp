@@ -253,6 +253,71 @@ TEST_F(BuildSessionTest, UnsavedChangesAreNamedAndSavedAndBuiltByOneClick) {
     EXPECT_EQ(hint(), QString());
 }
 
+TEST_F(BuildSessionTest, TheOfferToSaveGoesWhenTheFileIsSavedOrLeft) {
+    startWith("Game");
+    script("Game", "image made\n");
+    const auto offered = [this] {
+        editMainFile();
+        press(Qt::Key_B);
+        EXPECT_TRUE(isOver());
+        const auto* button = controller->windowController()->findChild<QPushButton*>(
+            QStringLiteral("saveAndBuildButton"));
+        EXPECT_TRUE(button->isVisible());
+        return button;
+    };
+    const QPushButton* button = offered();
+    const QString said = hint();
+    action("saveAction")->trigger();
+    EXPECT_FALSE(button->isVisible());
+    EXPECT_EQ(hint(), said);
+    button = offered();
+    tree().select(tree().allItems().at(0));
+    EXPECT_FALSE(button->isVisible());
+    EXPECT_EQ(session().news().again, BuildNews::Again::nothing);
+}
+
+TEST_F(BuildSessionTest, NothingIsBuiltWhenSavingToBuildFails) {
+    startWith("Game");
+    script("Game", "count runs\nimage made\n");
+    editMainFile();
+    std::filesystem::remove(folder("Game") / "main.asm");
+    std::filesystem::create_directory(folder("Game") / "main.asm"); // cannot be replaced
+    press(Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(session().isRunning());
+    EXPECT_EQ(timesCounted("runs"), 0U);
+    const auto* notice = controller->windowController()->buildStrip()->findChild<WrappedLabel*>(
+        QStringLiteral("buildNotice"));
+    EXPECT_TRUE(notice->isVisible());
+    EXPECT_TRUE(notice->text().startsWith(QStringLiteral("Nothing was built: main.asm ")))
+        << notice->text().toStdString();
+}
+
+TEST_F(BuildSessionTest, WhatBecomesOfAnotherProjectsBuildIsSaidBelow) {
+    registerProject("Other");
+    startWith("Game");
+    script("Game", "await go\nprint main.asm:1:1: error: no\nexit 1\n");
+    script("Other", "image made\n");
+    const auto go = fifo("go");
+    const auto selectNamed = [this](const std::string& name) {
+        for (const auto& project : tree().allItems()) {
+            if (project->itemName() == name) {
+                tree().select(project);
+            }
+        }
+    };
+    selectNamed("Game");
+    press(Qt::Key_B);
+    selectNamed("Other");
+    press(Qt::Key_B);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [this] { return hint() == QStringLiteral("Game is still being built."); }, 60000));
+    EXPECT_TRUE(text().startsWith(QStringLiteral("Other.nes built in ")));
+    std::ofstream(go).close();
+    ASSERT_TRUE(isOver());
+    EXPECT_TRUE(text().startsWith(QStringLiteral("Other.nes built in ")));
+    EXPECT_EQ(hint(), QStringLiteral("Game: 1 error: no image."));
+}
+
 TEST_F(BuildSessionTest, OneKeySavesAndBuilds) {
     startWith("Game");
     script("Game", "image made\n");

@@ -37,7 +37,7 @@ protected:
     BuildMark& mark() const { return *strip().findChild<BuildMark*>(); }
 
     static BuildNews made() {
-        return {BuildMarkKind::made, QStringLiteral("Game.nes built"), {}, {}, false};
+        return {BuildMarkKind::made, QStringLiteral("Game.nes built"), {}, {}};
     }
 
     ConsoleWindow m_window;
@@ -60,8 +60,11 @@ TEST_F(BuildStripTest, ShowsSentenceHintAndButtonOnlyWhereThereAreAny) {
     EXPECT_EQ(label("buildText").text(), QStringLiteral("Game.nes built"));
     EXPECT_FALSE(label("buildHint").isVisible());
     EXPECT_FALSE(button().isVisible());
-    strip().showNews(
-        {BuildMarkKind::failed, QStringLiteral("No"), {}, QStringLiteral("Why"), true});
+    strip().showNews({BuildMarkKind::failed,
+                      QStringLiteral("No"),
+                      {},
+                      QStringLiteral("Why"),
+                      BuildNews::Again::build});
     EXPECT_EQ(label("buildHint").text(), QStringLiteral("Why"));
     EXPECT_TRUE(label("buildHint").isVisible());
     EXPECT_TRUE(button().isVisible());
@@ -69,13 +72,29 @@ TEST_F(BuildStripTest, ShowsSentenceHintAndButtonOnlyWhereThereAreAny) {
 }
 
 TEST_F(BuildStripTest, TheButtonAsksForSavingAndLeavesTheFocusWhereItIs) {
-    strip().showNews({BuildMarkKind::made, QStringLiteral("Built"), {}, {}, true});
+    strip().showNews(
+        {BuildMarkKind::made, QStringLiteral("Built"), {}, {}, BuildNews::Again::build});
     const QSignalSpy asked(&strip(), &BuildStrip::saveAndBuildRequested);
     const QWidget* focused = QApplication::focusWidget();
     ASSERT_NE(focused, nullptr);
     QTest::mouseClick(&button(), Qt::LeftButton);
     EXPECT_EQ(asked.size(), 1);
     EXPECT_EQ(QApplication::focusWidget(), focused);
+}
+
+TEST_F(BuildStripTest, AfterARunTheButtonAsksForAnotherRun) {
+    strip().showNews({BuildMarkKind::made, QStringLiteral("Built"), {}, {}, BuildNews::Again::run});
+    EXPECT_EQ(button().text(), QStringLiteral("Save and Run Again"));
+    EXPECT_EQ(button().accessibleName(), button().text());
+    const QSignalSpy toBuild(&strip(), &BuildStrip::saveAndBuildRequested);
+    const QSignalSpy toRun(&strip(), &BuildStrip::saveAndRunRequested);
+    QTest::mouseClick(&button(), Qt::LeftButton);
+    EXPECT_EQ(toRun.size(), 1);
+    EXPECT_EQ(toBuild.size(), 0);
+}
+
+TEST_F(BuildStripTest, TheMarkIsAGraphicForAssistiveTechnology) {
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&mark())->role(), QAccessible::Graphic);
 }
 
 TEST_F(BuildStripTest, ANoticeStandsBelowTheResultAndGoesWithTheNextOne) {
@@ -98,7 +117,7 @@ TEST_F(BuildStripTest, ANoticeAloneHasAMarkOfItsOwn) {
 }
 
 TEST_F(BuildStripTest, EveryResultIsAnnouncedAndTheTimeThatRunsIsNot) {
-    BuildNews news{BuildMarkKind::running, QStringLiteral("Building Game..."), {}, {}, false};
+    BuildNews news{BuildMarkKind::running, QStringLiteral("Building Game..."), {}, {}};
     for (const char* time : {"0.3 s", "0.4 s", "0.5 s"}) {
         news.elapsed = QLatin1String(time);
         strip().showNews(news);
@@ -137,7 +156,7 @@ TEST_F(BuildStripTest, LosesNothingInTheNarrowestWindow) {
                       QStringLiteral("Could not start it: ").repeated(5),
                       {},
                       path,
-                      true});
+                      BuildNews::Again::build});
     m_window.resize(1, 300);
     QTest::qWait(1);
     EXPECT_EQ(m_window.width(), 320) << "long words do not make the window wider";

@@ -83,7 +83,7 @@ TEST_F(PlaceWalkTest, TheFirstStepGoesToTheFirstErrorAndTheNextOnesRound) {
     startAndBuild(Complaints);
     next();
     EXPECT_EQ(place(), "inc.asm:2:6");
-    EXPECT_EQ(told(), "Error (2 of 3): no such name");
+    EXPECT_EQ(told(), QStringLiteral("Error (2 of 3): no such name"));
     EXPECT_TRUE(QTest::qWaitFor([this] { return text().hasFocus(); }));
     EXPECT_EQ(tree().selectedItem()->itemName(), "inc.asm");
     next();
@@ -97,15 +97,15 @@ TEST_F(PlaceWalkTest, TheFirstStepGoesToTheFirstErrorAndTheNextOnesRound) {
 TEST_F(PlaceWalkTest, TheStatusBarTellsTheProblemWhileTheCaretIsInItsLine) {
     startAndBuild(Complaints);
     previous();
-    EXPECT_EQ(told(), "Error (3 of 3): what is this");
+    EXPECT_EQ(told(), QStringLiteral("Error (3 of 3): what is this"));
     QTest::keyClick(&text(), Qt::Key_End);
-    EXPECT_EQ(told(), "Error (3 of 3): what is this");
+    EXPECT_EQ(told(), QStringLiteral("Error (3 of 3): what is this"));
     QTest::keyClick(&text(), Qt::Key_Up);
-    EXPECT_EQ(told(), "");
+    EXPECT_EQ(told(), QStringLiteral(""));
     next();
-    EXPECT_EQ(told(), "Warning (1 of 3): jumps away");
+    EXPECT_EQ(told(), QStringLiteral("Warning (1 of 3): jumps away"));
     QTest::keyClick(&window(), Qt::Key_B, Qt::ControlModifier);
-    EXPECT_EQ(told(), "");
+    EXPECT_EQ(told(), QStringLiteral(""));
 }
 
 TEST_F(PlaceWalkTest, TheCommandsActEverywhereByTheirKeys) {
@@ -130,6 +130,20 @@ TEST_F(PlaceWalkTest, ALineOfTheConsoleIsGoneToAndTheWalkGoesOnFromThere) {
     EXPECT_EQ(console->textCursor().block().text(), u"main.asm:2:6: warning: jumps away");
 }
 
+TEST_F(PlaceWalkTest, AfterUsesALineOfTheConsoleLeadsTheWalkBackToTheProblems) {
+    startAndBuild(Complaints);
+    walk().list().fill(PlaceList::Content::uses, tree().allItems().at(0),
+                       {{QStringLiteral("main.asm"), 1, 1, Place::Kind::use, {}, {}}});
+    next();
+    EXPECT_EQ(place(), "main.asm:1:1");
+    QPlainTextEdit* console = controller->consoleOutputController()->console();
+    console->setTextCursor(console->document()->find(QStringLiteral("code/inc")));
+    QTest::keyClick(console, Qt::Key_Return);
+    EXPECT_EQ(place(), "inc.asm:2:6");
+    next();
+    EXPECT_EQ(place(), "inc.asm:3:1");
+}
+
 TEST_F(PlaceWalkTest, AChainIsFollowedAndAFileInNoTreeIsNamed) {
     startAndBuild("print code/inc:2:6: error: x\nprint   included at main.asm:2\n"
                   "print   included at lost.asm:7\n");
@@ -148,7 +162,7 @@ TEST_F(PlaceWalkTest, AChainIsFollowedAndAFileInNoTreeIsNamed) {
     EXPECT_EQ(label->text(), notice);
     EXPECT_TRUE(label->isVisible());
     next();
-    EXPECT_EQ(told(), "Error (1 of 1): x");
+    EXPECT_EQ(told(), QStringLiteral("Error (1 of 1): x"));
     EXPECT_FALSE(label->isVisible());
 }
 

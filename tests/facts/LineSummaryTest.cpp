@@ -66,6 +66,8 @@ TEST(LineSummary, TellsOfLinesWithoutBytesWhatTheirNameIs) {
 TEST(LineSummary, AddsUpLines) {
     EXPECT_EQ(ofLines(1, 4), QStringLiteral("4 lines: 5 bytes, 6 to 8 cycles"));
     EXPECT_EQ(ofLines(4, 5), QStringLiteral("2 lines: 1 byte"));
+    EXPECT_EQ(ofLines(7, 8), QStringLiteral("2 lines: 4,936 bytes, 2,468 to 6,170 cycles"))
+        << "each time that a line was assembled counts";
     EXPECT_EQ(ofLines(8, 20), QString());
     EXPECT_EQ(ofLines(0, 1), QString());
 }
