@@ -208,7 +208,7 @@ TEST_F(BuildSessionTest, ARunSaysWhyTheEmulatorWasNotStarted) {
     press(Qt::Key_R);
     ASSERT_TRUE(consoleEndsWith("\nRunning Project"));
     EXPECT_TRUE(text().endsWith(QStringLiteral("; gone could not be started")));
-    EXPECT_EQ(hint(), QStringLiteral("gone could not be started: No such file or directory."));
+    EXPECT_EQ(hint(), QStringLiteral("No such file or directory."));
 }
 
 TEST_F(BuildSessionTest, ARunWhoseBuildMakesNoImageSaysThatTheOneShownIsAnOldOne) {
@@ -284,7 +284,7 @@ TEST_F(BuildSessionTest, NothingIsBuiltWhenSavingToBuildFails) {
     std::filesystem::create_directory(folder("Game") / "main.asm"); // cannot be replaced
     press(Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_FALSE(session().isRunning());
-    EXPECT_EQ(timesCounted("runs"), 0U);
+    EXPECT_FALSE(existsAt(folder("Game") / "runs"));
     const auto* notice = controller->windowController()->buildStrip()->findChild<WrappedLabel*>(
         QStringLiteral("buildNotice"));
     EXPECT_TRUE(notice->isVisible());
