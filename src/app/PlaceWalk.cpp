@@ -125,8 +125,8 @@ bool PlaceWalk::goToCurrent() {
 /// out of sight; nothing any more when it is empty.
 void PlaceWalk::tell(const QString& text) {
     StatusBoard* const board = m_editor.commonController()->statusBoard();
-    if (!text.isEmpty() || board->text(StatusField::saving) == m_notice) {
-        board->setText(StatusField::saving, text);
+    if (!text.isEmpty() || board->text(StatusField::notice) == m_notice) {
+        board->setText(StatusField::notice, text);
     }
     m_notice = text;
     const ConsoleWindow* const console = m_controller ? m_controller->windowController() : nullptr;

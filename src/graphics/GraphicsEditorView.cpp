@@ -5,11 +5,11 @@
 #include "chrcanvas/views/ColorSelector.h"
 #include "chrcanvas/views/TileCollection.h"
 #include "graphics/GraphicsActions.h"
+#include "widgets/Announcement.h"
 #include "widgets/DraftLine.h"
 #include "widgets/ElidedLabel.h"
 #include "widgets/ThinFrame.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -50,6 +50,7 @@ GraphicsEditorView::GraphicsEditorView(QWidget* parent)
     , m_fileName(new ElidedLabel(this))
     , m_tileInfo(new ElidedLabel(this))
     , m_message(new QLabel(this))
+    , m_announcement(new Announcement(*m_message))
     , m_actions(new GraphicsActions(*m_pixelEditor, *m_tileViewer, this)) {
     nameViews();
     QToolBar* toolBar = makeToolBar();
@@ -171,11 +172,10 @@ void GraphicsEditorView::setFileName(const QString& name) {
 
 void GraphicsEditorView::setMessage(const QString& message) {
     m_message->setText(message);
-    m_message->setVisible(!message.isEmpty());
     if (!message.isEmpty()) {
-        QAccessibleEvent event(m_message, QAccessible::Alert);
-        QAccessible::updateAccessibility(&event);
+        m_announcement->say(message);
     }
+    m_message->setVisible(!message.isEmpty());
 }
 
 void GraphicsEditorView::describeTile(int number) {

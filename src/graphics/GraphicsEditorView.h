@@ -10,6 +10,7 @@ class QToolBar;
 
 namespace kestrel {
 
+class Announcement;
 class ChrCanvas;
 class ColorSelector;
 class ElidedLabel;
@@ -59,6 +60,7 @@ private:
     ElidedLabel* m_fileName;
     ElidedLabel* m_tileInfo;
     QLabel* m_message;
+    Announcement* m_announcement;
     GraphicsActions* m_actions;
 };
 

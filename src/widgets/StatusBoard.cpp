@@ -11,17 +11,17 @@ namespace {
 
 constexpr std::array Rows = {
     StatusRow{StatusField::build, StatusSide::left, "buildStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Result of the build")},
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Result of the build"), false, false},
     StatusRow{StatusField::saving, StatusSide::left, "savingStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Saving")},
-    StatusRow{StatusField::name, StatusSide::left, "nameStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Search for a name")},
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Saving"), true, true},
+    StatusRow{StatusField::notice, StatusSide::left, "noticeStatus",
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Notice"), true, false},
     StatusRow{StatusField::place, StatusSide::right, "placeStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Place in the text")},
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Place in the text"), false, false},
     StatusRow{StatusField::encoding, StatusSide::right, "encodingStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Encoding and line ends")},
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Encoding and line ends"), false, false},
     StatusRow{StatusField::address, StatusSide::right, "addressStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Address, bytes and cycles")},
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Address, bytes and cycles"), false, false},
 };
 
 constexpr bool areInOrder() {
@@ -41,7 +41,9 @@ std::span<const StatusRow, StatusFieldCount> statusRows() {
 
 void StatusBoard::setText(StatusField field, const QString& text) {
     QString& present = m_texts.at(static_cast<std::size_t>(field));
-    if (present != text) {
+    const bool isSaidAgain =
+        Rows.at(static_cast<std::size_t>(field)).isAnnounced && !text.isEmpty();
+    if (present != text || isSaidAgain) {
         present = text;
         Q_EMIT changed(field);
     }

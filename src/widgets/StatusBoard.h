@@ -10,12 +10,12 @@
 
 namespace kestrel {
 
-/// What the status bar can tell, the most important first: where there is no room for all, the
-/// last ones go. A new field needs a row in statusRows(), too.
+/// What the status bar can tell, the most important first. A new field needs a row in statusRows(),
+/// too.
 enum class StatusField {
     build,    ///< how the latest build stands
     saving,   ///< what became of a file at the last save, if that is worth telling
-    name,     ///< what the search for a name came to, if that is nothing
+    notice,   ///< why a command led nowhere, such as a search that found nothing
     place,    ///< the caret's line and column in the code editor
     encoding, ///< the shown file's encoding and line ends
     address,  ///< what the caret's line came to in the last build
@@ -33,6 +33,8 @@ struct StatusRow {
     StatusSide side;
     const char* objectName;
     const char* name; ///< for assistive technology
+    bool isAnnounced; ///< is to be heard when it comes, wherever the focus is
+    bool isUrgent;    ///< tells of work that may be lost, so it is elided only after the others
 };
 
 /// All fields, in the order of StatusField.
@@ -46,6 +48,7 @@ class StatusBoard : public QObject {
 public:
     using QObject::QObject;
 
+    /// A text that is announced is announced again when it comes again.
     void setText(StatusField field, const QString& text);
     void clear(StatusField field);
 

@@ -193,7 +193,7 @@ void NameCommands::work(std::function<Places()> find, std::function<void(const P
 }
 
 void NameCommands::tell(const QString& text) const {
-    m_editor.commonController()->statusBoard()->setText(StatusField::name, text);
+    m_editor.commonController()->statusBoard()->setText(StatusField::notice, text);
 }
 
 } // namespace kestrel
