@@ -3,6 +3,7 @@
 
 #include "app/BuildMark.h"
 #include "widgets/Announcement.h"
+#include "widgets/Contrast.h"
 #include "widgets/ElidedLabel.h"
 
 #include <QEvent>
@@ -32,24 +33,39 @@ StatusBar::StatusBar(const StatusBoard& board, QWidget* parent)
         m_announcements.push_back(row.isAnnounced ? new Announcement(*label) : nullptr);
         label->setObjectName(QLatin1StringView(row.objectName));
         m_labels.push_back(label);
-        showText(row, board.text(row.field));
+        showText(row, board.text(row.field), board.tone(row.field));
     }
     connect(&board, &StatusBoard::changed, this, [this, &board](StatusField field) {
-        showText(statusRows()[static_cast<std::size_t>(field)], board.text(field));
+        showText(statusRows()[static_cast<std::size_t>(field)], board.text(field),
+                 board.tone(field));
         placeLabels();
     });
+    dimPastTexts();
     placeLabels();
 }
 
-void StatusBar::showText(const StatusRow& row, const QString& text) {
+void StatusBar::showText(const StatusRow& row, const QString& text, StatusTone tone) {
     const auto index = static_cast<std::size_t>(row.field);
     m_labels.at(index)->setText(text);
+    m_labels.at(index)->setForegroundRole(tone == StatusTone::past ? QPalette::PlaceholderText
+                                                                   : QPalette::WindowText);
     // The accessible name of a label stands in place of its text, so it needs both.
     const QString nameAndText = StatusBoard::tr("%1: %2").arg(StatusBoard::tr(row.name), text);
     if (m_announcements.at(index) != nullptr && !text.isEmpty()) {
         m_announcements.at(index)->say(nameAndText);
     } else {
         m_labels.at(index)->setAccessibleName(nameAndText);
+    }
+}
+
+/// What is only about the past is as dim as what is disabled, as far as it can still be read.
+void StatusBar::dimPastTexts() {
+    const QColor dim = readable(palette().color(QPalette::Disabled, QPalette::WindowText),
+                                palette().color(QPalette::Window));
+    for (ElidedLabel* label : m_labels) {
+        QPalette own;
+        own.setColor(QPalette::PlaceholderText, dim);
+        label->setPalette(own);
     }
 }
 
@@ -135,6 +151,9 @@ void StatusBar::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
         updateGeometry();
         placeLabels();
+    }
+    if (event->type() == QEvent::PaletteChange) {
+        dimPastTexts();
     }
 }
 

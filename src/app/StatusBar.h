@@ -38,7 +38,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void showText(const StatusRow& row, const QString& text);
+    void showText(const StatusRow& row, const QString& text, StatusTone tone);
+    void dimPastTexts();
     void placeLabels();
     int wantedWidth(const StatusRow& row) const;
     int leastWidth(const StatusRow& row) const; ///< in which something can still be read

@@ -20,6 +20,8 @@ constexpr std::array Rows = {
               QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Place in the text"), false, false},
     StatusRow{StatusField::encoding, StatusSide::right, "encodingStatus",
               QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Encoding and line ends"), false, false},
+    StatusRow{StatusField::tile, StatusSide::right, "tileStatus",
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Tile"), false, false},
     StatusRow{StatusField::address, StatusSide::right, "addressStatus",
               QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Address, bytes and cycles"), false, false},
 };
@@ -39,12 +41,14 @@ std::span<const StatusRow, StatusFieldCount> statusRows() {
     return Rows;
 }
 
-void StatusBoard::setText(StatusField field, const QString& text) {
+void StatusBoard::setText(StatusField field, const QString& text, StatusTone tone) {
     QString& present = m_texts.at(static_cast<std::size_t>(field));
     const bool isSaidAgain =
         Rows.at(static_cast<std::size_t>(field)).isAnnounced && !text.isEmpty();
-    if (present != text || isSaidAgain) {
+    StatusTone& presentTone = m_tones.at(static_cast<std::size_t>(field));
+    if (present != text || presentTone != tone || isSaidAgain) {
         present = text;
+        presentTone = tone;
         Q_EMIT changed(field);
     }
 }
@@ -55,6 +59,10 @@ void StatusBoard::clear(StatusField field) {
 
 const QString& StatusBoard::text(StatusField field) const {
     return m_texts.at(static_cast<std::size_t>(field));
+}
+
+StatusTone StatusBoard::tone(StatusField field) const {
+    return m_tones.at(static_cast<std::size_t>(field));
 }
 
 } // namespace kestrel

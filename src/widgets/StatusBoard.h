@@ -18,14 +18,18 @@ enum class StatusField {
     notice,   ///< why a command led nowhere, such as a search that found nothing
     place,    ///< the caret's line and column in the code editor
     encoding, ///< the shown file's encoding and line ends
+    tile,     ///< the tile, and the pixel, under the pointer or the keyboard's cursor
     address,  ///< what the caret's line came to in the last build
 };
 
-inline constexpr std::size_t StatusFieldCount = 6;
+inline constexpr std::size_t StatusFieldCount = 7;
 
 /// What just happened stands on the left; what is so, at the right edge, where it does not move
 /// when a message comes.
 enum class StatusSide { left, right };
+
+/// Whether a text is about the present or only about what was.
+enum class StatusTone { present, past };
 
 /// A field as the status bar shows it.
 struct StatusRow {
@@ -49,17 +53,19 @@ public:
     using QObject::QObject;
 
     /// A text that is announced is announced again when it comes again.
-    void setText(StatusField field, const QString& text);
+    void setText(StatusField field, const QString& text, StatusTone tone = StatusTone::present);
     void clear(StatusField field);
 
     /// Empty for a field with nothing to tell.
     const QString& text(StatusField field) const;
+    StatusTone tone(StatusField field) const;
 
 Q_SIGNALS:
     void changed(StatusField field);
 
 private:
     std::array<QString, StatusFieldCount> m_texts;
+    std::array<StatusTone, StatusFieldCount> m_tones{};
 };
 
 } // namespace kestrel

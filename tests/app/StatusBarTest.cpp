@@ -5,6 +5,7 @@
 #include "app/WindowFixture.h"
 #include "editors/CommonEditorControllers.h"
 #include "support/Announced.h"
+#include "widgets/Contrast.h"
 #include "widgets/ElidedLabel.h"
 
 namespace kestrel {
@@ -115,6 +116,26 @@ TEST_F(StatusBarOnItsOwn, ASaveThatFailedIsWholeBesideALongResultOfTheBuild) {
         EXPECT_LE(label(name).geometry().right(), 471) << name;
     }
     EXPECT_FALSE(label("placeStatus").isVisible());
+}
+
+TEST_F(StatusBarOnItsOwn, WhatIsPastIsDimAndCanBeReadOnLightAndDark) {
+    board.setText(StatusField::address, QStringLiteral("$C000"), StatusTone::past);
+    const ElidedLabel& address = label("addressStatus");
+    for (const auto& [background, text, disabled] :
+         {std::array<QColor, 3>{QColor(0xef, 0xef, 0xef), Qt::black, QColor(0xbe, 0xbe, 0xbe)},
+          {QColor(0x20, 0x20, 0x20), Qt::white, QColor(0x60, 0x60, 0x60)}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Window, background);
+        palette.setColor(QPalette::WindowText, text);
+        palette.setColor(QPalette::Disabled, QPalette::WindowText, disabled);
+        bar.setPalette(palette);
+        const auto color = [&address] { return address.palette().color(address.foregroundRole()); };
+        EXPECT_GE(contrast(color(), background), LeastTextContrast);
+        EXPECT_LT(contrast(color(), background), contrast(text, background) / 2);
+        board.setText(StatusField::address, QStringLiteral("$C000"));
+        EXPECT_EQ(color(), text);
+        board.setText(StatusField::address, QStringLiteral("$C000"), StatusTone::past);
+    }
 }
 
 class MainWindowStatusBar : public WindowTest {
