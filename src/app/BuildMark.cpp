@@ -3,6 +3,7 @@
 
 #include "widgets/Contrast.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 
 namespace kestrel {
@@ -78,10 +79,20 @@ void draw(QPainter& painter, BuildMarkKind kind, const QColor& ink, const QColor
     }
 }
 
+/// The mark as assistive technology sees it.
+QAccessibleInterface* makeAccessible(const QString& className, QObject* object) {
+    if (className != QLatin1String(BuildMark::staticMetaObject.className())) {
+        return nullptr;
+    }
+    return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Graphic); // Qt owns it
+}
+
 } // namespace
 
 BuildMark::BuildMark(QWidget* parent)
     : QWidget(parent) {
+    // Before the first name is told; only the first of several times.
+    QAccessible::installFactory(makeAccessible);
     setObjectName(QStringLiteral("buildMark"));
     setAccessibleName(nameOf(m_kind));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -2,9 +2,9 @@
 #include "app/BuildStrip.h"
 
 #include "app/BuildMark.h"
+#include "widgets/Announcement.h"
 #include "widgets/WrappedLabel.h"
 
-#include <QAccessibleWidget>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
@@ -22,21 +22,6 @@ constexpr int LineGap = 2;
 /// the button is below.
 constexpr int LeastTextBesideButton = 40;
 
-/// The strip as assistive technology sees it: an alert, whose name is what it last said.
-QAccessibleInterface* makeAccessible(const QString& className, QObject* object) {
-    const auto isOf = [&className](const QMetaObject& metaObject) {
-        return className == QLatin1String(metaObject.className());
-    };
-    auto* widget = qobject_cast<QWidget*>(object);
-    if (isOf(BuildStrip::staticMetaObject)) {
-        return new QAccessibleWidget(widget, QAccessible::AlertMessage); // Qt owns it
-    }
-    if (isOf(BuildMark::staticMetaObject)) {
-        return new QAccessibleWidget(widget, QAccessible::Graphic);
-    }
-    return nullptr;
-}
-
 WrappedLabel* makeLabel(const char* objectName, QWidget* parent) {
     auto* label = new WrappedLabel(parent);
     label->setObjectName(QLatin1String(objectName));
@@ -48,13 +33,12 @@ WrappedLabel* makeLabel(const char* objectName, QWidget* parent) {
 
 BuildStrip::BuildStrip(QWidget* parent)
     : QWidget(parent)
+    , m_announcement(new Announcement(*this))
     , m_mark(new BuildMark(this))
     , m_text(makeLabel("buildText", this))
     , m_hint(makeLabel("buildHint", this))
     , m_notice(makeLabel("buildNotice", this))
     , m_saveAndBuild(new QPushButton(this)) {
-    // Before the first name is told; only the first of several times.
-    QAccessible::installFactory(makeAccessible);
     setObjectName(QStringLiteral("buildStrip"));
     setAccessibleName(tr("Result of the build"));
     m_saveAndBuild->setObjectName(QStringLiteral("saveAndBuildButton"));
@@ -99,11 +83,12 @@ void BuildStrip::showNews(const BuildNews& news) {
     setText(*m_hint, news.hint);
     setText(*m_notice, QString());
     offer(news.again);
-    setVisible(!news.text.isEmpty());
     const bool isSaid = news.text == before.text && news.mark == before.mark;
     if (!news.text.isEmpty() && (!isSaid || news.elapsed.isEmpty())) {
-        announce(news.hint.isEmpty() ? news.text : tr("%1. %2").arg(news.text, news.hint));
+        m_announcement->say(news.hint.isEmpty() ? news.text
+                                                : tr("%1. %2").arg(news.text, news.hint));
     }
+    setVisible(!news.text.isEmpty());
 }
 
 void BuildStrip::withdrawOffer() {
@@ -125,12 +110,10 @@ void BuildStrip::offer(BuildNews::Again again) {
 void BuildStrip::showNotice(const QString& notice) {
     if (m_text->isHidden()) {
         m_mark->setKind(BuildMarkKind::notice);
+        setAccessibleName(notice);
     }
     setText(*m_notice, notice);
     setVisible(!m_text->isHidden() || !notice.isEmpty());
-    if (!notice.isEmpty()) {
-        announce(notice);
-    }
 }
 
 /// The accessible name of a label stands in place of its text, so it is without the time.
@@ -140,27 +123,6 @@ void BuildStrip::setText(WrappedLabel& label, const QString& text) {
         label.setAccessibleName(text);
     }
     label.setVisible(!text.isEmpty());
-}
-
-/// Screen readers speak an alert when it is shown, so that is what they are told every time.
-void BuildStrip::announce(const QString& text) {
-    setAccessibleName(text);
-    m_isUnheard = !isVisible();
-    if (m_isUnheard) {
-        return;
-    }
-    for (const auto kind : {QAccessible::Alert, QAccessible::ObjectShow}) {
-        QAccessibleEvent event(this, kind);
-        QAccessible::updateAccessibility(&event);
-    }
-    Q_EMIT announced(text);
-}
-
-void BuildStrip::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    if (m_isUnheard) {
-        announce(accessibleName());
-    }
 }
 
 /// A line parts it from the console's text.

@@ -10,6 +10,7 @@ class QPushButton;
 
 namespace kestrel {
 
+class Announcement;
 class BuildMark;
 class WrappedLabel;
 
@@ -21,11 +22,12 @@ class BuildStrip : public QWidget {
 public:
     explicit BuildStrip(QWidget* parent = nullptr);
 
-    /// Shows this in place of what was said before, and no notice any more.
+    /// Shows this in place of what was said before, and no notice any more. Every result is
+    /// announced, also the same one again.
     void showNews(const BuildNews& news);
 
     /// Adds a notice below what is said about the build, in place of an earlier one. An empty one
-    /// takes it away.
+    /// takes it away. It is not announced: whoever has it says it in the main window, too.
     void showNotice(const QString& notice);
 
     /// No longer offers to save and to build again.
@@ -35,20 +37,16 @@ Q_SIGNALS:
     void saveAndBuildRequested();
     void saveAndRunRequested();
 
-    /// Assistive technology was told this.
-    void announced(const QString& text);
-
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
 private:
     void offer(BuildNews::Again again);
     void layOut();
     static void setText(WrappedLabel& label, const QString& text);
-    void announce(const QString& text);
 
+    Announcement* m_announcement;
     BuildNews m_news;
     QBoxLayout* m_layout = nullptr;
     BuildMark* m_mark;
@@ -56,7 +54,6 @@ private:
     WrappedLabel* m_hint;
     WrappedLabel* m_notice;
     QPushButton* m_saveAndBuild;
-    bool m_isUnheard = false; ///< to be announced as soon as the strip can be seen
 };
 
 } // namespace kestrel

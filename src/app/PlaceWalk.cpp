@@ -182,8 +182,8 @@ void PlaceWalk::tell(const QString& text) {
 /// Shows this while the caret stays in its line. Nothing takes back only what this showed.
 void PlaceWalk::showInStatusBar(const QString& text) {
     StatusBoard* const board = m_editor.commonController()->statusBoard();
-    if (!text.isEmpty() || board->text(StatusField::jump) == m_told) {
-        board->setText(StatusField::jump, text);
+    if (!text.isEmpty() || board->text(StatusField::notice) == m_told) {
+        board->setText(StatusField::notice, text);
     }
     m_told = text;
     m_toldBlock = caretBlock();

@@ -6,15 +6,19 @@
 
 #include <QStatusBar>
 
+#include <array>
 #include <vector>
 
 namespace kestrel {
 
+class Announcement;
 class BuildMark;
 class ElidedLabel;
 
 /// The status bar of the main window: the fields of a board that have a text, in one line. Where
-/// they do not all fit, the last one that has room is elided and those after it are hidden.
+/// they do not all fit, what stands on the left is elided, the urgent field last, and never hidden.
+/// Of what stands on the right, the last field that has room is elided and those after it are
+/// hidden.
 class StatusBar : public QStatusBar {
     Q_OBJECT
 
@@ -34,11 +38,16 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void showText(const StatusRow& row, const QString& text);
+    void showText(const StatusRow& row, const QString& text, StatusTone tone);
+    void dimPastTexts();
     void placeLabels();
+    int wantedWidth(const StatusRow& row) const;
+    int leastWidth(const StatusRow& row) const; ///< in which something can still be read
+    std::array<int, StatusFieldCount> widthsFor(int room) const;
 
     BuildMark* m_buildMark;
-    std::vector<ElidedLabel*> m_labels; ///< in the order of statusRows()
+    std::vector<ElidedLabel*> m_labels;         ///< in the order of statusRows()
+    std::vector<Announcement*> m_announcements; ///< in the same order; null where there is none
 };
 
 } // namespace kestrel

@@ -15,7 +15,7 @@ CommonEditorControllers::CommonEditorControllers(QWidget* parent)
     setAccessibleName(tr("Editor"));
     connect(this, &QStackedWidget::currentChanged, m_statusBoard, [this] {
         m_statusBoard->clear(StatusField::saving);
-        m_statusBoard->clear(StatusField::jump);
+        m_statusBoard->clear(StatusField::notice);
     });
 }
 

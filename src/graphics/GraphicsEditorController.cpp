@@ -67,6 +67,8 @@ GraphicsEditorController::GraphicsEditorController(QWidget* parent)
     colorSelector = &m_view->colorSelector();
     saveButton = &m_view->saveButton();
     m_view->addDraftLine(*m_unsavedWork);
+    connect(m_view, &GraphicsEditorView::cursorDescribed, this,
+            [this](const QString& text) { setStatus(StatusField::tile, text); });
     viewDidLoad();
 }
 
@@ -97,6 +99,7 @@ void GraphicsEditorController::viewDidLoad() {
 
 GraphicsEditorController::~GraphicsEditorController() {
     m_unsavedWork->leave();
+    m_view->disconnect(this); // it is still to be hidden
     if (tileViewer && tileViewer->delegate() == this) {
         tileViewer->setDelegate(nullptr);
     }
@@ -163,6 +166,7 @@ void GraphicsEditorController::showTiles() {
         pixelEditor->setTileData(tileData());
         pixelEditor->redraw();
     }
+    m_view->describeCursor();
 }
 
 bool GraphicsEditorController::readTiles() {
@@ -239,6 +243,7 @@ void GraphicsEditorController::pixelDataChanged(const std::vector<int>& tileNumb
     if (tileViewer) {
         tileViewer->updateTiles(tileNumbers);
     }
+    m_view->describeCursor();
 }
 
 void GraphicsEditorController::selected(const std::vector<std::vector<int>>& tileNumbers) {

@@ -5,11 +5,11 @@
 #include "chrcanvas/views/ColorSelector.h"
 #include "chrcanvas/views/TileCollection.h"
 #include "graphics/GraphicsActions.h"
+#include "widgets/Announcement.h"
 #include "widgets/DraftLine.h"
 #include "widgets/ElidedLabel.h"
 #include "widgets/ThinFrame.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -20,6 +20,7 @@
 #include <QVBoxLayout>
 
 #include <cstddef>
+#include <optional>
 
 namespace kestrel {
 
@@ -50,6 +51,7 @@ GraphicsEditorView::GraphicsEditorView(QWidget* parent)
     , m_fileName(new ElidedLabel(this))
     , m_tileInfo(new ElidedLabel(this))
     , m_message(new QLabel(this))
+    , m_announcement(new Announcement(*m_message))
     , m_actions(new GraphicsActions(*m_pixelEditor, *m_tileViewer, this)) {
     nameViews();
     QToolBar* toolBar = makeToolBar();
@@ -58,6 +60,7 @@ GraphicsEditorView::GraphicsEditorView(QWidget* parent)
     setMessage({});
     connect(m_tileViewer, &TileCollection::tileHovered, this, &GraphicsEditorView::describeTile);
     connect(m_tileViewer, &TileCollection::tilesSelected, this, [this] { describeTile(-1); });
+    connect(m_tileViewer, &TileCollection::focusChanged, this, &GraphicsEditorView::describeCursor);
     connect(m_pixelEditor, &ChrCanvas::cursorMoved, this, &GraphicsEditorView::describePixel);
     connect(m_pixelEditor, &ChrCanvas::colorPicked, this, &GraphicsEditorView::showColor);
 }
@@ -171,27 +174,31 @@ void GraphicsEditorView::setFileName(const QString& name) {
 
 void GraphicsEditorView::setMessage(const QString& message) {
     m_message->setText(message);
-    m_message->setVisible(!message.isEmpty());
     if (!message.isEmpty()) {
-        QAccessibleEvent event(m_message, QAccessible::Alert);
-        QAccessible::updateAccessibility(&event);
+        m_announcement->say(message);
     }
+    m_message->setVisible(!message.isEmpty());
+}
+
+/// The text for a tile; empty for none.
+QString GraphicsEditorView::tileText(int number) const {
+    if (number < 0) {
+        return {};
+    }
+    const auto tile = static_cast<std::size_t>(number);
+    return tr("Tile %1 (%2), offset %3")
+        .arg(number)
+        .arg(hex(tile, 2), hex(tile * TileData::BytesPerTile, 4));
+}
+
+int GraphicsEditorView::selectedTile() const {
+    const auto selected = m_tileViewer->document().selectedRows();
+    return selected.empty() ? TileSelection::None : selected.front().front();
 }
 
 void GraphicsEditorView::describeTile(int number) {
-    int shown = number;
-    const auto selected = m_tileViewer->document().selectedRows();
-    if (shown < 0 && !selected.empty()) {
-        shown = selected.front().front();
-    }
-    if (shown < 0) {
-        m_tileInfo->clear();
-        return;
-    }
-    const auto tile = static_cast<std::size_t>(shown);
-    m_tileInfo->setText(tr("Tile %1 (%2), offset %3")
-                            .arg(shown)
-                            .arg(hex(tile, 2), hex(tile * TileData::BytesPerTile, 4)));
+    m_tileInfo->setText(tileText(number < 0 ? selectedTile() : number));
+    describeCursor();
 }
 
 void GraphicsEditorView::describePixel() {
@@ -204,6 +211,41 @@ void GraphicsEditorView::describePixel() {
                                 .arg(pixel.x() % TileSide)
                                 .arg(pixel.y() % TileSide));
     }
+}
+
+void GraphicsEditorView::describeCursor() {
+    Q_EMIT cursorDescribed(isVisible() ? cursorText() : QString());
+}
+
+/// What is under the pointer, or else under the keyboard's cursor, if it is in one of the views.
+QString GraphicsEditorView::cursorText() const {
+    if (m_tileViewer->hoveredTile() >= 0) {
+        return tileText(m_tileViewer->hoveredTile());
+    }
+    if (!m_pixelEditor->isCursorShown()) {
+        return m_tileViewer->hasFocus() ? tileText(selectedTile()) : QString();
+    }
+    const QPoint pixel = m_pixelEditor->cursorPixel();
+    const TileDocument& document = m_pixelEditor->document();
+    const int tile = document.tileAt(pixel.x(), pixel.y());
+    const std::optional<int> value = document.valueAt(pixel.x(), pixel.y());
+    return value ? tr("Tile %1 (%2), pixel %3, %4: colour %5")
+                       .arg(tile)
+                       .arg(hex(static_cast<std::size_t>(tile), 2))
+                       .arg(pixel.x() % TileSide)
+                       .arg(pixel.y() % TileSide)
+                       .arg(*value)
+                 : QString();
+}
+
+void GraphicsEditorView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    describeCursor();
+}
+
+void GraphicsEditorView::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    describeCursor();
 }
 
 } // namespace kestrel

@@ -10,6 +10,7 @@ class QToolBar;
 
 namespace kestrel {
 
+class Announcement;
 class ChrCanvas;
 class ColorSelector;
 class ElidedLabel;
@@ -38,7 +39,16 @@ public:
     /// A sentence for the user below the views; an empty one takes it away.
     void setMessage(const QString& message);
 
+    /// Tells again what is under the pointer or the keyboard's cursor.
+    void describeCursor();
+
+Q_SIGNALS:
+    /// The tile and the pixel under the pointer or the keyboard's cursor; empty for none.
+    void cursorDescribed(const QString& text);
+
 protected:
+    void hideEvent(QHideEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     /// The keys 0 to 3 choose the colour wherever in the pane the focus is.
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -51,6 +61,9 @@ private:
     void showColor(int box);
     void describeTile(int number);
     void describePixel();
+    int selectedTile() const;
+    QString tileText(int number) const;
+    QString cursorText() const;
 
     TileCollection* m_tileViewer;
     ChrCanvas* m_pixelEditor;
@@ -59,6 +72,7 @@ private:
     ElidedLabel* m_fileName;
     ElidedLabel* m_tileInfo;
     QLabel* m_message;
+    Announcement* m_announcement;
     GraphicsActions* m_actions;
 };
 

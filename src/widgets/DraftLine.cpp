@@ -2,8 +2,8 @@
 #include "widgets/DraftLine.h"
 
 #include "drafts/UnsavedWork.h"
+#include "widgets/Announcement.h"
 
-#include <QAccessible>
 #include <QDateTime>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -31,6 +31,7 @@ QString timeText(std::int64_t milliseconds) {
 
 DraftLine::DraftLine(UnsavedWork& work, QWidget& content, QWidget* parent)
     : QWidget(parent)
+    , m_announcement(new Announcement(*this))
     , m_work(work)
     , m_content(&content)
     , m_text(new QLabel(this))
@@ -38,7 +39,6 @@ DraftLine::DraftLine(UnsavedWork& work, QWidget& content, QWidget* parent)
                              tr("Put the unsaved changes in place of what the file holds")))
     , m_drop(makeButton("dropDraftButton", tr("Drop"), tr("Forget the unsaved changes"))) {
     setObjectName(QStringLiteral("draftLine"));
-    setAccessibleName(tr("Unsaved changes"));
     m_text->setObjectName(QStringLiteral("draftText"));
     m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
@@ -90,9 +90,8 @@ void DraftLine::showOffer() {
         offer->fileChanged
             ? tr("Unsaved changes of %1 are kept. The file has changed since then.").arg(time)
             : tr("Unsaved changes of %1 are kept").arg(time));
+    m_announcement->say(m_text->text());
     show();
-    QAccessibleEvent event(m_text, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
 }
 
 void DraftLine::act(void (UnsavedWork::*operation)()) {

@@ -9,6 +9,7 @@ class QPushButton;
 
 namespace kestrel {
 
+class Announcement;
 class UnsavedWork;
 
 /// The line in a pane's header that offers what was kept of unsaved work. It shows itself while
@@ -30,6 +31,7 @@ private:
     void showOffer();
     void act(void (UnsavedWork::*operation)());
 
+    Announcement* m_announcement;
     UnsavedWork& m_work;
     QPointer<QWidget> m_content;
     QLabel* m_text;

@@ -11,17 +11,19 @@ namespace {
 
 constexpr std::array Rows = {
     StatusRow{StatusField::build, StatusSide::left, "buildStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Result of the build")},
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Result of the build"), false, false},
     StatusRow{StatusField::saving, StatusSide::left, "savingStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Saving")},
-    StatusRow{StatusField::jump, StatusSide::left, "jumpStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Place gone to")},
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Saving"), true, true},
+    StatusRow{StatusField::notice, StatusSide::left, "noticeStatus",
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Notice"), true, false},
     StatusRow{StatusField::place, StatusSide::right, "placeStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Place in the text")},
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Place in the text"), false, false},
     StatusRow{StatusField::encoding, StatusSide::right, "encodingStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Encoding and line ends")},
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Encoding and line ends"), false, false},
+    StatusRow{StatusField::tile, StatusSide::right, "tileStatus",
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Tile"), false, false},
     StatusRow{StatusField::address, StatusSide::right, "addressStatus",
-              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Address, bytes and cycles")},
+              QT_TRANSLATE_NOOP("kestrel::StatusBoard", "Address, bytes and cycles"), false, false},
 };
 
 constexpr bool areInOrder() {
@@ -39,10 +41,14 @@ std::span<const StatusRow, StatusFieldCount> statusRows() {
     return Rows;
 }
 
-void StatusBoard::setText(StatusField field, const QString& text) {
+void StatusBoard::setText(StatusField field, const QString& text, StatusTone tone) {
     QString& present = m_texts.at(static_cast<std::size_t>(field));
-    if (present != text) {
+    const bool isSaidAgain =
+        Rows.at(static_cast<std::size_t>(field)).isAnnounced && !text.isEmpty();
+    StatusTone& presentTone = m_tones.at(static_cast<std::size_t>(field));
+    if (present != text || presentTone != tone || isSaidAgain) {
         present = text;
+        presentTone = tone;
         Q_EMIT changed(field);
     }
 }
@@ -53,6 +59,10 @@ void StatusBoard::clear(StatusField field) {
 
 const QString& StatusBoard::text(StatusField field) const {
     return m_texts.at(static_cast<std::size_t>(field));
+}
+
+StatusTone StatusBoard::tone(StatusField field) const {
+    return m_tones.at(static_cast<std::size_t>(field));
 }
 
 } // namespace kestrel

@@ -4,6 +4,7 @@
 #include "app/BuildMark.h"
 #include "app/ConsoleOutput.h"
 #include "app/ConsoleWindow.h"
+#include "support/Announced.h"
 #include "widgets/Contrast.h"
 #include "widgets/WrappedLabel.h"
 
@@ -23,8 +24,6 @@ namespace {
 class BuildStripTest : public ::testing::Test {
 protected:
     BuildStripTest() {
-        QObject::connect(&strip(), &BuildStrip::announced, &m_window,
-                         [this](const QString& text) { m_alerts.push_back(text); });
         m_window.comeToFront();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&m_window));
     }
@@ -41,7 +40,7 @@ protected:
     }
 
     ConsoleWindow m_window;
-    std::vector<QString> m_alerts; ///< what assistive technology is told
+    test::Announced m_announced{m_window};
 };
 
 TEST_F(BuildStripTest, IsHiddenUntilThereIsSomethingToSay) {
@@ -103,7 +102,6 @@ TEST_F(BuildStripTest, ANoticeStandsBelowTheResultAndGoesWithTheNextOne) {
     EXPECT_EQ(label("buildText").text(), QStringLiteral("Game.nes built"));
     EXPECT_EQ(mark().kind(), BuildMarkKind::made);
     EXPECT_TRUE(label("buildNotice").isVisible());
-    EXPECT_EQ(m_alerts.back(), QStringLiteral("“a.asm” is in no project"));
     strip().showNews(made());
     EXPECT_FALSE(label("buildNotice").isVisible());
 }
@@ -123,20 +121,19 @@ TEST_F(BuildStripTest, EveryResultIsAnnouncedAndTheTimeThatRunsIsNot) {
         strip().showNews(news);
     }
     EXPECT_EQ(label("buildText").text(), QStringLiteral("Building Game... 0.5 s"));
-    EXPECT_EQ(m_alerts, std::vector{QStringLiteral("Building Game...")});
+    EXPECT_EQ(m_announced.take(), std::vector{QStringLiteral("Building Game...")});
     strip().showNews({BuildMarkKind::failed, QStringLiteral("No"), {}, QStringLiteral("Why"), {}});
-    EXPECT_EQ(m_alerts.size(), 2);
-    EXPECT_EQ(m_alerts.back(), QStringLiteral("No. Why"));
+    EXPECT_EQ(m_announced.take(), std::vector{QStringLiteral("No. Why")});
     strip().showNews(made());
     strip().showNews(made());
-    EXPECT_EQ(m_alerts.size(), 4) << "the same result again is another result";
+    EXPECT_EQ(m_announced.take().size(), 2) << "the same result again is another result";
 }
 
-TEST_F(BuildStripTest, IsAnAlertToAssistiveTechnology) {
+TEST_F(BuildStripTest, IsANotificationToAssistiveTechnology) {
     strip().showNews(made());
     const QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&strip());
     ASSERT_NE(accessible, nullptr);
-    EXPECT_EQ(accessible->role(), QAccessible::AlertMessage);
+    EXPECT_EQ(accessible->role(), QAccessible::Notification);
     EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Game.nes built"));
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&mark())->text(QAccessible::Name),
               QStringLiteral("Made"));
@@ -145,9 +142,9 @@ TEST_F(BuildStripTest, IsAnAlertToAssistiveTechnology) {
 TEST_F(BuildStripTest, WhatComesWhileTheConsoleIsHiddenIsAnnouncedWhenItIsShown) {
     m_window.hide();
     strip().showNews(made());
-    EXPECT_TRUE(m_alerts.empty());
+    EXPECT_TRUE(m_announced.take().empty());
     m_window.comeToFront();
-    EXPECT_EQ(m_alerts, std::vector{QStringLiteral("Game.nes built")});
+    EXPECT_EQ(m_announced.take(), std::vector{QStringLiteral("Game.nes built")});
 }
 
 TEST_F(BuildStripTest, LosesNothingInTheNarrowestWindow) {

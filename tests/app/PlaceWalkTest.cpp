@@ -65,7 +65,7 @@ protected:
 
     /// What the status bar tells of the last step.
     QString told() const {
-        return editor().commonController()->statusBoard()->text(StatusField::jump);
+        return editor().commonController()->statusBoard()->text(StatusField::notice);
     }
 
     void insert(int line, const char* typed) const {

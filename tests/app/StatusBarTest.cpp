@@ -4,6 +4,8 @@
 #include "app/BuildMark.h"
 #include "app/WindowFixture.h"
 #include "editors/CommonEditorControllers.h"
+#include "support/Announced.h"
+#include "widgets/Contrast.h"
 #include "widgets/ElidedLabel.h"
 
 namespace kestrel {
@@ -85,6 +87,55 @@ TEST_F(StatusBarOnItsOwn, TheResultOfTheBuildComesFirstWithAMark) {
     board.clear(StatusField::build);
     EXPECT_FALSE(mark->isVisible());
     EXPECT_EQ(label("savingStatus").x(), 8);
+}
+
+TEST_F(StatusBarOnItsOwn, AnnouncesWhatHappensEachTimeAndNothingElse) {
+    Announced announced(bar);
+    for (const StatusRow& row : statusRows()) {
+        board.setText(row.field, QStringLiteral("told"));
+    }
+    EXPECT_EQ(announced.take(),
+              (std::vector{QStringLiteral("Saving: told"), QStringLiteral("Notice: told")}));
+    board.setText(StatusField::saving, QStringLiteral("told"));
+    EXPECT_EQ(announced.take(), std::vector{QStringLiteral("Saving: told")});
+    board.clear(StatusField::saving);
+    bar.resize(600, bar.height());
+    EXPECT_TRUE(announced.take().empty());
+}
+
+TEST_F(StatusBarOnItsOwn, ASaveThatFailedIsWholeBesideALongResultOfTheBuild) {
+    const QString failed = QStringLiteral("main.asm could not be saved: File too large");
+    board.setText(StatusField::place, QStringLiteral("Line 1, Column 1"));
+    board.setText(StatusField::notice, QStringLiteral("There is no problem to go to"));
+    board.setText(StatusField::saving, failed);
+    board.setText(StatusField::build, QStringLiteral("another sentence ").repeated(20));
+    EXPECT_EQ(label("savingStatus").visibleText(), failed);
+    for (const char* name : {"buildStatus", "savingStatus", "noticeStatus"}) {
+        EXPECT_TRUE(label(name).isVisible()) << name;
+        EXPECT_GE(label(name).width(), label(name).minimumSizeHint().width()) << name;
+        EXPECT_LE(label(name).geometry().right(), 471) << name;
+    }
+    EXPECT_FALSE(label("placeStatus").isVisible());
+}
+
+TEST_F(StatusBarOnItsOwn, WhatIsPastIsDimAndCanBeReadOnLightAndDark) {
+    board.setText(StatusField::address, QStringLiteral("$C000"), StatusTone::past);
+    const ElidedLabel& address = label("addressStatus");
+    for (const auto& [background, text, disabled] :
+         {std::array<QColor, 3>{QColor(0xef, 0xef, 0xef), Qt::black, QColor(0xbe, 0xbe, 0xbe)},
+          {QColor(0x20, 0x20, 0x20), Qt::white, QColor(0x60, 0x60, 0x60)}}) {
+        QPalette palette;
+        palette.setColor(QPalette::Window, background);
+        palette.setColor(QPalette::WindowText, text);
+        palette.setColor(QPalette::Disabled, QPalette::WindowText, disabled);
+        bar.setPalette(palette);
+        const auto color = [&address] { return address.palette().color(address.foregroundRole()); };
+        EXPECT_GE(contrast(color(), background), LeastTextContrast);
+        EXPECT_LT(contrast(color(), background), contrast(text, background) / 2);
+        board.setText(StatusField::address, QStringLiteral("$C000"));
+        EXPECT_EQ(color(), text);
+        board.setText(StatusField::address, QStringLiteral("$C000"), StatusTone::past);
+    }
 }
 
 class MainWindowStatusBar : public WindowTest {

@@ -5,6 +5,7 @@
 #include "chrcanvas/views/TileCollection.h"
 #include "graphics/GraphicsEditorController.h"
 #include "model/ProjectNavigationSettingItem.h"
+#include "support/Announced.h"
 #include "support/TemporaryFolder.h"
 #include "widgets/ThinFrame.h"
 
@@ -33,6 +34,7 @@ protected:
         for (char& byte : m_bytes) {
             byte = static_cast<char>(random());
         }
+        m_pane.setStatusBoard(&m_board);
         load("a.chr", m_bytes);
         m_pane.resize(900, 600);
         m_pane.show();
@@ -73,6 +75,14 @@ protected:
 
     TemporaryFolder m_folder;
     std::string m_bytes;
+    QString pointedAt() const { return m_board.text(StatusField::tile); }
+
+    void leave(QWidget* viewport) {
+        QEvent event(QEvent::Leave);
+        QCoreApplication::sendEvent(viewport, &event);
+    }
+
+    StatusBoard m_board;
     GraphicsEditorController m_pane;
 };
 
@@ -204,6 +214,7 @@ TEST_F(GraphicsPaneUse, CuttingCopiesAndClearsInOneStep) {
 }
 
 TEST_F(GraphicsPaneUse, PastesImagesAndRefusesThoseOfOddSizesWithASentence) {
+    Announced announced(m_pane);
     m_pane.tileViewer->selectTile(40);
     QImage image(12, 8, QImage::Format_RGB32);
     image.fill(Qt::black);
@@ -211,6 +222,7 @@ TEST_F(GraphicsPaneUse, PastesImagesAndRefusesThoseOfOddSizesWithASentence) {
     m_pane.perform(EditCommand::paste);
     EXPECT_EQ(bytes(), m_bytes);
     EXPECT_TRUE(message().contains(QStringLiteral("12"))) << message().toStdString();
+    EXPECT_EQ(announced.take(), std::vector{message()});
     image = QImage(16, 8, QImage::Format_RGB32);
     image.fill(Qt::black);
     QGuiApplication::clipboard()->setImage(image);
@@ -315,6 +327,43 @@ TEST_F(GraphicsPaneUse, TellsTileAndOffsetUnderThePointer) {
     QTest::mouseMove(m_pane.tileViewer->viewport(), m_pane.tileViewer->tileRect(37).center());
     const auto* info = m_pane.findChild<QLabel*>(QStringLiteral("tileInfo"));
     EXPECT_EQ(info->text(), QStringLiteral("Tile 37 ($25), offset $0250"));
+}
+
+TEST_F(GraphicsPaneUse, TheStatusBarTellsTileAndPixelUnderThePointer) {
+    m_pane.tileViewer->selectTile(37);
+    m_pane.colorSelector->setFocus();
+    QWidget* tiles = m_pane.tileViewer->viewport();
+    QTest::mouseMove(tiles, m_pane.tileViewer->tileRect(300).center());
+    EXPECT_EQ(pointedAt(), QStringLiteral("Tile 300 ($12C), offset $12C0"));
+    leave(tiles);
+    EXPECT_EQ(pointedAt(), QString());
+    QWidget* pixels = m_pane.pixelEditor->viewport();
+    m_pane.tileData()->setPixel(37, 3, 5, 2);
+    QTest::mouseMove(pixels, m_pane.pixelEditor->pixelRect(QPoint(3, 5)).center());
+    EXPECT_EQ(pointedAt(), QStringLiteral("Tile 37 ($25), pixel 3, 5: colour 2"));
+    QTest::keyClick(m_pane.pixelEditor, Qt::Key_1);
+    paint(3, 5);
+    EXPECT_EQ(pointedAt(), QStringLiteral("Tile 37 ($25), pixel 3, 5: colour 1"));
+    m_pane.hide();
+    EXPECT_EQ(pointedAt(), QString());
+    m_pane.show();
+    m_pane.colorSelector->setFocus();
+    EXPECT_EQ(pointedAt(), QString()) << "nobody has seen the pointer come back";
+}
+
+TEST_F(GraphicsPaneUse, TheStatusBarTellsWhatTheKeyboardIsAt) {
+    m_pane.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&m_pane));
+    m_pane.tileViewer->setFocus();
+    m_pane.tileViewer->selectTile(36);
+    QTest::keyClick(m_pane.tileViewer, Qt::Key_Right);
+    EXPECT_EQ(pointedAt(), QStringLiteral("Tile 37 ($25), offset $0250"));
+    m_pane.tileData()->setPixel(37, 1, 0, 3);
+    m_pane.pixelEditor->setFocus();
+    QTest::keyClick(m_pane.pixelEditor, Qt::Key_Right);
+    EXPECT_EQ(pointedAt(), QStringLiteral("Tile 37 ($25), pixel 1, 0: colour 3"));
+    m_pane.colorSelector->setFocus();
+    EXPECT_EQ(pointedAt(), QString());
 }
 
 TEST_F(GraphicsPaneUse, TheNameOfTheFileIsShownAsItIs) {

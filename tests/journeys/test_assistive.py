@@ -1,9 +1,14 @@
 # SPDX-License-Identifier: MIT
 """Journeys of somebody who works with assistive technology: what it is told of the navigation tree."""
+import re
+import signal
+
 from gi.repository import Atspi, GLib
 
-from desktop import wait_for
+from desktop import wait_for, wait_for_files
 from support import JourneyTestCase
+
+SHOWING = "object:state-changed:showing"
 
 
 class AssistiveTest(JourneyTestCase):
@@ -75,3 +80,66 @@ class AssistiveTest(JourneyTestCase):
         registry.unlink()
         kestrel.start()
         self.assertIn("No projects yet", self.description())
+
+
+class AnnouncementsTest(JourneyTestCase):
+    """What a screen reader speaks while it happens: a notification that is shown, or shown again."""
+
+    def setUp(self):
+        super().setUp()
+        self.heard = []
+        self.listener = Atspi.EventListener.new(self.hear)
+        self.assertTrue(self.listener.register(SHOWING))
+        self.addCleanup(self.listener.deregister, SHOWING)
+        project = self.lay_out_project("Demo", ["main.asm"])
+        self.kestrel.start(project)
+        self.kestrel.expand("Demo")
+
+    def hear(self, event, *_):
+        if event.source.get_role_name() == "notification" and event.detail1 == 1:
+            self.heard.append(event.source.get_name())
+
+    def wait_to_hear(self, pattern):
+        """Until this was heard since the last such wait, and once only."""
+        def have_heard():
+            self.kestrel.row("Demo")  # asks the program, so that this does not spin
+            while GLib.MainContext.default().iteration(False):
+                pass
+            return any(re.fullmatch(pattern, text) for text in self.heard)
+
+        wait_for(f"“{pattern}” to be announced", have_heard)
+        self.kestrel.wait_for_rest()
+        have_heard()
+        self.assertEqual(len(self.heard), 1, self.heard)
+        self.heard.clear()
+
+    def test_unsaved_work_that_was_kept_is_announced(self):
+        self.kestrel.select("main.asm")
+        self.kestrel.type_code("; lost?")
+        drafts = self.home / ".local/state/kestrel/drafts"
+        wait_for_files("the draft", lambda: any(b"; lost?" in draft.read_bytes() for draft in drafts.glob("*.draft")))
+        self.kestrel.process.send_signal(signal.SIGKILL)
+        self.kestrel.process.wait(timeout=90)
+        self.kestrel.start()
+        self.kestrel.expand("Demo")
+        self.kestrel.select("main.asm")
+        self.wait_to_hear(r"Unsaved changes of \d\d:\d\d are kept")
+
+    def test_every_save_that_fails_is_announced(self):
+        self.kestrel.select("main.asm")
+        self.kestrel.type_code("; not saved")
+        path = self.project_folder("Demo") / "main.asm"
+        path.unlink()
+        path.mkdir()  # nothing can be written there, not even by an administrator
+        for _ in range(2):
+            self.desktop.press("ctrl+s")
+            self.wait_to_hear(r"Saving: main\.asm (was not|could not be) saved.*")
+        path.rmdir()
+        self.desktop.press("ctrl+s")
+        self.wait_for_file(path, b"; not saved")
+
+    def test_what_a_search_came_to_is_announced(self):
+        self.kestrel.select("main.asm")
+        self.kestrel.type_code("nop")
+        self.desktop.press("F12")
+        self.wait_to_hear("Notice: No definition of “nop” was found")

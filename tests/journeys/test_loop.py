@@ -46,7 +46,7 @@ class LoopTest(JourneyTestCase):
 
     def strip(self):
         window = self.kestrel.window("Console")
-        return window.find("alert") if window else None
+        return window.find("notification") if window else None
 
     def label(self, number):
         """The text of one of the strip's lines."""
@@ -189,7 +189,7 @@ class LoopTest(JourneyTestCase):
         heard = []
 
         def hear(event, *_):
-            if event.source.get_role_name() == "alert" and event.detail1 == 1:
+            if event.source.get_role_name() == "notification" and event.detail1 == 1:
                 heard.append(event.source.get_name())
 
         listener = Atspi.EventListener.new(hear)

@@ -2,6 +2,7 @@
 #include "widgets/DraftLine.h"
 
 #include "drafts/UnsavedWork.h"
+#include "support/Announced.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -69,6 +70,15 @@ protected:
     DraftLine m_line{m_work, *m_content, &m_pane};
     QVBoxLayout* m_layout = nullptr;
 };
+
+TEST_F(DraftLineTest, TheOfferIsAnnounced) {
+    test::Announced announced(m_pane);
+    const QDateTime time = QDateTime::currentDateTime();
+    keepDraft(time);
+    showFile();
+    EXPECT_EQ(announced.take(), std::vector{text()});
+    EXPECT_TRUE(text().startsWith(QStringLiteral("Unsaved changes of")));
+}
 
 TEST_F(DraftLineTest, TakesNoRoomWithoutAnOffer) {
     EXPECT_TRUE(m_line.isHidden());

@@ -79,6 +79,8 @@ public:
 
     /// The pixel of the keyboard's cursor, which the pointer moves, too.
     const QPoint& cursorPixel() const { return m_cursor; }
+    /// Whether the cursor is drawn: the pointer is over the view, or it has the focus.
+    bool isCursorShown() const { return m_pointerInside || hasFocus(); }
 
     void tilesChanged(const std::vector<int>& tileNumbers,
                       const std::optional<GridRect>& area) override;

@@ -84,6 +84,7 @@ void ChrCanvas::mouseReleaseEvent(QMouseEvent* event) {
 void ChrCanvas::hideEvent(QHideEvent* event) {
     m_document->endStroke();
     m_picking = false;
+    setPointerInside(false);
     QAbstractScrollArea::hideEvent(event);
 }
 
@@ -212,11 +213,13 @@ void ChrCanvas::focusInEvent(QFocusEvent* event) {
     moveCursor(QPoint(std::clamp(m_cursor.x(), 0, std::max(0, size.width() - 1)),
                       std::clamp(m_cursor.y(), 0, std::max(0, size.height() - 1))));
     repaintPixels(QRect(m_cursor, QSize(1, 1)));
+    Q_EMIT cursorMoved();
 }
 
 void ChrCanvas::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
     repaintPixels(QRect(m_cursor, QSize(1, 1)));
+    Q_EMIT cursorMoved();
 }
 
 } // namespace kestrel

@@ -76,8 +76,7 @@ void ChrCanvas::drawGrids(QPainter& painter, const QRect& screen) const {
 }
 
 void ChrCanvas::drawCursor(QPainter& painter) const {
-    if ((!m_pointerInside && !hasFocus()) ||
-        m_document->tileAt(m_cursor.x(), m_cursor.y()) == TileShape::NoTile) {
+    if (!isCursorShown() || m_document->tileAt(m_cursor.x(), m_cursor.y()) == TileShape::NoTile) {
         return;
     }
     const int width = thinLine(*viewport());

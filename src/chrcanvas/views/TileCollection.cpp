@@ -304,6 +304,7 @@ void TileCollection::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void TileCollection::hideEvent(QHideEvent* event) {
     m_dragging = false; // the release may never come
+    setHovered(TileSelection::None);
     QAbstractScrollArea::hideEvent(event);
 }
 
@@ -400,11 +401,13 @@ void TileCollection::keyPressEvent(QKeyEvent* event) {
 void TileCollection::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
     repaintCells(rectOf(m_document->selection().cells()));
+    Q_EMIT focusChanged();
 }
 
 void TileCollection::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
     repaintCells(rectOf(m_document->selection().cells()));
+    Q_EMIT focusChanged();
 }
 
 void TileCollection::setHovered(int number) {

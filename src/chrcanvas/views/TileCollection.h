@@ -70,6 +70,9 @@ public:
     /// The width of a tile's pixel in device pixels.
     int zoom() const { return m_zoom; }
 
+    /// The tile under the pointer; -1 for none.
+    int hoveredTile() const { return m_hovered; }
+
     void scrollToTile(int number);
 
     void tilesChanged(const std::vector<int>& tileNumbers,
@@ -85,6 +88,7 @@ Q_SIGNALS:
     /// The pointer is over another tile; -1 when it is over none.
     void tileHovered(int number);
     void tilesSelected();
+    void focusChanged();
 
 protected:
     bool viewportEvent(QEvent* event) override;

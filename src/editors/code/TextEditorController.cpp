@@ -176,6 +176,7 @@ void TextEditorController::showText(const std::filesystem::path& path, const QSt
         codeEditor->verticalScrollBar()->setValue(0);
         m_goToLineBar->hide(); // it shows the number of lines of the former file
     }
+    codeEditor->document()->setModified(false);
     codeEditor->reload();
 }
 
@@ -207,6 +208,9 @@ void TextEditorController::saveFile() {
         writeLog("Could not save file");
         logReason(m_path->string(), reason);
         return;
+    }
+    if (codeEditor) {
+        codeEditor->document()->setModified(false);
     }
     m_known.note(bytes);
     m_fingerprint = fingerprintOf(bytes);

@@ -40,21 +40,14 @@ AddressStatus::AddressStatus(EditorContainerController& editor, const ProgramKno
     , m_knowledge(knowledge)
     , m_pane(*editor.commonController()->textEditor)
     , m_board(editor.commonController()->statusBoard()) {
-    const auto fileIsAsOnDisk = [this] {
-        m_isEdited = false;
-        findFile();
-    };
     connect(&m_knowledge, &ProgramKnowledge::changed, this, &AddressStatus::findFile);
-    connect(&m_pane, &TextEditorController::fileShown, this, fileIsAsOnDisk);
-    connect(&m_pane, &TextEditorController::fileSaved, this, fileIsAsOnDisk);
+    connect(&m_pane, &TextEditorController::fileShown, this, &AddressStatus::findFile);
+    connect(&m_pane, &TextEditorController::fileSaved, this, &AddressStatus::findFile);
     const CodeEditorTextView* const view = m_pane.codeEditor;
     connect(view, &QPlainTextEdit::cursorPositionChanged, this, &AddressStatus::show);
     connect(view, &QPlainTextEdit::selectionChanged, this, &AddressStatus::show);
-    connect(view->document(), &QTextDocument::contentsChange, this,
-            [this](int /*position*/, int removed, int added) {
-                m_isEdited = m_isEdited || removed != 0 || added != 0;
-            });
     connect(view, &QPlainTextEdit::textChanged, this, &AddressStatus::show);
+    connect(view->document(), &QTextDocument::modificationChanged, this, &AddressStatus::show);
     m_pane.installEventFilter(this);
 }
 
@@ -83,9 +76,14 @@ void AddressStatus::show() const {
         return;
     }
     const QString known = text();
-    const bool isOld = m_isOther || m_isEdited;
-    m_board->setText(StatusField::address,
-                     isOld && !known.isEmpty() ? tr("Before changes: %1").arg(known) : known);
+    const bool isEdited = m_pane.codeEditor && m_pane.codeEditor->document()->isModified();
+    const bool isOld = m_isOther || isEdited;
+    if (isOld && !known.isEmpty()) {
+        m_board->setText(StatusField::address, tr("Before changes: %1").arg(known),
+                         StatusTone::past);
+    } else {
+        m_board->setText(StatusField::address, known);
+    }
 }
 
 QString AddressStatus::text() const {

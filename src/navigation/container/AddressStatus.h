@@ -39,7 +39,6 @@ private:
     ProgramKnowledge::Facts m_facts;   ///< that m_file is in
     const FileFacts* m_file = nullptr; ///< the pane's; null when nothing is known of it
     bool m_isOther = false;            ///< the file on the disk was another one at the build
-    bool m_isEdited = false;           ///< the text is not as it is on the disk
 };
 
 } // namespace kestrel

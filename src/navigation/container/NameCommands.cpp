@@ -193,15 +193,15 @@ void NameCommands::work(std::function<Places()> find, std::function<void(const P
 }
 
 void NameCommands::tell(const QString& text) {
-    m_editor.commonController()->statusBoard()->setText(StatusField::jump, text);
+    m_editor.commonController()->statusBoard()->setText(StatusField::notice, text);
     m_told = text;
 }
 
 /// Takes back what tell() told; others tell of their jumps there, too.
 void NameCommands::clearTold() {
     StatusBoard* const board = m_editor.commonController()->statusBoard();
-    if (board->text(StatusField::jump) == std::exchange(m_told, QString())) {
-        board->clear(StatusField::jump);
+    if (board->text(StatusField::notice) == std::exchange(m_told, QString())) {
+        board->clear(StatusField::notice);
     }
 }
 
