@@ -124,6 +124,20 @@ FoundName findName(const std::vector<std::filesystem::path>& files, std::string_
     return found;
 }
 
+std::string lastScope(const std::filesystem::path& path, std::uint32_t firstLines) {
+    const std::optional<std::string> text = textOf(path);
+    std::string_view scope;
+    std::uint32_t number = 0;
+    forEachLine(text ? std::string_view(*text) : std::string_view(), [&](std::string_view line) {
+        if (number++ < firstLines) {
+            if (const std::string_view label = scopeLabel(line); !label.empty()) {
+                scope = label;
+            }
+        }
+    });
+    return std::string(scope);
+}
+
 std::string_view scopeLabel(std::string_view line) {
     std::string_view scope;
     for (const DefinedName& name : definedNames(line)) {

@@ -40,4 +40,7 @@ FoundName findName(const std::vector<std::filesystem::path>& files, std::string_
 /// the line of a constant, a variable or a local label.
 std::string_view scopeLabel(std::string_view line);
 
+/// The label that local names behind the first lines of a file belong to; empty when there is none.
+std::string lastScope(const std::filesystem::path& path, std::uint32_t firstLines);
+
 } // namespace kestrel

@@ -86,6 +86,15 @@ TEST_F(NameSearchTest, ConstantsVariablesAndStatementsInTheFirstColumnOpenNoScop
     EXPECT_EQ(scopeLabel(" jsr one"), "");
 }
 
+TEST_F(NameSearchTest, TheLastScopeOfAFilesFirstLines) {
+    const auto a = folder.write("a.asm", "\none:\nA = 1\ntwo: nop");
+    EXPECT_EQ(lastScope(a, 1), "");
+    EXPECT_EQ(lastScope(a, 2), "one");
+    EXPECT_EQ(lastScope(a, 3), "one");
+    EXPECT_EQ(lastScope(a, 99), "two");
+    EXPECT_EQ(lastScope(folder.path() / "none.asm", 9), "");
+}
+
 TEST_F(NameSearchTest, DefinitionsAreWhatALineBeginsWithOrAMacrosName) {
     EXPECT_EQ(definitions("x: jmp x\n  x: jmp x\n x = 1\nx .rs 1\n .macro x\n x\n lda x", "x"),
               "a:1:1 a:2:3 a:3:2 a:4:1 a:5:9");
