@@ -38,13 +38,15 @@ void UsesWindow::showUsesOf(const QString& name) {
     comeToFront();
 }
 
-/// What else the window's list of places is filled with leaves the uses here.
+/// What else the list of places is filled with leaves the uses here.
 void UsesWindow::fill() {
     if (m_places.content() != PlaceList::Content::uses) {
         return;
     }
     m_rows->clear();
-    for (const Place& place : m_places.places()) {
+    m_uses = m_places.places();
+    m_project = m_places.project();
+    for (const Place& place : m_uses) {
         m_rows->addItem(
             QStringLiteral("%1:%2: %3").arg(place.file).arg(place.line).arg(place.text));
     }
@@ -56,13 +58,17 @@ void UsesWindow::showCurrent() {
     }
 }
 
+/// Problems may have taken the place of the uses in the list; then these are walked through again.
 void UsesWindow::goTo(int row) {
     const auto index = static_cast<std::size_t>(row);
-    if (m_places.content() == PlaceList::Content::uses && row >= 0 &&
-        index < m_places.places().size()) {
-        m_places.setCurrentIndex(index);
-        m_jump.goTo(m_places.project(), m_places.places()[index]);
+    if (row < 0 || index >= m_uses.size()) {
+        return;
     }
+    if (m_places.content() != PlaceList::Content::uses) {
+        m_places.fill(PlaceList::Content::uses, m_project.lock(), std::vector<Place>(m_uses));
+    }
+    m_places.setCurrentIndex(index);
+    m_jump.goTo(m_project.lock(), m_uses[index]);
 }
 
 } // namespace kestrel

@@ -2,6 +2,11 @@
 #pragma once
 
 #include "app/SecondaryWindow.h"
+#include "build/Place.h"
+#include "model/ProjectItem.h"
+
+#include <memory>
+#include <vector>
 
 class QListWidget;
 
@@ -29,6 +34,8 @@ private:
     PlaceList& m_places;
     PlaceJump& m_jump;
     QListWidget* m_rows;
+    std::vector<Place> m_uses;            ///< of the rows
+    std::weak_ptr<ProjectItem> m_project; ///< whose sources they are in
 };
 
 } // namespace kestrel
