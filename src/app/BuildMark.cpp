@@ -84,7 +84,8 @@ QAccessibleInterface* makeAccessible(const QString& className, QObject* object) 
     if (className != QLatin1String(BuildMark::staticMetaObject.className())) {
         return nullptr;
     }
-    return new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Graphic); // Qt owns it
+    return new QAccessibleWidget(qobject_cast<QWidget*>(object),
+                                 QAccessible::Graphic); // Qt owns it
 }
 
 } // namespace

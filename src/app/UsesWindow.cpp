@@ -39,7 +39,7 @@ void UsesWindow::showUsesOf(const QString& name) {
     comeToFront();
 }
 
-/// What else the window's list of places is filled with leaves the uses here.
+/// What else the list of places is filled with leaves the uses here.
 void UsesWindow::fill() {
     if (m_places.content() != PlaceList::Content::uses) {
         return;
@@ -62,16 +62,17 @@ void UsesWindow::showCurrent() {
     }
 }
 
+/// Problems may have taken the place of the uses in the list; then these are walked through again.
 void UsesWindow::goTo(int row) {
     const auto index = static_cast<std::size_t>(row);
     if (row < 0 || index >= m_uses.size()) {
         return;
     }
-    if (m_places.content() != PlaceList::Content::uses) { // the walk goes on from here
-        m_places.fill(PlaceList::Content::uses, m_project.lock(), m_uses);
+    if (m_places.content() != PlaceList::Content::uses) {
+        m_places.fill(PlaceList::Content::uses, m_project.lock(), std::vector<Place>(m_uses));
     }
     m_places.setCurrentIndex(index);
-    m_jump.goTo(m_places.project(), m_uses[index]);
+    m_jump.goTo(m_project.lock(), m_uses[index]);
 }
 
 void UsesWindow::hideEvent(QHideEvent* event) {

@@ -3,6 +3,7 @@
 
 #include "app/SecondaryWindow.h"
 #include "build/Place.h"
+#include "model/ProjectItem.h"
 
 #include <memory>
 #include <vector>
@@ -13,7 +14,6 @@ namespace kestrel {
 
 class PlaceJump;
 class PlaceList;
-class ProjectItem;
 
 /// The list of the places where a name is used, one a row; choosing one goes there.
 class UsesWindow : public SecondaryWindow {
@@ -39,9 +39,9 @@ private:
 
     PlaceList& m_places;
     PlaceJump& m_jump;
-    std::vector<Place> m_uses;
-    std::weak_ptr<ProjectItem> m_project;
     QListWidget* m_rows;
+    std::vector<Place> m_uses;            ///< of the rows
+    std::weak_ptr<ProjectItem> m_project; ///< whose sources they are in
 };
 
 } // namespace kestrel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "build/NameSearch.h"
 
+#include "build/DefinedNames.h"
 #include "build/SourcePieces.h"
 #include "model/FileReader.h"
 
@@ -39,10 +40,12 @@ public:
         BytePlace place{path, 0, 1};
         forEachLine(text, [&](std::string_view line) {
             ++place.line;
-            if (const std::string_view label = scopeLabel(line); !label.empty()) {
+            const bool isLocal = m_name.starts_with('.');
+            if (const auto label = isLocal ? scopeLabel(line) : std::string_view();
+                !label.empty()) {
                 scope = label;
             }
-            if (!m_name.starts_with('.') || scope == m_scope) {
+            if (!isLocal || scope == m_scope) {
                 searchLine(line, place);
             }
         });
@@ -50,22 +53,22 @@ public:
 
 private:
     void searchLine(std::string_view line, BytePlace place) {
-        std::string_view before;
+        std::optional<std::vector<DefinedName>> defined; // found for the few lines with the name
         forEachWord(line, [&](std::string_view word) {
-            if (word == m_name) {
-                const auto column = static_cast<std::uint32_t>(word.data() - line.data());
-                place.column = column + 1;
-                m_found.all.push_back(place);
-                if (column == 0 || isMacro(before)) {
-                    m_found.definitions.push_back(place);
-                }
+            if (word != m_name) {
+                return;
             }
-            before = word;
+            if (!defined) {
+                defined = definedNames(line);
+            }
+            place.column = static_cast<std::uint32_t>(word.data() - line.data()) + 1;
+            m_found.all.push_back(place);
+            if (std::ranges::find(*defined, word.data(), [](const DefinedName& name) {
+                    return name.text.data();
+                }) != defined->end()) {
+                m_found.definitions.push_back(place);
+            }
         });
-    }
-
-    static bool isMacro(std::string_view word) {
-        return word == ".macro" || word == ".MACRO" || word == "macro" || word == "MACRO";
     }
 
     std::string_view m_name;
@@ -121,25 +124,28 @@ FoundName findName(const std::vector<std::filesystem::path>& files, std::string_
     return found;
 }
 
-std::string_view scopeLabel(std::string_view line) {
-    std::string_view label;
-    std::string_view next;
-    forEachWord(line, [&](std::string_view word) {
-        if (label.empty()) {
-            label = word;
-        } else if (next.empty()) {
-            next = word;
+std::string lastScope(const std::filesystem::path& path, std::uint32_t firstLines) {
+    const std::optional<std::string> text = textOf(path);
+    std::string_view scope;
+    std::uint32_t number = 0;
+    forEachLine(text ? std::string_view(*text) : std::string_view(), [&](std::string_view line) {
+        if (number++ < firstLines) {
+            if (const std::string_view label = scopeLabel(line); !label.empty()) {
+                scope = label;
+            }
         }
     });
-    if (label.empty() || label.data() != line.data() || label.starts_with('.')) {
-        return {};
+    return std::string(scope);
+}
+
+std::string_view scopeLabel(std::string_view line) {
+    std::string_view scope;
+    for (const DefinedName& name : definedNames(line)) {
+        if (name.isLabel && !name.text.starts_with('.')) {
+            scope = name.text;
+        }
     }
-    const std::string_view rest = line.substr(label.size());
-    const std::size_t sign = rest.find_first_not_of(" \t");
-    const bool isAssigned = sign != std::string_view::npos && rest[sign] == '=';
-    const bool isOther = next == ".rs" || next == ".equ" || next == ".macro" || next == ".RS" ||
-                         next == ".EQU" || next == ".MACRO";
-    return isAssigned || isOther ? std::string_view() : label;
+    return scope;
 }
 
 } // namespace kestrel

@@ -27,7 +27,7 @@ std::vector<Place> placesWithText(const std::vector<BytePlace>& places, Place::K
 
 /// Where a name stands as a whole word in source texts.
 struct FoundName {
-    std::vector<BytePlace> definitions; ///< at a line's beginning, or named by .macro
+    std::vector<BytePlace> definitions; ///< where a line defines it: see definedNames()
     std::vector<BytePlace> all;
 };
 
@@ -36,8 +36,11 @@ struct FoundName {
 FoundName findName(const std::vector<std::filesystem::path>& files, std::string_view name,
                    std::string_view scope);
 
-/// The label at the beginning of a line that local names after it belong to; empty when there is
-/// none, as before a constant or a variable.
+/// The last label of a line that local names after it belong to; empty when there is none, as in
+/// the line of a constant, a variable or a local label.
 std::string_view scopeLabel(std::string_view line);
+
+/// The label that local names behind the first lines of a file belong to; empty when there is none.
+std::string lastScope(const std::filesystem::path& path, std::uint32_t firstLines);
 
 } // namespace kestrel

@@ -24,23 +24,41 @@ constexpr bool isNameByte(char c) {
            c == '.';
 }
 
-/// Calls `use` with each name, and each word like one, of a line: outside of its comment and of
-/// texts in quotes. Numbers after $ and % are none.
-template<typename Use> void forEachWord(std::string_view line, const Use& use) {
-    bool isQuoted = false;
-    for (std::size_t i = 0; i < line.size() && (isQuoted || line[i] != ';');) {
+/// Where what stands at `begin` of a line ends when names in it are none: a text in double quotes,
+/// a character in single ones, a comment. `begin` itself when it is something else.
+inline std::size_t endOfOther(std::string_view line, std::size_t begin) {
+    if (line[begin] == ';') {
+        return line.size();
+    }
+    if (line[begin] == '\'') {
+        return begin + (line.size() - begin > 2 && line[begin + 2] == '\'' ? 3 : 1);
+    }
+    if (line[begin] != '"') {
+        return begin;
+    }
+    for (std::size_t i = begin + 1; i < line.size(); ++i) {
         if (line[i] == '"') {
-            isQuoted = !isQuoted;
+            return i + 1;
         }
-        if (isQuoted || !isNameByte(line[i])) {
-            ++i;
+        i += line.substr(i).starts_with("\\\"") ? 1 : 0;
+    }
+    return line.size();
+}
+
+/// Calls `use` with each name, and each word like one, of a line: outside of its comment and of
+/// texts in quotes. Numbers after $ are none.
+template<typename Use> void forEachWord(std::string_view line, const Use& use) {
+    for (std::size_t i = 0; i < line.size();) {
+        if (!isNameByte(line[i])) {
+            const std::size_t end = endOfOther(line, i);
+            i = end == i ? i + 1 : end;
             continue;
         }
         const std::size_t begin = i;
         while (i < line.size() && isNameByte(line[i])) {
             ++i;
         }
-        if (begin == 0 || (line[begin - 1] != '$' && line[begin - 1] != '%')) {
+        if (begin == 0 || line[begin - 1] != '$') {
             use(line.substr(begin, i - begin));
         }
     }

@@ -130,6 +130,51 @@ class FactsTest(JourneyTestCase):
                 count += len(re.findall(r"(?<![\w.])foxX(?![\w.])", line.split(";")[0]))
         return count
 
+    def place_below(self, file, label, text):
+        """Line and column of a text's first place below a label."""
+        lines = (self.folder / "code" / file).read_text(encoding="utf-8").split("\n")
+        start = next(number for number, line in enumerate(lines) if line.startswith(label))
+        line = next(number for number in range(start, len(lines)) if text in lines[number].split(";")[0])
+        return line + 1, lines[line].index(text) + 1
+
+    def test_a_local_label_and_the_walk_through_its_uses(self):
+        source = self.folder / "code" / "player.asm"
+        source.write_text(source.read_text(encoding="utf-8") + """
+firstOfTwo:
+.again:
+ dex
+ bne .again
+ beq .again
+ rts
+secondOfTwo:
+.again:
+ dey
+ bne .again
+ rts
+""", encoding="utf-8")
+        first = self.place_below("player.asm", "firstOfTwo", "bne .again")
+        second = self.place_below("player.asm", "secondOfTwo", "bne .again")
+        self.kestrel.select("player.asm")
+        for is_built in (False, True):
+            if is_built:
+                self.kestrel.focus_window()
+                self.kestrel.build()
+                self.kestrel.close_console()
+            for line, column in (second, first):
+                self.desktop.click(self.kestrel.source())
+                self.go_to(line, column + 5)
+                self.desktop.press("F12")
+                self.wait_for_status("Place in the text", f"Line {line - 2}, Column 1")
+            self.desktop.press("shift+F12")
+            self.kestrel.wait_for_window("Uses of .again (2)")
+            self.kestrel.focus_window()
+            line, column = first
+            for key, place in (("F4", f"Line {line}, Column {column + 4}"), ("F4", f"Line {line + 1}, Column {column + 4}"),
+                               ("F4", f"Line {line}, Column {column + 4}"),
+                               ("shift+F4", f"Line {line + 1}, Column {column + 4}")):
+                self.desktop.press(key)
+                self.wait_for_status("Place in the text", place)
+
     def test_definition_and_uses_before_and_after_a_build(self):
         count = self.uses_in_sources()
         self.assertGreater(count, 5)

@@ -65,7 +65,8 @@ void AddressStatus::findFile() {
     m_facts = m_knowledge.facts();
     const ProjectNavigationController* const tree = m_editor.projectNavigationController();
     const auto project = tree != nullptr ? findParentFromItem(tree->selectedItem()) : nullptr;
-    m_file = m_facts && m_pane.path() ? knownFile(*m_facts, *m_pane.path(), project) : nullptr;
+    m_file = m_facts && m_pane.path() ? knownFile(*m_facts, *m_pane.path(), CopiedSources(project))
+                                      : nullptr;
     const std::optional<Fingerprint>& now = m_pane.fingerprint();
     m_isOther = m_file != nullptr && now != Fingerprint{m_file->size, m_file->hash};
     show();

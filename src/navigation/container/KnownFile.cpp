@@ -6,22 +6,45 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <string>
+
 namespace kestrel {
 
-std::filesystem::path sourceOf(const FileFacts& file, const std::shared_ptr<ProjectItem>& project) {
+namespace {
+
+std::filesystem::path copiesOf(const ProjectItem* project) {
+    return project != nullptr ? joined(project->itemPath(), "tmp").lexically_normal()
+                              : std::filesystem::path();
+}
+
+} // namespace
+
+CopiedSources::CopiedSources(const std::shared_ptr<ProjectItem>& project)
+    : m_copies(copiesOf(project.get()))
+    , m_gathered(gatheredFilesOf(project)) {}
+
+CopiedSources::CopiedSources(const ProjectItem& project, NESBuildSettings& settings)
+    : m_copies(copiesOf(&project))
+    , m_gathered(gatheredFilesOf(project, settings)) {}
+
+std::filesystem::path CopiedSources::sourceOf(const FileFacts& file) const {
     const std::filesystem::path path = std::filesystem::path(file.path).lexically_normal();
-    if (!project || path.parent_path() != joined(project->itemPath(), "tmp").lexically_normal()) {
+    if (m_copies.empty() || path.parent_path() != m_copies) {
         return path; // read where it lies
     }
-    Place place;
-    place.file = QString::fromStdString(std::string(file.name()));
-    return fileOf(place, project).lexically_normal();
+    return m_gathered.find(QString::fromStdString(std::string(file.name())))
+        .value_or(std::filesystem::path())
+        .lexically_normal();
 }
 
 const FileFacts* knownFile(const ProgramFacts& facts, const std::filesystem::path& path,
-                           const std::shared_ptr<ProjectItem>& project) {
-    const FileFacts* const file = facts.fileNamed(path.filename().string());
-    return file != nullptr && sourceOf(*file, project) == path.lexically_normal() ? file : nullptr;
+                           const CopiedSources& sources) {
+    const std::string name = path.filename().string();
+    const auto found = std::ranges::find_if(facts.files, [&](const FileFacts& file) {
+        return file.name() == name && sources.sourceOf(file) == path.lexically_normal();
+    });
+    return found != facts.files.end() ? &*found : nullptr;
 }
 
 } // namespace kestrel

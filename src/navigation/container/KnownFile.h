@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "build/GatheredFiles.h"
 #include "facts/ProgramFacts.h"
 #include "model/ProjectItem.h"
 
@@ -11,14 +12,29 @@
 
 namespace kestrel {
 
-/// What is known of the file at `path`: when the program was assembled from it, or from the copy in
-/// "tmp" that a build of `project` makes of it. Of two files with one name the later one is copied;
-/// nothing is known of the other. nullptr when nothing is known.
-const FileFacts* knownFile(const ProgramFacts& facts, const std::filesystem::path& path,
-                           const std::shared_ptr<ProjectItem>& project);
+class NESBuildSettings;
 
-/// The file of `project` of which `file` tells; an empty path when there is none.
-std::filesystem::path sourceOf(const FileFacts& file, const std::shared_ptr<ProjectItem>& project);
+/// Finds the files of a project of whose copies in "tmp" a build tells. Knows what is gathered at
+/// its making; reading that takes a while, so one is made for many files. To be used on any thread.
+class CopiedSources {
+public:
+    explicit CopiedSources(const std::shared_ptr<ProjectItem>& project);
+    /// With its build settings at hand.
+    CopiedSources(const ProjectItem& project, NESBuildSettings& settings);
+
+    /// The file of which `file` tells; an empty path when there is none.
+    std::filesystem::path sourceOf(const FileFacts& file) const;
+
+private:
+    std::filesystem::path m_copies; ///< their folder; empty without a project
+    GatheredFiles m_gathered;
+};
+
+/// What is known of the file at `path`: when the program was assembled from it, or from the copy in
+/// "tmp" that a build of the project makes of it. Of two files with one name the later one is
+/// copied; nothing is known of the other. nullptr when nothing is known.
+const FileFacts* knownFile(const ProgramFacts& facts, const std::filesystem::path& path,
+                           const CopiedSources& sources);
 
 /// Whether a character can be in a name of a program.
 inline bool isNameCharacter(QChar character) {

@@ -2,13 +2,15 @@
 #include "navigation/container/NameCommands.h"
 
 #include "build/BackgroundWork.h"
+#include "build/NameSearch.h"
 #include "build/NESBuildSettings.h"
 #include "build/SourceLocation.h"
 #include "editors/code/CodeEditorTextView.h"
+#include "editors/code/LinePieces.h"
 #include "editors/code/TextEditorController.h"
 #include "editors/CommonEditorControllers.h"
 #include "navigation/container/EditorContainerController.h"
-#include "navigation/container/KnownFile.h"
+#include "navigation/container/NameQuestion.h"
 #include "navigation/container/PlaceJump.h"
 #include "navigation/container/PlaceList.h"
 #include "navigation/tree/NodeRoot.h"
@@ -18,14 +20,19 @@
 #include <QCoreApplication>
 #include <QTextBlock>
 
-#include <algorithm>
+#include <string>
+#include <unordered_set>
 #include <utility>
 
 namespace kestrel {
 
 namespace {
 
-/// The name at a position of a line's text, or that ends there.
+/// So many lines above the caret are searched for its label here, which takes some milliseconds.
+/// What is further up is left to the worker.
+constexpr int NearLines = 1000;
+
+/// The name at a position of a line's text, or that ends there. A number after $ is none.
 QStringView nameAt(QStringView line, qsizetype position) {
     qsizetype begin = position;
     while (begin > 0 && isNameCharacter(line[begin - 1])) {
@@ -35,18 +42,39 @@ QStringView nameAt(QStringView line, qsizetype position) {
     while (end < line.size() && isNameCharacter(line[end])) {
         ++end;
     }
-    return line.sliced(begin, end - begin);
+    const bool isNumber = begin > 0 && line[begin - 1] == u'$';
+    return isNumber ? QStringView() : line.sliced(begin, end - begin);
 }
 
-/// The label that local names in a line belong to.
-std::string scopeAt(QTextBlock block) {
-    for (; block.isValid(); block = block.previous()) {
+/// Asks for the label that local names in a line belong to.
+void addScope(NameQuestion& question, QTextBlock block, const CodeEditorTextView& view) {
+    for (int i = 0; i < NearLines && block.isValid(); ++i, block = block.previous()) {
         const std::string line = block.text().toUtf8().toStdString();
-        if (const std::string_view label = scopeLabel(line); !label.empty()) {
-            return std::string(label);
+        const std::string_view label = continuesLine(block) ? "" : scopeLabel(line);
+        if (!label.empty()) {
+            question.scope = label;
+            return;
         }
     }
-    return {};
+    if (block.isValid()) {
+        question.firstLines = static_cast<std::uint32_t>(view.lineAt(block.position()) + 1);
+    } else {
+        question.scope = std::string();
+    }
+}
+
+/// The listed sources of a project.
+std::vector<std::filesystem::path> sourcesOf(const ProjectItem& project,
+                                             NESBuildSettings& settings) {
+    std::vector<std::filesystem::path> files;
+    std::unordered_set<std::string> taken;
+    for (const auto& node : settings.assemblyFiles()) {
+        const auto path = node ? sourceFile(*node, project.itemPath()) : std::nullopt;
+        if (path && taken.insert(path->native()).second) {
+            files.push_back(*path);
+        }
+    }
+    return files;
 }
 
 } // namespace
@@ -67,111 +95,69 @@ NameCommands::NameCommands(EditorContainerController& editor, const ProgramKnowl
 
 NameCommands::~NameCommands() = default;
 
-std::optional<NameCommands::Name> NameCommands::nameAtCaret() {
+std::shared_ptr<ProjectItem> NameCommands::shownProject() const {
     const ProjectNavigationController* const tree = m_editor.projectNavigationController();
-    Name name;
-    name.project = tree != nullptr ? findParentFromItem(tree->selectedItem()) : nullptr;
-    if (!name.project || !m_pane.path() || !m_pane.codeEditor) {
-        return std::nullopt;
-    }
+    return tree != nullptr && m_pane.path() && m_pane.codeEditor
+               ? findParentFromItem(tree->selectedItem())
+               : nullptr;
+}
+
+/// What to ask about the name at the caret; nothing, and that is told, when there is none.
+std::optional<NameQuestion>
+NameCommands::questionAtCaret(const std::shared_ptr<ProjectItem>& project) const {
     const QTextCursor cursor = m_pane.codeEditor->textCursor();
     const QString line = cursor.block().text();
-    name.text = nameAt(line, cursor.position() - cursor.block().position()).toUtf8().toStdString();
-    if (name.text.empty() || name.text == "." || (name.text[0] >= '0' && name.text[0] <= '9')) {
+    const std::string name = nameAt(line, cursor.positionInBlock()).toUtf8().toStdString();
+    if (name.empty() || name == "." || (name[0] >= '0' && name[0] <= '9')) {
         tell(tr("There is no name at the caret"));
         return std::nullopt;
     }
-    if (name.text.starts_with('.')) {
-        name.scope = scopeAt(cursor.block());
+    NESBuildSettings settings(project);
+    NameQuestion question{.name = name,
+                          .file = *m_pane.path(),
+                          .copies = CopiedSources(*project, settings),
+                          .sources = sourcesOf(*project, settings)};
+    if (name.starts_with('.')) {
+        addScope(question, cursor.block(), *m_pane.codeEditor);
     }
-    m_facts = m_knowledge.facts();
-    if (m_facts && knownFile(*m_facts, *m_pane.path(), name.project) != nullptr) {
-        name.known = m_facts->symbol(name.text, name.scope);
+    const ProgramKnowledge::Facts& facts = m_knowledge.facts();
+    if (facts && knownFile(*facts, question.file, question.copies) != nullptr) {
+        question.facts = facts;
     }
-    return name;
+    return question;
 }
 
 void NameCommands::goToDefinition() {
-    const std::optional<Name> found = nameAtCaret();
-    if (!found) {
+    const auto project = shownProject();
+    const auto question = project ? questionAtCaret(project) : std::nullopt;
+    if (!question) {
         return;
     }
-    const Name name = *found;
-    std::function<Places()> find;
-    if (name.known != nullptr && !name.known->definitions.empty()) {
-        find = [places = placesOf(name.known->definitions, name)] {
-            return placesWithText(places, Place::Kind::found);
-        };
-    } else {
-        find = [files = sourcesOf(name.project), text = name.text, scope = name.scope] {
-            return placesWithText(findName(files, text, scope).definitions, Place::Kind::found);
-        };
-    }
-    work(std::move(find), [this, name](const Places& places) {
-        if (places.empty()) {
-            tell(tr("No definition of “%1” was found").arg(QString::fromStdString(name.text)));
-        } else {
-            m_jump.goTo(name.project, places.front());
-        }
-    });
+    work([asked = *question] { return definitionsOf(asked); },
+         [this, project, name = QString::fromStdString(question->name)](const Places& places) {
+             if (places.empty()) {
+                 tell(tr("No definition of “%1” was found").arg(name));
+             } else {
+                 m_jump.goTo(project, places.front());
+             }
+         });
 }
 
 void NameCommands::findUses() {
-    const std::optional<Name> found = nameAtCaret();
-    if (!found) {
+    const auto project = shownProject();
+    const auto question = project ? questionAtCaret(project) : std::nullopt;
+    if (!question) {
         return;
     }
-    const Name name = *found;
-    std::function<Places()> find;
-    if (name.known != nullptr) {
-        find = [places = placesOf(name.known->uses, name)] {
-            return placesWithText(places, Place::Kind::use);
-        };
-    } else {
-        find = [files = sourcesOf(name.project), text = name.text, scope = name.scope] {
-            FoundName all = findName(files, text, scope);
-            std::erase_if(all.all, [&](const BytePlace& place) {
-                return std::ranges::find(all.definitions, place) != all.definitions.end();
-            });
-            return placesWithText(all.all, Place::Kind::use);
-        };
-    }
-    work(std::move(find), [this, name](const Places& places) {
-        const QString text = QString::fromStdString(name.text);
-        if (places.empty()) {
-            tell(tr("No use of “%1” was found").arg(text));
-            return;
-        }
-        m_list.fill(PlaceList::Content::uses, name.project, places);
-        Q_EMIT usesFound(text);
-    });
-}
-
-std::vector<BytePlace> NameCommands::placesOf(const std::vector<FactPlace>& places,
-                                              const Name& name) const {
-    std::vector<BytePlace> result;
-    std::vector<std::filesystem::path> paths(m_facts->files.size());
-    for (const FactPlace& place : places) {
-        std::filesystem::path& path = paths[place.file];
-        if (path.empty()) {
-            path = sourceOf(m_facts->files[place.file], name.project);
-        }
-        result.push_back({path, place.line, place.column});
-    }
-    return result;
-}
-
-std::vector<std::filesystem::path>
-NameCommands::sourcesOf(const std::shared_ptr<ProjectItem>& project) {
-    std::vector<std::filesystem::path> files;
-    NESBuildSettings settings(project);
-    for (const auto& node : settings.assemblyFiles()) {
-        const auto path = node ? sourceFile(*node, project->itemPath()) : std::nullopt;
-        if (path && std::ranges::find(files, *path) == files.end()) {
-            files.push_back(*path);
-        }
-    }
-    return files;
+    work([asked = *question] { return usesOf(asked); },
+         [this, project, name = QString::fromStdString(question->name)](const Places& places) {
+             if (places.empty()) {
+                 tell(tr("No use of “%1” was found").arg(name));
+                 return;
+             }
+             m_list.fill(PlaceList::Content::uses, project, places);
+             Q_EMIT usesFound(name);
+         });
 }
 
 /// Finds places on a worker and uses them on this thread, unless something newer is asked for.

@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "build/NameSearch.h"
+#include "build/Place.h"
 #include "facts/ProgramKnowledge.h"
 #include "model/ProjectItem.h"
 
 #include <QObject>
 #include <QString>
 
-#include <filesystem>
 #include <functional>
 #include <memory>
-#include <string>
+#include <optional>
 #include <vector>
 
 namespace kestrel {
 
 class EditorContainerController;
+struct NameQuestion;
 class PlaceJump;
 class PlaceList;
 class TextEditorController;
@@ -41,19 +41,10 @@ Q_SIGNALS:
     void usesFound(const QString& name);
 
 private:
-    /// The name at the caret, and whose it is.
-    struct Name {
-        std::string text;
-        std::string scope; ///< of a local one
-        std::shared_ptr<ProjectItem> project;
-        const SymbolFacts* known = nullptr; ///< in m_facts
-    };
     using Places = std::vector<Place>;
 
-    std::optional<Name> nameAtCaret();
-    std::vector<BytePlace> placesOf(const std::vector<FactPlace>& places, const Name& name) const;
-    static std::vector<std::filesystem::path>
-    sourcesOf(const std::shared_ptr<ProjectItem>& project);
+    std::shared_ptr<ProjectItem> shownProject() const;
+    std::optional<NameQuestion> questionAtCaret(const std::shared_ptr<ProjectItem>& project) const;
     void work(std::function<Places()> find, std::function<void(const Places&)> use);
     void tell(const QString& text);
     void clearTold();
@@ -63,7 +54,6 @@ private:
     PlaceJump& m_jump;
     PlaceList& m_list;
     TextEditorController& m_pane;
-    ProgramKnowledge::Facts m_facts; ///< those that the latest name was looked up in
     /// Belongs to the latest request; what an older one, or one of a window that is gone, found is
     /// dropped.
     std::shared_ptr<int> m_request;

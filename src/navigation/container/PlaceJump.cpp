@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "navigation/container/PlaceJump.h"
 
-#include "build/GatheredFiles.h"
 #include "build/NESBuildSettings.h"
 #include "build/SourceLocation.h"
 #include "editors/code/CodeEditorTextView.h"
@@ -38,11 +37,20 @@ std::filesystem::path fileOf(const Place& place, const std::shared_ptr<ProjectIt
     if (!place.path.empty() || !project) {
         return place.path;
     }
+    return gatheredFilesOf(project).find(place.file).value_or(std::filesystem::path());
+}
+
+GatheredFiles gatheredFilesOf(const std::shared_ptr<ProjectItem>& project) {
+    if (!project) {
+        return {{}, {}};
+    }
     NESBuildSettings settings(project);
+    return gatheredFilesOf(*project, settings);
+}
+
+GatheredFiles gatheredFilesOf(const ProjectItem& project, NESBuildSettings& settings) {
     const auto lists = settings.contents().fileLists();
-    return GatheredFiles({lists.begin(), lists.end()}, project->itemPath())
-        .find(place.file)
-        .value_or(std::filesystem::path());
+    return {{lists.begin(), lists.end()}, project.itemPath()};
 }
 
 PlaceJump::PlaceJump(EditorContainerController& editor, QObject* parent)

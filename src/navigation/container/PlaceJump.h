@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "build/GatheredFiles.h"
 #include "build/Place.h"
 #include "model/ProjectItem.h"
 
@@ -12,6 +13,7 @@
 namespace kestrel {
 
 class EditorContainerController;
+class NESBuildSettings;
 class TextEditorController;
 
 /// Goes to places in sources: selects the file's row in the tree as a click does, shows the file in
@@ -54,5 +56,10 @@ private:
 
 /// The file behind a place of the project's sources; empty when no file is gathered under its name.
 std::filesystem::path fileOf(const Place& place, const std::shared_ptr<ProjectItem>& project);
+
+/// What a build of the project gathers. Reads the project's settings; without a project there is
+/// nothing.
+GatheredFiles gatheredFilesOf(const std::shared_ptr<ProjectItem>& project);
+GatheredFiles gatheredFilesOf(const ProjectItem& project, NESBuildSettings& settings);
 
 } // namespace kestrel
