@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace nesasm {
@@ -17,7 +18,9 @@ struct SourcePlace {
     std::uint32_t line = 0;
     std::uint32_t column = 0; ///< in bytes, from 1
 
-    auto operator<=>(const SourcePlace&) const = default;
+    bool operator<(const SourcePlace& other) const {
+        return std::tie(file, line, column) < std::tie(other.file, other.line, other.column);
+    }
 };
 
 /// The source files of a run as they were written, for finding where a name stands.

@@ -104,7 +104,7 @@ std::shared_ptr<ProjectItem> NameCommands::shownProject() const {
 
 /// What to ask about the name at the caret; nothing, and that is told, when there is none.
 std::optional<NameQuestion>
-NameCommands::questionAtCaret(const std::shared_ptr<ProjectItem>& project) const {
+NameCommands::questionAtCaret(const std::shared_ptr<ProjectItem>& project) {
     const QTextCursor cursor = m_pane.codeEditor->textCursor();
     const QString line = cursor.block().text();
     const std::string name = nameAt(line, cursor.positionInBlock()).toUtf8().toStdString();

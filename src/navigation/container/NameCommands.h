@@ -44,7 +44,7 @@ private:
     using Places = std::vector<Place>;
 
     std::shared_ptr<ProjectItem> shownProject() const;
-    std::optional<NameQuestion> questionAtCaret(const std::shared_ptr<ProjectItem>& project) const;
+    std::optional<NameQuestion> questionAtCaret(const std::shared_ptr<ProjectItem>& project);
     void work(std::function<Places()> find, std::function<void(const Places&)> use);
     void tell(const QString& text);
     void clearTold();

@@ -42,10 +42,10 @@ protected:
     std::string definition() {
         arrivals = 0;
         names->goToDefinition();
-        EXPECT_TRUE(
-            QTest::qWaitFor([this] { return arrivals > 0 || !status(StatusField::name).empty(); }));
+        EXPECT_TRUE(QTest::qWaitFor(
+            [this] { return arrivals > 0 || !status(StatusField::notice).empty(); }));
         const QTextCursor caret = text().textCursor();
-        return arrivals == 0 ? status(StatusField::name)
+        return arrivals == 0 ? status(StatusField::notice)
                              : typing->path()->filename().string() + ":" +
                                    std::to_string(caret.blockNumber() + 1) + ":" +
                                    std::to_string(caret.positionInBlock() + 1);
@@ -56,9 +56,9 @@ protected:
         usesOf.clear();
         names->findUses();
         EXPECT_TRUE(QTest::qWaitFor(
-            [this] { return !usesOf.isEmpty() || !status(StatusField::name).empty(); }));
+            [this] { return !usesOf.isEmpty() || !status(StatusField::notice).empty(); }));
         if (usesOf.isEmpty()) {
-            return status(StatusField::name);
+            return status(StatusField::notice);
         }
         std::string told = usesOf.toStdString();
         for (const Place& place : places.places()) {
@@ -125,7 +125,7 @@ TEST_F(NameCommandsTest, NumbersAndBlanksAreNoNamesAndInstructionsHaveNoDefiniti
         EXPECT_EQ(uses(), "There is no name at the caret") << where << after;
     }
     putCaretAt(QStringLiteral("lda"));
-    EXPECT_EQ(status(StatusField::name), ""); // a caret that moves takes it away
+    EXPECT_EQ(status(StatusField::notice), ""); // a caret that moves takes it away
     EXPECT_EQ(definition(), "No definition of “lda” was found");
     putCaretAt(QStringLiteral("FF"));
     EXPECT_EQ(uses(), "FF main.asm:5:9");
@@ -229,7 +229,7 @@ TEST_F(NameCommandsTest, WithoutAShownFileNothingHappens) {
     startWith({{"main.asm", ""}});
     names->goToDefinition();
     names->findUses();
-    EXPECT_EQ(status(StatusField::name), "");
+    EXPECT_EQ(status(StatusField::notice), "");
     click("main.asm");
     EXPECT_EQ(definition(), "There is no name at the caret"); // of an empty text
 }
