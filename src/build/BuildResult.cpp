@@ -47,8 +47,12 @@ std::string sentenceWithoutImage(const BuildResult& result) {
                (result.warnings > 0 ? ", " + counted(result.warnings, "warning") : "") +
                ": no image";
     }
-    return result.hasOutput ? "No image was made; see what the assembler says"
-                            : "No image was made, and the assembler said nothing";
+    if (!result.hasOutput) {
+        return "No image was made, and the assembler said nothing";
+    }
+    return "No image was made" +
+           (result.warnings > 0 ? ", " + counted(result.warnings, "warning") : "") +
+           "; see what the assembler says";
 }
 
 } // namespace

@@ -46,7 +46,11 @@ TEST(BuildResult, TellsWhyThereIsNoImage) {
     EXPECT_EQ(notMade(2, 1).sentence(), "2 errors, 1 warning: no image");
     EXPECT_EQ(notMade(1, 0).sentence(), "1 error: no image");
     EXPECT_EQ(notMade(1200, 3).sentence(), "1,200 errors, 3 warnings: no image");
-    EXPECT_EQ(notMade(0, 4).sentence(), "No image was made; see what the assembler says");
+    EXPECT_EQ(notMade(0, 0).sentence(), "No image was made; see what the assembler says");
+    EXPECT_EQ(notMade(0, 1).sentence(),
+              "No image was made, 1 warning; see what the assembler says");
+    EXPECT_EQ(notMade(0, 100'000).sentence(),
+              "No image was made, 100,000 warnings; see what the assembler says");
     EXPECT_EQ(notMade(0, 0, false).sentence(), "No image was made, and the assembler said nothing");
 }
 

@@ -84,6 +84,13 @@ TEST_F(BuilderResult, WithTheImageTheExitStatusDoesNotCount) {
               "No image was made, and the assembler said nothing");
 }
 
+TEST_F(BuilderResult, AMessageWithoutAPlaceCounts) {
+    m_project.script("print error: the output 'Game.nes' cannot be written: No space left\n");
+    EXPECT_EQ(build().sentence(), "1 error: no image");
+    m_project.script("print warning: odd\nexit 0\n");
+    EXPECT_EQ(build().sentence(), "No image was made, 1 warning; see what the assembler says");
+}
+
 TEST_F(BuilderResult, MessagesCountAlsoInOutputThatIsNoText) {
     m_project.script("print main.asm:3:5: error: x\nhex FF0A\n");
     const BuildResult result = build();
