@@ -64,7 +64,8 @@ std::string BuildResult::sentence() const {
         return error ? error->localizedDescription() : "Nothing was built";
     case State::made:
         return image.filename().string() + " built in " + seconds(duration) + ": " +
-               (bytes == 1 ? "1 byte" : grouped(bytes) + " bytes") + ", " + messages(*this);
+               (bytes == 1 ? "1 byte" : grouped(bytes) + " bytes") + ", " + messages(*this) +
+               (isGood() ? "" : ", but not of your files as they are");
     case State::notMade:
         return sentenceWithoutImage(*this);
     case State::crashed:
