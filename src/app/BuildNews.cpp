@@ -18,7 +18,7 @@ struct Text {
 BuildMarkKind markOf(const BuildResult& result) {
     switch (result.state) {
     case BuildResult::State::made:
-        return BuildMarkKind::made;
+        return result.isGood() ? BuildMarkKind::made : BuildMarkKind::failed;
     case BuildResult::State::stopped:
         return BuildMarkKind::stopped;
     case BuildResult::State::refused:

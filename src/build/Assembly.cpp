@@ -42,6 +42,7 @@ BuildResult resultOf(const Assembly& assembly, const AssemblerResult& run,
     result.errors = run.errors;
     result.warnings = run.warnings;
     result.hasOutput = run.hasOutput;
+    result.notCopied = assembly.notCopied;
     if (run.startFailure) {
         result.state = BuildResult::State::notStarted;
         result.error = BuildError{"", BuilderErrorCode, *run.startFailure};
@@ -54,7 +55,9 @@ BuildResult resultOf(const Assembly& assembly, const AssemblerResult& run,
         result.signal = run.signal;
     } else if (result.state == BuildResult::State::stopped) {
         result.error = BuildError{"", BuilderErrorCode, BuildStopped};
+        return result;
     }
+    result.hints = sentencesAbout(result.notCopied, result.includeFolder);
     return result;
 }
 

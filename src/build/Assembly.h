@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kestrel {
 
@@ -20,6 +21,7 @@ struct Assembly {
     AssemblerRequest request;
     std::filesystem::path image;
     std::string mainFile; ///< among the request's arguments
+    std::vector<UncopiedFile> notCopied;
     std::chrono::steady_clock::time_point requested;
     std::shared_ptr<StopFlag> stop;
     std::shared_ptr<RunningBuilds> running; ///< where its turn has come

@@ -47,8 +47,12 @@ std::string sentenceWithoutImage(const BuildResult& result) {
                (result.warnings > 0 ? ", " + counted(result.warnings, "warning") : "") +
                ": no image";
     }
-    return result.hasOutput ? "No image was made; see what the assembler says"
-                            : "No image was made, and the assembler said nothing";
+    if (!result.hasOutput) {
+        return "No image was made, and the assembler said nothing";
+    }
+    return "No image was made" +
+           (result.warnings > 0 ? ", " + counted(result.warnings, "warning") : "") +
+           "; see what the assembler says";
 }
 
 } // namespace
@@ -60,7 +64,8 @@ std::string BuildResult::sentence() const {
         return error ? error->localizedDescription() : "Nothing was built";
     case State::made:
         return image.filename().string() + " built in " + seconds(duration) + ": " +
-               (bytes == 1 ? "1 byte" : grouped(bytes) + " bytes") + ", " + messages(*this);
+               (bytes == 1 ? "1 byte" : grouped(bytes) + " bytes") + ", " + messages(*this) +
+               (isGood() ? "" : ", but not of your files as they are");
     case State::notMade:
         return sentenceWithoutImage(*this);
     case State::crashed:

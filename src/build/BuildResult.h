@@ -2,6 +2,7 @@
 #pragma once
 
 #include "build/BuildError.h"
+#include "build/UncopiedFile.h"
 
 #include <chrono>
 #include <cstddef>
@@ -33,12 +34,16 @@ struct BuildResult {
     std::chrono::milliseconds duration{0}; ///< from the request to the end of the assembler
     std::size_t errors = 0;                ///< counted in the assembler's output, as are warnings
     std::size_t warnings = 0;
-    bool hasOutput = false;          ///< whether the assembler said anything
-    int signal = 0;                  ///< what ended a crashed assembler
-    std::optional<BuildError> error; ///< as the completion handler gets it
-    std::vector<std::string> hints;  ///< sentences that explain `error`
+    bool hasOutput = false;              ///< whether the assembler said anything
+    int signal = 0;                      ///< what ended a crashed assembler
+    std::optional<BuildError> error;     ///< as the completion handler gets it
+    std::vector<UncopiedFile> notCopied; ///< the image is not of these files as they are
+    std::vector<std::string> hints;      ///< sentences that explain `error` or name `notCopied`
 
     bool isMade() const { return state == State::made; }
+
+    /// Whether this build made the image, of the project's files as they are.
+    bool isGood() const { return isMade() && notCopied.empty(); }
 
     /// The result as one sentence without a full stop: "Game.nes built in 0.04 s: 24,592 bytes, no
     /// warnings".

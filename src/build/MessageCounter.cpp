@@ -7,8 +7,8 @@ namespace kestrel {
 
 namespace {
 
-constexpr std::string_view Error = ": error: ";
-constexpr std::string_view Warning = ": warning: ";
+constexpr std::string_view Error = "error: ";
+constexpr std::string_view Warning = "warning: ";
 
 /// Of a longer line the rest is not looked at; the longest path is shorter.
 constexpr std::size_t LongestBeginning = std::size_t{16} * 1024;
@@ -23,11 +23,20 @@ bool takeNumber(std::string_view& text) {
     return true;
 }
 
-/// Where `word` stands behind a file's name, a line and a column; npos when it does not.
+/// Where `word` stands at the line's beginning or behind a file's name, a line and a column; npos
+/// when it does not.
 std::size_t placeOf(std::string_view word, std::string_view line) {
+    constexpr std::string_view Separator = ": ";
     for (std::size_t found = line.find(word); found != std::string_view::npos;
          found = line.find(word, found + 1)) {
         std::string_view place = line.substr(0, found);
+        if (place.empty()) {
+            return found; // a message about the whole run
+        }
+        if (!place.ends_with(Separator)) {
+            continue;
+        }
+        place.remove_suffix(Separator.size());
         const bool hasColumn = takeNumber(place);
         if (hasColumn && takeNumber(place) && !place.empty()) {
             return found;

@@ -8,7 +8,8 @@
 namespace kestrel {
 
 /// Counts the messages in an assembler's output, which it gets piece by piece: lines that begin
-/// "file:line:column: error:" or "file:line:column: warning:". Not thread-safe.
+/// "file:line:column: error:" or "file:line:column: warning:", or the same without a place. Not
+/// thread-safe.
 class MessageCounter {
 public:
     /// Appends the next bytes. A line may be split between pieces.

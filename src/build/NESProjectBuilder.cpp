@@ -93,7 +93,7 @@ void NESProjectBuilder::build(BuildHandler completionHandler) {
             completionHandler(std::nullopt, error);
         }
     };
-    const auto plan = setUp();
+    auto plan = setUp();
     if (!plan) {
         fail(SetUpFailed);
         return;
@@ -103,7 +103,7 @@ void NESProjectBuilder::build(BuildHandler completionHandler) {
         fail(NoMainFile);
         return;
     }
-    if (!moveAllFilesToTempFolderToAssemble(plan->tempFolder)) {
+    if (!moveAllFilesToTempFolderToAssemble(plan->tempFolder, plan->notCopied)) {
         fail("Could not move files to temp location");
         return;
     }
@@ -164,21 +164,27 @@ std::optional<std::string> NESProjectBuilder::findMainAssemblyFile() {
     return base ? mainAssemblyFileIn(m_buildSetting->assemblyFiles(), *base) : std::nullopt;
 }
 
-bool NESProjectBuilder::moveAllFilesToTempFolderToAssemble(
-    const std::filesystem::path& tempFolder) {
+bool NESProjectBuilder::moveAllFilesToTempFolderToAssemble(const std::filesystem::path& tempFolder,
+                                                           std::vector<UncopiedFile>& notCopied) {
     const auto& base = m_buildSetting->projectPath();
     if (!base) {
         return false;
     }
-    SourceGatherer(*base, tempFolder).gather(fileLists());
+    notCopied = SourceGatherer(*base, tempFolder).gather(fileLists());
     return true;
 }
 
 void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& mainFile,
                                        BuildHandler handler,
                                        std::chrono::steady_clock::time_point requested) {
-    Assembly assembly{{},        plan.image, mainFile,  requested, m_stopSwitch->next(),
-                      m_running, {},         m_observer};
+    Assembly assembly;
+    assembly.image = plan.image;
+    assembly.mainFile = mainFile;
+    assembly.notCopied = plan.notCopied;
+    assembly.requested = requested;
+    assembly.stop = m_stopSwitch->next();
+    assembly.running = m_running;
+    assembly.observer = m_observer;
     assembly.request.assembler = plan.assembler;
     assembly.request.arguments = {"--input", mainFile, "--output", pathText(plan.image)};
     assembly.request.arguments.insert(assembly.request.arguments.end(), m_extraArguments.begin(),

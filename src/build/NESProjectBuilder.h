@@ -88,11 +88,13 @@ private:
         std::filesystem::path projectFolder;
         std::filesystem::path tempFolder;
         std::filesystem::path image;
+        std::vector<UncopiedFile> notCopied;
     };
 
     std::optional<Plan> setUp();
     std::optional<std::string> findMainAssemblyFile();
-    bool moveAllFilesToTempFolderToAssemble(const std::filesystem::path& tempFolder);
+    bool moveAllFilesToTempFolderToAssemble(const std::filesystem::path& tempFolder,
+                                            std::vector<UncopiedFile>& notCopied);
     void startAssembler(const Plan& plan, const std::string& mainFile, BuildHandler handler,
                         std::chrono::steady_clock::time_point requested);
     void reportRefusal(const BuildError& error) const;

@@ -61,7 +61,7 @@ BuildObserver ProgramInquiry::nextBuild() {
     m_stop = std::make_shared<StopFlag>();
     return [this, stop = m_stop](const BuildResult& result) {
         // This is gone only after the flag was set.
-        if (!stop->isRequested() && result.isMade()) {
+        if (!stop->isRequested() && result.isGood()) {
             ask(result, stop);
         }
     };

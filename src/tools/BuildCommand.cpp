@@ -94,7 +94,15 @@ bool BuildCommand::build() {
         complain(m_printer->hasPrinted() ? "no image was made; see what the assembler says."
                                          : "no image was made, and the assembler said nothing.");
     }
-    return result->isMade();
+    if (!result->error) {
+        for (const std::string& hint : result->hints) {
+            complain(hint);
+        }
+    }
+    if (result->isMade() && !result->isGood()) {
+        complain("the image was made, but not of the project's files as they are.");
+    }
+    return result->isGood();
 }
 
 std::optional<BuildResult> BuildCommand::buildResult() {

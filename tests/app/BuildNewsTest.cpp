@@ -50,6 +50,17 @@ TEST(BuildNews, OfABuildThatWasStoppedHaveAMarkOfTheirOwn) {
     EXPECT_EQ(newsOf({result, {}, {}, {}}).mark, BuildMarkKind::failed);
 }
 
+TEST(BuildNews, OfAnImageThatIsNotOfTheFilesAsTheyAreAreNoPlainSuccess) {
+    BuildResult result = made();
+    result.notCopied = {{"main.asm", "Read-only file system", true}};
+    result.hints = {"One."};
+    const BuildNews news = newsOf({result, {}, {}, {}});
+    EXPECT_EQ(news.mark, BuildMarkKind::failed);
+    EXPECT_EQ(news.text,
+              QLatin1String(MadeText) + QStringLiteral(", but not of your files as they are"));
+    EXPECT_EQ(news.hint, QStringLiteral("One."));
+}
+
 TEST(BuildNews, HoldEveryHint) {
     BuildResult result;
     result.error = BuildError{"", 100, "Could not"};

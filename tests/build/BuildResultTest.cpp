@@ -42,11 +42,29 @@ TEST(BuildResult, TellsOfAnImageWithTimeSizeAndWarnings) {
     EXPECT_EQ(slow.sentence(), "Lanternfall.nes built in 61.24 s: 100,000 bytes, no warnings");
 }
 
+TEST(BuildResult, SaysWhenTheImageIsNotOfTheFilesAsTheyAre) {
+    BuildResult result = made(24592);
+    EXPECT_TRUE(result.isGood());
+    result.notCopied = {{"main.asm", "Read-only file system", true}};
+    EXPECT_FALSE(result.isGood());
+    EXPECT_TRUE(result.isMade());
+    EXPECT_EQ(result.sentence(), "Lanternfall.nes built in 0.04 s: 24,592 bytes, no warnings, but "
+                                 "not of your files as they are");
+    result = notMade(1, 0);
+    result.notCopied = {{"main.asm", "Read-only file system", true}};
+    EXPECT_EQ(result.sentence(), "1 error: no image");
+    EXPECT_FALSE(result.isGood());
+}
+
 TEST(BuildResult, TellsWhyThereIsNoImage) {
     EXPECT_EQ(notMade(2, 1).sentence(), "2 errors, 1 warning: no image");
     EXPECT_EQ(notMade(1, 0).sentence(), "1 error: no image");
     EXPECT_EQ(notMade(1200, 3).sentence(), "1,200 errors, 3 warnings: no image");
-    EXPECT_EQ(notMade(0, 4).sentence(), "No image was made; see what the assembler says");
+    EXPECT_EQ(notMade(0, 0).sentence(), "No image was made; see what the assembler says");
+    EXPECT_EQ(notMade(0, 1).sentence(),
+              "No image was made, 1 warning; see what the assembler says");
+    EXPECT_EQ(notMade(0, 100'000).sentence(),
+              "No image was made, 100,000 warnings; see what the assembler says");
     EXPECT_EQ(notMade(0, 0, false).sentence(), "No image was made, and the assembler said nothing");
 }
 

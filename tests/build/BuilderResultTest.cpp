@@ -14,6 +14,8 @@ namespace {
 using namespace test;
 using State = BuildResult::State;
 using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
@@ -82,6 +84,54 @@ TEST_F(BuilderResult, WithTheImageTheExitStatusDoesNotCount) {
     EXPECT_EQ(build().state, State::notMade);
     EXPECT_EQ(m_project.results->all.back().sentence(),
               "No image was made, and the assembler said nothing");
+}
+
+TEST_F(BuilderResult, AFileThatCouldNotBeCopiedIsNamedButNotInTheConsole) {
+    std::filesystem::create_directories(m_project.folder() / "tmp/extra.asm/inner");
+    m_project.addSource("extra.asm", "; extra\n");
+    m_project.script("image made\nprint text\n");
+    BuildResult result = build();
+    EXPECT_EQ(result.state, State::made);
+    EXPECT_FALSE(result.isGood());
+    EXPECT_THAT(result.notCopied,
+                ElementsAre(UncopiedFile{"extra.asm", "a folder of its name is there", false}));
+    EXPECT_THAT(result.hints, ElementsAre("\"extra.asm\" could not be copied to \"" +
+                                          (m_project.folder() / "tmp").string() +
+                                          "\": a folder of its name is there."));
+    EXPECT_THAT(m_project.console->texts, ElementsAre("text\n"));
+    EXPECT_FALSE(m_outcome.error());
+    EXPECT_EQ(m_outcome.image(), image());
+
+    m_project.script("print error: the input cannot be read\n");
+    result = build();
+    EXPECT_EQ(result.state, State::notMade);
+    EXPECT_EQ(result.hints.size(), 1U);
+    m_project.script("kill\n");
+    EXPECT_EQ(build().hints.size(), 1U);
+    m_project.assembler = m_project.home.write("no program", "");
+    result = build();
+    EXPECT_EQ(result.state, State::notStarted);
+    EXPECT_EQ(result.notCopied.size(), 1U);
+    EXPECT_THAT(result.hints, IsEmpty());
+}
+
+TEST_F(BuilderResult, AnOlderCopyThatWasBuiltIsTold) {
+    m_project.script("image made\n");
+    EXPECT_TRUE(build().isGood());
+    const auto temp = m_project.folder() / "tmp";
+    std::filesystem::rename(temp, m_project.folder() / "elsewhere");
+    std::filesystem::create_directory_symlink(m_project.folder() / "elsewhere", temp);
+    const BuildResult result = build();
+    EXPECT_TRUE(result.isMade());
+    EXPECT_THAT(result.notCopied, ElementsAre(UncopiedFile{"main.asm", "that is a link", true}));
+    EXPECT_THAT(result.sentence(), EndsWith(", but not of your files as they are"));
+}
+
+TEST_F(BuilderResult, AMessageWithoutAPlaceCounts) {
+    m_project.script("print error: the output 'Game.nes' cannot be written: No space left\n");
+    EXPECT_EQ(build().sentence(), "1 error: no image");
+    m_project.script("print warning: odd\nexit 0\n");
+    EXPECT_EQ(build().sentence(), "No image was made, 1 warning; see what the assembler says");
 }
 
 TEST_F(BuilderResult, MessagesCountAlsoInOutputThatIsNoText) {

@@ -35,8 +35,20 @@ TEST(MessageCounter, CountsLinesThatBeginWithAPlace) {
     EXPECT_EQ(countsOf("main.asm:3:5: error: x\r\nmain.asm:3:5: warning: y\r\n"), Counts(1, 1));
 }
 
+TEST(MessageCounter, CountsLinesWithoutAPlace) {
+    EXPECT_EQ(countsOf("error: the input 'a.asm' cannot be read: there is no such file\n"),
+              Counts(1, 0));
+    EXPECT_EQ(countsOf("main.asm:3:5: warning: x\nwarning: y\n"
+                       "error: the output 'a.nes' cannot be written: No space left on device"),
+              Counts(1, 2));
+    EXPECT_EQ(countsOf("error: warning: x\nwarning: error: main.asm:3:5: error: y\n"),
+              Counts(1, 1));
+}
+
 TEST(MessageCounter, CountsNothingElse) {
-    EXPECT_EQ(countsOf("error: the input cannot be read\n2 errors, 1 warning\n"), Counts(0, 0));
+    EXPECT_EQ(countsOf("2 errors, 1 warning\nfatal error: x\nmy warning: y\nerror:\nerror\n"
+                       " error: quoted\n\twarning: quoted\n"),
+              Counts(0, 0));
     EXPECT_EQ(countsOf("main.asm:3: error: x\n:3:5: error: x\nmain.asm:3:5: note: x\n"),
               Counts(0, 0));
     EXPECT_EQ(countsOf("main.asm:x:5: error: x\nmain.asm:3:5:error: x\n"), Counts(0, 0));
@@ -52,9 +64,9 @@ TEST(MessageCounter, ALineCountsOnceAsWhatStandsFirst) {
 
 TEST(MessageCounter, APieceMayEndAnywhere) {
     const std::string text = "main.asm:3:5: error: x\n\n  code\nmain.asm:7:1: warning: y\n"
-                             "other.asm:1:1: error: z";
+                             "warning: w\nother.asm:1:1: error: z\nerror: v";
     for (std::size_t size = 1; size <= text.size(); ++size) {
-        EXPECT_EQ(countsOf(text, size), Counts(2, 1)) << size;
+        EXPECT_EQ(countsOf(text, size), Counts(3, 2)) << size;
     }
 }
 

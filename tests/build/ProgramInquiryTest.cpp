@@ -89,7 +89,7 @@ TEST_F(ProgramInquiryTest, RunsAtTheLowestPriority) {
     finish();
 }
 
-TEST_F(ProgramInquiryTest, AsksOnlyWhenAnImageWasMade) {
+TEST_F(ProgramInquiryTest, AsksOnlyWhenAnImageOfTheFilesWasMade) {
     script(EmptyProgram);
     ProgramInquiry inquiry(m_knowledge, [this] { return m_program; });
     for (const auto state :
@@ -101,6 +101,11 @@ TEST_F(ProgramInquiryTest, AsksOnlyWhenAnImageWasMade) {
         finish();
         EXPECT_FALSE(existsAt(record()));
     }
+    BuildResult ofOlderFiles = made();
+    ofOlderFiles.notCopied = {{"main.asm", "Read-only file system", true}};
+    inquiry.nextBuild()(ofOlderFiles);
+    finish();
+    EXPECT_FALSE(existsAt(record()));
 }
 
 TEST_F(ProgramInquiryTest, IsDroppedWhenANewerBuildStarts) {

@@ -6,6 +6,7 @@
 #include "support/ChildProcess.h"
 #include "support/TemporaryFolder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <csignal>
@@ -17,6 +18,8 @@ namespace kestrel {
 namespace {
 
 using test::contentOf;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 class SourceGathererTest : public ::testing::Test {
 protected:
@@ -32,8 +35,8 @@ protected:
         item->setItemPathType(pathType);
         return item;
     }
-    void gather(const ProjectItems& files) const {
-        SourceGatherer(m_folder.path(), temp()).gather({&files});
+    std::vector<UncopiedFile> gather(const ProjectItems& files) const {
+        return SourceGatherer(m_folder.path(), temp()).gather({&files});
     }
     bool clean(const ProjectItems& files) const {
         return SourceGatherer(m_folder.path(), temp()).clean({&files});
@@ -45,7 +48,9 @@ protected:
 TEST_F(SourceGathererTest, CopiesAbsoluteAndRelativeEntriesFlat) {
     m_folder.write("src/a.asm", "A");
     m_folder.write("src/deep/b.asm", "B");
-    gather({entry("a.asm", src()), entry("b.asm", "/src/deep", FilePathType::relative)});
+    EXPECT_THAT(
+        gather({entry("a.asm", src()), entry("b.asm", "/src/deep", FilePathType::relative)}),
+        IsEmpty());
     EXPECT_EQ(contentOf(temp() / "a.asm"), "A");
     EXPECT_EQ(contentOf(temp() / "b.asm"), "B");
 }
@@ -71,17 +76,17 @@ TEST_F(SourceGathererTest, ReplacesAnEarlierCopyEvenAReadOnlyOne) {
     m_folder.write("src/a.asm", "new");
     const auto copy = m_folder.write("tmp/a.asm", "old and longer");
     std::filesystem::permissions(copy, std::filesystem::perms::owner_read);
-    gather({entry("a.asm", src())});
+    EXPECT_THAT(gather({entry("a.asm", src())}), IsEmpty());
     EXPECT_EQ(contentOf(copy), "new");
 }
 
-TEST_F(SourceGathererTest, RemovesTheEarlierCopyOfASourceThatIsGone) {
+TEST_F(SourceGathererTest, RemovesTheEarlierCopyOfASourceThatIsGoneAndSaysNothing) {
     m_folder.write("tmp/a.asm", "stale");
-    gather({entry("a.asm", src())});
+    EXPECT_THAT(gather({entry("a.asm", src()), entry("b.asm", src())}), IsEmpty());
     EXPECT_FALSE(existsAt(temp() / "a.asm"));
 }
 
-TEST_F(SourceGathererTest, IsSilentAboutASourceAndAFolderThatPermissionsClose) {
+TEST_F(SourceGathererTest, TellsOfASourceAndAFolderThatPermissionsClose) {
     if (test::isRoot()) {
         EXPECT_TRUE(test::passesAsOrdinaryUser());
         return;
@@ -91,15 +96,22 @@ TEST_F(SourceGathererTest, IsSilentAboutASourceAndAFolderThatPermissionsClose) {
     m_folder.write("src/open.asm", "new");
     m_folder.write("tmp/closed.asm", "stale");
     m_folder.write("tmp/open.asm", "stale");
-    const ProjectItems files{entry("closed.asm", src()), entry("open.asm", src())};
+    m_folder.write("tmp/gone.asm", "stale");
+    const ProjectItems files{entry("closed.asm", src()), entry("open.asm", src()),
+                             entry("gone.asm", src()), entry("never.asm", src())};
     std::filesystem::permissions(closed, perms::none);
     std::filesystem::permissions(temp(), perms::owner_read | perms::owner_exec);
-    gather(files);
+    EXPECT_THAT(
+        gather(files),
+        ElementsAre(UncopiedFile{"closed.asm", "Permission denied", true},
+                    UncopiedFile{"gone.asm", "it cannot be read: No such file or directory", true},
+                    UncopiedFile{"open.asm", "Permission denied", true}));
     EXPECT_EQ(contentOf(temp() / "closed.asm"), "stale");
     EXPECT_EQ(contentOf(temp() / "open.asm"), "stale");
     EXPECT_FALSE(clean(files));
     std::filesystem::permissions(temp(), perms::owner_all);
-    gather(files);
+    EXPECT_THAT(gather(files), ElementsAre(UncopiedFile{
+                                   "closed.asm", "it cannot be read: Permission denied", false}));
     EXPECT_FALSE(existsAt(temp() / "closed.asm"));
     EXPECT_EQ(contentOf(temp() / "open.asm"), "new");
 }
@@ -107,20 +119,20 @@ TEST_F(SourceGathererTest, IsSilentAboutASourceAndAFolderThatPermissionsClose) {
 TEST_F(SourceGathererTest, SkipsEntriesWithoutAFile) {
     m_folder.write("src/a.asm", "A");
     m_folder.write("tmp/a.asm", "kept");
-    gather({entry("a.asm", src(), FilePathType::noPath)});
+    EXPECT_THAT(gather({entry("a.asm", src(), FilePathType::noPath)}), IsEmpty());
     EXPECT_EQ(contentOf(temp() / "a.asm"), "kept");
 }
 
 TEST_F(SourceGathererTest, LeavesAFileAloneThatLiesInTheTemporaryFolderItself) {
     m_folder.write("tmp/a.asm", "only copy");
-    gather({entry("a.asm", temp())});
+    EXPECT_THAT(gather({entry("a.asm", temp())}), IsEmpty());
     EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
 }
 
 TEST_F(SourceGathererTest, LeavesAHardLinkToTheSourceAlone) {
     const auto source = m_folder.write("src/a.asm", "only content");
     std::filesystem::create_hard_link(source, temp() / "a.asm");
-    gather({entry("a.asm", src())});
+    EXPECT_THAT(gather({entry("a.asm", src())}), IsEmpty());
     EXPECT_EQ(contentOf(source), "only content");
     EXPECT_EQ(std::filesystem::hard_link_count(source), 2U);
 }
@@ -155,9 +167,9 @@ TEST_F(SourceGathererTest, ReplacesALinkToAnotherFileWithoutWritingThroughIt) {
 TEST_F(SourceGathererTest, AnotherFileOfThatNameDoesNotPushOutAUsersOwn) {
     m_folder.write("tmp/a.asm", "only copy");
     m_folder.write("src/a.asm", "other");
-    gather({entry("a.asm", src()), entry("a.asm", temp())});
+    EXPECT_THAT(gather({entry("a.asm", src()), entry("a.asm", temp())}), IsEmpty());
     EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
-    gather({entry("a.asm", temp()), entry("a.asm", src())});
+    EXPECT_THAT(gather({entry("a.asm", temp()), entry("a.asm", src())}), IsEmpty());
     EXPECT_EQ(contentOf(temp() / "a.asm"), "only copy");
 }
 
@@ -193,7 +205,8 @@ TEST_F(SourceGathererTest, NeverRemovesAFolder) {
     m_folder.write("src/a.asm", "A");
     m_folder.write("tmp/a.asm/inner", "kept");
     std::filesystem::create_directories(temp() / "b.asm");
-    gather({entry("a.asm", src()), entry("b.asm", src())});
+    EXPECT_THAT(gather({entry("a.asm", src()), entry("b.asm", src())}),
+                ElementsAre(UncopiedFile{"a.asm", "a folder of its name is there", false}));
     EXPECT_EQ(contentOf(temp() / "a.asm/inner"), "kept");
     EXPECT_TRUE(std::filesystem::is_directory(temp() / "b.asm"));
 }
@@ -213,22 +226,49 @@ TEST_F(SourceGathererTest, CopiesNothingIntoATemporaryFolderThatIsALink) {
     const auto elsewhere = m_folder.write("elsewhere/a.asm", "kept").parent_path();
     std::filesystem::remove(temp());
     std::filesystem::create_directory_symlink(elsewhere, temp());
-    gather({entry("a.asm", src()), entry("b.asm", src())});
+    m_folder.write("src/c.asm", "C");
+    EXPECT_THAT(gather({entry("c.asm", src()), entry("a.asm", src()), entry("b.asm", src())}),
+                ElementsAre(UncopiedFile{"a.asm", "that is a link", true},
+                            UncopiedFile{"c.asm", "that is a link", false}));
     EXPECT_EQ(contentOf(elsewhere / "a.asm"), "kept");
+    EXPECT_FALSE(existsAt(elsewhere / "c.asm"));
+}
+
+TEST_F(SourceGathererTest, NothingNeedsACopyInATemporaryFolderThatIsALinkToTheSources) {
+    m_folder.write("src/a.asm", "A");
+    m_folder.write("other/a.asm", "other");
+    std::filesystem::remove(temp());
+    std::filesystem::create_directory_symlink(src(), temp());
+    EXPECT_THAT(gather({entry("a.asm", m_folder.path() / "other"), entry("a.asm", src())}),
+                IsEmpty());
+    EXPECT_EQ(contentOf(src() / "a.asm"), "A");
+}
+
+TEST_F(SourceGathererTest, OfTwoFilesOfOneNameOnlyTheOneThatStaysMustBeCopied) {
+    std::filesystem::create_directories(m_folder.path() / "one/a.asm");
+    m_folder.write("two/a.asm", "second");
+    const auto one = entry("a.asm", m_folder.path() / "one");
+    const auto two = entry("a.asm", m_folder.path() / "two");
+    EXPECT_THAT(gather({one, two}), IsEmpty());
+    EXPECT_THAT(gather({two, one}),
+                ElementsAre(UncopiedFile{"a.asm", "it is no ordinary file", false}));
 }
 
 TEST_F(SourceGathererTest, CopiesNothingWhenTheTemporaryFolderIsAFile) {
     m_folder.write("src/a.asm", "A");
     std::filesystem::remove(temp());
     m_folder.write("tmp", "a file");
-    gather({entry("a.asm", src())});
+    EXPECT_THAT(gather({entry("a.asm", src())}),
+                ElementsAre(UncopiedFile{"a.asm", "that is no folder", false}));
     EXPECT_EQ(contentOf(temp()), "a file");
 }
 
 TEST_F(SourceGathererTest, CopiesRegularFilesOnlyAndNeverWaitsForAFifo) {
     std::filesystem::create_directories(src() / "folder.asm");
     ASSERT_EQ(::mkfifo((src() / "fifo.asm").c_str(), 0600), 0);
-    gather({entry("folder.asm", src()), entry("fifo.asm", src())});
+    EXPECT_THAT(gather({entry("folder.asm", src()), entry("fifo.asm", src())}),
+                ElementsAre(UncopiedFile{"fifo.asm", "it is no ordinary file", false},
+                            UncopiedFile{"folder.asm", "it is no ordinary file", false}));
     EXPECT_TRUE(std::filesystem::is_empty(temp()));
 }
 
@@ -250,15 +290,16 @@ TEST_F(SourceGathererTest, ALargeFileAndAnEmptyOneAreCopiedWhole) {
     EXPECT_EQ(contentOf(temp() / "empty.chr"), "");
 }
 
-TEST_F(SourceGathererTest, ACopyThatDoesNotFitOnTheDiskLeavesNoPartOfAFile) {
+TEST_F(SourceGathererTest, ACopyThatDoesNotFitOnTheDiskLeavesNoPartOfAFileAndIsTold) {
     m_folder.write("src/a.asm", std::string(100000, 'x'));
     // A file size limit fails like a full disk does; in a child, so that it does not outlast this.
     const auto status = [&] {
         rlimit limit{70000, 70000};
         ::signal(SIGXFSZ, SIG_IGN);
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        gather({entry("a.asm", src())});
-        std::_Exit(existsAt(temp() / "a.asm") ? 1 : 0);
+        const bool isTold = gather({entry("a.asm", src())}) ==
+                            std::vector{UncopiedFile{"a.asm", "File too large", false}};
+        std::_Exit(existsAt(temp() / "a.asm") || !isTold ? 1 : 0);
     };
     EXPECT_EXIT(status(), ::testing::ExitedWithCode(0), "");
 }

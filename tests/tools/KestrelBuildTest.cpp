@@ -57,6 +57,53 @@ TEST_F(KestrelBuild, AnErrorInTheSourceFailsAndLeavesNoOldImage) {
     EXPECT_FALSE(fs::exists(project.image()));
 }
 
+TEST_F(KestrelBuild, AFileThatCannotBeCopiedFailsAndIsNamedWithTheReason) {
+    const TestProject project(at("game"), "game");
+    ASSERT_EQ(run({project.file().string()}).status, 0);
+    const fs::path temp = project.folder() / "tmp";
+    fs::rename(temp, at("elsewhere"));
+    fs::create_directory_symlink(at("elsewhere"), temp);
+    project.setMain(TestProject::goodSource(2));
+    Finished finished = run({project.file().string()});
+    EXPECT_EQ(finished.status, 1);
+    EXPECT_EQ(finished.errors, "kestrel-build: \"main.asm\" could not be copied to \"" +
+                                   temp.string() +
+                                   "\": that is a link; an older copy was built.\n"
+                                   "kestrel-build: the image was made, but not of the project's "
+                                   "files as they are.\n");
+    expectImage(project.image(), 1);
+
+    fs::remove(temp);
+    fs::create_directories(temp / "main.asm/inner");
+    finished = run({project.file().string()});
+    EXPECT_EQ(finished.status, 1);
+    EXPECT_THAT(finished.errors, AllOf(HasSubstr("\"main.asm\" could not be copied to"),
+                                       HasSubstr("a folder of its name is there.\n"),
+                                       HasSubstr("no image was made; see what the assembler says"),
+                                       Not(HasSubstr("the image was made"))));
+    fs::remove_all(temp);
+    EXPECT_EQ(run({project.file().string()}).status, 0);
+    expectImage(project.image(), 2);
+}
+
+TEST_F(KestrelBuild, AListedFileThatIsMissingIsLeftToTheAssembler) {
+    const TestProject project(at("game"), "game");
+    std::string settings = contentOf(project.settingsFile());
+    const std::string name = "\"main.asm\"";
+    ASSERT_NE(settings.find(name), std::string::npos);
+    const std::size_t begin = settings.rfind('{', settings.find(name));
+    const std::size_t end = settings.find('}', begin) + 1;
+    std::string other = settings.substr(begin, end - begin);
+    other.replace(other.find(name), name.size(), "\"gone.asm\"");
+    settings.insert(end, "," + other);
+    writeFile(project.settingsFile(), settings);
+    const Finished finished = run({project.file().string()});
+    EXPECT_EQ(finished.status, 0);
+    EXPECT_THAT(finished.errors, IsEmpty());
+    project.setMain(TestProject::goodSource() + "  .include \"gone.asm\"\n");
+    EXPECT_EQ(run({project.file().string()}).status, 1);
+}
+
 TEST_F(KestrelBuild, FilesForDebuggersNameTheProjectsFilesInsteadOfTheirCopies) {
     const TestProject project(at("game"), "game");
     project.setMain("\t.labels \"dbg\"\n" + TestProject::goodSource());
