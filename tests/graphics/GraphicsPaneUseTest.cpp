@@ -329,17 +329,24 @@ TEST_F(GraphicsPaneUse, TellsTileAndOffsetUnderThePointer) {
     EXPECT_EQ(info->text(), QStringLiteral("Tile 37 ($25), offset $0250"));
 }
 
+/// Moves the pointer there; QTest would move it only within the screen, which is small at 2x.
+void point(QWidget* widget, QPointF position) {
+    QMouseEvent event(QEvent::MouseMove, position, widget->mapToGlobal(position), Qt::NoButton,
+                      Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+}
+
 TEST_F(GraphicsPaneUse, TheStatusBarTellsTileAndPixelUnderThePointer) {
     m_pane.tileViewer->selectTile(37);
     m_pane.colorSelector->setFocus();
     QWidget* tiles = m_pane.tileViewer->viewport();
-    QTest::mouseMove(tiles, m_pane.tileViewer->tileRect(300).center());
+    point(tiles, m_pane.tileViewer->tileRect(300).center());
     EXPECT_EQ(pointedAt(), QStringLiteral("Tile 300 ($12C), offset $12C0"));
     leave(tiles);
     EXPECT_EQ(pointedAt(), QString());
     QWidget* pixels = m_pane.pixelEditor->viewport();
     m_pane.tileData()->setPixel(37, 3, 5, 2);
-    QTest::mouseMove(pixels, m_pane.pixelEditor->pixelRect(QPoint(3, 5)).center());
+    point(pixels, m_pane.pixelEditor->pixelRect(QPoint(3, 5)).center());
     EXPECT_EQ(pointedAt(), QStringLiteral("Tile 37 ($25), pixel 3, 5: colour 2"));
     QTest::keyClick(m_pane.pixelEditor, Qt::Key_1);
     paint(3, 5);
