@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "build/AssemblerProcess.h"
 
+#include "build/Descendants.h"
 #include "build/MessageCounter.h"
 #include "build/OutputText.h"
 #include "build/QtText.h"
@@ -74,7 +75,8 @@ bool hasEnded(pid_t child) {
            status.si_pid == child;
 }
 
-/// Asks the child with its process group to end, then kills what is left of them.
+/// Asks the child, its process group and what it started outside that to end, then kills what is
+/// left of them.
 void end(const QProcess& process) {
     // The child made the group before exec, so both have the same ID. After the child has ended the
     // ID is 0, which would mean this program's own group.
@@ -82,11 +84,16 @@ void end(const QProcess& process) {
     if (group <= 0) {
         return;
     }
+    Descendants started(group);
+    started.find();
     ::kill(-group, SIGTERM);
+    started.send(SIGTERM);
     for (int waited = 0; waited < EndWait && !hasEnded(group); waited += EndSlice) {
         ::poll(nullptr, 0, EndSlice);
     }
+    started.find(); // what was started meanwhile
     ::kill(-group, SIGKILL);
+    started.send(SIGKILL);
 }
 
 /// What ended the child; 0 when it ended by itself.

@@ -34,7 +34,8 @@ struct AssemblerResult {
 /// standard output is read while it runs; a grandchild that keeps the pipe open is not waited for.
 /// Standard error and working folder are inherited, standard input is empty. `mustStop` is called
 /// several times a second and with every piece of output; once it returns true the process group is
-/// asked to end, and what is left of it after a third of a second is killed.
+/// asked to end, with the assembler's Descendants outside of it, and what is left of them after a
+/// third of a second is killed.
 AssemblerResult runAssembler(const AssemblerRequest& request,
                              const std::function<bool()>& mustStop);
 

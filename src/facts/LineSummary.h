@@ -16,7 +16,7 @@ public:
     /// Of one line, such as "$C012, 3 bytes, 4 cycles". `label` is the name at the line's
     /// beginning, if there is one: of a line that made no bytes its address is told, or its place
     /// in memory. Empty where there is nothing to tell.
-    static QString ofLine(const ProgramFacts& facts, const FileFacts& file, std::uint32_t line,
+    static QString ofLine(const ProgramFacts& facts, const FileFacts& file, std::uint32_t number,
                           std::string_view label);
 
     /// Of the lines from `first` to `last` together: "4 lines: 9 bytes, 11 to 14 cycles". Empty

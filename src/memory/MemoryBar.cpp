@@ -71,8 +71,10 @@ void drawHatching(QPainter& painter, const QRectF& rect, double width, const QCo
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(color, width));
     // The lines of neighbouring bars continue each other, wherever a gap begins.
-    const double first = std::floor((rect.left() - rect.height()) / HatchDistance) * HatchDistance;
-    for (double x = first; x < rect.right(); x += HatchDistance) {
+    const auto first = static_cast<int>(std::floor((rect.left() - rect.height()) / HatchDistance));
+    const auto last = static_cast<int>(std::ceil(rect.right() / HatchDistance));
+    for (int line = first; line < last; ++line) {
+        const double x = line * HatchDistance;
         painter.drawLine(QPointF(x, rect.bottom()), QPointF(x + rect.height(), rect.top()));
     }
     painter.restore();

@@ -87,6 +87,21 @@ TEST_F(BuilderStop, EndsWithinASecondAnAssemblerThatTakesNoNoticeAndWhatItStarte
     EXPECT_THAT(m_project.console->texts, ElementsAre("so far\n"));
 }
 
+TEST_F(BuilderStop, EndsAlsoWhatTheAssemblerStartedInASessionOfItsOwn) {
+    const auto held = m_project.fifo("held");
+    const int reader = ::open(held.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    m_project.script("session held\nhold held\ncount ready\nforever\n");
+    const auto builder = start(m_outcome, "ready");
+    ::poll(nullptr, 0, 200); // for the grandchildren to get to their places
+    builder->stop();
+    finish(m_outcome);
+    pollfd writers{reader, POLLIN, 0};
+    EXPECT_EQ(::poll(&writers, 1, 1000), 1) << "one of them holds the fifo still";
+    EXPECT_NE(writers.revents & POLLHUP, 0);
+    ::close(reader);
+    EXPECT_THAT(states(), ElementsAre(State::stopped));
+}
+
 TEST_F(BuilderStop, LetsAnAssemblerTidyUp) {
     m_project.script("tidy tidied\ncount ready\nforever\n");
     const auto builder = start(m_outcome, "ready");

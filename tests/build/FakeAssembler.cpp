@@ -9,6 +9,7 @@
 //   and
 //                   NAME to close it                            standard output, for good
 //   closeout        closes standard output         forever      never ends
+//   session NAME    a grandchild in a session of its own holds fifo NAME, for good; with a child
 //   flood           prints without end             forkflood    a grandchild prints without end
 //   kill            kills itself                   exit STATUS  ends at once
 //   ignore          takes no notice of SIGTERM     tidy NAME    on SIGTERM makes file NAME and ends
@@ -120,6 +121,18 @@ void lock(const std::string& name) {
     }
 }
 
+/// As a service does it: no signal to the process group reaches the two processes.
+void session(const std::string& name) {
+    if (::fork() == 0) {
+        ::setsid();
+        std::signal(SIGTERM, SIG_IGN);
+        ::fork();
+        ::alarm(30); // nobody else may end them
+        hold(name);
+        forever();
+    }
+}
+
 /// Commands about being ended or not being alone; false for any other.
 bool followSpecial(const std::string& word, const std::string& rest) {
     if (word == "ignore") {
@@ -129,6 +142,8 @@ bool followSpecial(const std::string& word, const std::string& rest) {
         std::signal(SIGTERM, tidyUp);
     } else if (word == "lock") {
         lock(rest);
+    } else if (word == "session") {
+        session(rest);
     } else if (word == "count") {
         std::ofstream(projectFolder() / rest, std::ios::app) << getpid() << '\n';
     } else {
