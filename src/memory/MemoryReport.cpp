@@ -142,7 +142,7 @@ QString MemoryReport::changeOf(const MemoryRow& row) {
 }
 
 QString MemoryReport::sentenceOf(const MemoryRow& row) {
-    const QString text = tr("%1: %2").arg(nameOf(row), usageOf(row));
+    QString text = tr("%1: %2").arg(nameOf(row), usageOf(row));
     const std::int64_t change = row.change.value_or(0);
     if (row.isNew) {
         return tr("%1; not in the build before").arg(text);
@@ -207,7 +207,7 @@ QString MemoryReport::listText(const MemoryRow& row, const std::vector<ByteRange
     for (std::size_t i = 0; i < std::min(ranges.size(), RangesTold); ++i) {
         texts += rangeText(row, ranges[i]);
     }
-    const QString text = texts.join(QStringLiteral(", "));
+    QString text = texts.join(QStringLiteral(", "));
     if (ranges.size() <= RangesTold) {
         return text;
     }
