@@ -29,7 +29,7 @@ CopiedSources::CopiedSources(const ProjectItem& project, NESBuildSettings& setti
     , m_gathered(gatheredFilesOf(project, settings)) {}
 
 std::filesystem::path CopiedSources::sourceOf(const FileFacts& file) const {
-    const std::filesystem::path path = std::filesystem::path(file.path).lexically_normal();
+    std::filesystem::path path = std::filesystem::path(file.path).lexically_normal();
     if (m_copies.empty() || path.parent_path() != m_copies) {
         return path; // read where it lies
     }
