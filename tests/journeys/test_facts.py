@@ -26,9 +26,10 @@ class FactsTest(JourneyTestCase):
     def status(self, name):
         """What a field of the status bar tells; "" for one that is not there."""
         start = f"{name}: "
-        for label in self.kestrel.main_window().find_all("label"):
-            if label.name.startswith(start):
-                return label.name[len(start):]
+        for role in ("label", "notification"):
+            for field in self.kestrel.main_window().find_all(role):
+                if field.name.startswith(start):
+                    return field.name[len(start):]
         return ""
 
     def wait_for_status(self, name, text):
