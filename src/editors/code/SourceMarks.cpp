@@ -65,12 +65,13 @@ QString sentence(const SourceMark& mark) {
 
 SourceMarks::SourceMarks(CodeEditorTextView& view, QObject* parent)
     : QObject(parent)
-    , m_view(view) {
+    , m_view(view)
+    , m_viewport(view.viewport()) {
     connect(view.document(), &QTextDocument::contentsChange, this,
             [this](int position, int /*removed*/, int added) { followChange(position, added); });
     connect(&view, &QPlainTextEdit::cursorPositionChanged, this, &SourceMarks::describe);
     view.installEventFilter(this);
-    view.viewport()->installEventFilter(this);
+    m_viewport->installEventFilter(this);
 }
 
 void SourceMarks::add(const std::vector<SourceMark>& marks) {
@@ -170,8 +171,7 @@ void SourceMarks::describe() {
 bool SourceMarks::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &m_view && event->type() == QEvent::PaletteChange) {
         show();
-    } else if (watched == m_view.viewport() && event->type() == QEvent::ToolTip &&
-               !m_marks.empty()) {
+    } else if (watched == m_viewport && event->type() == QEvent::ToolTip && !m_marks.empty()) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const QString text = textAt(m_view.cursorForPosition(help->pos()).position(), false);
         if (text.isEmpty()) {

@@ -65,6 +65,7 @@ private:
     void describe();
 
     CodeEditorTextView& m_view;
+    QWidget* m_viewport; ///< of the view; events come also while the view is destroyed
     std::vector<Shown> m_marks;
 };
 
