@@ -36,10 +36,11 @@ std::optional<PlaceText> placeIn(const QTextBlock& line) {
 
 ConsolePlaces::ConsolePlaces(QPlainTextEdit& view, QObject* parent)
     : QObject(parent)
-    , m_view(view) {
+    , m_view(view)
+    , m_viewport(view.viewport()) {
     connect(view.document(), &QTextDocument::contentsChange, this, &ConsolePlaces::followChange);
-    view.viewport()->setMouseTracking(true);
-    view.viewport()->installEventFilter(this);
+    m_viewport->setMouseTracking(true);
+    m_viewport->installEventFilter(this);
     view.installEventFilter(this);
     followChange();
 }
@@ -151,7 +152,7 @@ void ConsolePlaces::showSelections() {
 }
 
 bool ConsolePlaces::eventFilter(QObject* watched, QEvent* event) {
-    const bool inViewport = watched == m_view.viewport();
+    const bool inViewport = watched == m_viewport;
     switch (event->type()) {
     case QEvent::MouseMove: {
         const auto* mouse = static_cast<QMouseEvent*>(event);

@@ -54,6 +54,7 @@ private:
     void showSelections();
 
     QPlainTextEdit& m_view;
+    QWidget* m_viewport;      ///< of the view; events come also while the view is destroyed
     int m_nextLine = 0;       ///< the first one that has not been read
     std::vector<int> m_lines; ///< the line of each problem found
     std::optional<std::size_t> m_shown;

@@ -203,7 +203,7 @@ class Kestrel:
 
     def wait_for_message(self, text):
         """Until the message pane shows this."""
-        wait_for(f"the message “{text}”", lambda: self.main_window().find("label", text))
+        wait_for(f"the message “{text}”", lambda: self.main_window().find(name=text))
 
     def wait_for_pane(self, name):
         return wait_for(f"the pane “{name}”", lambda: self.main_window().find("filler", name))

@@ -93,7 +93,7 @@ class ProblemsTest(JourneyTestCase):
         self.assert_at("inc.asm", INC, (2, 11))
 
     def status_tells(self, text):
-        found = self.kestrel.main_window().find_all("label")
+        found = self.kestrel.main_window().find_all()
         return any(text in label.name for label in found)
 
     def assert_at(self, row, text, place, number=0):

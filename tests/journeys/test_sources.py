@@ -60,6 +60,6 @@ class SourcesTest(JourneyTestCase):
         self.wait_for_status("Saving", "What another program had written was kept as main.asm.bak")
         self.assertEqual((path.parent / "main.asm.bak").read_bytes(), b"\tnop\n\trts\n")
         self.kestrel.select("Demo")
-        wait_for("the line to go", lambda: not [label for label in self.kestrel.main_window().find_all("label")
+        wait_for("the line to go", lambda: not [label for label in self.kestrel.main_window().find_all()
                                                 if label.name.startswith(("Saving", "Encoding"))])
         self.assertEqual(self.kestrel.quit(), 0)
