@@ -164,7 +164,7 @@ TEST_F(DraftLineTest, ShowsItsWholeTextInANarrowPane) {
     keepDraft(QDateTime::currentDateTime(), "kept", "former content");
     showFile();
     m_pane.resize(300, 300);
-    QTest::qWait(1);
+    QCoreApplication::sendPostedEvents(); // the layout's
     const auto* label = m_line.findChild<QLabel*>(QStringLiteral("draftText"));
     EXPECT_EQ(m_pane.width(), 300) << "it keeps no pane from being narrow";
     EXPECT_LE(m_line.width(), m_pane.width());
