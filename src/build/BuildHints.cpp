@@ -28,64 +28,58 @@ std::string programName() {
     return QFileInfo(QCoreApplication::applicationFilePath()).fileName().toStdString();
 }
 
-std::optional<std::string> setUpHint(BuildSettingsConfiguration& settings, bool hasAssembler) {
-    const ProjectItem& project = *settings.projectToBuild();
-    if (!hasAssembler) {
+std::optional<std::string> setUpHint(const HintSubject& subject) {
+    if (!subject.hasAssembler) {
         return "The assembler NESasm is neither beside " + programName() +
                " nor in the folder ../libexec/kestrel: Kestrel is not installed completely.";
     }
-    if (!settings.outputFilePath()) {
-        const std::string file = shown(buildSettingsLocation(project));
-        return existsAt(buildSettingsLocation(project))
+    if (!subject.outputFolder) {
+        const std::string file = shown(subject.settingsFile);
+        return existsAt(subject.settingsFile)
                    ? "The build settings " + file +
                          " cannot be understood: they need the texts \"output_folder\" and "
                          "\"emulator\"."
                    : "There are no build settings " + file + ".";
     }
-    if (settings.outputFilePath()->empty()) {
+    if (subject.outputFolder->empty()) {
         return "The build settings name no output folder.";
     }
-    if (project.itemName().find('/') != std::string::npos ||
-        project.itemName().find('\0') != std::string::npos) {
-        return "The project's name " + shown(project.itemName()) +
+    if (subject.projectName.find('/') != std::string::npos ||
+        subject.projectName.find('\0') != std::string::npos) {
+        return "The project's name " + shown(subject.projectName) +
                " cannot be the name of an image file.";
     }
-    return "Needed are the folders " + shown(joined(project.itemPath(), "tmp")) + " and " +
-           shown(*settings.outputFilePath()) + ": may you write there?";
+    return "Needed are the folders " + shown(joined(subject.projectFolder, "tmp")) + " and " +
+           shown(*subject.outputFolder) + ": may you write there?";
 }
 
 /// Why this file is not the main one; nothing when there is no more to say than that.
-std::optional<std::string> sourceHint(const ProjectItem& entry,
-                                      const std::filesystem::path& projectFolder) {
-    const auto file = sourceFile(entry, projectFolder);
-    if (!file) {
-        return std::nullopt;
-    }
-    const auto bytes = readFile(*file);
+std::optional<std::string> sourceHint(const std::filesystem::path& file) {
+    const auto bytes = readFile(file);
     if (!bytes) {
-        return "The assembly file " + shown(*file) + " cannot be read.";
+        return "The assembly file " + shown(file) + " cannot be read.";
     }
     const auto text = textFromUtf8(std::string_view(*bytes));
     if (!text) {
-        return "The assembly file " + shown(*file) + " is not valid UTF-8 text.";
+        return "The assembly file " + shown(file) + " is not valid UTF-8 text.";
     }
     // With as many spaces appended, the search reaches the end of the text.
     if (placesVectors(*text + QString(text->size(), u' '))) {
-        return "In " + shown(*file) + " the vectors stand too near the end to be found.";
+        return "In " + shown(file) + " the vectors stand too near the end to be found.";
     }
     return std::nullopt;
 }
 
-std::vector<std::string> mainFileHints(BuildSettingsConfiguration& settings) {
+std::vector<std::string> mainFileHints(const HintSubject& subject) {
     std::vector<std::string> hints;
-    if (settings.assemblyFiles().empty()) {
+    if (!subject.listsSources) {
         hints.emplace_back("The build settings list no assembly file.");
     }
-    for (const auto& entry : settings.assemblyFiles()) {
+    for (const auto& file : subject.sources) {
         if (hints.size() == MostFileHints) {
             break;
         }
-        if (auto hint = sourceHint(*entry, settings.projectToBuild()->itemPath())) {
+        if (auto hint = sourceHint(file)) {
             hints.push_back(std::move(*hint));
         }
     }
@@ -98,15 +92,31 @@ std::vector<std::string> mainFileHints(BuildSettingsConfiguration& settings) {
 
 } // namespace
 
-std::vector<std::string> buildHintsFor(const BuildError& error,
-                                       BuildSettingsConfiguration& settings, bool hasAssembler) {
+HintSubject hintSubject(BuildSettingsConfiguration& settings, bool hasAssembler) {
+    const ProjectItem& project = *settings.projectToBuild();
+    HintSubject subject;
+    subject.hasAssembler = hasAssembler;
+    subject.projectName = project.itemName();
+    subject.projectFolder = project.itemPath();
+    subject.settingsFile = buildSettingsLocation(project);
+    subject.outputFolder = settings.outputFilePath();
+    subject.listsSources = !settings.assemblyFiles().empty();
+    for (const auto& entry : settings.assemblyFiles()) {
+        if (auto file = sourceFile(*entry, subject.projectFolder)) {
+            subject.sources.push_back(std::move(*file));
+        }
+    }
+    return subject;
+}
+
+std::vector<std::string> buildHintsFor(const BuildError& error, const HintSubject& subject) {
     if (error.description == SetUpFailed) {
-        if (auto hint = setUpHint(settings, hasAssembler)) {
+        if (auto hint = setUpHint(subject)) {
             return {std::move(*hint)};
         }
     }
     if (error.description == NoMainFile) {
-        return mainFileHints(settings);
+        return mainFileHints(subject);
     }
     return {};
 }

@@ -208,17 +208,18 @@ void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& main
 }
 
 /// Tells the observer of a request that ended before the assembler was started. The hints look into
-/// files, so they are found on a background worker.
+/// files, so they are found on a background worker, from a copy of what the settings name.
 void NESProjectBuilder::reportRefusal(const BuildError& error) const {
     if (!m_observer) {
         return;
     }
-    startInBackground([observer = m_observer, settings = m_buildSetting, error,
-                       hasAssembler = m_locator && m_locator().has_value(),
+    const bool hasAssembler = m_locator && m_locator().has_value();
+    startInBackground([observer = m_observer, error,
+                       subject = hintSubject(*m_buildSetting, hasAssembler),
                        application = QCoreApplication::instance()] {
         BuildResult result;
         result.error = error;
-        result.hints = buildHintsFor(error, *settings, hasAssembler);
+        result.hints = buildHintsFor(error, subject);
         if (!QCoreApplication::closingDown()) {
             postToMainThread(application, [observer, result] { observer(result); });
         }
