@@ -32,7 +32,7 @@ FileDescriptor openFolder(const std::filesystem::path& path) {
 
 /// Why openFolder failed for `path`, from errno and from what is there.
 std::string folderProblem(const std::filesystem::path& path) {
-    const std::string reason = systemReason();
+    std::string reason = systemReason();
     struct stat info {};
     if (::lstat(path.c_str(), &info) == 0 && !S_ISDIR(info.st_mode)) {
         return S_ISLNK(info.st_mode) ? "that is a link" : "that is no folder";

@@ -129,7 +129,7 @@ std::shared_ptr<ProjectItem> PlaceJump::nodeAt(const std::filesystem::path& path
         return node && node != root && node->itemFileType() != FileType::group &&
                pathOf(*node, *root) == wanted;
     };
-    if (const auto selected = tree->selectedItem();
+    if (auto selected = tree->selectedItem();
         matches(selected) && findParentFromItem(selected) == project) {
         return selected;
     }
@@ -137,7 +137,7 @@ std::shared_ptr<ProjectItem> PlaceJump::nodeAt(const std::filesystem::path& path
     ProjectItems waiting(tree->allItems().rbegin(), tree->allItems().rend());
     waiting.push_back(project);
     while (!waiting.empty()) {
-        const std::shared_ptr<ProjectItem> node = waiting.back();
+        std::shared_ptr<ProjectItem> node = waiting.back();
         waiting.pop_back();
         if (!node) {
             continue;
