@@ -23,12 +23,19 @@ QString nameOf(BuildMarkKind kind) {
         return BuildMark::tr("Running");
     case BuildMarkKind::made:
         return BuildMark::tr("Made");
+    case BuildMarkKind::warned:
+        return BuildMark::tr("Made with warnings");
     case BuildMarkKind::failed:
         return BuildMark::tr("Failed");
     case BuildMarkKind::stopped:
         return BuildMark::tr("Stopped");
     }
     return {};
+}
+
+/// A triangle that stands on its side; the pen rounds its corners.
+QPolygonF triangle() {
+    return QPolygonF{{8, 2.5}, {14, 13.5}, {2, 13.5}};
 }
 
 /// The corners of an octagon, as a stop sign has them.
@@ -66,6 +73,13 @@ void draw(QPainter& painter, BuildMarkKind kind, const QColor& ink, const QColor
         painter.drawEllipse(Disc);
         painter.setPen(cut);
         painter.drawPolyline(QPolygonF{{4.5, 8.5}, {7, 11}, {11.5, 5.5}});
+        break;
+    case BuildMarkKind::warned: // a triangle with an exclamation mark
+        painter.setPen(line);
+        painter.drawPolygon(triangle());
+        painter.setPen(cut);
+        painter.drawLine(QPointF(8, 6.2), QPointF(8, 9));
+        painter.drawPoint(QPointF(8, 12.2));
         break;
     case BuildMarkKind::failed: // an octagon with a cross
         painter.drawPolygon(octagon());
@@ -117,6 +131,8 @@ QColor BuildMark::color() const {
     switch (m_kind) {
     case BuildMarkKind::made:
         return readable(QColor(0x1a, 0x8a, 0x3a), background);
+    case BuildMarkKind::warned:
+        return readable(QColor(0x9a, 0x66, 0x00), background);
     case BuildMarkKind::failed:
         return readableRed(background);
     case BuildMarkKind::notice:

@@ -4,6 +4,6 @@
 namespace kestrel {
 
 /// What the mark before a sentence about a build stands for.
-enum class BuildMarkKind { notice, running, made, failed, stopped };
+enum class BuildMarkKind { notice, running, made, warned, failed, stopped };
 
 } // namespace kestrel

@@ -18,7 +18,10 @@ struct Text {
 BuildMarkKind markOf(const BuildResult& result) {
     switch (result.state) {
     case BuildResult::State::made:
-        return result.isGood() ? BuildMarkKind::made : BuildMarkKind::failed;
+        if (!result.isGood() || result.errors > 0) {
+            return BuildMarkKind::failed;
+        }
+        return result.warnings > 0 ? BuildMarkKind::warned : BuildMarkKind::made;
     case BuildResult::State::stopped:
         return BuildMarkKind::stopped;
     case BuildResult::State::refused:
@@ -33,8 +36,21 @@ BuildMarkKind markOf(const BuildResult& result) {
 /// The result that counts: the one of the silent build is left out as long as it came to the same,
 /// since the console shows the output of the first.
 const BuildResult& resultOf(const BuildStory& story) {
-    const bool differs = story.second && story.second->isMade() != story.first.isMade();
+    const bool differs = story.second && (story.second->isMade() != story.first.isMade() ||
+                                          story.second->notCopied != story.first.notCopied);
     return differs ? *story.second : story.first;
+}
+
+/// Says that `result` is that of a run's silent build, and how the first one came to differ.
+QString secondBuildHint(const BuildResult& result, const BuildResult& first) {
+    if (result.isMade() == first.isMade()) {
+        return Text::tr("That was the second build of this run, whose output is not shown. For the "
+                        "first one other files could be copied.");
+    }
+    return result.isMade() ? Text::tr("That was the second build of this run. The first one, whose "
+                                      "output is below, made no image.")
+                           : Text::tr("That was the second build of this run, whose output is not "
+                                      "shown. The first one made an image.");
 }
 
 /// What became of the emulator, as it ends the sentence about a build that made the image.
@@ -123,11 +139,7 @@ BuildNews newsOf(const BuildStory& story) {
         addLaunch(news, hints, *story.launch, result.isMade());
     }
     if (&result != &story.first) {
-        hints += result.isMade()
-                     ? Text::tr("That was the second build of this run. The first one, whose "
-                                "output is below, made no image.")
-                     : Text::tr("That was the second build of this run, whose output is not "
-                                "shown. The first one made an image.");
+        hints += secondBuildHint(result, story.first);
     }
     if (!story.unsaved.isEmpty()) {
         const bool ran = result.isMade() || result.state == BuildResult::State::notMade;

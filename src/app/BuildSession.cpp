@@ -102,22 +102,24 @@ void BuildSession::launchEnded(Number number, const EmulatorLaunch& launch) {
     }
 }
 
-bool BuildSession::goesOn(Number number, const std::shared_ptr<ProjectItem>& project) {
+BuildSession::Rest BuildSession::restOf(Number number,
+                                        const std::shared_ptr<ProjectItem>& project) {
     const auto found = m_commands.find(number);
     if (found == m_commands.end()) {
-        return false;
+        return Rest::dropped;
     }
     const bool isOvertaken =
         std::any_of(std::next(found), m_commands.end(),
                     [&](const auto& newer) { return newer.second.project.lock() == project; });
-    if (!found->second.stopped && !isOvertaken && project) {
-        return true;
+    const bool isStopped = found->second.stopped;
+    if (!isStopped && !isOvertaken && project) {
+        return Rest::goesOn;
     }
-    if (found->second.stopped) {
+    if (isStopped) {
         found->second.story.launch = EmulatorLaunch{EmulatorLaunch::State::stopped, {}, {}, false};
     }
     end(number);
-    return false;
+    return isStopped ? Rest::stopped : Rest::dropped;
 }
 
 void BuildSession::stop() {

@@ -48,9 +48,12 @@ public:
     /// The command ended before it had a builder.
     void refused(Number number, const BuildError& error);
 
-    /// Whether the rest of a run is to be carried out, for the project that is selected now: it was
-    /// not stopped, and there is no newer command for the project. If not, the command is over.
-    bool goesOn(Number number, const std::shared_ptr<ProjectItem>& project);
+    /// What becomes of the rest of a run.
+    enum class Rest { goesOn, stopped, dropped };
+
+    /// The rest of a run is to be carried out, for the project that is selected now, unless it was
+    /// stopped, or is dropped for a newer command for the project. Then the command is over.
+    Rest restOf(Number number, const std::shared_ptr<ProjectItem>& project);
 
     /// Stops everything that runs.
     void stop();

@@ -15,6 +15,9 @@ namespace {
 /// How strongly the line of the current problem is tinted, of 255.
 constexpr int TintStrength = 60;
 
+/// So many lines shall be in sight below a problem's: what the assembler says of its place.
+constexpr int LinesBelow = 6;
+
 /// The beginning of a line, as much as is looked at: a line may be gigabytes long.
 QString beginningOf(const QTextBlock& line) {
     if (line.length() <= LongestPlaceText) {
@@ -82,6 +85,11 @@ void ConsolePlaces::showProblem(std::size_t number) {
     }
     m_shown = number;
     m_view.setTextCursor(QTextCursor(m_view.document()->findBlockByNumber(m_lines[number])));
+    const QRect line = m_view.cursorRect();
+    const QRect room = m_viewport->rect();
+    if (line.top() < room.top() || line.bottom() + LinesBelow * line.height() > room.bottom()) {
+        m_view.centerCursor();
+    }
     showSelections();
 }
 

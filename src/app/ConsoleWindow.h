@@ -22,7 +22,7 @@ public:
     ConsoleOutput* consoleOutput() const { return m_consoleOutput; }
 
 private:
-    BuildStrip* m_buildStrip;
+    BuildStrip* m_buildStrip = nullptr;
     ConsoleOutput* m_consoleOutput;
 };
 

@@ -180,9 +180,9 @@ void MainWindowController::build() {
     const std::weak_ptr<MainWindowController> self = weak_from_this();
     buildProject([self](const std::optional<std::filesystem::path>& /*image*/,
                         const std::optional<BuildError>& error) {
-        const QString text =
-            error ? messageOf(*error) : QStringLiteral("Internal Error when building");
-        withController(self, [text](MainWindowController& present) { present.console(text); });
+        withController(self, [error](MainWindowController& present) {
+            present.sayHowItEnded(error, QStringLiteral("Internal Error when building"));
+        });
     });
 }
 
@@ -203,7 +203,7 @@ void MainWindowController::buildToRunEnded(BuildSession::Number command,
                                            const std::optional<std::filesystem::path>& image,
                                            const std::optional<BuildError>& error) {
     if (error) {
-        console(messageOf(*error));
+        sayHowItEnded(error, {});
         return;
     }
     if (!image) {
@@ -213,11 +213,15 @@ void MainWindowController::buildToRunEnded(BuildSession::Number command,
         m_session.refused(command, missing);
         return;
     }
-    const std::shared_ptr<ProjectItem> project = selectedProject();
-    if (m_session.goesOn(command, project)) {
+    switch (m_session.restOf(command, selectedProject())) {
+    case BuildSession::Rest::goesOn:
         runPart(command);
-    } else if (project) {
+        break;
+    case BuildSession::Rest::stopped:
         console(QLatin1String(BuildStopped));
+        break;
+    case BuildSession::Rest::dropped:
+        break;
     }
 }
 
@@ -232,9 +236,21 @@ void MainWindowController::runPart(BuildSession::Number command) {
     const std::weak_ptr<MainWindowController> self = weak_from_this();
     const std::shared_ptr<NESProjectBuilder> builder = makeBuilder(selectedProject(), command);
     builder->run([self](const std::optional<BuildError>& error) {
-        const QString text = error ? messageOf(*error) : QStringLiteral("Running Project");
-        withController(self, [text](MainWindowController& present) { present.console(text); });
+        withController(self, [error](MainWindowController& present) {
+            present.sayHowItEnded(error, QStringLiteral("Running Project"));
+        });
     });
+}
+
+/// Ends the console's text on a command: with the error, or with `text` when there is none. One
+/// that a newer command overtook says nothing: the console was cleared for that one.
+void MainWindowController::sayHowItEnded(const std::optional<BuildError>& error,
+                                         const QString& text) {
+    if (!error) {
+        console(text);
+    } else if (error->description != BuildOvertaken) {
+        console(messageOf(*error));
+    }
 }
 
 void MainWindowController::console(const QString& output) {
@@ -247,6 +263,10 @@ void MainWindowController::console(const QString& output) {
     if (m_consoleOutputController) {
         m_consoleOutputController->append(QStringLiteral("\n"));
         m_consoleOutputController->append(output); // shared, not copied: it may be gigabytes
+    }
+    if (m_session.isRunning() && !m_windowController->isVisible()) {
+        // The result comes next: with the window the strip would announce an older one first.
+        m_windowController->buildStrip()->showNews({});
     }
     showConsole();
 }

@@ -126,6 +126,7 @@ private:
     void runPart(BuildSession::Number command);
     void makeConsole();
     void clearConsole();
+    void sayHowItEnded(const std::optional<BuildError>& error, const QString& text);
     void buildToRunEnded(BuildSession::Number command,
                          const std::optional<std::filesystem::path>& image,
                          const std::optional<BuildError>& error);

@@ -13,8 +13,9 @@ constexpr QSize SmallestSize(320, 200);
 } // namespace
 
 MemoryWindow::MemoryWindow(const ProgramKnowledge& knowledge, QWidget* parent)
-    : SecondaryWindow(QStringLiteral("memoryWindow"), tr("Memory"), parent) {
-    setCentralWidget(new MemoryView(knowledge, this));
+    : SecondaryWindow(QStringLiteral("memoryWindow"), tr("Memory"), parent)
+    , m_view(new MemoryView(knowledge, this)) {
+    setCentralWidget(m_view);
     setMinimumSize(SmallestSize);
     resizeWithinScreen(FirstSize);
 }

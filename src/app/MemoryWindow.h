@@ -5,6 +5,7 @@
 
 namespace kestrel {
 
+class MemoryView;
 class ProgramKnowledge;
 
 /// The window of View > Memory.
@@ -13,6 +14,11 @@ class MemoryWindow : public SecondaryWindow {
 
 public:
     explicit MemoryWindow(const ProgramKnowledge& knowledge, QWidget* parent = nullptr);
+
+    MemoryView* view() const { return m_view; }
+
+private:
+    MemoryView* m_view;
 };
 
 } // namespace kestrel

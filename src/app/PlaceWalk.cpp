@@ -56,7 +56,10 @@ PlaceWalk::PlaceWalk(MainWindowController& controller, EditorContainerController
     }
     connect(&controller, &MainWindowController::consoleMade, this, &PlaceWalk::consoleWasMade);
     connect(&m_jump, &PlaceJump::notice, this, &PlaceWalk::tell);
-    connect(&m_jump, &PlaceJump::arrived, this, [this] { tell({}); });
+    connect(&m_jump, &PlaceJump::arrived, this, [this](const QString& remark) {
+        m_remark = remark;
+        tell(remark);
+    });
     if (const QPlainTextEdit* const text = codeEditor()) {
         connect(text, &QPlainTextEdit::cursorPositionChanged, this, [this] {
             if (!m_told.isEmpty() && caretBlock() != m_toldBlock) {
@@ -165,7 +168,8 @@ bool PlaceWalk::goToCurrent() {
     if (const SourcePlace after = present(); after != before) {
         moveCaretTo(*m_editor.commonController()->textEditor->codeEditor, after);
     }
-    showInStatusBar(sentenceAbout(m_list));
+    const QString sentence = sentenceAbout(m_list);
+    showInStatusBar(m_remark.isEmpty() ? sentence : tr("%1. %2").arg(m_remark, sentence));
     return true;
 }
 

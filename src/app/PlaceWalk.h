@@ -63,6 +63,7 @@ private:
     PlaceJump m_jump;
     std::unique_ptr<ProblemMarks> m_marks; ///< null without a code editor
     QPointer<ConsolePlaces> m_console;
+    QString m_remark;              ///< on the place gone to last
     QString m_told;                ///< what stands in the status bar, if it is of this
     int m_toldBlock = 0;           ///< where the caret stood then
     bool m_hasProblems = false;    ///< of what the console shows some were found

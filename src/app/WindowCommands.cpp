@@ -4,6 +4,7 @@
 #include "app/BuildStrip.h"
 #include "app/ConsoleWindow.h"
 #include "app/MainWindowController.h"
+#include "app/MemoryAge.h"
 #include "app/MemoryWindow.h"
 #include "app/UserGuideWindow.h"
 #include "drafts/UnsavedWork.h"
@@ -200,6 +201,7 @@ void WindowCommands::showMemory() {
     }
     if (!m_memory) {
         m_memory = std::make_unique<MemoryWindow>(controller->knowledge());
+        m_memoryAge = std::make_unique<MemoryAge>(m_editor, controller->knowledge(), *m_memory);
     }
     m_memory->comeToFront();
 }

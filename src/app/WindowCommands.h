@@ -11,6 +11,7 @@ namespace kestrel {
 
 class EditorContainerController;
 class MainWindowController;
+class MemoryAge;
 class MemoryWindow;
 class UserGuideWindow;
 
@@ -64,6 +65,7 @@ private:
     std::weak_ptr<MainWindowController> m_controller;
     EditorContainerController& m_editor;
     std::unique_ptr<MemoryWindow> m_memory;
+    std::unique_ptr<MemoryAge> m_memoryAge; ///< of m_memory
     std::unique_ptr<UserGuideWindow> m_userGuide;
     CommandSet m_commands{*this};
 };

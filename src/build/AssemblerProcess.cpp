@@ -150,9 +150,11 @@ AssemblerResult runAssembler(const AssemblerRequest& request,
     take(process.readAllStandardOutput());
     messages.finish();
     result.signal = signalOf(process);
+    result.exitStatus = result.signal == 0 ? process.exitCode() : 0;
     result.hasOutput = messages.hasText();
     result.errors = messages.errors();
     result.warnings = messages.warnings();
+    result.hasMoreErrors = messages.reachedLimit();
     result.output = output.take();
     return result;
 }

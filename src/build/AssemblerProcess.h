@@ -24,10 +24,12 @@ struct AssemblerResult {
     std::optional<std::string> startFailure; ///< why it could not be started, as a sentence
     bool stopped = false;                    ///< ended because `mustStop` returned true
     int signal = 0;                          ///< what ended it, unless it ended by itself
+    int exitStatus = 0;                      ///< with which it ended by itself
     std::optional<QString> output;           ///< nothing when it was not valid UTF-8
     bool hasOutput = false;                  ///< whether there was any, valid or not
     std::size_t errors = 0;                  ///< counted in the output, as MessageCounter does
     std::size_t warnings = 0;
+    bool hasMoreErrors = false; ///< the assembler gave up at a limit of errors
 };
 
 /// Starts the assembler and waits for its end on the calling thread, which must be a Qt thread. Its

@@ -14,6 +14,8 @@ namespace kestrel {
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 constexpr int BuilderErrorCode = 100;
 
 AssemblerResult runUnlessStopped(const Assembly& assembly) {
@@ -29,18 +31,20 @@ AssemblerResult runUnlessStopped(const Assembly& assembly) {
     return runAssembler(assembly.request, mustStop);
 }
 
-BuildResult resultOf(const Assembly& assembly, const AssemblerResult& run,
-                     const ImageStamp& before) {
+/// `began` is when the assembler's turn came.
+BuildResult resultOf(const Assembly& assembly, const AssemblerResult& run, const ImageStamp& before,
+                     Clock::time_point began) {
     const ImageStamp after = ImageStamp::of(assembly.image);
     const bool madeImage = after.present && after != before;
     BuildResult result;
     result.image = assembly.image;
     result.mainFile = assembly.mainFile;
     result.includeFolder = assembly.request.includeFolder;
-    result.duration = std::chrono::duration_cast<std::chrono::milliseconds>(
-        std::chrono::steady_clock::now() - assembly.requested);
+    result.duration = std::chrono::duration_cast<std::chrono::milliseconds>(assembly.preparation +
+                                                                            (Clock::now() - began));
     result.errors = run.errors;
     result.warnings = run.warnings;
+    result.hasMoreErrors = run.hasMoreErrors;
     result.hasOutput = run.hasOutput;
     result.notCopied = assembly.notCopied;
     if (run.startFailure) {
@@ -48,13 +52,15 @@ BuildResult resultOf(const Assembly& assembly, const AssemblerResult& run,
         result.error = BuildError{"", BuilderErrorCode, *run.startFailure};
         return result;
     }
-    result.state = stateAfter({run.stopped, run.signal, madeImage});
+    const bool hasFailed = run.errors > 0 && (run.signal != 0 || run.exitStatus != 0);
+    result.state = stateAfter({run.stopped, run.signal, madeImage, hasFailed});
     if (result.isMade()) {
         result.bytes = after.size;
     } else if (result.state == BuildResult::State::crashed) {
         result.signal = run.signal;
     } else if (result.state == BuildResult::State::stopped) {
-        result.error = BuildError{"", BuilderErrorCode, BuildStopped};
+        result.error = BuildError{"", BuilderErrorCode,
+                                  assembly.stop->isOvertaken() ? BuildOvertaken : BuildStopped};
         return result;
     }
     result.hints = sentencesAbout(result.notCopied, result.includeFolder);
@@ -64,9 +70,10 @@ BuildResult resultOf(const Assembly& assembly, const AssemblerResult& run,
 } // namespace
 
 void carryOut(const Assembly& assembly) {
+    const auto began = Clock::now();
     const ImageStamp before = ImageStamp::of(assembly.image);
     AssemblerResult run = runUnlessStopped(assembly);
-    const BuildResult result = resultOf(assembly, run, before);
+    const BuildResult result = resultOf(assembly, run, before, began);
     assembly.running->ended(assembly.image, assembly.stop);
     if (QCoreApplication::closingDown()) {
         assembly.handOver->abandon();

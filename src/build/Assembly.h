@@ -22,7 +22,7 @@ struct Assembly {
     std::filesystem::path image;
     std::string mainFile; ///< among the request's arguments
     std::vector<UncopiedFile> notCopied;
-    std::chrono::steady_clock::time_point requested;
+    std::chrono::steady_clock::duration preparation{0}; ///< from the request to the wait for a turn
     std::shared_ptr<StopFlag> stop;
     std::shared_ptr<RunningBuilds> running; ///< where its turn has come
     std::shared_ptr<BuildHandOver<QString>> handOver;

@@ -13,6 +13,7 @@ namespace kestrel {
 using BuildError = ErrorValue;
 
 inline constexpr const char* BuildStopped = "The build was stopped";
+inline constexpr const char* BuildOvertaken = "The build was replaced by a newer one";
 
 /// The error's description; for a run without an emulator, where to choose one.
 std::string textOf(const BuildError& error);

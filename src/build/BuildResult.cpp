@@ -28,22 +28,34 @@ std::string counted(std::uintmax_t number, std::string_view noun) {
     return number == 1 ? text : text + 's';
 }
 
-std::string seconds(std::chrono::milliseconds duration) {
+/// What the two places behind the point can tell.
+constexpr std::chrono::milliseconds ShortestTold(10);
+
+/// `less` is the word for less than what can be told.
+std::string seconds(std::chrono::milliseconds duration, std::string_view less) {
+    if (duration < ShortestTold) {
+        return std::string(less) + " 0.01 s";
+    }
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "%.2f s",
                   static_cast<double>(duration.count()) / 1000.0);
     return text.data();
 }
 
+/// "1 error", "20 errors or more".
+std::string errorsOf(const BuildResult& result) {
+    return counted(result.errors, "error") + (result.hasMoreErrors ? " or more" : "");
+}
+
 /// What the assembler complained of, without "no errors".
 std::string messages(const BuildResult& result) {
     const std::string warnings = counted(result.warnings, "warning");
-    return result.errors == 0 ? warnings : counted(result.errors, "error") + ", " + warnings;
+    return result.errors == 0 ? warnings : errorsOf(result) + ", " + warnings;
 }
 
 std::string sentenceWithoutImage(const BuildResult& result) {
     if (result.errors > 0) {
-        return counted(result.errors, "error") +
+        return errorsOf(result) +
                (result.warnings > 0 ? ", " + counted(result.warnings, "warning") : "") +
                ": no image";
     }
@@ -63,7 +75,7 @@ std::string BuildResult::sentence() const {
     case State::notStarted:
         return error ? error->localizedDescription() : "Nothing was built";
     case State::made:
-        return image.filename().string() + " built in " + seconds(duration) + ": " +
+        return image.filename().string() + " built in " + seconds(duration, "under") + ": " +
                (bytes == 1 ? "1 byte" : grouped(bytes) + " bytes") + ", " + messages(*this) +
                (isGood() ? "" : ", but not of your files as they are");
     case State::notMade:
@@ -71,7 +83,7 @@ std::string BuildResult::sentence() const {
     case State::crashed:
         return "The assembler crashed (" + std::string(::strsignal(signal)) + "): no image";
     case State::stopped:
-        return "The build was stopped after " + seconds(duration);
+        return "The build was stopped after " + seconds(duration, "less than");
     }
     return {};
 }
@@ -80,7 +92,7 @@ BuildResult::State stateAfter(const AssemblerEnd& end) {
     if (end.stopped) {
         return BuildResult::State::stopped;
     }
-    if (end.madeImage) {
+    if (end.madeImage && !end.hasFailed) {
         return BuildResult::State::made;
     }
     return end.signal == 0 ? BuildResult::State::notMade : BuildResult::State::crashed;

@@ -31,9 +31,11 @@ struct BuildResult {
     std::string mainFile;                ///< as the assembler was given it; empty with `image`
     std::filesystem::path includeFolder; ///< the same: the folder with the gathered files
     std::uintmax_t bytes = 0;            ///< the size of the image that was made
-    std::chrono::milliseconds duration{0}; ///< from the request to the end of the assembler
-    std::size_t errors = 0;                ///< counted in the assembler's output, as are warnings
+    /// From the request to the end of the assembler, without the wait for an older one's end.
+    std::chrono::milliseconds duration{0};
+    std::size_t errors = 0; ///< counted in the assembler's output, as are warnings
     std::size_t warnings = 0;
+    bool hasMoreErrors = false;          ///< the assembler gave up at a limit of errors
     bool hasOutput = false;              ///< whether the assembler said anything
     int signal = 0;                      ///< what ended a crashed assembler
     std::optional<BuildError> error;     ///< as the completion handler gets it
@@ -57,8 +59,11 @@ using BuildObserver = std::function<void(const BuildResult&)>;
 /// and from how the assembler ended.
 struct AssemblerEnd {
     bool stopped = false;
-    int signal = 0; ///< 0 when it ended by itself
-    bool madeImage = false;
+    int signal = 0;         ///< 0 when it ended by itself
+    bool madeImage = false; ///< there is another one than before
+    /// It told of errors and did not end as after a success: an image that is there now was made by
+    /// somebody else.
+    bool hasFailed = false;
 };
 BuildResult::State stateAfter(const AssemblerEnd& end);
 

@@ -73,6 +73,16 @@ std::optional<std::string> start(const DesktopEntry::Command& command) {
     return reasonOf(process);
 }
 
+/// The same for a command that the user did not choose: the reason names what is at fault.
+std::optional<std::string> startNamed(const DesktopEntry::Command& command) {
+    const auto reason = start(command);
+    if (!reason || command.program.empty()) {
+        return reason;
+    }
+    const bool hasFolder = command.workingFolder.empty() || existsAt(command.workingFolder);
+    return (hasFolder ? command.program : pathText(command.workingFolder)) + ": " + *reason;
+}
+
 EmulatorLaunch launched(std::string name, const std::optional<std::string>& failure) {
     using State = EmulatorLaunch::State;
     return {failure ? State::failed : State::started, std::move(name), failure.value_or("")};
@@ -93,7 +103,7 @@ EmulatorLaunch openWithEntry(const std::filesystem::path& image,
     if (command->inTerminal) {
         wrapInTerminal(*command);
     }
-    return launched(name, start(*command));
+    return launched(name, startNamed(*command));
 }
 
 EmulatorLaunch open(const std::filesystem::path& image, const std::filesystem::path& emulator) {

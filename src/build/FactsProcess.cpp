@@ -4,6 +4,7 @@
 #include "build/QtText.h"
 #include "facts/FactsText.h"
 
+#include <QDeadlineTimer>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStringList>
@@ -46,13 +47,17 @@ void prepareChild(QProcess& process) {
     });
 }
 
+void kill(QProcess& process) {
+    process.kill();
+    process.waitForFinished(KillWait);
+}
+
 /// Reads the output until the program ends. False when it was killed.
 bool readAll(QProcess& process, QByteArray& output, const std::function<bool()>& mustStop) {
     while (!process.waitForFinished(WaitSlice) && process.state() != QProcess::NotRunning) {
         output += process.readAllStandardOutput();
         if (mustStop() || output.size() > MostOutput) {
-            process.kill();
-            process.waitForFinished(KillWait);
+            kill(process);
             return false;
         }
     }
@@ -62,13 +67,13 @@ bool readAll(QProcess& process, QByteArray& output, const std::function<bool()>&
 
 } // namespace
 
-std::optional<ProgramFacts> askForFacts(const FactsRequest& request,
-                                        const std::function<bool()>& mustStop) {
+FactsAnswer askForFacts(const FactsRequest& request, const std::function<bool()>& mustStop) {
     const auto program = textFromPath(request.program);
     const auto mainFile = textFromUtf8(std::string_view(request.mainFile));
     const auto includeFolder = textFromPath(request.includeFolder);
+    FactsAnswer answer;
     if (!program || !mainFile || !includeFolder || mustStop()) {
-        return std::nullopt;
+        return answer;
     }
     QProcessEnvironment environment;
     environment.insert(QStringLiteral("NES_INCLUDE"), *includeFolder);
@@ -76,12 +81,18 @@ std::optional<ProgramFacts> askForFacts(const FactsRequest& request,
     process.setProcessEnvironment(environment);
     prepareChild(process);
     process.start(*program, {QStringLiteral("--input"), *mainFile}, QIODevice::ReadOnly);
+    const QDeadlineTimer deadline(request.limit);
+    const auto mustEnd = [&] {
+        const bool isStopped = mustStop();
+        answer.tookTooLong = !isStopped && deadline.hasExpired();
+        return isStopped || answer.tookTooLong;
+    };
     QByteArray output;
-    if (!process.waitForStarted(-1) || !readAll(process, output, mustStop) ||
-        process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0 || mustStop()) {
-        return std::nullopt;
+    if (process.waitForStarted(-1) && readAll(process, output, mustEnd) &&
+        process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 && !mustStop()) {
+        answer.facts = readFacts({output.constData(), static_cast<std::size_t>(output.size())});
     }
-    return readFacts({output.constData(), static_cast<std::size_t>(output.size())});
+    return answer;
 }
 
 } // namespace kestrel

@@ -9,6 +9,8 @@ namespace {
 
 constexpr std::string_view Error = "error: ";
 constexpr std::string_view Warning = "warning: ";
+/// How the assembler begins to say that it read no further.
+constexpr std::string_view Stopped = "stopped here: ";
 
 /// Of a longer line the rest is not looked at; the longest path is shorter.
 constexpr std::size_t LongestBeginning = std::size_t{16} * 1024;
@@ -71,13 +73,15 @@ void MessageCounter::keepBeginning(std::string_view part) {
 void MessageCounter::countLines(std::string_view lines) {
     std::size_t error = lines.find(Error);
     std::size_t warning = lines.find(Warning);
-    while (std::min(error, warning) != std::string_view::npos) {
-        const std::size_t found = std::min(error, warning);
+    std::size_t stopped = lines.find(Stopped);
+    while (std::min({error, warning, stopped}) != std::string_view::npos) {
+        const std::size_t found = std::min({error, warning, stopped});
         const std::size_t begin = lines.rfind('\n', found) + 1;
         const std::size_t end = lines.find('\n', found);
         countLine(lines.substr(begin, end - begin));
         error = error < end ? lines.find(Error, end) : error;
         warning = warning < end ? lines.find(Warning, end) : warning;
+        stopped = stopped < end ? lines.find(Stopped, end) : stopped;
     }
 }
 
@@ -90,6 +94,7 @@ void MessageCounter::countLine(std::string_view line) {
     if (line.empty() || line.front() == ' ' || line.front() == '\t') {
         return; // a line of the source, quoted below a message
     }
+    m_reachedLimit = m_reachedLimit || line.starts_with(Stopped);
     const std::size_t error = placeOf(Error, line);
     const std::size_t warning = placeOf(Warning, line);
     if (error < warning) {

@@ -21,6 +21,9 @@ public:
     std::size_t errors() const { return m_errors; }
     std::size_t warnings() const { return m_warnings; }
 
+    /// Whether the assembler said that it stopped at a limit of errors: there may be more.
+    bool reachedLimit() const { return m_reachedLimit; }
+
     /// Whether any byte came.
     bool hasText() const { return m_hasText; }
 
@@ -32,6 +35,7 @@ private:
     std::string m_line; ///< the beginning of a line that is not complete
     std::size_t m_errors = 0;
     std::size_t m_warnings = 0;
+    bool m_reachedLimit = false;
     bool m_hasText = false;
 };
 

@@ -181,7 +181,7 @@ void NESProjectBuilder::startAssembler(const Plan& plan, const std::string& main
     assembly.image = plan.image;
     assembly.mainFile = mainFile;
     assembly.notCopied = plan.notCopied;
-    assembly.requested = requested;
+    assembly.preparation = std::chrono::steady_clock::now() - requested;
     assembly.stop = m_stopSwitch->next();
     assembly.running = m_running;
     assembly.observer = m_observer;

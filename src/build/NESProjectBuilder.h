@@ -58,7 +58,8 @@ public:
 
     /// Ends the assembler of the running request, and what it started, within a second, and drops
     /// the rest of a run. Its handler gets an error with the code 100 and the description "The
-    /// build was stopped". Nothing happens when none runs. To be called on any thread.
+    /// build was stopped"; that of one whose place a newer build takes is told so in its
+    /// description. Nothing happens when none runs. To be called on any thread.
     void stop();
 
     /// What stop() works with; outlives the builder as long as it is held.

@@ -4,6 +4,7 @@
 #include "build/BackgroundWork.h"
 #include "build/FactsProcess.h"
 #include "facts/ProgramKnowledge.h"
+#include "model/Log.h"
 
 #include <QCoreApplication>
 
@@ -18,6 +19,7 @@ struct Question {
     FactsRequest request;
     std::shared_ptr<StopFlag> stop;
     std::function<void(ProgramKnowledge::Facts)> answer; ///< called on the main thread
+    std::function<void()> giveUp; ///< the same, when the program took too long
     QCoreApplication* application = QCoreApplication::instance();
 };
 
@@ -25,21 +27,27 @@ void carryOut(const Question& question) {
     const auto mustStop = [&] {
         return QCoreApplication::closingDown() || question.stop->isRequested();
     };
-    std::optional<ProgramFacts> found;
+    FactsAnswer found;
     {
         const LongWait wait;
         found = askForFacts(question.request, mustStop);
     }
-    if (!found || mustStop()) {
+    if (mustStop() || (!found.facts && !found.tookTooLong)) {
         return;
     }
-    postToMainThread(question.application,
-                     [stop = question.stop, answer = question.answer,
-                      facts = std::make_shared<const ProgramFacts>(*std::move(found))] {
-                         if (!stop->isRequested()) {
-                             answer(facts);
-                         }
-                     });
+    std::function<void()> tell = question.giveUp;
+    if (found.facts) {
+        tell = [answer = question.answer, facts = std::make_shared<const ProgramFacts>(
+                                              *std::move(found.facts))] { answer(facts); };
+    } else {
+        writeLog(question.request.program.filename().string() + " took longer than " +
+                 std::to_string(question.request.limit.count()) + " ms and was ended");
+    }
+    postToMainThread(question.application, [stop = question.stop, tell = std::move(tell)] {
+        if (!stop->isRequested()) {
+            tell();
+        }
+    });
 }
 
 } // namespace
@@ -73,11 +81,12 @@ void ProgramInquiry::ask(const BuildResult& result, const std::shared_ptr<StopFl
         return;
     }
     Question question;
-    question.request = {*program, result.mainFile, result.includeFolder};
+    question.request = {*program, result.mainFile, result.includeFolder, m_limit};
     question.stop = stop;
     question.answer = [this, image = result.image](ProgramKnowledge::Facts facts) {
         m_knowledge.set(image, std::move(facts));
     };
+    question.giveUp = [this, image = result.image] { m_knowledge.giveUp(image); };
     startInBackground([question] { carryOut(question); });
 }
 

@@ -34,10 +34,10 @@ void RunningBuilds::start(const std::filesystem::path& image, std::shared_ptr<St
         return;
     }
     Turn& turn = found->second;
-    turn.running->request();
+    turn.running->overtake();
     Build overtaken = std::exchange(turn.waiting, Build{std::move(stop), std::move(task)});
     if (overtaken.stop) {
-        overtaken.stop->request();
+        overtaken.stop->overtake();
         startInBackground(std::move(overtaken.task));
     }
 }

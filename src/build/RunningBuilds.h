@@ -11,14 +11,24 @@
 
 namespace kestrel {
 
-/// Whether a build is to be stopped. Set and asked on any thread.
+/// Whether a build is to be stopped, and whether that is because a newer one takes its place: the
+/// first who asks says why. Set and asked on any thread.
 class StopFlag {
 public:
-    void request() { m_requested.store(true, std::memory_order_release); }
-    bool isRequested() const { return m_requested.load(std::memory_order_acquire); }
+    void request() { set(State::requested); }
+    void overtake() { set(State::overtaken); }
+    bool isRequested() const { return m_state.load(std::memory_order_acquire) != State::unset; }
+    bool isOvertaken() const { return m_state.load(std::memory_order_acquire) == State::overtaken; }
 
 private:
-    std::atomic<bool> m_requested = false;
+    enum class State { unset, requested, overtaken };
+
+    void set(State state) {
+        State expected = State::unset;
+        m_state.compare_exchange_strong(expected, state, std::memory_order_acq_rel);
+    }
+
+    std::atomic<State> m_state = State::unset;
 };
 
 /// Stops whatever is running behind it. Thread-safe.

@@ -7,7 +7,8 @@ class QProcess;
 
 namespace kestrel {
 
-/// Why a program could not be started, in the system's words.
+/// Why a program could not be started, in the system's words. Of a script whose interpreter is the
+/// reason, with the interpreter's name.
 std::string reasonOf(const QProcess& process);
 
 } // namespace kestrel

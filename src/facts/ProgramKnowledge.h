@@ -28,7 +28,14 @@ public:
     /// The image that facts() tells of; empty when nothing is known.
     const std::filesystem::path& image() const { return m_image; }
 
+    /// Whether a later image was made that could not be looked at in time: the facts, if there are
+    /// any, are not of that one.
+    bool gaveUp() const { return m_gaveUp; }
+
     void set(const std::filesystem::path& image, Facts facts);
+
+    /// This image was made, but looking at it took too long. Facts of another image are forgotten.
+    void giveUp(const std::filesystem::path& image);
 
     /// Forgets everything, as for another project.
     void clear();
@@ -40,6 +47,7 @@ private:
     Facts m_facts;
     Facts m_before;
     std::filesystem::path m_image;
+    bool m_gaveUp = false;
 };
 
 } // namespace kestrel

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "memory/MemoryList.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QTextOption>
 
@@ -17,7 +18,7 @@ MemoryList::MemoryList(const QString& emptyText, QWidget* parent)
     , m_emptyText(emptyText) {
     setUniformItemSizes(true);
     setEditTriggers(NoEditTriggers);
-    setSelectionMode(SingleSelection);
+    setSelectionMode(ExtendedSelection);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameShape(NoFrame);
@@ -41,6 +42,16 @@ void MemoryList::rowsReplaced() {
     if (!isEmpty()) {
         setCurrentIndex(model()->index(0, 0)); // where the keys begin
     }
+}
+
+/// The base class would copy the name of one row.
+void MemoryList::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        Q_EMIT copyWanted();
+        event->accept();
+        return;
+    }
+    QListView::keyPressEvent(event);
 }
 
 void MemoryList::paintEvent(QPaintEvent* event) {

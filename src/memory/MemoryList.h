@@ -15,7 +15,12 @@ public:
 
     void setModel(QAbstractItemModel* model) override;
 
+Q_SIGNALS:
+    /// The selected rows are to be copied.
+    void copyWanted();
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 

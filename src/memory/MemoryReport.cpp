@@ -155,6 +155,23 @@ QString MemoryReport::sentenceOf(const MemoryRow& row) {
                       : tr("%1; %2 less than in the build before").arg(text, count);
 }
 
+QString MemoryReport::tabbed(const MemoryRow& row) {
+    const auto change = row.isNew ? std::optional<std::int64_t>(row.used) : row.change;
+    return QStringList{nameOf(row),
+                       QString::number(row.used),
+                       QString::number(row.area->size()),
+                       QString::number(row.free()),
+                       QString::number(row.gap.size()),
+                       change ? QString::number(*change) : QString()}
+        .join(QLatin1Char('\t'));
+}
+
+QString MemoryReport::tabbedHead() {
+    return QStringList{tr("Area"), tr("Used"),        tr("Size"),
+                       tr("Free"), tr("Largest gap"), tr("Change")}
+        .join(QLatin1Char('\t'));
+}
+
 MemoryReport::BankAddresses MemoryReport::findBankAddresses() const {
     // The sizes of the banks whose addresses tell offsets.
     std::vector<std::uint32_t> sizes(m_facts->areas.size());

@@ -64,6 +64,10 @@ public:
     static QString changeOf(const MemoryRow& row);
     /// All of that for whoever listens, the change in words.
     static QString sentenceOf(const MemoryRow& row);
+    /// The row's name and numbers with tabs between them, as spreadsheets take them, and what the
+    /// columns are called. The change is empty when the build before is not known.
+    static QString tabbed(const MemoryRow& row);
+    static QString tabbedHead();
     /// "Used: $C000-$D459. Largest gap: $D45A-$DFFF."
     QString rangesOf(const MemoryRow& row) const;
     /// "$C000-$D459 used, 5,210 bytes".

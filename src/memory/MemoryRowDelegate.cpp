@@ -50,6 +50,9 @@ std::optional<MemoryPlace> placeUnder(const MemoryRow& row, const QRect& bar, in
     return exact;
 }
 
+/// How strongly a selected row is tinted, of 255.
+constexpr int TintStrength = 40;
+
 QFont bold(QFont font) {
     font.setBold(true);
     return font;
@@ -70,6 +73,11 @@ void MemoryRowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
                               const QModelIndex& index) const {
     const MemoryRow& row = m_model.report().rows().at(static_cast<std::size_t>(index.row()));
     const QRect bar = barRect(option.rect, option.fontMetrics);
+    if (option.state.testFlag(QStyle::State_Selected)) { // what would be copied
+        QColor tint = option.palette.color(QPalette::Active, QPalette::Highlight);
+        tint.setAlpha(TintStrength);
+        painter->fillRect(option.rect, tint);
+    }
     drawMemoryBar(*painter, bar, *row.area, row.gap, MemoryBarColors(option.palette));
 
     painter->save();

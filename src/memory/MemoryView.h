@@ -22,15 +22,21 @@ public:
     /// Shows nothing new once `knowledge` is gone.
     explicit MemoryView(const ProgramKnowledge& knowledge, QWidget* parent = nullptr);
 
+    /// Says something about the numbers, above them; nothing when it is empty.
+    void setNote(const QString& note);
+
 protected:
     void showEvent(QShowEvent* event) override;
 
 private:
     void refresh();
+    void copySelected() const;
+    QLabel* makeText(const char* objectName);
 
     QPointer<const ProgramKnowledge> m_knowledge;
     MemoryModel* m_model;
     QLabel* m_summary;
+    QLabel* m_note;
     MemoryList* m_list;
     MemoryLegend* m_legend;
     bool m_isStale = true;

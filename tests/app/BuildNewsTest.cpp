@@ -123,6 +123,34 @@ TEST(BuildNews, OfARunTellTheSecondBuildOnlyWhenItCameToSomethingElse) {
     EXPECT_TRUE(found.hint.contains(QStringLiteral("whose output is below, made no image.")));
 }
 
+TEST(BuildNews, OfARunTellOfFilesThatOnlyTheSecondBuildCouldNotCopy) {
+    BuildResult old = made();
+    old.notCopied = {{"main.asm", "No space left on device", true}};
+    old.hints = {"One."};
+    const BuildNews late = newsOf({made(), old, launch(Launch::started), {}});
+    EXPECT_EQ(late.mark, BuildMarkKind::failed);
+    EXPECT_TRUE(late.text.contains(QStringLiteral("but not of your files as they are")));
+    EXPECT_EQ(late.hint, QStringLiteral("One.\nThat was the second build of this run, whose output "
+                                        "is not shown. For the first one other files could be "
+                                        "copied."));
+    const BuildNews early = newsOf({old, made(), launch(Launch::started), {}});
+    EXPECT_EQ(early.mark, BuildMarkKind::made) << "the emulator gets the second image";
+    EXPECT_TRUE(early.hint.startsWith(QStringLiteral("That was the second build")));
+    const BuildNews both = newsOf({old, old, launch(Launch::started), {}});
+    EXPECT_EQ(both.hint, QStringLiteral("One."));
+}
+
+TEST(BuildNews, OfABuildWithWarningsAloneHaveAMarkOfTheirOwn) {
+    BuildResult result = made();
+    result.warnings = 1;
+    EXPECT_EQ(newsOf({result, {}, {}, {}}).mark, BuildMarkKind::warned);
+    result.errors = 1;
+    EXPECT_EQ(newsOf({result, {}, {}, {}}).mark, BuildMarkKind::failed);
+    result.errors = 0;
+    result.notCopied = {{"main.asm", "Read-only file system", true}};
+    EXPECT_EQ(newsOf({result, {}, {}, {}}).mark, BuildMarkKind::failed);
+}
+
 TEST(BuildNews, OfARunOfferToRunAgain) {
     BuildStory story{made(), made(), launch(Launch::started), QStringLiteral("player.asm")};
     story.isRun = true;

@@ -9,6 +9,7 @@
 #include "editors/code/TextEditorController.h"
 #include "editors/CommonEditorControllers.h"
 #include "model/Paths.h"
+#include "support/Announced.h"
 #include "widgets/ElidedLabel.h"
 #include "widgets/WrappedLabel.h"
 
@@ -445,6 +446,56 @@ TEST_F(BuildSessionTest, TheResultOfAnOverlappedBuildIsNotTold) {
         EXPECT_NE(news.at(0).value<BuildNews>().mark, BuildMarkKind::stopped);
     }
     EXPECT_EQ(session().news().mark, BuildMarkKind::made);
+}
+
+TEST_F(BuildSessionTest, BuildsThatWereOvertakenLeaveNoLineInTheConsole) {
+    startWith("Game");
+    script("Game", "ignore\ncount ready\nforever\n");
+    controller->build();
+    ASSERT_TRUE(waitForFile("ready"));
+    script("Game", "image made\nprint last\n");
+    for (int i = 0; i < 5; ++i) {
+        controller->build();
+    }
+    ASSERT_TRUE(isOver());
+    ASSERT_TRUE(consoleEndsWith("\nInternal Error when building"));
+    ASSERT_TRUE(QThreadPool::globalInstance()->waitForDone(60000));
+    QApplication::processEvents();
+    EXPECT_EQ(consoleText(), "\nlast\n\nInternal Error when building");
+}
+
+TEST_F(BuildSessionTest, TheResultThatOpensTheConsoleIsAnnouncedOnce) {
+    startWith("Game");
+    std::unique_ptr<Announced> announced;
+    QObject::connect(controller.get(), &MainWindowController::consoleMade, &window(), [&] {
+        announced = std::make_unique<Announced>(*controller->windowController());
+    });
+    for (const char* lines :
+         {"image made\n", "print main.asm:1:1: error: no\nexit 1\n", "image other\n"}) {
+        script("Game", lines);
+        controller->build();
+        ASSERT_TRUE(isOver());
+        ASSERT_TRUE(consoleEndsWith("\nInternal Error when building"));
+        EXPECT_EQ(announced->take(), std::vector{text()}) << lines;
+        controller->windowController()->close();
+    }
+    // One that takes so long that the strip would say meanwhile that it runs.
+    script("Game", "await go\nimage made\n");
+    const auto go = fifo("go");
+    controller->build();
+    QTest::qWait(2 * BuildSession::QuietMilliseconds);
+    std::ofstream(go).close();
+    ASSERT_TRUE(isOver());
+    EXPECT_EQ(announced->take(), std::vector{text()});
+}
+
+TEST_F(BuildSessionTest, WarningsAloneHaveTheirOwnMark) {
+    startWith("Game");
+    script("Game", "image made\nprint main.asm:1:1: warning: odd\n");
+    press(Qt::Key_B);
+    ASSERT_TRUE(isOver());
+    EXPECT_TRUE(text().endsWith(QStringLiteral(": 4 bytes, 1 warning")));
+    EXPECT_EQ(window().statusBar()->findChild<BuildMark*>()->kind(), BuildMarkKind::warned);
 }
 
 TEST_F(BuildSessionTest, ManyBuildsAndStopsLeaveNothingBehind) {

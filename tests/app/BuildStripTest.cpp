@@ -12,6 +12,8 @@
 #include <QAccessible>
 #include <QImage>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -173,6 +175,35 @@ TEST_F(BuildStripTest, LosesNothingInTheNarrowestWindow) {
     EXPECT_GT(button().x(), label("buildText").width());
 }
 
+TEST_F(BuildStripTest, InALowWindowItIsScrolledAndLeavesRoomForTheText) {
+    strip().showNews({BuildMarkKind::failed,
+                      QStringLiteral("Could not find main entry point for assembly file(s)"),
+                      {},
+                      QStringLiteral("The main file is the first listed one. ").repeated(6),
+                      BuildNews::Again::build});
+    m_window.resize(320, 120);
+    const auto* area = m_window.findChild<QScrollArea*>(QStringLiteral("buildStripArea"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return area->verticalScrollBar()->maximum() > 0; }));
+    EXPECT_EQ(m_window.height(), 120);
+    EXPECT_GE(m_window.consoleOutput()->height(), 2 * m_window.fontMetrics().lineSpacing());
+    for (const char* name : {"buildText", "buildHint"}) {
+        const WrappedLabel& shown = label(name);
+        EXPECT_GE(shown.height(), shown.heightForWidth(shown.width())) << name;
+    }
+    EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+        return area->viewport()->rect().contains(
+            button().mapTo(area->viewport(), button().rect().bottomLeft()));
+    })) << "the button can be reached";
+    EXPECT_EQ(area->focusPolicy(), Qt::TabFocus) << "by the keyboard, too";
+    m_window.resize(320, 500);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return area->verticalScrollBar()->maximum() == 0; }));
+    EXPECT_EQ(area->focusPolicy(), Qt::NoFocus);
+    strip().showNews({});
+    EXPECT_TRUE(area->isHidden());
+}
+
 /// A mark as it is painted on this background, in shades of grey.
 QImage greyMark(BuildMarkKind kind, const QColor& background, const QColor& text) {
     BuildMark mark;
@@ -200,8 +231,9 @@ TEST(BuildMark, IsToldApartWithoutColoursOnLightAndDark) {
     for (const auto& [background, text] :
          {std::pair<QColor, QColor>{Qt::white, Qt::black}, {QColor(0x20, 0x20, 0x20), Qt::white}}) {
         std::vector<QImage> marks;
-        for (const auto kind : {BuildMarkKind::notice, BuildMarkKind::running, BuildMarkKind::made,
-                                BuildMarkKind::failed, BuildMarkKind::stopped}) {
+        for (const auto kind :
+             {BuildMarkKind::notice, BuildMarkKind::running, BuildMarkKind::made,
+              BuildMarkKind::warned, BuildMarkKind::failed, BuildMarkKind::stopped}) {
             marks.push_back(greyMark(kind, background, text));
             for (std::size_t i = 0; i + 1 < marks.size(); ++i) {
                 EXPECT_GT(difference(marks.at(i), marks.back()), 20) << i << " " << marks.size();
@@ -214,7 +246,8 @@ TEST(BuildMark, StandsOutFromItsBackground) {
     for (const auto& [background, text] :
          {std::pair<QColor, QColor>{QColor(0xef, 0xef, 0xef), Qt::black},
           {QColor(0x20, 0x20, 0x20), Qt::white}}) {
-        for (const auto kind : {BuildMarkKind::made, BuildMarkKind::failed}) {
+        for (const auto kind :
+             {BuildMarkKind::made, BuildMarkKind::warned, BuildMarkKind::failed}) {
             BuildMark mark;
             QPalette palette;
             palette.setColor(QPalette::Window, background);

@@ -4,6 +4,7 @@
 #include "app/ConsoleOutput.h"
 
 #include <gtest/gtest.h>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
@@ -152,6 +153,26 @@ TEST_F(ConsolePlacesTest, TheLineOfAProblemIsShownAndTinted) {
     EXPECT_EQ(view().extraSelections().front().cursor.blockNumber(), 3);
     console.clear();
     EXPECT_TRUE(view().extraSelections().isEmpty());
+}
+
+TEST_F(ConsolePlacesTest, WhatIsSaidBelowTheLineOfAProblemIsInSightToo) {
+    QString text;
+    for (int i = 0; i < 40; ++i) {
+        text += QStringLiteral("a.asm:%1:1: error: x\n  lda x\n      ^\nincluded from b.asm:3\n")
+                    .arg(i + 1);
+    }
+    show(text.toUtf8().constData());
+    view().verticalScrollBar()->setValue(0);
+    for (const std::size_t problem : {20U, 21U, 25U, 3U, 38U}) {
+        places.showProblem(problem);
+        const QRect line = view().cursorRect();
+        EXPECT_GE(line.top(), 0) << problem;
+        EXPECT_LE(line.bottom() + 3 * line.height(), view().viewport()->height()) << problem;
+    }
+    places.showProblem(20);
+    const int place = view().verticalScrollBar()->value();
+    places.showProblem(21);
+    EXPECT_EQ(view().verticalScrollBar()->value(), place) << "it was in sight";
 }
 
 TEST_F(ConsolePlacesTest, OfHundredsOfThousandsOfProblemsTheFirstAreReadAndAllCanBeChosen) {

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/WindowFixture.h"
+#include "editors/code/CodeEditorTextView.h"
+#include "editors/code/TextEditorController.h"
+#include "editors/CommonEditorControllers.h"
 #include "facts/ProgramKnowledge.h"
 #include "memory/SampleProgram.h"
+#include "model/Fingerprint.h"
 
 #include <gtest/gtest.h>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QLabel>
 #include <QTest>
 
 namespace kestrel {
@@ -32,6 +37,28 @@ protected:
             sentences += list->model()->index(i, 0).data(Qt::AccessibleTextRole).toString();
         }
         return sentences;
+    }
+
+    static QString note() {
+        return memoryWindows().at(0)->findChild<QLabel*>(QStringLiteral("memoryNote"))->text();
+    }
+
+    static bool waitForNote(const char* text) {
+        const bool came = QTest::qWaitFor([&] { return note() == QLatin1String(text); }, 30000);
+        EXPECT_EQ(note().toStdString(), text);
+        return came;
+    }
+
+    /// As after a build of the project from the main file as it is now.
+    void know(const std::string& project) const {
+        ProgramFacts facts = test::sampleProgram();
+        const std::string content = test::contentOf(folder(project) / "main.asm");
+        const Fingerprint fingerprint = fingerprintOf(content);
+        facts.files.at(0).path = (folder(project) / "tmp/main.asm").string();
+        facts.files.at(0).size = fingerprint.size;
+        facts.files.at(0).hash = fingerprint.hash;
+        controller->knowledge().set(folder(project) / "output/Game.nes",
+                                    std::make_shared<const ProgramFacts>(std::move(facts)));
     }
 };
 
@@ -76,6 +103,48 @@ TEST_F(MemoryWindow, ShowsWhatIsKnownOfTheProgramWheneverThatComes) {
     controller->knowledge().clear();
     action("memoryAction")->trigger();
     EXPECT_EQ(told(), QStringList());
+}
+
+TEST_F(MemoryWindow, SaysWhenTheSourceOnTheScreenOrOnTheDiskIsNewer) {
+    constexpr const char* Older =
+        "From before the changes in main.asm: build to see the new numbers.";
+    registerProject("Game");
+    start();
+    action("memoryAction")->trigger();
+    know("Game");
+    ASSERT_TRUE(waitForNote(""));
+    tree().select(tree().allItems().at(0)->subItems().at(0));
+    auto* code = editor().commonController()->textEditor->codeEditor.data();
+    code->insertPlainText(QStringLiteral("; edited\n"));
+    EXPECT_EQ(note(), QLatin1String(Older));
+    code->undo();
+    EXPECT_EQ(note(), QString());
+    code->insertPlainText(QStringLiteral("; edited\n"));
+    action("saveAction")->trigger();
+    ASSERT_TRUE(waitForNote(Older));
+    know("Game"); // a build
+    ASSERT_TRUE(waitForNote(""));
+    // Another program changes the file, and the window is gone to.
+    home.write("Kestrel/Game/main.asm", "; other\n");
+    memoryWindows().at(0)->hide();
+    action("memoryAction")->trigger();
+    ASSERT_TRUE(waitForNote(Older));
+    controller->knowledge().clear();
+    ASSERT_TRUE(waitForNote(""));
+}
+
+TEST_F(MemoryWindow, SaysWhenTheLastBuildCouldNotBeLookedAt) {
+    registerProject("Game");
+    start();
+    action("memoryAction")->trigger();
+    controller->knowledge().giveUp("/p/Game.nes");
+    EXPECT_EQ(note(), QStringLiteral("Looking at the last build took too long."));
+    know("Game");
+    ASSERT_TRUE(waitForNote(""));
+    controller->knowledge().giveUp(folder("Game") / "output/Game.nes");
+    EXPECT_EQ(note(),
+              QStringLiteral("Of an earlier build: looking at the last one took too long."));
+    EXPECT_EQ(told().size(), 4);
 }
 
 TEST_F(MemoryWindow, BuildsByTheKeyOfTheMainWindow) {

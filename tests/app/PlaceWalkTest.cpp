@@ -94,6 +94,28 @@ TEST_F(PlaceWalkTest, TheFirstStepGoesToTheFirstErrorAndTheNextOnesRound) {
     EXPECT_EQ(place(), "inc.asm:3:1");
 }
 
+TEST_F(PlaceWalkTest, APlaceBeyondTheEndOfTheFileIsSaidToBeThere) {
+    startAndBuild("print main.asm:2:6: error: jumps away\nprint inc.asm:2:6: error: no such name\n"
+                  "print inc.asm:23:1: error: what is this\n");
+    home.write("Kestrel/Game/code/inc.asm", "only\n");
+    next();
+    next();
+    EXPECT_EQ(place(), "inc.asm:2:1") << "the last line, which is empty";
+    EXPECT_EQ(told(), QStringLiteral("Error (2 of 3): no such name"));
+    next();
+    EXPECT_EQ(place(), "inc.asm:2:1");
+    EXPECT_EQ(told(),
+              QStringLiteral("“inc.asm” ends before line 23. Error (3 of 3): what is this"));
+    const auto* notice = controller->windowController()->buildStrip()->findChild<QLabel*>(
+        QStringLiteral("buildNotice"));
+    EXPECT_EQ(notice->text(), QStringLiteral("“inc.asm” ends before line 23"));
+    EXPECT_EQ(text().accessibleDescription(), QStringLiteral("Error: no such name"))
+        << "what is of no line of the text is no mark";
+    next();
+    EXPECT_EQ(place(), "main.asm:2:6");
+    EXPECT_EQ(told(), QStringLiteral("Error (1 of 3): jumps away"));
+}
+
 TEST_F(PlaceWalkTest, TheStatusBarTellsTheProblemWhileTheCaretIsInItsLine) {
     startAndBuild(Complaints);
     previous();

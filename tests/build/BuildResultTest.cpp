@@ -42,6 +42,23 @@ TEST(BuildResult, TellsOfAnImageWithTimeSizeAndWarnings) {
     EXPECT_EQ(slow.sentence(), "Lanternfall.nes built in 61.24 s: 100,000 bytes, no warnings");
 }
 
+TEST(BuildResult, GivesNoTimeThatItCannotTell) {
+    BuildResult fast = made(16'400);
+    fast.duration = milliseconds(9);
+    EXPECT_EQ(fast.sentence(), "Lanternfall.nes built in under 0.01 s: 16,400 bytes, no warnings");
+    fast.duration = milliseconds(10);
+    EXPECT_EQ(fast.sentence(), "Lanternfall.nes built in 0.01 s: 16,400 bytes, no warnings");
+    fast.state = State::stopped;
+    fast.duration = milliseconds(0);
+    EXPECT_EQ(fast.sentence(), "The build was stopped after less than 0.01 s");
+}
+
+TEST(BuildResult, SaysWhenThereMayBeMoreErrors) {
+    BuildResult result = notMade(20, 1);
+    result.hasMoreErrors = true;
+    EXPECT_EQ(result.sentence(), "20 errors or more, 1 warning: no image");
+}
+
 TEST(BuildResult, SaysWhenTheImageIsNotOfTheFilesAsTheyAre) {
     BuildResult result = made(24592);
     EXPECT_TRUE(result.isGood());
@@ -98,6 +115,8 @@ TEST(BuildResult, TheStateFollowsFromTheImageTheSignalAndTheStop) {
     EXPECT_EQ(stateAfter({false, 0, false}), State::notMade);
     EXPECT_EQ(stateAfter({false, SIGSEGV, false}), State::crashed);
     EXPECT_EQ(stateAfter({false, SIGSEGV, true}), State::made) << "what counts is the image";
+    EXPECT_EQ(stateAfter({false, 0, true, true}), State::notMade) << "made by somebody else";
+    EXPECT_EQ(stateAfter({false, SIGSEGV, true, true}), State::crashed);
     EXPECT_EQ(stateAfter({true, SIGTERM, true}), State::stopped);
     EXPECT_EQ(stateAfter({true, 0, false}), State::stopped);
 }

@@ -86,6 +86,33 @@ TEST_F(BuilderResult, WithTheImageTheExitStatusDoesNotCount) {
               "No image was made, and the assembler said nothing");
 }
 
+TEST_F(BuilderResult, AnImageThatComesWhileTheAssemblerFailsIsNotItsOwn) {
+    for (const char* end : {"exit 1\n", "kill\n"}) {
+        m_project.script(std::string("image other\nprint main.asm:1:1: error: bad\n") + end);
+        const BuildResult result = build();
+        EXPECT_FALSE(result.isMade()) << end;
+        EXPECT_EQ(result.bytes, 0U);
+        EXPECT_EQ(m_outcome.image(), image()) << "the handler looks at none of that";
+    }
+    m_project.script("image made\nprint main.asm:1:1: error: bad\n");
+    EXPECT_TRUE(build().isMade()) << "the assembler ended well";
+}
+
+TEST_F(BuilderResult, AtTheAssemblersLimitTheErrorsMayBeMore) {
+    m_project.script(
+        "print main.asm:1:1: error: bad\n"
+        "print stopped here: 1 error is the limit (--max-errors changes it)\nexit 1\n");
+    EXPECT_EQ(build().sentence(), "1 error or more: no image");
+}
+
+TEST_F(BuilderResult, AnInterpreterThatIsMissingIsNamed) {
+    m_project.assembler = m_project.home.write("script", "#! /no/such/perl -w\n");
+    std::filesystem::permissions(*m_project.assembler, std::filesystem::perms::owner_all);
+    EXPECT_EQ(build().sentence(), "Could not start the assembler " + m_project.assembler->string() +
+                                      ": its first line names /no/such/perl: "
+                                      "No such file or directory");
+}
+
 TEST_F(BuilderResult, AFileThatCouldNotBeCopiedIsNamedButNotInTheConsole) {
     std::filesystem::create_directories(m_project.folder() / "tmp/extra.asm/inner");
     m_project.addSource("extra.asm", "; extra\n");

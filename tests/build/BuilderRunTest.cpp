@@ -91,6 +91,22 @@ TEST_F(BuilderRun, TellsWhichEmulatorCouldNotBeStartedAndWhy) {
     EXPECT_EQ(openWithEmulator(image(), "/nowhere/fceux").emulator, "fceux");
 }
 
+TEST_F(BuilderRun, NamesWhatIsMissingWhenThatIsNotTheChosenFile) {
+    const auto reason = [this](const std::filesystem::path& emulator) {
+        return openWithEmulator(image(), emulator).reason;
+    };
+    EXPECT_EQ(reason(desktopEntry("/no/such/prog %f")), "/no/such/prog: No such file or directory");
+    EXPECT_EQ(reason(desktopEntry("no-such-prog %f")), "no-such-prog: No such file or directory");
+    EXPECT_EQ(reason(desktopEntry(FAKE_EMULATOR, "Path=/no/such/folder\n")),
+              "/no/such/folder: No such file or directory");
+    const auto script = m_project.home.write("player", "#!/no/such/python3\n");
+    std::filesystem::permissions(script, std::filesystem::perms::owner_all);
+    EXPECT_EQ(reason(script), "its first line names /no/such/python3: No such file or directory");
+    EXPECT_EQ(reason(desktopEntry(script.string())),
+              script.string() +
+                  ": its first line names /no/such/python3: No such file or directory");
+}
+
 TEST_F(BuilderRun, TellsTheObserverOnTheMainThreadWhatBecameOfTheImage) {
     using State = EmulatorLaunch::State;
     std::vector<EmulatorLaunch> launches;

@@ -26,6 +26,7 @@ using State = BuildResult::State;
 using ::testing::ElementsAre;
 
 const BuildError Stopped{"", 100, "The build was stopped"};
+const BuildError Overtaken{"", 100, "The build was replaced by a newer one"};
 
 /// The number of entries in a folder of /proc/self.
 std::size_t countIn(const char* folder) {
@@ -178,9 +179,12 @@ TEST_F(BuilderStop, ANewerRequestEndsTheAssemblerOfTheOlderOneFirst) {
     ASSERT_TRUE(waitUntil([&] { return m_outcome.calls() > 0; }));
     finish(newer, 2);
     EXPECT_EQ(m_outcome.calls(), 1);
-    EXPECT_EQ(m_outcome.error(), Stopped);
+    EXPECT_EQ(m_outcome.error(), Overtaken);
     EXPECT_FALSE(newer.error());
     EXPECT_THAT(states(), ElementsAre(State::stopped, State::made));
+    EXPECT_GE(m_project.results->all[0].duration, std::chrono::milliseconds(300));
+    EXPECT_LT(m_project.results->all[1].duration, std::chrono::milliseconds(300))
+        << "the wait for the older one's end is not the newer one's time";
     EXPECT_EQ(contentOf(m_project.folder() / "output/Game.nes"), "new");
 }
 
@@ -198,7 +202,7 @@ TEST_F(BuilderStop, OfManyRequestsOnlyTheNewestGoesOn) {
     finish(outcomes[Count - 1], Count);
     for (std::size_t i = 0; i + 1 < Count; ++i) {
         EXPECT_EQ(outcomes[i].calls(), 1) << i;
-        EXPECT_EQ(outcomes[i].error(), Stopped) << i;
+        EXPECT_EQ(outcomes[i].error(), Overtaken) << i;
     }
     EXPECT_FALSE(outcomes[Count - 1].error());
     EXPECT_EQ(contentOf(m_project.folder() / "output/Game.nes"), "newest");

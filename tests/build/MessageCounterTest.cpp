@@ -35,6 +35,25 @@ TEST(MessageCounter, CountsLinesThatBeginWithAPlace) {
     EXPECT_EQ(countsOf("main.asm:3:5: error: x\r\nmain.asm:3:5: warning: y\r\n"), Counts(1, 1));
 }
 
+TEST(MessageCounter, KnowsWhenTheAssemblerReachedItsLimit) {
+    const auto reachedLimit = [](const std::string& text, std::size_t pieceSize) {
+        MessageCounter counter;
+        for (std::size_t begin = 0; begin < text.size(); begin += pieceSize) {
+            counter.append(std::string_view(text).substr(begin, pieceSize));
+        }
+        counter.finish();
+        return counter.reachedLimit();
+    };
+    const std::string error = "main.asm:3:5: error: x\n";
+    const std::string limit = "stopped here: 20 errors are the limit (--max-errors changes it)\n";
+    for (const std::size_t size : {std::size_t{1}, std::size_t{30}, std::size_t{1000}}) {
+        EXPECT_TRUE(reachedLimit(error + limit + error, size)) << size;
+        EXPECT_FALSE(reachedLimit(error + "  " + limit, size)) << "a quoted line of the source";
+        EXPECT_FALSE(reachedLimit(error, size));
+    }
+    EXPECT_EQ(countsOf(error + limit + error), Counts(2, 0));
+}
+
 TEST(MessageCounter, CountsLinesWithoutAPlace) {
     EXPECT_EQ(countsOf("error: the input 'a.asm' cannot be read: there is no such file\n"),
               Counts(1, 0));

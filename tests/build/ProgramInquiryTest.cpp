@@ -177,6 +177,34 @@ TEST_F(ProgramInquiryTest, IsSilentWhenItFails) {
     EXPECT_TRUE(m_log.lines().empty());
 }
 
+TEST_F(ProgramInquiryTest, EndsAtItsTimeLimitAndSaysSo) {
+    const auto before = std::make_shared<const ProgramFacts>();
+    m_knowledge.set(made().image, before);
+    script("ignore\nforever\n");
+    ProgramInquiry inquiry(m_knowledge, [this] { return m_program; });
+    inquiry.setTimeLimit(std::chrono::milliseconds(300));
+    const BuildObserver observer = inquiry.nextBuild();
+    observer(made());
+    const pid_t process = startedProcess();
+    ASSERT_TRUE(waitUntil([this] { return m_knowledge.gaveUp(); }));
+    EXPECT_TRUE(isGone(process));
+    EXPECT_EQ(m_knowledge.facts(), before) << "of the build before";
+    ASSERT_EQ(m_log.lines().size(), 1U);
+    EXPECT_THAT(m_log.lines().front(), HasSubstr(" took longer than 300 ms and was ended"));
+    // Of another image nothing is known.
+    BuildResult other = made();
+    other.image = m_folder.path() / "Other.nes";
+    observer(other);
+    ASSERT_TRUE(waitUntil([this] { return m_knowledge.facts() == nullptr; }));
+    EXPECT_TRUE(m_knowledge.gaveUp());
+    // The next one that answers in time sets all right.
+    script(EmptyProgram);
+    inquiry.nextBuild()(made());
+    ASSERT_TRUE(waitUntil([this] { return m_knowledge.facts() != nullptr; }));
+    EXPECT_FALSE(m_knowledge.gaveUp());
+    finish();
+}
+
 TEST_F(ProgramInquiryTest, StopsFloodsAtOnce) {
     script("flood\n");
     ProgramInquiry inquiry(m_knowledge, [this] { return m_program; });

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 #include <QAccessible>
+#include <QClipboard>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QScrollBar>
@@ -110,6 +111,50 @@ TEST_F(MemoryViewTest, ShowsTheProgramOfTheLastBuild) {
     EXPECT_EQ(list().model()->rowCount(), 0);
     EXPECT_TRUE(summary().isHidden());
     EXPECT_FALSE(list().accessibleDescription().isEmpty());
+}
+
+TEST_F(MemoryViewTest, CopiesTheNumbersOfTheSelectedRowsWithTheirNames) {
+    show();
+    build(sampleProgram());
+    const QString head = QStringLiteral("Area\tUsed\tSize\tFree\tLargest gap\tChange\n");
+    QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
+    list().clearSelection();
+    const QImage plain = picture();
+    list().selectionModel()->select(list().model()->index(0, 0), QItemSelectionModel::Select);
+    EXPECT_NE(picture(), plain) << "it is seen what would be copied";
+    const QString first = QStringLiteral("PRG bank 0\t5216\t8192\t2976\t2976\t\n");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), head + first);
+    QTest::keyClick(&list(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+              head + first +
+                  QStringLiteral("CHR bank 1\t8192\t8192\t0\t0\t\n"
+                                 "Zero page\t13\t256\t243\t239\t\n"
+                                 "RAM\t0\t1536\t1536\t1536\t\n"));
+    ProgramFacts less = sampleProgram();
+    less.areas[0].used = {{0, 10}};
+    build(std::move(less));
+    list().selectionModel()->select(list().model()->index(0, 0),
+                                    QItemSelectionModel::ClearAndSelect);
+    QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+              head + QStringLiteral("PRG bank 0\t10\t8192\t8182\t8182\t-5206\n"));
+    QGuiApplication::clipboard()->setText(QStringLiteral("kept"));
+    list().clearSelection();
+    QTest::keyClick(&list(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("kept"));
+}
+
+TEST_F(MemoryViewTest, ANoteStandsAboveTheNumbers) {
+    show();
+    build(sampleProgram());
+    const auto* note = view.findChild<QLabel*>(QStringLiteral("memoryNote"));
+    EXPECT_FALSE(note->isVisible());
+    view.setNote(QStringLiteral("Before the changes"));
+    EXPECT_TRUE(note->isVisible());
+    EXPECT_EQ(note->text(), QStringLiteral("Before the changes"));
+    view.setNote({});
+    EXPECT_FALSE(note->isVisible());
 }
 
 TEST_F(MemoryViewTest, TakesUpWhatCameWhileItWasHidden) {

@@ -79,6 +79,9 @@ void SourceMarks::add(const std::vector<SourceMark>& marks) {
         if (m_marks.size() == Limit) {
             break;
         }
+        if (mark.place.line > m_view.lineCount()) {
+            continue; // the text has become shorter since
+        }
         QTextCursor word(m_view.document());
         word.setPosition(positionOf(m_view, mark.place));
         const QTextBlock block = word.block();

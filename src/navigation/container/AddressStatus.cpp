@@ -64,7 +64,10 @@ bool AddressStatus::eventFilter(QObject* watched, QEvent* event) {
 void AddressStatus::findFile() {
     m_facts = m_knowledge.facts();
     const ProjectNavigationController* const tree = m_editor.projectNavigationController();
-    const auto project = tree != nullptr ? findParentFromItem(tree->selectedItem()) : nullptr;
+    auto project = tree != nullptr ? findParentFromItem(tree->selectedItem()) : nullptr;
+    if (!project && tree != nullptr && m_facts) {
+        project = builtProject(*m_facts, tree->allItems()); // a text stays without its row's choice
+    }
     m_file = m_facts && m_pane.path() ? knownFile(*m_facts, *m_pane.path(), CopiedSources(project))
                                       : nullptr;
     const std::optional<Fingerprint>& now = m_pane.fingerprint();

@@ -47,4 +47,14 @@ const FileFacts* knownFile(const ProgramFacts& facts, const std::filesystem::pat
     return found != facts.files.end() ? &*found : nullptr;
 }
 
+std::shared_ptr<ProjectItem> builtProject(const ProgramFacts& facts, const ProjectItems& projects) {
+    const auto found = std::ranges::find_if(projects, [&](const auto& project) {
+        const std::filesystem::path copies = copiesOf(project.get());
+        return !copies.empty() && std::ranges::any_of(facts.files, [&](const FileFacts& file) {
+            return std::filesystem::path(file.path).lexically_normal().parent_path() == copies;
+        });
+    });
+    return found != projects.end() ? *found : nullptr;
+}
+
 } // namespace kestrel

@@ -36,6 +36,10 @@ private:
 const FileFacts* knownFile(const ProgramFacts& facts, const std::filesystem::path& path,
                            const CopiedSources& sources);
 
+/// The one of these projects whose copies in "tmp" the program was assembled from; nullptr when it
+/// is none of them.
+std::shared_ptr<ProjectItem> builtProject(const ProgramFacts& facts, const ProjectItems& projects);
+
 /// Whether a character can be in a name of a program.
 inline bool isNameCharacter(QChar character) {
     const char16_t code = character.unicode();

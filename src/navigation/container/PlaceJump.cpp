@@ -82,7 +82,10 @@ bool PlaceJump::goTo(const std::shared_ptr<ProjectItem>& node, int line, int col
     CodeEditorTextView& view = *pane->codeEditor;
     moveCaretTo(view, {line, column});
     view.setFocus(Qt::ShortcutFocusReason);
-    Q_EMIT arrived();
+    Q_EMIT arrived(
+        line > view.lineCount()
+            ? tr("“%1” ends before line %2").arg(QString::fromStdString(node->itemName())).arg(line)
+            : QString());
     return true;
 }
 

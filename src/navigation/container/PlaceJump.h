@@ -41,8 +41,9 @@ public:
 Q_SIGNALS:
     /// Why a place cannot be shown, as a sentence for the user.
     void notice(const QString& text);
-    /// The caret is at the place.
-    void arrived();
+    /// The caret is at the place. `remark` is empty, or says that the file ends before it, so that
+    /// the caret is in the last line.
+    void arrived(const QString& remark);
 
 private:
     TextEditorController* show(const std::shared_ptr<ProjectItem>& node);

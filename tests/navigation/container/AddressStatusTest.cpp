@@ -65,6 +65,20 @@ TEST_F(AddressStatusTest, TellsOfTheCaretsLineOnceABuildIsKnown) {
     EXPECT_EQ(told(), "");
 }
 
+TEST_F(AddressStatusTest, TellsAlsoWhenNothingIsSelectedAsFactsCome) {
+    projectOf("Game", {{"main.asm", MainText}});
+    projectOf("Other", {{"main.asm", MainText}});
+    begin();
+    click(find("Game")->subItems().at(0));
+    putCaretAt(QStringLiteral("lda"));
+    container->projectNavigationController()->outlineView()->selectionModel()->clear();
+    ASSERT_EQ(container->projectNavigationController()->selectedItem(), nullptr);
+    know(MainText, 0x8000, "Other");
+    EXPECT_EQ(told(), "") << "of the other project's file";
+    know(MainText);
+    EXPECT_EQ(told(), "$C000, 2 bytes, 2 cycles");
+}
+
 TEST_F(AddressStatusTest, AddsUpTheSelectedLinesWhicheverWayTheyWereSelected) {
     projectOf("Game", {{"main.asm", MainText}});
     begin();
