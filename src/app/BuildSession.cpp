@@ -76,6 +76,19 @@ void BuildSession::refused(Number number, const BuildError& error) {
     buildEnded(number, result);
 }
 
+bool BuildSession::tellNothingWasBuilt(const QString& text) {
+    if (isRunning()) {
+        return false;
+    }
+    m_others.clear();
+    BuildNews news;
+    news.mark = BuildMarkKind::failed;
+    news.text = text;
+    m_end = news;
+    tellEnd();
+    return true;
+}
+
 void BuildSession::buildEnded(Number number, const BuildResult& result) {
     const auto found = m_commands.find(number);
     if (found == m_commands.end()) {

@@ -48,6 +48,10 @@ public:
     /// The command ended before it had a builder.
     void refused(Number number, const BuildError& error);
 
+    /// A command that could not be begun, since saving failed, as a sentence without a full stop.
+    /// False, and nothing is said, while something runs.
+    bool tellNothingWasBuilt(const QString& text);
+
     /// What becomes of the rest of a run.
     enum class Rest { goesOn, stopped, dropped };
 

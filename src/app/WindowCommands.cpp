@@ -149,9 +149,12 @@ bool WindowCommands::saveToBuild(MainWindowController& controller) {
     }
     controller.showConsole();
     const QString reason = m_editor.commonController()->statusBoard()->text(StatusField::saving);
-    controller.windowController()->buildStrip()->showNotice(
-        reason.isEmpty() ? tr("Nothing was built: the file on the screen could not be saved.")
-                         : tr("Nothing was built: %1.").arg(reason));
+    const QString text = reason.isEmpty()
+                             ? tr("Nothing was built: the file on the screen could not be saved")
+                             : tr("Nothing was built: %1").arg(reason);
+    if (!controller.buildSession().tellNothingWasBuilt(text)) {
+        controller.windowController()->buildStrip()->showNotice(text + QLatin1Char('.'));
+    }
     return false;
 }
 

@@ -75,7 +75,7 @@ std::optional<std::string> start(const DesktopEntry::Command& command) {
 
 /// The same for a command that the user did not choose: the reason names what is at fault.
 std::optional<std::string> startNamed(const DesktopEntry::Command& command) {
-    const auto reason = start(command);
+    auto reason = start(command);
     if (!reason || command.program.empty()) {
         return reason;
     }

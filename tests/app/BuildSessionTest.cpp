@@ -286,11 +286,30 @@ TEST_F(BuildSessionTest, NothingIsBuiltWhenSavingToBuildFails) {
     press(Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_FALSE(session().isRunning());
     EXPECT_FALSE(existsAt(folder("Game") / "runs"));
+    // In place of what an earlier build came to, so that nobody takes that for this one's.
+    EXPECT_EQ(session().news().mark, BuildMarkKind::failed);
+    EXPECT_TRUE(session().news().text.startsWith(QStringLiteral("Nothing was built: main.asm ")))
+        << session().news().text.toStdString();
+    EXPECT_TRUE(controller->windowController()->isVisible());
+}
+
+TEST_F(BuildSessionTest, SavingThatFailsWhileABuildRunsIsSaidBesideIt) {
+    startWith("Game");
+    script("Game", "await go\nimage made\n");
+    const auto go = fifo("go");
+    press(Qt::Key_B);
+    ASSERT_TRUE(session().isRunning());
+    editMainFile();
+    std::filesystem::remove(folder("Game") / "main.asm");
+    std::filesystem::create_directory(folder("Game") / "main.asm"); // cannot be replaced
+    press(Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
     const auto* notice = controller->windowController()->buildStrip()->findChild<WrappedLabel*>(
         QStringLiteral("buildNotice"));
     EXPECT_TRUE(notice->isVisible());
     EXPECT_TRUE(notice->text().startsWith(QStringLiteral("Nothing was built: main.asm ")))
         << notice->text().toStdString();
+    std::ofstream(go).close();
+    EXPECT_TRUE(isOver());
 }
 
 TEST_F(BuildSessionTest, WhatBecomesOfAnotherProjectsBuildIsSaidBelow) {

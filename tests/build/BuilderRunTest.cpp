@@ -102,6 +102,10 @@ TEST_F(BuilderRun, NamesWhatIsMissingWhenThatIsNotTheChosenFile) {
     const auto script = m_project.home.write("player", "#!/no/such/python3\n");
     std::filesystem::permissions(script, std::filesystem::perms::owner_all);
     EXPECT_EQ(reason(script), "its first line names /no/such/python3: No such file or directory");
+    const auto fromWindows = m_project.home.write("player2", "#! /bin/sh\r\nexit\r\n");
+    std::filesystem::permissions(fromWindows, std::filesystem::perms::owner_all);
+    EXPECT_EQ(reason(fromWindows), "its first line ends with CR LF, which a script's must not: No "
+                                   "such file or directory");
     EXPECT_EQ(reason(desktopEntry(script.string())),
               script.string() +
                   ": its first line names /no/such/python3: No such file or directory");
