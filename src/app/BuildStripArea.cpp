@@ -53,7 +53,7 @@ void BuildStripArea::fit() {
         hide();
         return;
     }
-    const QLayout& layout = *m_strip->layout();
+    QLayout& layout = *m_strip->layout();
     const int needed =
         std::max(layout.totalHeightForWidth(width()), layout.totalMinimumSize().height());
     const int room = parentWidget()->height() - LinesLeft * fontMetrics().lineSpacing();
@@ -61,6 +61,8 @@ void BuildStripArea::fit() {
     setFixedHeight(std::min(needed, std::max(room, least)));
     setFocusPolicy(needed > height() ? Qt::TabFocus : Qt::NoFocus);
     show();
+    // A strip that got its size while hidden still has its texts where a larger one has them.
+    layout.setGeometry(m_strip->contentsRect());
 }
 
 } // namespace kestrel

@@ -98,6 +98,32 @@ TEST_F(BuildStripTest, TheMarkIsAGraphicForAssistiveTechnology) {
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&mark())->role(), QAccessible::Graphic);
 }
 
+TEST(FirstNews, HasAllItsTextInSight) {
+    for (const bool isShownBefore : {false, true}) {
+        ConsoleWindow window;
+        window.resize(600, 400);
+        if (isShownBefore) {
+            window.comeToFront();
+            QCoreApplication::processEvents();
+        }
+        BuildStrip& strip = *window.buildStrip();
+        strip.showNews({});
+        window.comeToFront();
+        strip.showNews({BuildMarkKind::failed,
+                        QStringLiteral("Could not find the main file"),
+                        {},
+                        QStringLiteral("The first hint.\nThe second hint."),
+                        {}});
+        ASSERT_TRUE(QTest::qWaitFor([&] { return strip.isVisible(); }));
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+        const auto* hint = strip.findChild<WrappedLabel*>(QStringLiteral("buildHint"));
+        EXPECT_EQ(hint->height(), hint->heightForWidth(hint->width())) << isShownBefore;
+        EXPECT_TRUE(strip.rect().contains(hint->geometry())) << isShownBefore;
+        EXPECT_LE(strip.height(), window.height() / 3) << isShownBefore;
+    }
+}
+
 TEST_F(BuildStripTest, ANoticeStandsBelowTheResultAndGoesWithTheNextOne) {
     strip().showNews(made());
     strip().showNotice(QStringLiteral("“a.asm” is in no project"));
