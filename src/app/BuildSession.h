@@ -92,7 +92,7 @@ private:
         m_end;            ///< what there is to say about the latest command once it is over
     QStringList m_others; ///< what became of commands for other projects since it began
     QElapsedTimer m_began;
-    QTimer m_timer;
+    QTimer m_timer{this}; ///< runs while there is more to be said
 };
 
 } // namespace kestrel

@@ -49,9 +49,9 @@ TEST_F(BuildStripTest, IsHiddenUntilThereIsSomethingToSay) {
     EXPECT_TRUE(strip().isHidden());
     const QPoint place = m_window.consoleOutput()->mapTo(&m_window, QPoint());
     strip().showNews(made());
-    QTest::qWait(1);
     EXPECT_TRUE(strip().isVisible());
-    EXPECT_GT(m_window.consoleOutput()->mapTo(&m_window, QPoint()).y(), place.y());
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return m_window.consoleOutput()->mapTo(&m_window, QPoint()).y() > place.y(); }));
     strip().showNews({});
     EXPECT_TRUE(strip().isHidden());
 }
@@ -182,8 +182,12 @@ TEST_F(BuildStripTest, LosesNothingInTheNarrowestWindow) {
                       {},
                       path,
                       BuildNews::Again::build});
+    const auto isBelowText = [this] {
+        const QRect hint = label("buildHint").rect();
+        return button().y() >= label("buildHint").mapTo(&strip(), hint.bottomLeft()).y();
+    };
     m_window.resize(1, 300);
-    QTest::qWait(1);
+    EXPECT_TRUE(QTest::qWaitFor(isBelowText)) << "the button is below the text";
     EXPECT_EQ(m_window.width(), 320) << "long words do not make the window wider";
     for (const char* name : {"buildText", "buildHint"}) {
         const WrappedLabel& shown = label(name);
@@ -191,14 +195,12 @@ TEST_F(BuildStripTest, LosesNothingInTheNarrowestWindow) {
         EXPECT_LE(shown.mapTo(&strip(), shown.rect().bottomRight()).x(), strip().width()) << name;
     }
     EXPECT_GT(label("buildHint").height(), 2 * label("buildHint").fontMetrics().height());
-    EXPECT_GE(button().y(),
-              label("buildHint").mapTo(&strip(), label("buildHint").rect().bottomLeft()).y())
-        << "the button is below the text";
     EXPECT_EQ(button().width(), button().sizeHint().width());
     m_window.resize(900, 300);
-    QTest::qWait(1);
-    EXPECT_LT(button().y(), label("buildText").height() * 2) << "here it is beside the text";
-    EXPECT_GT(button().x(), label("buildText").width());
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return button().y() < label("buildText").height() * 2 &&
+               button().x() > label("buildText").width();
+    })) << "here it is beside the text";
 }
 
 TEST_F(BuildStripTest, InALowWindowItIsScrolledAndLeavesRoomForTheText) {

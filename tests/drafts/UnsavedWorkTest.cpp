@@ -9,11 +9,10 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QTimer>
 
-#include <chrono>
 #include <fstream>
 #include <iterator>
-#include <thread>
 
 namespace kestrel {
 namespace {
@@ -26,12 +25,13 @@ constexpr int Patience = 20'000;
 template<typename Condition> bool waitFor(Condition holds) {
     QElapsedTimer timer;
     timer.start();
+    QTimer look; // what the keeper's thread does to files is no event
+    look.start(1);
     while (!holds()) {
         if (timer.elapsed() > Patience) {
             return false;
         }
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     return true;
 }
